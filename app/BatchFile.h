@@ -1,0 +1,35 @@
+// Batch files (*.qff): the file set, the sample records, the blank's hits and everything typed into
+// the entry dialogs, as lines of ";"-ended values.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "data/Batch.h"
+#include "data/Entries.h"
+#include "platform/LineReader.h"
+#include "platform/Messages.h"
+
+namespace qfr {
+
+struct SavedBatch {
+    qfr::Batch Batch;
+    qfr::Entries Entries;
+    bool operator==(const SavedBatch&) const = default;
+};
+
+// The whole file. Values are written as they stand; a ";" in one is not escaped.
+std::string SaveBatch(const Batch& batch, const Entries& entries);
+
+// The batch, or the message that says why nothing is restored. `fileName` is how the user knows the
+// file. `current` are the entries of this run: what the file leaves out stays as it is there. A file
+// that ends early leaves the rest empty; counts that promise more than the file holds cost nothing.
+std::variant<SavedBatch, Message> RestoreBatch(LineReader file, std::string_view fileName,
+                                               const Entries& current);
+
+// "... could not be written.", titled "File Error", for any file of the user's.
+Message CouldNotBeWritten(std::string_view fileName);
+
+}  // namespace qfr

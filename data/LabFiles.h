@@ -1,0 +1,43 @@
+// The two small text files of laboratory values that the Form 1 header dialog reads and writes.
+#pragma once
+
+#include <array>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "data/Batch.h"
+
+namespace qfr {
+
+// The lines of "DefaultInfo.txt", in file order.
+inline constexpr std::array<HeaderField, 13> kDefaultsFields = {
+    HeaderField::kLabName,       HeaderField::kContract,         HeaderField::kLabCode,
+    HeaderField::kCaseNo,        HeaderField::kModRefNo,         HeaderField::kSdgNo,
+    HeaderField::kGcColumn,      HeaderField::kColumnId,         HeaderField::kColumnLength,
+    HeaderField::kDilutionFactor, HeaderField::kSoilExtractVolume,
+    HeaderField::kSoilAliquotVolume, HeaderField::kPurgeVolume};
+
+// The lines of a laboratory file, in file order.
+inline constexpr std::array<HeaderField, 7> kLaboratoryFields = {
+    HeaderField::kLabName,  HeaderField::kLabCode,  HeaderField::kContract,    HeaderField::kModRefNo,
+    HeaderField::kGcColumn, HeaderField::kColumnId, HeaderField::kColumnLength};
+
+// The values of "DefaultInfo.txt" in file order, each trimmed; at most 29 characters of a line are
+// taken, its rest is read as the next value. Values missing at the end of the file are missing in the
+// result. Absent when the file cannot be opened.
+std::optional<std::vector<std::string>> ReadDefaultsFile(const std::filesystem::path& file);
+
+// The lines of a laboratory file, as they stand, at most 7. Absent when it cannot be opened.
+std::optional<std::vector<std::string>> ReadLaboratoryFile(const std::filesystem::path& file);
+
+// One value a line. The result is the reason of a failure, absent on success.
+std::optional<std::string> WriteValueLines(const std::filesystem::path& file,
+                                           const std::vector<std::string>& values);
+
+// What a change of the matrix does to % moisture and the soil volumes. Texts other than "WATER",
+// "SOIL" and "SED" change nothing.
+void ApplyMatrixRules(SampleHeader& header);
+
+}  // namespace qfr

@@ -1,0 +1,35 @@
+// The rules of the Load Files dialog that keep a batch in step with its files. The dialog calls them
+// with what the user chose, the companion command with its arguments.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "data/Batch.h"
+#include "platform/Messages.h"
+
+namespace qfr {
+
+// What the batch asks of the rooms above when it is emptied: the entry dialogs go back to their
+// initial contents.
+class BatchOwner {
+  public:
+    virtual ~BatchOwner() = default;
+    virtual void ResetEntryDialogs() = 0;
+};
+
+// Each takes full paths as chosen (UTF-8, any case) and returns whether anything was taken.
+bool TakeLabBlank(Batch& batch, const std::string& fileName, Messages& messages, BatchOwner& owner);
+bool AddQuantReports(Batch& batch, const std::vector<std::string>& fileNames, Messages& messages,
+                     BatchOwner& owner);
+bool TakeCalReport(Batch& batch, const std::string& fileName, Messages& messages);
+bool TakeCheckReport(Batch& batch, const std::string& fileName, Messages& messages);
+
+// Removes the entries at these positions of QFiles (from 0, ascending) and their records. A SampleList
+// that loses its last record becomes absent.
+void DeleteQuantReports(Batch& batch, const std::vector<std::size_t>& positions);
+
+// Empties the file set and the sample list and resets the entry dialogs; BlankHitFlags stay.
+void ClearBatch(Batch& batch, BatchOwner& owner);
+
+}  // namespace qfr

@@ -1,0 +1,96 @@
+// The page that the forms draw on, in inches from the top-left corner of the paper, and the pieces of
+// the page that they share. The paper is always treated as 8.5 by 11 inches; a coordinate is taken in
+// single precision and truncated to the pixel above and to the left of it.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "data/Batch.h"
+#include "platform/Printer.h"
+
+namespace qfr {
+
+// One underlined field of a page header. y is the level of the underline; all in inches.
+struct FieldPlace {
+    std::string_view label;
+    HeaderField value;
+    double x;
+    double y;
+    double width;
+};
+
+class Page {
+  public:
+    // `showPrinterSetup` lets the user change printer and paper.
+    Page(TPrinter& printer, std::function<void()> showPrinterSetup)
+        : printer_(printer), showPrinterSetup_(std::move(showPrinterSetup)) {}
+
+    std::int32_t HorzScale = 0;  // pixels per inch across the page
+    std::int32_t VertScale = 0;  // pixels per inch down the page
+    bool PrinterChosen = false;
+    std::int32_t ChosenPrinterIndex = 0;
+    std::uint8_t FormLetterIndex = 0;  // from 1; prints as "A", "B", ...
+    std::int32_t PageNo = 0;           // from 1, of the forms that number their own pages
+    std::int32_t PageCount = 0;
+
+    TPrinter& Printer() { return printer_; }
+    TCanvas& Canvas() { return printer_.Canvas(); }
+
+    // Takes the scales from the printer's page and sets the forms' pen and font.
+    void SetupPage();
+    void getPrinter();
+    // Makes sure that a printer was chosen; every print job starts with it.
+    void testPrinter();
+
+    void MoveToInch(double x, double y);
+    void LineToInch(double x, double y);
+    void DrawLineInch(double x1, double y1, double x2, double y2);
+    // The top-left corner of the text is at (x, y).
+    void TextOutInch(std::string_view text, double x, double y);
+    // The text's right end is at x.
+    void TextOutRight(std::string_view text, double x, double y);
+    void TextOutCentred(std::string_view text, double x, double y);
+
+    // Sizes in inches, in the current font.
+    double TextWidthInch(std::string_view text);
+    double TextHeightInch();  // of "I", as of every text
+    double FontHeightInch();  // negative: the font is given in points
+
+    // Label, underline of `width` inches from 0.1 inch after it, value centred over the underline.
+    void PrintLabelledField(std::string_view label, std::string_view value, double x, double y,
+                            double width);
+    void PrintFields(const SampleHeader& header, const FieldPlace* places, std::size_t count);
+    template <std::size_t N>
+    void PrintFields(const SampleHeader& header, const FieldPlace (&places)[N]) {
+        PrintFields(header, places, N);
+    }
+
+    void PrintSampleNoBox(std::string_view sampleName);
+    // Breaks a name after hyphens into lines narrower than `width` inches and appends them; a piece
+    // that cannot be broken makes one line with all that follows it.
+    void SplitAtHyphens(std::string_view text, std::vector<std::string>& lines, double width);
+    // The two laboratory rows; y1 is the level of the first.
+    void PrintLabRows(const SampleHeader& header, double y1);
+    // "Page n of m" from PageNo and PageCount, and the statement of work's line.
+    void PrintPageFooter();
+    void PrintStatementOfWork();
+
+    // The letter of a form number line: 1 is "A".
+    static char FormLetter(int index) { return static_cast<char>(64 + index); }
+
+  private:
+    int PixelX(double inches) const;
+    int PixelY(double inches) const;
+
+    TPrinter& printer_;
+    std::function<void()> showPrinterSetup_;
+};
+
+inline constexpr int kRulePen = 6;        // pixels
+inline constexpr int kHeavyRulePen = 12;  // pixels, under the heads of tables
+
+}  // namespace qfr

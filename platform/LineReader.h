@@ -1,0 +1,48 @@
+// The one way the program reads text files. A file is taken whole when it is opened, so memory goes
+// with the file's size, and nothing read from it can decide how much more is allocated.
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace qfr {
+
+class LineReader {
+  public:
+    // A longer line is cut here and its rest is dropped (characters).
+    static constexpr std::size_t kMaxLineLength = 1 << 20;
+    // A larger file is treated as one that cannot be opened (bytes).
+    static constexpr std::size_t kMaxFileSize = std::size_t{1} << 30;
+
+    // Absent when the file does not exist, is a directory, cannot be read or is too large.
+    // The content is UTF-8, or Windows-1252 when it is not valid UTF-8; NUL characters become blanks.
+    static std::optional<LineReader> Open(const std::filesystem::path& file);
+
+    // Reads lines of a text in memory instead of a file.
+    explicit LineReader(std::string content);
+
+    // The next line without its LF or CR LF; absent at the end of the file. A last line without a
+    // line end counts; an empty rest after the last line end does not.
+    std::optional<std::string> Next();
+
+    // As Next, but at most `maxCharacters` of the line; its rest is read as the next line.
+    std::optional<std::string> NextPiece(std::size_t maxCharacters);
+
+    // As Next, but an empty text at the end of the file.
+    std::string NextOrEmpty();
+
+    bool AtEnd() const { return position_ >= content_.size(); }
+
+    // A place to return to with Seek; 0 is the start.
+    std::size_t Position() const { return position_; }
+    void Seek(std::size_t position) { position_ = position; }
+    void Rewind() { position_ = 0; }
+
+  private:
+    std::string content_;
+    std::size_t position_ = 0;
+};
+
+}  // namespace qfr

@@ -1,0 +1,26 @@
+// How the program speaks to its user: message boxes on the desktop, lines on standard error without
+// a display, a log in tests.
+#pragma once
+
+#include <string>
+
+namespace qfr {
+
+enum class MessageIcon { kNone, kInformation, kWarning };
+
+struct Message {
+    std::string text;   // UTF-8, line breaks as "\n"
+    std::string title;  // empty: a box without a title of its own
+    MessageIcon icon = MessageIcon::kNone;
+};
+
+class Messages {
+  public:
+    virtual ~Messages() = default;
+    // Shows the message with an OK button and returns when it was read.
+    virtual void Show(const Message& message) = 0;
+    // Asks with Yes and No buttons; true for Yes.
+    virtual bool AskYesNo(const Message& question) = 0;
+};
+
+}  // namespace qfr

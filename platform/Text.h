@@ -1,0 +1,51 @@
+// Small text helpers that every reader and form shares. All texts are UTF-8.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace qfr {
+
+// The text without leading and trailing blanks and control characters (U+0000 to U+0020).
+std::string Trim(std::string_view text);
+std::string TrimRight(std::string_view text);
+
+// Lower case of ASCII, Latin-1, Latin Extended-A, Greek and Cyrillic letters; the rest stays.
+std::string LowerCase(std::string_view text);
+
+// At most `count` characters (not bytes) from the front; never cuts inside a character.
+std::string_view FirstCharacters(std::string_view text, std::size_t count);
+
+// Characters `first` (from 1) to `last`; the part of the range that lies beyond the text is missing.
+std::string CharacterRange(std::string_view text, std::size_t first, std::size_t last);
+
+// Whether the text begins with `lowerCasePrefix` when its case is ignored.
+bool BeginsWith(std::string_view text, std::string_view lowerCasePrefix);
+
+// Whether the text ends with `lowerCaseSuffix` when its case is ignored.
+bool EndsWith(std::string_view text, std::string_view lowerCaseSuffix);
+
+bool Contains(std::string_view text, std::string_view part);
+
+// The last component of a path: what follows the last "\", or the last "/" of a text without "\".
+std::string FileNameOnly(std::string_view path);
+
+// The path up to, not including, the separator that FileNameOnly cuts at; empty without one.
+std::string FolderOnly(std::string_view path);
+
+// The k-th field, from 1, of a ";"-delimited line, trimmed. A line with fewer fields yields its last.
+std::string GetField(std::string_view line, int k);
+
+// The text before the first ";" (all of it without one); that text and its ";" leave `rest`.
+std::string TakeField(std::string_view& rest);
+
+// The text as valid UTF-8: as it stands when it already is, else read as Windows-1252.
+std::string ToUtf8(std::string text);
+bool IsUtf8(std::string_view text);
+
+// The text with line breaks as single blanks, for a line of a log.
+std::string OneLine(std::string_view text);
+
+}  // namespace qfr

@@ -1,0 +1,21 @@
+// PDF output: US Letter or the job's paper, full page, embedded subset fonts, searchable text.
+#pragma once
+
+#include <QByteArray>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/PrintJob.h"
+#include "platform/qt/QtTextMetrics.h"
+
+namespace qfr {
+
+// All pages of the jobs, in order, as one PDF document.
+QByteArray RenderPdf(const std::vector<PrintJob>& jobs, const std::string& title, FormFonts& fonts);
+
+// Renders and replaces the file whole (UTF-8 name). The reason of a failure, absent on success.
+std::optional<std::string> WritePdf(const std::vector<PrintJob>& jobs, const std::string& title,
+                                    const std::string& fileName, FormFonts& fonts);
+
+}  // namespace qfr

@@ -1,0 +1,21 @@
+// Printing on the installed printers.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/PrintJob.h"
+#include "platform/qt/QtTextMetrics.h"
+
+namespace qfr {
+
+// Names of the installed printers, the default one first.
+std::vector<std::string> InstalledPrinters();
+
+// Sends the job, full page, with its title, paper and orientation. The reason of a failure, absent on
+// success.
+std::optional<std::string> PrintOnQueue(const PrintJob& job, const std::string& printer,
+                                        FormFonts& fonts);
+
+}  // namespace qfr

@@ -1,0 +1,59 @@
+#include "tests/Support.h"
+
+#include <stdlib.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "platform/FileLookup.h"
+#include "platform/PrintJob.h"
+
+namespace qfr::test {
+
+namespace fs = std::filesystem;
+
+std::vector<std::string> MessageLog::TakeTexts() {
+    std::vector<std::string> texts;
+    for (const Message& message : std::exchange(shown, {})) {
+        texts.push_back(message.text);
+    }
+    return texts;
+}
+
+TempDir::TempDir() {
+    std::string name = (fs::temp_directory_path() / "qfr-test-XXXXXX").string();
+    path_ = ::mkdtemp(name.data());
+}
+
+TempDir::~TempDir() {
+    std::error_code ignored;
+    fs::remove_all(path_, ignored);
+}
+
+std::string TempDir::Write(std::string_view name, std::string_view content) const {
+    fs::path file = path_ / PathOf(name);
+    fs::create_directories(file.parent_path());
+    std::ofstream(file, std::ios::binary) << content;
+    return TextOf(file);
+}
+
+std::string ReadAll(const fs::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    std::ostringstream content;
+    content << in.rdbuf();
+    return content.str();
+}
+
+fs::path ExampleDir() { return fs::path(QFR_SOURCE_DIR) / "example"; }
+
+int SquareMetrics::TextWidth(std::string_view utf8, int points) {
+    int characters = 0;
+    for (char c : utf8) {
+        characters += (static_cast<unsigned char>(c) & 0xC0) != 0x80 ? 1 : 0;
+    }
+    return characters * points * kResolution / 72 / 2;
+}
+
+int SquareMetrics::TextHeight(int points) { return points * kResolution / 72; }
+
+}  // namespace qfr::test
