@@ -25,12 +25,13 @@ class PathsFile {
     PathsFile(const SettingsDir& settings, Messages& messages)
         : settings_(settings), messages_(messages) {}
 
-    // The directory that a dialog starts in, without a trailing separator unless it is the program's
-    // own. `slot` is a line of the file, from 1 to 4. A missing file is reported and created anew.
+    // The directory that a dialog starts in, without a trailing separator unless it is the
+    // program's own. `slot` is a line of the file, from 1 to 4. A missing file is reported and
+    // created anew.
     std::string ReadPath(int slot);
 
-    // Records the directory of a file that was chosen with this filter, and rewrites the file. Check
-    // reports share the quantitation reports' line; kAny changes no line.
+    // Records the directory of a file that was chosen with this filter, and rewrites the file.
+    // Check reports share the quantitation reports' line; kAny changes no line.
     void RememberDir(std::string_view fileName, FileKind filter);
 
     void NewPathsFile();

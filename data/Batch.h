@@ -59,7 +59,9 @@ class SampleHeader {
 };
 
 // Field `number`, from 1 to SampleHeader::kCount.
-constexpr HeaderField HeaderFieldAt(int number) { return static_cast<HeaderField>(number); }
+constexpr HeaderField HeaderFieldAt(int number) {
+    return static_cast<HeaderField>(number);
+}
 
 // One tentatively identified compound, as typed.
 struct TicEntry {
@@ -79,9 +81,9 @@ struct SampleRecord {
     bool operator==(const SampleRecord&) const = default;
 };
 
-// The files of the batch, under the names of the controls that show them. Report names are full paths
-// in lower case; the library, internal standard and calibration names are base names in lower case.
-// Empty: not named.
+// The files of the batch, under the names of the controls that show them. Report names are full
+// paths in lower case; the library, internal standard and calibration names are base names in lower
+// case. Empty: not named.
 struct FileSet {
     std::string LibFile;
     std::string SurrFile;  // internal standard file

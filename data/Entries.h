@@ -1,6 +1,6 @@
-// What is typed into the entry dialogs, as plain values. Each dialog shows one of these and yields it
-// back; forms, batch save and batch restore see only the values. A default-constructed entry is the
-// dialog's initial state.
+// What is typed into the entry dialogs, as plain values. Each dialog shows one of these and yields
+// it back; forms, batch save and batch restore see only the values. A default-constructed entry is
+// the dialog's initial state.
 #pragma once
 
 #include <array>

@@ -13,20 +13,21 @@ namespace qfr {
 
 // The lines of "DefaultInfo.txt", in file order.
 inline constexpr std::array<HeaderField, 13> kDefaultsFields = {
-    HeaderField::kLabName,       HeaderField::kContract,         HeaderField::kLabCode,
-    HeaderField::kCaseNo,        HeaderField::kModRefNo,         HeaderField::kSdgNo,
-    HeaderField::kGcColumn,      HeaderField::kColumnId,         HeaderField::kColumnLength,
-    HeaderField::kDilutionFactor, HeaderField::kSoilExtractVolume,
-    HeaderField::kSoilAliquotVolume, HeaderField::kPurgeVolume};
+    HeaderField::kLabName,        HeaderField::kContract,          HeaderField::kLabCode,
+    HeaderField::kCaseNo,         HeaderField::kModRefNo,          HeaderField::kSdgNo,
+    HeaderField::kGcColumn,       HeaderField::kColumnId,          HeaderField::kColumnLength,
+    HeaderField::kDilutionFactor, HeaderField::kSoilExtractVolume, HeaderField::kSoilAliquotVolume,
+    HeaderField::kPurgeVolume};
 
 // The lines of a laboratory file, in file order.
 inline constexpr std::array<HeaderField, 7> kLaboratoryFields = {
-    HeaderField::kLabName,  HeaderField::kLabCode,  HeaderField::kContract,    HeaderField::kModRefNo,
-    HeaderField::kGcColumn, HeaderField::kColumnId, HeaderField::kColumnLength};
+    HeaderField::kLabName,     HeaderField::kLabCode,  HeaderField::kContract,
+    HeaderField::kModRefNo,    HeaderField::kGcColumn, HeaderField::kColumnId,
+    HeaderField::kColumnLength};
 
 // The values of "DefaultInfo.txt" in file order, each trimmed; at most 29 characters of a line are
-// taken, its rest is read as the next value. Values missing at the end of the file are missing in the
-// result. Absent when the file cannot be opened.
+// taken, its rest is read as the next value. Values missing at the end of the file are missing in
+// the result. Absent when the file cannot be opened.
 std::optional<std::vector<std::string>> ReadDefaultsFile(const std::filesystem::path& file);
 
 // The lines of a laboratory file, as they stand, at most 7. Absent when it cannot be opened.

@@ -1,5 +1,5 @@
-// The rules of the Load Files dialog that keep a batch in step with its files. The dialog calls them
-// with what the user chose, the companion command with its arguments.
+// The rules of the Load Files dialog that keep a batch in step with its files. The dialog calls
+// them with what the user chose, the companion command with its arguments.
 #pragma once
 
 #include <string>
@@ -25,8 +25,8 @@ bool AddQuantReports(Batch& batch, const std::vector<std::string>& fileNames, Me
 bool TakeCalReport(Batch& batch, const std::string& fileName, Messages& messages);
 bool TakeCheckReport(Batch& batch, const std::string& fileName, Messages& messages);
 
-// Removes the entries at these positions of QFiles (from 0, ascending) and their records. A SampleList
-// that loses its last record becomes absent.
+// Removes the entries at these positions of QFiles (from 0, ascending) and their records. A
+// SampleList that loses its last record becomes absent.
 void DeleteQuantReports(Batch& batch, const std::vector<std::size_t>& positions);
 
 // Empties the file set and the sample list and resets the entry dialogs; BlankHitFlags stay.

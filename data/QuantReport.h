@@ -1,5 +1,5 @@
-// Quantitation reports (*.prn) of Tallyworks 4.2: title, labelled header lines, and a compound table
-// that starts at "compound#" and ends at the first blank line.
+// Quantitation reports (*.prn) of Tallyworks 4.2: title, labelled header lines, and a compound
+// table that starts at "compound#" and ends at the first blank line.
 #pragma once
 
 #include <cstdint>
@@ -19,8 +19,8 @@ inline constexpr int kMaxCompoundRows = 301;
 
 enum class QuantReportVerdict {
     kAccepted,
-    kRejected,      // the message was shown; the report is to be left out
-    kTooManyRows,   // as kRejected, and an otherwise empty batch is to be cleared
+    kRejected,     // the message was shown; the report is to be left out
+    kTooManyRows,  // as kRejected, and an otherwise empty batch is to be cleared
 };
 
 // The file names that the reports of one batch must agree on, lower case and trimmed.
@@ -32,8 +32,8 @@ struct ExpectedNames {
 ExpectedNames ExpectedNamesOf(const FileSet& files);
 
 // Checks one report before it enters the batch and shows the message of a rejection. A file that
-// cannot be opened is accepted. An empty name in `files` takes the report's (and so does `expected`),
-// also when the report is rejected at a later line.
+// cannot be opened is accepted. An empty name in `files` takes the report's (and so does
+// `expected`), also when the report is rejected at a later line.
 QuantReportVerdict ValidateQuantReport(const std::string& fileName, FileSet& files,
                                        ExpectedNames& expected, Messages& messages);
 

@@ -20,8 +20,8 @@ void PrintFormIVoaHeader(Page& page, const SampleHeader& header);
 struct VoaRow {
     std::string CasNumber;
     std::string Compound;
-    std::string Concentration;  // empty when not detected
-    std::string Qualifier;
+    std::string Concentration;
+    std::string Qualifier;  // "U": not detected
 };
 
 // Takes the next row of the report apart. `inBlank`: the lab blank contains this compound and the

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "data/Batch.h"
+#include "data/CalibrationTables.h"
 #include "data/Entries.h"
 #include "forms/Page.h"
 #include "platform/Messages.h"
@@ -28,18 +29,22 @@ class FormHost : public Messages {
     virtual qfr::Batch& Batch() = 0;
     virtual qfr::Entries& Entries() = 0;
     virtual BatchFlags& Flags() = 0;
+    CalibrationTables& Calibration() { return calibration_; }
 
     // Shows the dialog with its entry of Entries() and stores there what it holds when it closes.
-    // `headerRecord` is the index in SampleList of the record whose header the form prints. True: it
-    // was closed with OK.
+    // `headerRecord` is the index in SampleList of the record whose header the form prints. True:
+    // it was closed with OK.
     virtual bool ShowEntryDialog(EntryDialog dialog, std::size_t headerRecord) = 0;
 
     // The Form 1 header dialog focuses this field when it is next shown.
     virtual void SetPendingFocus(HeaderField field) = 0;
+
+  private:
+    CalibrationTables calibration_;
 };
 
-// Finds the first record with a complete header: its index in SampleList, or absent after the message
-// that says what is missing. `formName` is as in "Form 4".
+// Finds the first record with a complete header: its index in SampleList, or absent after the
+// message that says what is missing. `formName` is as in "Form 4".
 std::optional<std::size_t> CheckFormPreconditions(FormHost& host, std::string_view formName);
 
 }  // namespace qfr

@@ -1,6 +1,6 @@
-// The page that the forms draw on, in inches from the top-left corner of the paper, and the pieces of
-// the page that they share. The paper is always treated as 8.5 by 11 inches; a coordinate is taken in
-// single precision and truncated to the pixel above and to the left of it.
+// The page that the forms draw on, in inches from the top-left corner of the paper, and the pieces
+// of the page that they share. The paper is always treated as 8.5 by 11 inches; a coordinate is
+// taken in single precision and truncated to the pixel above and to the left of it.
 #pragma once
 
 #include <cstdint>

@@ -25,8 +25,8 @@ inline constexpr std::string_view kEmptyTimeMask = "  :  ";                 // 5
 
 // Reads mm/dd/yyyy, month first, one- or two-digit parts, two- or four-digit year (00 to 49 are
 // 2000 to 2049, 50 to 99 are 1950 to 1999); hh:nn with optional seconds and AM or PM; both with
-// blanks between, or one alone. Blanks around the parts are accepted. Absent when it is no such text
-// or no such day.
+// blanks between, or one alone. Blanks around the parts are accepted. Absent when it is no such
+// text or no such day.
 std::optional<DateTime> ParseDateTime(std::string_view text);
 
 // "mm/dd/yyyy hh:nn", 24 hours.

@@ -1,5 +1,5 @@
-// Every file named by the batch or by a report is opened through this lookup: names are kept in lower
-// case and with Windows separators, the files on disk are not.
+// Every file named by the batch or by a report is opened through this lookup: names are kept in
+// lower case and with Windows separators, the files on disk are not.
 #pragma once
 
 #include <filesystem>

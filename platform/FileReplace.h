@@ -9,8 +9,9 @@
 namespace qfr {
 
 // Writes the content to a new file beside `target` and renames it over the target when it is whole
-// and on disk. On failure the old file is untouched, the new one is removed, and the system's reason
-// is returned; absent means success.
-std::optional<std::string> ReplaceFile(const std::filesystem::path& target, std::string_view content);
+// and on disk. On failure the old file is untouched, the new one is removed, and the system's
+// reason is returned; absent means success.
+std::optional<std::string> ReplaceFile(const std::filesystem::path& target,
+                                       std::string_view content);
 
 }  // namespace qfr

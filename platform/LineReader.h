@@ -17,7 +17,8 @@ class LineReader {
     static constexpr std::size_t kMaxFileSize = std::size_t{1} << 30;
 
     // Absent when the file does not exist, is a directory, cannot be read or is too large.
-    // The content is UTF-8, or Windows-1252 when it is not valid UTF-8; NUL characters become blanks.
+    // The content is UTF-8, or Windows-1252 when it is not valid UTF-8; NUL characters become
+    // blanks.
     static std::optional<LineReader> Open(const std::filesystem::path& file);
 
     // Reads lines of a text in memory instead of a file.

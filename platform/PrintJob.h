@@ -1,5 +1,5 @@
-// A print job is data: what each page shows, in the order in which it was drawn. A sink replays it on
-// a printer, into a PDF file or into the preview; tests compare it.
+// A print job is data: what each page shows, in the order in which it was drawn. A sink replays it
+// on a printer, into a PDF file or into the preview; tests compare it.
 #pragma once
 
 #include <string>
@@ -11,9 +11,9 @@ namespace qfr {
 enum class PageOrientation { kPortrait, kLandscape };
 
 struct Paper {
-    std::string name;         // as the printer setup lists it
-    double width = 0;         // inches, portrait
-    double height = 0;        // inches, portrait
+    std::string name;   // as the printer setup lists it
+    double width = 0;   // inches, portrait
+    double height = 0;  // inches, portrait
     bool operator==(const Paper&) const = default;
 };
 inline const Paper kLetterPaper{"Letter", 8.5, 11.0};

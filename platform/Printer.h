@@ -14,7 +14,7 @@ namespace qfr {
 
 struct TFont {
     std::string Name = "Times";
-    int Size = 10;      // points
+    int Size = 10;  // points
     // Pixels, negative for a font that is given in points, as the platform has it.
     int Height() const;
 };
@@ -60,8 +60,8 @@ class TPrinter {
     TPrinter(const TPrinter&) = delete;
     TPrinter& operator=(const TPrinter&) = delete;
 
-    // What can be printed on, in the order of the printer setup: installed printers, the default one
-    // first, then "PDF file", then "Screen preview".
+    // What can be printed on, in the order of the printer setup: installed printers, the default
+    // one first, then "PDF file", then "Screen preview".
     std::vector<std::string> Printers;
     int PrinterIndex = 0;  // into Printers, from 0
     Paper PaperSize = kLetterPaper;

@@ -1,5 +1,6 @@
 // Where the program's two settings files live: in the program's directory while that is writable,
-// else in the user's own configuration directory, which starts from what the program was shipped with.
+// else in the user's own configuration directory, which starts from what the program was shipped
+// with.
 #pragma once
 
 #include <filesystem>

@@ -18,7 +18,8 @@ std::string LowerCase(std::string_view text);
 // At most `count` characters (not bytes) from the front; never cuts inside a character.
 std::string_view FirstCharacters(std::string_view text, std::size_t count);
 
-// Characters `first` (from 1) to `last`; the part of the range that lies beyond the text is missing.
+// Characters `first` (from 1) to `last`; the part of the range that lies beyond the text is
+// missing.
 std::string CharacterRange(std::string_view text, std::size_t first, std::size_t last);
 
 // Whether the text begins with `lowerCasePrefix` when its case is ignored.
@@ -35,7 +36,8 @@ std::string FileNameOnly(std::string_view path);
 // The path up to, not including, the separator that FileNameOnly cuts at; empty without one.
 std::string FolderOnly(std::string_view path);
 
-// The k-th field, from 1, of a ";"-delimited line, trimmed. A line with fewer fields yields its last.
+// The k-th field, from 1, of a ";"-delimited line, trimmed. A line with fewer fields yields its
+// last.
 std::string GetField(std::string_view line, int k);
 
 // The text before the first ";" (all of it without one); that text and its ";" leave `rest`.

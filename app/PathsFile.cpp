@@ -1,0 +1,109 @@
+#include "app/PathsFile.h"
+
+#include <optional>
+
+#include "platform/FileReplace.h"
+#include "platform/LineReader.h"
+#include "platform/Text.h"
+
+namespace qfr {
+
+namespace {
+
+const std::string kFileName = "QFRpaths.txt";
+constexpr std::string_view kInstallPath = "installPath";
+constexpr std::size_t kMaxLineLength = 99;  // characters; the rest is read as the next line
+
+// The lines of the file have always gone out through the format of a print call: "%%" comes out as
+// "%", and any other conversion of a directory's name comes out as nothing.
+std::string ExpandFormat(std::string_view format) {
+    const auto skip = [&format](std::size_t& i, std::string_view characters) {
+        while (i < format.size() && characters.find(format[i]) != std::string_view::npos) {
+            ++i;
+        }
+    };
+    std::string result;
+    for (std::size_t i = 0; i < format.size(); ++i) {
+        if (format[i] != '%') {
+            result += format[i];
+            continue;
+        }
+        ++i;
+        if (i < format.size() && format[i] == '%') {
+            result += '%';
+            continue;
+        }
+        skip(i, "-+ #0");
+        skip(i, "0123456789*");
+        skip(i, ".");
+        skip(i, "0123456789*");
+        skip(i, "hlLqjzt");
+    }
+    return result;
+}
+
+}  // namespace
+
+std::string PathsFile::ReadPath(int slot) {
+    std::optional<LineReader> file = LineReader::Open(settings_.ForReading(kFileName));
+    if (!file) {
+        messages_.Show({"Pathfile missing.  Creating new pathfile.", ""});
+        NewPathsFile();
+        file = LineReader::Open(settings_.ForReading(kFileName));
+    }
+    if (file) {
+        std::string last;
+        for (std::string& text : slots_) {
+            if (std::optional<std::string> line = file->NextPiece(kMaxLineLength)) {
+                last = Trim(*line);
+            } else {
+                messages_.Show({"End of file:\nreached before expected", "Message"});
+            }
+            text = last;
+        }
+    }
+    const std::string& path = slots_.at(static_cast<std::size_t>(slot) - 1);
+    return path == kInstallPath ? settings_.ProgramDir() + "example" + settings_.ProgramDir().back()
+                                : path;
+}
+
+void PathsFile::RememberDir(std::string_view fileName, FileKind filter) {
+    const std::string folder(FolderOnly(fileName));
+    switch (filter) {
+        case FileKind::kQuantReport:
+        case FileKind::kCheckReport:
+            slots_[0] = folder;
+            break;
+        case FileKind::kCalibration:
+            slots_[1] = folder;
+            break;
+        case FileKind::kText:
+            slots_[2] = folder;
+            break;
+        case FileKind::kBatch:
+            slots_[3] = folder;
+            break;
+        case FileKind::kAny:
+            break;
+    }
+    for (std::string& text : slots_) {
+        text = ExpandFormat(text);
+    }
+    Write();
+}
+
+void PathsFile::NewPathsFile() {
+    slots_.fill(settings_.ProgramDir());
+    Write();
+}
+
+void PathsFile::Write() {
+    std::string content;
+    for (const std::string& text : slots_) {
+        content += text + "\n";
+    }
+    // A directory that is not remembered is a small loss; the choice just made goes on.
+    static_cast<void>(ReplaceFile(settings_.ForWriting(kFileName), content));
+}
+
+}  // namespace qfr

@@ -1,0 +1,233 @@
+#include "forms/Form1Voa.h"
+
+#include <array>
+#include <cmath>
+#include <optional>
+#include <vector>
+
+#include "data/QuantReport.h"
+#include "platform/Numbers.h"
+#include "platform/Text.h"
+
+namespace qfr {
+
+namespace {
+
+constexpr int kRowsPerPage = 25;
+constexpr double kTableTop = 3.9;
+constexpr double kRowsTop = 4.25;
+constexpr double kRowsEnd = 9.9;  // no row starts at or below this level
+constexpr double kEmptyRowPitch = 0.206;
+constexpr double kLeft = 0.9;
+constexpr double kRight = 7.8;
+constexpr double kColumnLines[] = {0.9, 2.2, 5.0, 7.2, 7.8};
+
+// Longer names come from no laboratory's compound library; they are cut.
+constexpr std::size_t kMaxNameLength = 400;  // characters
+
+constexpr FieldPlace kHeaderFields[] = {
+    {"Lab Name:", HeaderField::kLabName, 0.9, 1.425, 2.3},
+    {"Contract:", HeaderField::kContract, 4.8, 1.425, 2.1},
+    {"Lab Code:", HeaderField::kLabCode, 0.9, 1.7, 0.575},
+    {"Case No.:", HeaderField::kCaseNo, 2.45, 1.7, 0.5},
+    {"Mod. Ref No.:", HeaderField::kModRefNo, 3.9, 1.7, 0.7},
+    {"SDG No.:", HeaderField::kSdgNo, 5.8, 1.7, 1.05},
+    {"Matrix: (SOIL/SED/WATER)", HeaderField::kMatrix, 0.9, 2.025, 1.225},
+    {"Lab Sample ID:", HeaderField::kLabSampleId, 4.8, 2.025, 1.7},
+    {"Sample wt/vol:", HeaderField::kSampleWtVol, 0.9, 2.3, 0.725},
+    {"(g/mL)", HeaderField::kWtVolUnits, 2.75, 2.3, 0.65},
+    {"Lab File ID:", HeaderField::kLabFileId, 4.8, 2.3, 1.9},
+    {"Level: (TRACE/LOW/MED)", HeaderField::kLevel, 0.9, 2.575, 1.25},
+    {"Date Received:", HeaderField::kDateReceived, 4.8, 2.575, 1.75},
+    {"% Moisture: not dec.", HeaderField::kPercentMoisture, 0.9, 2.85, 1.725},
+    {"Date Analyzed:", HeaderField::kDateAnalyzed, 4.8, 2.85, 1.7},
+    {"GC Column:", HeaderField::kGcColumn, 0.9, 3.15, 1.0},
+    {"ID:", HeaderField::kColumnId, 2.85, 3.15, 0.725},
+    {"Dilution Factor:", HeaderField::kDilutionFactor, 4.8, 3.15, 1.675},
+    {"Soil Extract Volume:", HeaderField::kSoilExtractVolume, 0.9, 3.425, 1.7},
+    {"Soil Aliquot Volume:", HeaderField::kSoilAliquotVolume, 4.8, 3.425, 1.0},
+    {"Purge Volume:", HeaderField::kPurgeVolume, 0.9, 3.7, 2.05},
+};
+
+struct UnitPlace {
+    std::string_view unit;
+    double x;
+    double level;  // of the underline that the unit stands beside
+};
+constexpr UnitPlace kHeaderUnits[] = {
+    {"(mm)", 3.95, 3.15}, {"(uL)", 3.95, 3.425}, {"(uL)", 7.2, 3.425}, {"(mL)", 3.95, 3.7}};
+
+void PrintTableHead(Page& page, const SampleHeader& header) {
+    page.DrawLineInch(kLeft, kTableTop, kRight, kTableTop);
+    page.LineToInch(kRight, kRowsTop);
+    page.Canvas().Pen.Width = kHeavyRulePen;
+    page.LineToInch(kLeft, kRowsTop);
+    page.Canvas().Pen.Width = kRulePen;
+    page.LineToInch(kLeft, kTableTop);
+
+    const double middle = 4.075;
+    const double h = page.FontHeightInch();
+    page.TextOutInch("CAS NO.", 1.0, middle + h * 0.5);
+    page.TextOutInch("COMPOUND", 2.3, middle + h * 0.5);
+    // On purpose: measured with the horizontal scale and the full font height, a line above the
+    // rest.
+    page.TextOutInch("CONCENTRATION", 5.1,
+                     middle + static_cast<double>(page.Canvas().Font.Height()) / page.HorzScale);
+    page.PrintLabelledField("Units: (ug/L or ug/kg)", header[HeaderField::kConcUnits], 5.1,
+                            middle - h, 0.6);
+    page.TextOutCentred("Q", 7.5, middle + h * 0.5);
+}
+
+void PrintRow(Page& page, const VoaRow& row, double& y) {
+    page.TextOutInch(row.CasNumber, 1.0, y + 0.025);
+    // On purpose: right-aligned with the vertical scale.
+    page.TextOutInch(
+        row.Concentration,
+        6.3 - static_cast<double>(page.Canvas().TextWidth(row.Concentration)) / page.VertScale,
+        y + 0.025);
+    page.TextOutInch(row.Qualifier, 7.3, y + 0.025);
+    std::vector<std::string> lines;
+    page.SplitAtHyphens(row.Compound, lines, 2.6);
+    for (const std::string& line : lines) {
+        page.TextOutInch(line, 2.3, y + 0.025);
+        y += page.TextHeightInch() + 0.025;
+    }
+    y += 0.025;
+    page.DrawLineInch(kLeft, y, kRight, y);
+}
+
+// Prints one page of rows, starting at `row`; true when the last compound was printed.
+bool PrintPageBody(Page& page, const Batch& batch, std::size_t record, LineReader& report,
+                   std::int32_t& row) {
+    const std::int32_t rows = (*batch.SampleList)[record].CompoundCount;
+    double y = kRowsTop;
+    int rowsOnPage = 0;
+    for (; row < rows && rowsOnPage < kRowsPerPage && y < kRowsEnd; ++row, ++rowsOnPage) {
+        const auto flag = static_cast<std::size_t>(row);
+        const bool inBlank =
+            record != 0 && flag < batch.BlankHitFlags.size() && batch.BlankHitFlags[flag];
+        PrintRow(page, ReadVoaRow(report, inBlank), y);
+    }
+    for (; rowsOnPage < kRowsPerPage && y < kRowsEnd; ++rowsOnPage) {
+        y += kEmptyRowPitch;
+        page.DrawLineInch(kLeft, y, kRight, y);
+    }
+    for (const double x : kColumnLines) {
+        page.DrawLineInch(x, kTableTop, x, y);
+    }
+    page.TextOutInch(
+        "Qualifier X = raw area counts less than raw area counts of minimum calibration standard.",
+        0.9, y + 0.25);
+    page.TextOutInch(
+        "Qualifier E = raw area counts greater than raw area counts of maximum calibration "
+        "standard.",
+        0.9, y + 0.456);
+    return row >= rows;
+}
+
+}  // namespace
+
+void PrintFormIVoa(FormHost& host, std::size_t record) {
+    const Batch& batch = host.Batch();
+    const SampleRecord& sample = (*batch.SampleList)[record];
+    std::optional<LineReader> report = OpenCompoundTable(sample.FileName, batch.Folder);
+    if (!report) {
+        host.Show({sample.FileName +
+                       "\ncould not be found.  Use Data Files|Load Files menu option\nto relocate "
+                       "file",
+                   "File Not Found"});
+        return;
+    }
+    Page& page = host.Page();
+    TPrinter& printer = page.Printer();
+    printer.Title = "Form 1 " + sample.Header[HeaderField::kZovSampleNo];
+    printer.BeginDoc();
+    std::int32_t row = 0;
+    for (bool done = false; !done;) {
+        page.PrintSampleNoBox(sample.Header[HeaderField::kZovSampleNo]);
+        PrintFormIVoaHeader(page, sample.Header);
+        PrintTableHead(page, sample.Header);
+        done = PrintPageBody(page, batch, record, *report, row);
+        if (!done) {
+            printer.NewPage();
+        }
+    }
+    printer.EndDoc();
+}
+
+void PrintFormIVoaHeader(Page& page, const SampleHeader& header) {
+    const int number = page.Printer().PageNumber();
+    page.TextOutInch(
+        std::string("1") + Page::FormLetter(number) + " - FORM I VOA-" + std::to_string(number),
+        3.6, 0.7);
+    page.TextOutInch("VOLATILE ORGANICS ANALYSIS DATA SHEET", 2.8, 0.85);
+    page.PrintFields(header, kHeaderFields);
+    for (const UnitPlace& place : kHeaderUnits) {
+        page.TextOutInch(place.unit, place.x, place.level + page.FontHeightInch());
+    }
+    page.PrintStatementOfWork();
+}
+
+VoaRow ReadVoaRow(LineReader& report, bool inBlank) {
+    const std::string line = report.NextOrEmpty();
+    std::string_view rest = line;
+    VoaRow row;
+    TakeField(rest);
+    row.Compound = FirstCharacters(TakeField(rest), kMaxNameLength);
+    row.Concentration = TakeField(rest);
+    TakeField(rest);
+    TakeField(rest);
+    if (row.Concentration.starts_with('U')) {
+        row.Concentration.erase(0, 1);
+        row.Qualifier = "U";
+    }
+    row.Concentration = ToSignificantFigures(row.Concentration, 2);
+    if (row.Concentration.starts_with('U')) {
+        row.Concentration.clear();
+    }
+    if (row.Qualifier != "U") {
+        row.Qualifier = TakeField(rest);
+        if (inBlank) {
+            row.Qualifier += 'B';
+        }
+    }
+    row.CasNumber = Trim(std::string_view(line).substr(line.rfind(';') + 1));
+    return row;
+}
+
+std::string ToSignificantFigures(std::string_view text, int n) {
+    const std::optional<double> number = ParseNumber(text);
+    if (!number) {
+        return std::string(text);
+    }
+    if (*number == 0) {
+        return "0.00";
+    }
+    double value = *number;
+    int exponent = 0;
+    for (double digits = std::trunc(std::log10(value)); digits != n - 1;
+         digits = std::trunc(std::log10(value))) {
+        if (digits > 1) {
+            value *= 0.1;
+            ++exponent;
+        } else {
+            // On purpose: one decimal at the most, so that small values lose their second figure.
+            value *= 10;
+            --exponent;
+            if (exponent == -1) {
+                break;
+            }
+        }
+    }
+    double whole = 0;
+    if (std::modf(value, &whole) >= 0.5) {
+        whole += 1;
+    }
+    std::string result = FormatGeneral(whole * std::pow(10.0, exponent));
+    if (result.size() == static_cast<std::size_t>(n) - 1) {
+        result += ".0";
+    }
+    return result;
+}
+
+}  // namespace qfr

@@ -1,0 +1,36 @@
+#include "forms/FormHost.h"
+
+#include <string>
+
+#include "platform/Text.h"
+
+namespace qfr {
+
+std::optional<std::size_t> CheckFormPreconditions(FormHost& host, std::string_view formName) {
+    const auto& samples = host.Batch().SampleList;
+    if (!samples) {
+        host.Show({"Please use Data Files|Load Files menu selections\nto specify files.",
+                   "File Not Specified"});
+        return std::nullopt;
+    }
+    for (std::size_t i = 0; i < samples->size(); ++i) {
+        const SampleHeader& header = (*samples)[i].Header;
+        int number = 1;
+        while (number <= SampleHeader::kCount && !Trim(header[HeaderFieldAt(number)]).empty()) {
+            ++number;
+        }
+        if (number > SampleHeader::kCount) {
+            return i;
+        }
+        host.SetPendingFocus(HeaderFieldAt(number));
+    }
+    const std::string form(formName);
+    host.Show({"Header information is not complete for " + form +
+                   ".\nGo to Form1 and enter header information for at\nleast one quantitation "
+                   "file. Then return and print\n " +
+                   form + ".",
+               "Incomplete Header Information"});
+    return std::nullopt;
+}
+
+}  // namespace qfr

@@ -1,0 +1,160 @@
+#include "forms/Page.h"
+
+#include "platform/DateTime.h"
+
+namespace qfr {
+
+namespace {
+
+constexpr std::string_view kStatementOfWork = "TQW04.2 (5/2005)";
+constexpr double kFooterY = 10.45;
+
+// The drawing calls take their coordinates in single precision; the product is cut, not rounded.
+int Pixel(double inches, std::int32_t scale) {
+    return static_cast<int>(static_cast<double>(static_cast<float>(inches)) * scale);
+}
+
+}  // namespace
+
+void Page::SetupPage() {
+    HorzScale = static_cast<std::int32_t>(printer_.PageWidth() * 0.11764705882352941);
+    VertScale = static_cast<std::int32_t>(printer_.PageHeight() * 0.09090909090909091);
+    Canvas().Pen.Width = kRulePen;
+    Canvas().Font.Name = "Times";
+    Canvas().Font.Size = 10;
+}
+
+void Page::getPrinter() {
+    showPrinterSetup_();
+    SetupPage();
+    PrinterChosen = true;
+    ChosenPrinterIndex = printer_.PrinterIndex;
+}
+
+void Page::testPrinter() {
+    if (printer_.PrinterIndex != ChosenPrinterIndex) {
+        getPrinter();
+    }
+    if (!PrinterChosen) {
+        getPrinter();
+    }
+}
+
+void Page::MoveToInch(double x, double y) {
+    Canvas().MoveTo(PixelX(x), PixelY(y));
+}
+
+void Page::LineToInch(double x, double y) {
+    Canvas().LineTo(PixelX(x), PixelY(y));
+}
+
+void Page::DrawLineInch(double x1, double y1, double x2, double y2) {
+    MoveToInch(x1, y1);
+    LineToInch(x2, y2);
+}
+
+void Page::TextOutInch(std::string_view text, double x, double y) {
+    Canvas().TextOut(PixelX(x), PixelY(y), text);
+}
+
+void Page::TextOutRight(std::string_view text, double x, double y) {
+    TextOutInch(text, x - TextWidthInch(text), y);
+}
+
+void Page::TextOutCentred(std::string_view text, double x, double y) {
+    TextOutInch(text, x - TextWidthInch(text) * 0.5, y);
+}
+
+double Page::TextWidthInch(std::string_view text) {
+    return static_cast<double>(Canvas().TextWidth(text)) / HorzScale;
+}
+
+double Page::TextHeightInch() {
+    return static_cast<double>(Canvas().TextHeight("I")) / VertScale;
+}
+
+double Page::FontHeightInch() {
+    return static_cast<double>(Canvas().Font.Height()) / VertScale;
+}
+
+void Page::PrintLabelledField(std::string_view label, std::string_view value, double x, double y,
+                              double width) {
+    const auto penX = [this] { return static_cast<double>(Canvas().PenPos().x) / HorzScale; };
+    const double h = FontHeightInch();
+    TextOutInch(label, x, y + h);
+    MoveToInch(penX() + 0.1, y);
+    LineToInch(penX() + width, y);
+    const double centre = penX() - width * 0.5;
+    TextOutCentred(PrintableDate(value), centre, h + y - 0.05);
+}
+
+void Page::PrintFields(const SampleHeader& header, const FieldPlace* places, std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i) {
+        const FieldPlace& place = places[i];
+        PrintLabelledField(place.label, header[place.value], place.x, place.y, place.width);
+    }
+}
+
+void Page::PrintSampleNoBox(std::string_view sampleName) {
+    TextOutInch("ZOV SAMPLE NO.", 6.55, 0.65);
+    DrawLineInch(6.2, 0.85, 7.85, 0.85);
+    LineToInch(7.85, 1.2);
+    LineToInch(6.2, 1.2);
+    LineToInch(6.2, 0.85);
+    // Large, but in the regular style: the forms have always shown it so.
+    Canvas().Font.Size = 14;
+    TextOutCentred(sampleName, 7.025, 1.025 - TextHeightInch() * 0.5);
+    Canvas().Font.Size = 10;
+}
+
+void Page::SplitAtHyphens(std::string_view text, std::vector<std::string>& lines, double width) {
+    while (TextWidthInch(text) >= width) {
+        std::size_t head = 0;
+        for (std::size_t hyphen = text.find('-'); hyphen != std::string_view::npos;
+             hyphen = text.find('-', head)) {
+            if (TextWidthInch(text.substr(0, hyphen + 1)) >= width) {
+                break;
+            }
+            head = hyphen + 1;
+        }
+        if (head == 0) {
+            break;
+        }
+        lines.emplace_back(text.substr(0, head));
+        text.remove_prefix(head);
+    }
+    lines.emplace_back(text);
+}
+
+void Page::PrintLabRows(const SampleHeader& header, double y1) {
+    const double y2 = y1 + 0.275;
+    const FieldPlace rows[] = {
+        {"Lab Name:", HeaderField::kLabName, 0.9, y1, 2.3},
+        {"Contract:", HeaderField::kContract, 4.8, y1, 2.1},
+        {"Lab Code:", HeaderField::kLabCode, 0.9, y2, 0.575},
+        {"Case No.:", HeaderField::kCaseNo, 2.45, y2, 0.5},
+        {"Mod. Ref No.:", HeaderField::kModRefNo, 3.9, y2, 0.7},
+        {"SDG No.:", HeaderField::kSdgNo, 5.8, y2, 1.05},
+    };
+    PrintFields(header, rows);
+}
+
+void Page::PrintPageFooter() {
+    TextOutInch("Page " + std::to_string(PageNo) + " of " + std::to_string(PageCount), 0.9,
+                kFooterY);
+    PrintStatementOfWork();
+}
+
+void Page::PrintStatementOfWork() {
+    TextOutInch(kStatementOfWork, 6.75, kFooterY);
+}
+
+int Page::PixelX(double inches) const {
+    return Pixel(inches, HorzScale);
+}
+
+int Page::PixelY(double inches) const {
+    return Pixel(inches, VertScale);
+}
+
+}  // namespace qfr

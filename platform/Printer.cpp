@@ -1,0 +1,83 @@
+#include "platform/Printer.h"
+
+#include <cmath>
+#include <utility>
+
+namespace qfr {
+
+int TFont::Height() const {
+    return -static_cast<int>(std::lround(Size * kResolution / 72.0));
+}
+
+void TCanvas::MoveTo(int x, int y) {
+    penPos_ = {x, y};
+}
+
+void TCanvas::LineTo(int x, int y) {
+    if (page_ != nullptr) {
+        page_->items.emplace_back(RuleItem{penPos_.x, penPos_.y, x, y, Pen.Width});
+    }
+    penPos_ = {x, y};
+}
+
+void TCanvas::TextOut(int x, int y, std::string_view text) {
+    const int width = TextWidth(text);
+    if (page_ != nullptr && !text.empty()) {
+        page_->items.emplace_back(
+            TextItem{x, y, width, TextHeight(text), Font.Size, std::string(text)});
+    }
+    penPos_ = {x + width, y};
+}
+
+int TCanvas::TextWidth(std::string_view text) const {
+    return text.empty() ? 0 : metrics_.TextWidth(text, Font.Size);
+}
+
+int TCanvas::TextHeight(std::string_view /*text*/) const {
+    return metrics_.TextHeight(Font.Size);
+}
+
+int TPrinter::PageWidth() const {
+    const bool portrait = Orientation == PageOrientation::kPortrait;
+    return static_cast<int>(
+        std::lround((portrait ? PaperSize.width : PaperSize.height) * kResolution));
+}
+
+int TPrinter::PageHeight() const {
+    const bool portrait = Orientation == PageOrientation::kPortrait;
+    return static_cast<int>(
+        std::lround((portrait ? PaperSize.height : PaperSize.width) * kResolution));
+}
+
+void TPrinter::BeginDoc() {
+    printing_ = true;
+    job_ = PrintJob{Title, PaperSize, {}};
+    givenUp_ = !sink_.BeginJob(PrinterIndex, Title);
+    AddPage();
+}
+
+void TPrinter::NewPage() {
+    AddPage();
+}
+
+void TPrinter::EndDoc() {
+    if (!std::exchange(printing_, false)) {
+        return;
+    }
+    canvas_.page_ = nullptr;
+    PrintJob job = std::exchange(job_, {});
+    if (!givenUp_) {
+        sink_.TakeJob(PrinterIndex, std::move(job));
+    }
+}
+
+void TPrinter::AddPage() {
+    if (!printing_) {
+        return;
+    }
+    job_.pages.push_back({Orientation, PageWidth(), PageHeight(), {}});
+    canvas_.page_ = &job_.pages.back();
+    canvas_.penPos_ = {};
+}
+
+}  // namespace qfr
