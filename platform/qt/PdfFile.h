@@ -1,10 +1,11 @@
 // PDF output: US Letter or the job's paper, full page, embedded subset fonts, searchable text.
 #pragma once
 
-#include <QByteArray>
 #include <optional>
 #include <string>
 #include <vector>
+
+#include <QByteArray>
 
 #include "platform/PrintJob.h"
 #include "platform/qt/QtTextMetrics.h"

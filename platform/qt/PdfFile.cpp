@@ -1,0 +1,54 @@
+#include "platform/qt/PdfFile.h"
+
+#include <string_view>
+
+#include <QBuffer>
+#include <QPageLayout>
+#include <QPageSize>
+#include <QPainter>
+#include <QPdfWriter>
+
+#include "platform/FileLookup.h"
+#include "platform/FileReplace.h"
+#include "platform/qt/PagePainter.h"
+#include "platform/qt/PaperSize.h"
+
+namespace qfr {
+
+QByteArray RenderPdf(const std::vector<PrintJob>& jobs, const std::string& title,
+                     FormFonts& fonts) {
+    QByteArray content;
+    QBuffer buffer(&content);
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    writer.setResolution(kResolution);
+    writer.setTitle(QString::fromStdString(title));
+    writer.setCreator(QStringLiteral("QFR Forms"));
+    QPainter painter;
+    for (const PrintJob& job : jobs) {
+        for (const JobPage& page : job.pages) {
+            writer.setPageLayout(LayoutOf(job.paper, page.orientation));
+            if (painter.isActive() ? !writer.newPage() : !painter.begin(&writer)) {
+                return {};
+            }
+            PaintPage(painter, page, fonts);
+        }
+    }
+    if (!painter.isActive() || !painter.end()) {
+        return {};
+    }
+    return content;
+}
+
+std::optional<std::string> WritePdf(const std::vector<PrintJob>& jobs, const std::string& title,
+                                    const std::string& fileName, FormFonts& fonts) {
+    const QByteArray content = RenderPdf(jobs, title, fonts);
+    if (content.isEmpty()) {
+        return "There is no page to write.";
+    }
+    return ReplaceFile(
+        PathOf(fileName),
+        std::string_view(content.constData(), static_cast<std::size_t>(content.size())));
+}
+
+}  // namespace qfr
