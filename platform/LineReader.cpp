@@ -1,0 +1,74 @@
+#include "platform/LineReader.h"
+
+#include <algorithm>
+#include <fstream>
+#include <string_view>
+#include <system_error>
+#include <utility>
+
+#include "platform/Text.h"
+
+namespace qfr {
+
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+}  // namespace
+
+std::optional<LineReader> LineReader::Open(const std::filesystem::path& file) {
+    std::error_code error;
+    // A pipe or a device would be waited for, or never end.
+    if (!std::filesystem::is_regular_file(file, error)) {
+        return std::nullopt;
+    }
+    const auto size = std::filesystem::file_size(file, error);
+    if (error || size > kMaxFileSize) {
+        return std::nullopt;
+    }
+    std::ifstream in(file, std::ios::binary);
+    std::string content(static_cast<std::size_t>(size), '\0');
+    in.read(content.data(), static_cast<std::streamsize>(content.size()));
+    if (!in.is_open() || in.bad()) {
+        return std::nullopt;
+    }
+    content.resize(static_cast<std::size_t>(in.gcount()));
+    return LineReader(std::move(content));
+}
+
+LineReader::LineReader(std::string content) : content_(std::move(content)) {
+    std::replace(content_.begin(), content_.end(), '\0', ' ');
+    if (content_.starts_with(kByteOrderMark)) {
+        content_.erase(0, kByteOrderMark.size());
+    }
+    content_ = ToUtf8(std::move(content_));
+}
+
+std::optional<std::string> LineReader::Next() {
+    const std::size_t lineEnd = content_.find('\n', position_);
+    auto line = NextPiece(kMaxLineLength);
+    position_ = lineEnd == std::string::npos ? content_.size() : lineEnd + 1;
+    return line;
+}
+
+std::optional<std::string> LineReader::NextPiece(std::size_t maxCharacters) {
+    if (AtEnd()) {
+        return std::nullopt;
+    }
+    const std::string_view rest = std::string_view(content_).substr(position_);
+    const std::string_view withEnd = rest.substr(0, rest.find('\n'));
+    std::string_view line = withEnd;
+    if (line.ends_with('\r')) {
+        line.remove_suffix(1);
+    }
+    const std::string_view piece = FirstCharacters(line, maxCharacters);
+    position_ += piece.size() < line.size() ? piece.size() : withEnd.size() + 1;
+    position_ = std::min(position_, content_.size());
+    return std::string(piece);
+}
+
+std::string LineReader::NextOrEmpty() {
+    return Next().value_or(std::string());
+}
+
+}  // namespace qfr
