@@ -9,8 +9,12 @@
 
 namespace qfr {
 
-// Both show the message of a rejection and return false; a file that cannot be opened is accepted.
-// An empty name in `files` takes the report's, also when the report is rejected at a later line.
+// How the title of every report ends, lower case.
+inline constexpr std::string_view kReportVersion = "version 4.2";
+
+// Both show the message of a rejection and return false; a file that cannot be opened is accepted,
+// but for a *.cal whose name is not the batch's calibration file. An empty name in `files` takes
+// the report's, also when the report is rejected at a later line.
 bool ValidateCalReport(const std::string& fileName, FileSet& files, Messages& messages);
 bool ValidateCheckReport(const std::string& fileName, FileSet& files, Messages& messages);
 
@@ -20,6 +24,7 @@ bool CheckNamedFile(std::string_view line, std::string& name, std::string& expec
 
 // The messages that all kinds of report share; titled "File Error".
 Message FileErrorMessage(std::string text);
+Message NotAReportMessage(std::string_view kind, std::string_view baseName);
 Message VersionMessage(std::string_view baseName);
 Message NamedFileMessage(std::string_view kind, std::string_view baseName,
                          std::string_view expected);

@@ -31,6 +31,10 @@ struct ExpectedNames {
 };
 ExpectedNames ExpectedNamesOf(const FileSet& files);
 
+// A report of any kind; absent when it cannot be opened. `folder` is where a report that is not at
+// its name is looked for (UTF-8; empty: nowhere).
+std::optional<LineReader> OpenReport(const std::string& fileName, std::string_view folder);
+
 // Checks one report before it enters the batch and shows the message of a rejection. A file that
 // cannot be opened is accepted. An empty name in `files` takes the report's (and so does
 // `expected`), also when the report is rejected at a later line.
