@@ -1,0 +1,48 @@
+#!/bin/sh
+# Installs what is missing of the Debian packages that a task needs: "build" the programs, "test" them,
+# "check" the sources. Asks for nothing, and needs neither root nor the network when nothing is missing.
+#
+#     packaging/install-packages.sh build [test] [check]
+set -eu
+
+packagesFor() {
+    case "$1" in
+        build) echo cmake ninja-build g++ ccache qt6-base-dev fonts-liberation ;;
+        test) echo libgtest-dev libgmock-dev poppler-utils ;;
+        check) echo git clang-format clang-tidy ;;
+        *)
+            echo "$0: no such task: $1" >&2
+            exit 2
+            ;;
+    esac
+}
+
+missing=
+for task in "$@"; do
+    packages=$(packagesFor "$task")
+    for package in $packages; do
+        state=$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null || true)
+        [ "$state" = installed ] || missing="$missing $package"
+    done
+done
+[ -n "$missing" ] || exit 0
+
+if [ "$(id -u)" -eq 0 ]; then
+    asRoot=
+elif command -v sudo >/dev/null; then
+    asRoot=sudo
+else
+    echo "These packages are missing, and installing them needs root or sudo. As root, run" >&2
+    echo "    apt-get install$missing" >&2
+    exit 1
+fi
+
+echo "Installing$missing"
+# Package lists that cannot be renewed may still do.
+$asRoot apt-get update -qq || true
+# shellcheck disable=SC2086 # one word a package
+if ! $asRoot env DEBIAN_FRONTEND=noninteractive apt-get install -qq -y --no-install-recommends \
+    $missing; then
+    echo "The packages could not be installed:$missing" >&2
+    exit 1
+fi
