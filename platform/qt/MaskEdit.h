@@ -1,13 +1,16 @@
 // An edit for dates and times that keeps the mask's literals and blanks in its text.
 #pragma once
 
-#include <QLineEdit>
+#include <optional>
 #include <string>
+
+#include <QLineEdit>
 
 namespace qfr {
 
-// The mask is written in the style "!99/99/9999 99:99;1;_": "9" is a digit or a blank, "0" a digit,
-// everything up to the first ";" else is a literal; unfilled places show the last character.
+// The mask is written in the style "!99/99/9999 99:99;1;_": "9" and "0" are digits, either of which
+// may be left blank, everything else up to the first ";" is a literal; unfilled places show the
+// last character.
 class MaskEdit : public QLineEdit {
     Q_OBJECT
 
@@ -16,10 +19,25 @@ class MaskEdit : public QLineEdit {
 
     void SetMask(const std::string& mask);
 
-    // Always as long as the mask: literals in place, unfilled places as blanks ("  /  /       :  ").
+    // Always as long as the mask: literals in place, unfilled places as blanks. Use this, not
+    // text(), which drops the blanks.
     std::string MaskText() const;
-    // Takes such a text, or one whose leading blanks were lost; places that do not fit stay unfilled.
+    // Takes such a text, one that lost blanks at its ends, or a date or time with shorter parts
+    // ("1/2/2005 9:05"), whose parts get leading zeros. What does not fit the
+    // places stays out.
     void SetMaskText(const std::string& text);
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+  private:
+    // The text over the empty mask, from its `from`-th character on; absent where it does not fit.
+    std::optional<QString> Laid(const QString& text, qsizetype from) const;
+
+    QString empty_;   // the mask with blanks for its places
+    QString places_;  // as long; "0" for a place, blank for a literal
+    QChar unfilled_ = u'_';
 };
 
 }  // namespace qfr

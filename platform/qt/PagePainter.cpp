@@ -1,38 +1,55 @@
 #include "platform/qt/PagePainter.h"
 
+#include <algorithm>
 #include <vector>
 
 #include <QGlyphRun>
 #include <QPen>
-#include <QRectF>
 
 namespace qfr {
 
 namespace {
 
+// Pixels; right and bottom lie outside.
+struct Box {
+    double left = 0;
+    double top = 0;
+    double right = 0;
+    double bottom = 0;
+
+    bool Empty() const { return left >= right || top >= bottom; }
+    bool Overlaps(const Box& other) const {
+        return left < other.right && other.left < right && top < other.bottom && other.top < bottom;
+    }
+    bool Covers(const Box& other) const {
+        return left <= other.left && other.right <= right && top <= other.top &&
+               other.bottom <= bottom;
+    }
+};
+
 struct Placed {
-    QRectF cell;  // that a text paints white
-    QRectF ink;   // that the item may blacken, a little generous
+    Box cell;  // that a text paints white
+    Box ink;   // that the item may blacken, a little generous
     bool hidden = false;
     bool overEarlier = false;
 };
 
-QRectF CellOf(const TextItem& text) {
-    return {static_cast<qreal>(text.x), static_cast<qreal>(text.y), static_cast<qreal>(text.width),
-            static_cast<qreal>(text.height)};
-}
-
 Placed Place(const PageItem& item) {
     if (const auto* text = std::get_if<TextItem>(&item)) {
-        const QRectF cell = CellOf(*text);
-        // Italics and "f", "j" reach out of their cell by less than this.
-        const qreal overhang = cell.height() / 8;
-        return {.cell = cell, .ink = cell.adjusted(-overhang, 0, overhang, 0)};
+        const double left = text->x;
+        const double top = text->y;
+        const double right = left + text->width;
+        const double bottom = top + text->height;
+        // Letters like "f" and "j" reach out of their cell by less than this.
+        const double overhang = text->height / 8.0;
+        return {.cell = {left, top, right, bottom},
+                .ink = {left - overhang, top, right + overhang, bottom}};
     }
     const auto& rule = std::get<RuleItem>(item);
-    const qreal half = rule.penWidth / 2.0 + 1;
-    const QRectF line = QRectF(QPointF(rule.x1, rule.y1), QPointF(rule.x2, rule.y2)).normalized();
-    return {.cell = {}, .ink = line.adjusted(-half, -half, half, half)};
+    const double half = rule.penWidth / 2.0 + 1;
+    return {.cell = {},
+            .ink = {std::min(rule.x1, rule.x2) - half, std::min(rule.y1, rule.y2) - half,
+                    std::max(rule.x1, rule.x2) + half, std::max(rule.y1, rule.y2) + half}};
 }
 
 // Nearly no text of a form lies over anything, and each white cell costs a PDF file three lines.
@@ -41,11 +58,11 @@ std::vector<Placed> PlaceAll(const std::vector<PageItem>& items) {
     placed.reserve(items.size());
     for (const PageItem& item : items) {
         Placed next = Place(item);
-        if (!next.cell.isEmpty()) {
+        if (!next.cell.Empty()) {
             for (Placed& earlier : placed) {
-                if (!earlier.hidden && next.cell.intersects(earlier.ink)) {
+                if (!earlier.hidden && next.cell.Overlaps(earlier.ink)) {
                     next.overEarlier = true;
-                    earlier.hidden = !earlier.cell.isEmpty() && next.cell.contains(earlier.cell);
+                    earlier.hidden = !earlier.cell.Empty() && next.cell.Covers(earlier.cell);
                 }
             }
         }
@@ -79,7 +96,7 @@ void PaintPage(QPainter& painter, const JobPage& page, FormFonts& fonts) {
         }
         const auto& text = std::get<TextItem>(page.items[i]);
         if (placed[i].overEarlier) {
-            painter.fillRect(placed[i].cell, Qt::white);
+            painter.fillRect(QRect(text.x, text.y, text.width, text.height), Qt::white);
         }
         const FormFont& font = fonts.At(text.size);
         font.Lay(text.text, glyphs, positions);

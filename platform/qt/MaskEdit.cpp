@@ -1,0 +1,116 @@
+#include "platform/qt/MaskEdit.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QKeyEvent>
+
+#include "platform/DateTime.h"
+
+namespace qfr {
+
+namespace {
+
+constexpr QChar kPlace = u'0';
+constexpr QChar kLiteral = u' ';
+constexpr qsizetype kTimeStart = 11;  // in "mm/dd/yyyy hh:nn"
+
+}  // namespace
+
+MaskEdit::MaskEdit(QWidget* parent) : QLineEdit(parent) {}
+
+void MaskEdit::SetMask(const std::string& mask) {
+    const QString given = QString::fromStdString(mask);
+    const QString shape = given.section(u';', 0, 0).remove(u'!');
+    unfilled_ = given.contains(u';') ? given.back() : QChar(u'_');
+    empty_.clear();
+    places_.clear();
+    QString toolkitMask;
+    for (const QChar c : shape) {
+        const bool place = c == u'9' || c == u'0';
+        empty_ += place ? QChar(u' ') : c;
+        places_ += place ? kPlace : kLiteral;
+        toolkitMask += place ? QStringLiteral("0") : QStringLiteral("\\") + c;
+    }
+    setInputMask(toolkitMask + u';' + unfilled_);
+}
+
+std::string MaskEdit::MaskText() const {
+    QString shown = displayText();
+    for (qsizetype i = 0; i < shown.size() && i < places_.size(); ++i) {
+        if (places_[i] == kPlace && shown[i] == unfilled_) {
+            shown[i] = u' ';
+        }
+    }
+    return shown.toStdString();
+}
+
+std::optional<QString> MaskEdit::Laid(const QString& text, qsizetype from) const {
+    QString laid = empty_;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const qsizetype at = from + i;
+        const QChar c = text[i];
+        const bool digit = c >= u'0' && c <= u'9';
+        if (at >= laid.size() || (places_[at] == kPlace ? !digit && c != u' ' : c != empty_[at])) {
+            return std::nullopt;
+        }
+        laid[at] = c;
+    }
+    return laid;
+}
+
+void MaskEdit::SetMaskText(const std::string& text) {
+    const QString given = QString::fromStdString(text);
+    std::optional<QString> laid;
+    for (qsizetype from = 0; !laid && from + given.size() <= empty_.size(); ++from) {
+        laid = Laid(given, from);
+    }
+    if (const auto when = laid ? std::nullopt : ParseDateTime(text)) {
+        // A text of fewer parts than the mask, or of more, gives the parts that both have.
+        const QString full = QString::fromStdString(FormatDateTime(*when));
+        const bool date = given.contains(u'/') && empty_.contains(u'/');
+        const bool time = given.contains(u':') && empty_.contains(u':');
+        laid = date && time ? Laid(full, 0)
+               : date       ? Laid(full.first(kTimeStart - 1), 0)
+               : time       ? Laid(full.sliced(kTimeStart), empty_.contains(u'/') ? kTimeStart : 0)
+                            : std::nullopt;
+    }
+    if (!laid) {
+        // The toolkit takes what fits, as if it had been typed.
+        setText(given);
+        return;
+    }
+    for (qsizetype i = 0; i < laid->size(); ++i) {
+        if (places_[i] == kPlace && (*laid)[i] == u' ') {
+            (*laid)[i] = unfilled_;
+        }
+    }
+    setText(*laid);
+    setCursorPosition(0);
+}
+
+void MaskEdit::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Paste) && !isReadOnly()) {
+        // Copied from a report or a sheet, a date may have blanks before it, which the toolkit
+        // would take for the literal between date and time.
+        SetMaskText(QGuiApplication::clipboard()->text().trimmed().toStdString());
+        emit textEdited(text());
+        return;
+    }
+    if (event->key() == Qt::Key_Space && !isReadOnly()) {
+        // The same holds for a typed blank, which empties its place.
+        QKeyEvent blank(QEvent::KeyPress, 0, Qt::NoModifier, QString(unfilled_));
+        QLineEdit::keyPressEvent(&blank);
+        return;
+    }
+    QLineEdit::keyPressEvent(event);
+}
+
+void MaskEdit::mouseReleaseEvent(QMouseEvent* event) {
+    QLineEdit::mouseReleaseEvent(event);
+    // Nobody means to start an empty date in its middle.
+    if (event->button() == Qt::LeftButton && MaskText() == empty_.toStdString()) {
+        setCursorPosition(0);
+    }
+}
+
+}  // namespace qfr
