@@ -58,12 +58,7 @@ constexpr UnitPlace kHeaderUnits[] = {
     {"(mm)", 3.95, 3.15}, {"(uL)", 3.95, 3.425}, {"(uL)", 7.2, 3.425}, {"(mL)", 3.95, 3.7}};
 
 void PrintTableHead(Page& page, const SampleHeader& header) {
-    page.DrawLineInch(kLeft, kTableTop, kRight, kTableTop);
-    page.LineToInch(kRight, kRowsTop);
-    page.Canvas().Pen.Width = kHeavyRulePen;
-    page.LineToInch(kLeft, kRowsTop);
-    page.Canvas().Pen.Width = kRulePen;
-    page.LineToInch(kLeft, kTableTop);
+    page.DrawHeadBox(kLeft, kTableTop, kRight, kRowsTop, kHeavyRulePen);
 
     const double middle = 4.075;
     const double h = page.FontHeightInch();

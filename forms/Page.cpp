@@ -65,6 +65,23 @@ void Page::TextOutCentred(std::string_view text, double x, double y) {
     TextOutInch(text, x - TextWidthInch(text) * 0.5, y);
 }
 
+void Page::DrawHeadBox(double left, double top, double right, double bottom, int bottomPen) {
+    DrawLineInch(left, top, right, top);
+    LineToInch(right, bottom);
+    Canvas().Pen.Width = bottomPen;
+    LineToInch(left, bottom);
+    Canvas().Pen.Width = kRulePen;
+    LineToInch(left, top);
+}
+
+void Page::PrintColumnHeads(const ColumnHead* heads, std::size_t count, double y) {
+    const double h = TextHeightInch();
+    for (std::size_t i = 0; i < count; ++i) {
+        TextOutCentred(heads[i].first, heads[i].centre, y);
+        TextOutCentred(heads[i].second, heads[i].centre, y + h);
+    }
+}
+
 double Page::TextWidthInch(std::string_view text) {
     return static_cast<double>(Canvas().TextWidth(text)) / HorzScale;
 }

@@ -14,6 +14,9 @@
 
 namespace qfr {
 
+inline constexpr int kRulePen = 6;        // pixels
+inline constexpr int kHeavyRulePen = 12;  // pixels, under the heads of tables
+
 // One underlined field of a page header. y is the level of the underline; all in inches.
 struct FieldPlace {
     std::string_view label;
@@ -21,6 +24,13 @@ struct FieldPlace {
     double x;
     double y;
     double width;
+};
+
+// A column head of two lines, both centred on the same x (inches).
+struct ColumnHead {
+    double centre;
+    std::string_view first;
+    std::string_view second;
 };
 
 class Page {
@@ -54,6 +64,15 @@ class Page {
     // The text's right end is at x.
     void TextOutRight(std::string_view text, double x, double y);
     void TextOutCentred(std::string_view text, double x, double y);
+
+    // The box around the heads of a table, clockwise from its top left corner.
+    void DrawHeadBox(double left, double top, double right, double bottom, int bottomPen);
+    // The first lines of the heads are at y, the second lines one text height below.
+    void PrintColumnHeads(const ColumnHead* heads, std::size_t count, double y);
+    template <std::size_t N>
+    void PrintColumnHeads(const ColumnHead (&heads)[N], double y) {
+        PrintColumnHeads(heads, N, y);
+    }
 
     // Sizes in inches, in the current font.
     double TextWidthInch(std::string_view text);
@@ -89,8 +108,5 @@ class Page {
     TPrinter& printer_;
     std::function<void()> showPrinterSetup_;
 };
-
-inline constexpr int kRulePen = 6;        // pixels
-inline constexpr int kHeavyRulePen = 12;  // pixels, under the heads of tables
 
 }  // namespace qfr
