@@ -1,9 +1,9 @@
 #include "tests/Support.h"
 
-#include <stdlib.h>
-
 #include <fstream>
 #include <sstream>
+#include <stdlib.h>
+#include <unistd.h>
 
 #include "platform/FileLookup.h"
 #include "platform/PrintJob.h"
@@ -23,6 +23,7 @@ std::vector<std::string> MessageLog::TakeTexts() {
 TempDir::TempDir() {
     std::string name = (fs::temp_directory_path() / "qfr-test-XXXXXX").string();
     path_ = ::mkdtemp(name.data());
+    fs::permissions(path_, fs::perms(0755));
 }
 
 TempDir::~TempDir() {
@@ -37,6 +38,35 @@ std::string TempDir::Write(std::string_view name, std::string_view content) cons
     return TextOf(file);
 }
 
+OrdinaryUser::OrdinaryUser() : wasAdministrator_(::geteuid() == 0) {
+    constexpr uid_t kNobody = 65534;
+    if (wasAdministrator_) {
+        EXPECT_EQ(::seteuid(kNobody), 0);
+    }
+}
+
+OrdinaryUser::~OrdinaryUser() {
+    if (wasAdministrator_) {
+        EXPECT_EQ(::seteuid(0), 0);
+    }
+}
+
+std::string ReportText::Text() const {
+    std::string text = title + "\n" + header + "Compound#;Name;Conc;;;Q;Area;CAS\n";
+    for (int row = 1; row <= rows; ++row) {
+        text += std::to_string(row) + ";Compound;5.04;;;;1200;71-43-2\n";
+    }
+    return text + afterRows;
+}
+
+std::string WithCrLf(std::string_view text) {
+    std::string converted;
+    for (char c : text) {
+        converted += c == '\n' ? "\r\n" : std::string(1, c);
+    }
+    return converted;
+}
+
 std::string ReadAll(const fs::path& file) {
     std::ifstream in(file, std::ios::binary);
     std::ostringstream content;
@@ -44,7 +74,9 @@ std::string ReadAll(const fs::path& file) {
     return content.str();
 }
 
-fs::path ExampleDir() { return fs::path(QFR_SOURCE_DIR) / "example"; }
+fs::path ExampleDir() {
+    return fs::path(QFR_SOURCE_DIR) / "example";
+}
 
 int SquareMetrics::TextWidth(std::string_view utf8, int points) {
     int characters = 0;
@@ -54,6 +86,8 @@ int SquareMetrics::TextWidth(std::string_view utf8, int points) {
     return characters * points * kResolution / 72 / 2;
 }
 
-int SquareMetrics::TextHeight(int points) { return points * kResolution / 72; }
+int SquareMetrics::TextHeight(int points) {
+    return points * kResolution / 72;
+}
 
 }  // namespace qfr::test

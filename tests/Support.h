@@ -1,10 +1,9 @@
 // Doubles and small helpers that the tests share.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <deque>
 #include <filesystem>
+#include <gtest/gtest.h>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -53,10 +52,46 @@ class TempDir {
     std::filesystem::path path_;
 };
 
+// Gives up the rights of an administrator until its end, so that what may not be read or written
+// cannot be. TempDir's directories stay readable.
+class OrdinaryUser {
+  public:
+    OrdinaryUser();
+    ~OrdinaryUser();
+    OrdinaryUser(const OrdinaryUser&) = delete;
+    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+
+  private:
+    bool wasAdministrator_;
+};
+
+// A valid quantitation report; a test changes what it is about.
+struct ReportText {
+    std::string title = "QUANTITATION REPORT  Tallyworks Version 4.2";
+    std::string header =
+        "Acquisition Date: 5/12/2005 2:05 PM\n"
+        "Sample Size: 5.0\n"
+        "Client Sample ID: C-17\n"
+        "Sample ID: VBLK01\n"
+        "Lab File ID: ABC01.D; Instrument: GCMS2\n"
+        "Calibration File: C:\\cal\\DAY1.CAL\n"
+        "Compound Library: C:\\lib\\VOA.LIB\n"
+        "Internal Standards: C:\\lib\\VOA.IST\n"
+        "CRQL Limit: 10\n";
+    int rows = 2;
+    std::string afterRows = "\n";
+
+    std::string Text() const;
+};
+
+// The text with CR LF line ends.
+std::string WithCrLf(std::string_view text);
+
 std::string ReadAll(const std::filesystem::path& file);
 std::filesystem::path ExampleDir();
 
-// A typeface whose every character is half as wide as it is high, so that layouts are easy to compute.
+// A typeface whose every character is half as wide as it is high, so that layouts are easy to
+// compute.
 class SquareMetrics : public TextMetrics {
   public:
     int TextWidth(std::string_view utf8, int points) override;
