@@ -12,6 +12,7 @@ struct Message {
     std::string text;   // UTF-8, line breaks as "\n"
     std::string title;  // empty: a box without a title of its own
     MessageIcon icon = MessageIcon::kNone;
+    bool offerCancel = false;  // a Cancel button beside OK; the answer is not used
 };
 
 class Messages {

@@ -1,0 +1,313 @@
+#include "app/MainForm.h"
+
+#include <algorithm>
+#include <vector>
+
+#include <QCloseEvent>
+#include <QIcon>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScreen>
+#include <QStatusBar>
+
+#include "app/AboutBox.h"
+#include "app/BatchFile.h"
+#include "platform/FileLookup.h"
+#include "platform/FileReplace.h"
+#include "platform/LineReader.h"
+#include "platform/Text.h"
+#include "platform/qt/WaitCursor.h"
+
+// The icons are linked in with a library, so they are not registered by themselves.
+static void RegisterIcons() {
+    Q_INIT_RESOURCE(icons);
+}
+
+namespace qfr {
+
+namespace {
+
+constexpr int kHelpTopic = 10;
+constexpr QSize kWindowSize(640, 420);
+
+// Lines of the paths file.
+constexpr int kTextSlot = 3;
+constexpr int kBatchSlot = 4;
+
+QIcon ProgramIcon() {
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
+        icon.addFile(QString(":/icons/qfrforms-%1.png").arg(size));
+    }
+    return icon;
+}
+
+bool IsComplete(const SampleRecord& record) {
+    for (int number = 1; number <= SampleHeader::kCount; ++number) {
+        if (Trim(record.Header[HeaderFieldAt(number)]).empty()) {
+            return false;
+        }
+    }
+    return true;
+}
+
+QString NameOrNone(const std::string& path) {
+    return path.empty() ? QString("none") : QString::fromStdString(FileNameOnly(path));
+}
+
+}  // namespace
+
+// One line of a menu. Without a handler it is there, but disabled: its form is not built yet.
+struct TQFRForm::Command {
+    const char* caption;
+    const char* shortcut;
+    void (TQFRForm::*handler)();
+};
+
+struct TQFRForm::Menu {
+    const char* caption;
+    std::vector<Command> commands;
+};
+
+const std::array<TQFRForm::Menu, 3> TQFRForm::kMenus = {{
+    {"&Data Files",
+     {
+         {"&Load Files", "Ctrl+O", &TQFRForm::OpenClick},
+         {"&Save Batch", "Ctrl+S", &TQFRForm::SaveFilesClick},
+         {"&Restore Batch", "Ctrl+R", &TQFRForm::RestoreFilesClick},
+     }},
+    {"&Forms",
+     {
+         {"Form &1 Volatile Organics Analysis", "Ctrl+1", &TQFRForm::FormIVoaClick},
+         {"Form 1 &Tentative Identified Compounds", "Ctrl+T", nullptr},
+         {"Form &2 Monitoring Compound Recovery", "Ctrl+2", nullptr},
+         {"Form &4 Method Blank Summary", "Ctrl+4", nullptr},
+         {"Form &5 Instrument Performance Check", "Ctrl+5", nullptr},
+         {"Form &6 Initial Calibration Data", "Ctrl+6", nullptr},
+         {"Form &7 Cont. Cal. Data", "Ctrl+7", nullptr},
+         {"Form &8 Internal Standard Summary", "Ctrl+8", nullptr},
+     }},
+    {"&Reports",
+     {
+         {"Select &Printer", "Ctrl+P", &TQFRForm::SelectPrinter1Click},
+     }},
+}};
+
+const std::array<TQFRForm::Command, 3> TQFRForm::kMenuBarCommands = {{
+    {"&Help", "F1", &TQFRForm::Help1Click},
+    {"&About", "", &TQFRForm::About1Click},
+    {"E&xit", "Ctrl+Q", &TQFRForm::OnExit},
+}};
+
+TQFRForm::TQFRForm(const DesktopServices& services)
+    : services_(services),
+      paths_(services.Settings, *this),
+      printer_(services.Metrics, services.Sink),
+      page_(printer_, [this] { services_.ShowPrinterSetup(printer_); }),
+      filesDlg_(std::make_unique<TFilesDlg>(*this, *this, *this)),
+      form1Header_(std::make_unique<TForm1Header>(*this, *this)) {
+    OnCreate();
+}
+
+TQFRForm::~TQFRForm() = default;
+
+void TQFRForm::OnCreate() {
+    RegisterIcons();
+    setObjectName("TQFRForm");
+    setWindowTitle("QFR Forms");
+    setWindowIcon(ProgramIcon());
+    filesDlg_->setWindowIcon(windowIcon());
+    form1Header_->setWindowIcon(windowIcon());
+
+    for (const Menu& menu : kMenus) {
+        AddCommands(*menuBar()->addMenu(menu.caption), menu.commands.data(),
+                    menu.commands.data() + menu.commands.size());
+    }
+    AddCommands(*menuBar(), kMenuBarCommands.begin(), kMenuBarCommands.end());
+
+    setCentralWidget(new QWidget(this));
+    for (QLabel*& label : state_) {
+        label = new QLabel(this);
+        label->setContentsMargins(6, 1, 6, 1);
+        statusBar()->addWidget(label);
+    }
+    ShowBatchState();
+
+    resize(kWindowSize);
+    const QRect place(QPoint(), size());
+    move(place.translated(screen()->availableGeometry().center() - place.center()).topLeft());
+}
+
+void TQFRForm::AddCommands(QWidget& menu, const Command* first, const Command* last) {
+    for (const Command* command = first; command != last; ++command) {
+        auto* const action = new QAction(command->caption, &menu);
+        action->setShortcut(QKeySequence(command->shortcut));
+        action->setMenuRole(QAction::NoRole);
+        action->setEnabled(command->handler != nullptr);
+        if (command->handler != nullptr) {
+            connect(action, &QAction::triggered, this, command->handler);
+        }
+        menu.addAction(action);
+    }
+}
+
+void TQFRForm::OpenClick() {
+    hide();
+    filesDlg_->show();
+}
+
+TQFRForm::SaveResult TQFRForm::Save() {
+    const std::optional<std::string> file = ChooseTarget(SaveKind::kBatch);
+    if (!file) {
+        return SaveResult::kCancelled;
+    }
+    if (ReplaceFile(PathOf(*file), SaveBatch(Batch(), entries_))) {
+        Show(CouldNotBeWritten(*file));
+        return SaveResult::kNotWritten;
+    }
+    Show({"File information saved.", "", MessageIcon::kInformation});
+    return SaveResult::kSaved;
+}
+
+void TQFRForm::OfferSave() {
+    if (!Batch().SampleList ||
+        !AskYesNo({"There is file information which may\nneed to be saved. Save it now?", "Warning",
+                   MessageIcon::kWarning})) {
+        return;
+    }
+    // What follows would lose the batch; only Cancel in the save dialog gives it up.
+    while (Save() == SaveResult::kNotWritten) {
+    }
+}
+
+void TQFRForm::RestoreFilesClick() {
+    OfferSave();
+    if (const std::optional<ChosenFiles> chosen =
+            ChooseFiles(static_cast<int>(FileKind::kBatch), kBatchSlot, false)) {
+        RestoreFile(chosen->files.front());
+    }
+}
+
+void TQFRForm::RestoreFile(const std::string& fileName) {
+    const WaitCursor wait;
+    std::optional<LineReader> file = LineReader::Open(PathOf(fileName));
+    // A file that cannot be read is told as one that holds nothing.
+    auto restored = RestoreBatch(file ? std::move(*file) : LineReader(""), fileName, entries_);
+    if (const auto* const refusal = std::get_if<Message>(&restored)) {
+        Show(*refusal);
+        return;
+    }
+    auto& saved = std::get<SavedBatch>(restored);
+    Batch() = std::move(saved.Batch);
+    entries_ = std::move(saved.Entries);
+    filesDlg_->ShowFileSet();
+    ShowBatchState();
+}
+
+void TQFRForm::FormIClick(int mode) {
+    if (!FilesSpecified(Batch())) {
+        Show({"Please use Data Files|Load Files menu selections\nto specify files.",
+              "Files Not Specified"});
+        return;
+    }
+    hide();
+    form1Header_->Open(mode);
+}
+
+void TQFRForm::Help1Click() {
+    ShowHelp(kHelpTopic);
+}
+
+void TQFRForm::About1Click() {
+    TAboutBox(this).exec();
+}
+
+void TQFRForm::OnExit() {
+    // The toolkit closes the windows once more when it ends.
+    if (std::exchange(exiting_, true)) {
+        return;
+    }
+    OfferSave();
+    services_.Quit();
+}
+
+void TQFRForm::closeEvent(QCloseEvent* event) {
+    OnExit();
+    event->accept();
+}
+
+void TQFRForm::Show(const Message& message) {
+    const AskingCursor asking;
+    services_.Messages.Show(message);
+}
+
+bool TQFRForm::AskYesNo(const Message& question) {
+    const AskingCursor asking;
+    return services_.Messages.AskYesNo(question);
+}
+
+// No form that has an entry dialog can be chosen yet.
+bool TQFRForm::ShowEntryDialog(EntryDialog /*dialog*/, std::size_t /*headerRecord*/) {
+    return false;
+}
+
+void TQFRForm::ResetEntryDialogs() {
+    form1Header_->Reset();
+    ResetEntries(entries_);
+}
+
+std::optional<ChosenFiles> TQFRForm::ChooseFiles(int filter, int pathSlot, bool multiSelect) {
+    std::optional<ChosenFiles> chosen =
+        services_.Chooser.Open({filter, paths_.ReadPath(pathSlot), multiSelect});
+    if (chosen) {
+        paths_.RememberDir(chosen->files.front(), static_cast<FileKind>(chosen->filter));
+    }
+    return chosen;
+}
+
+std::optional<std::string> TQFRForm::ChooseTarget(SaveKind kind) {
+    const bool batch = kind == SaveKind::kBatch;
+    const std::optional<ChosenFiles> chosen =
+        services_.Chooser.Save({kind, paths_.ReadPath(batch ? kBatchSlot : kTextSlot), ""});
+    if (!chosen) {
+        return std::nullopt;
+    }
+    paths_.RememberDir(chosen->files.front(), batch ? FileKind::kBatch : FileKind::kText);
+    return chosen->files.front();
+}
+
+void TQFRForm::ShowHelp(int topic) {
+    if (!services_.OpenHelp || !services_.OpenHelp(topic)) {
+        Show({"The help file QFRHelp.chm could not be found.", "Help"});
+    }
+}
+
+void TQFRForm::ShowMainWindow() {
+    ShowBatchState();
+    show();
+}
+
+void TQFRForm::ShowBatchState() {
+    const qfr::Batch& batch = Batch();
+    const FileSet& files = batch.Files;
+    const bool loaded = batch.SampleList || FilesSpecified(batch) || !files.Calib.empty() ||
+                        !files.CheckCal.empty();
+    std::array<QString, 4> texts;
+    if (loaded) {
+        const SampleListType samples = batch.SampleList.value_or(SampleListType());
+        const auto complete = std::count_if(samples.begin(), samples.end(), IsComplete);
+        texts = {QString("Lab blank: ") + NameOrNone(files.LabBlank),
+                 QString("Samples: %1 (headers complete: %2 of %3)")
+                     .arg(files.QFiles.size())
+                     .arg(complete)
+                     .arg(samples.size()),
+                 QString("Calibration: ") + NameOrNone(files.Calib),
+                 QString("Check: ") + NameOrNone(files.CheckCal)};
+    }
+    for (std::size_t i = 0; i < state_.size(); ++i) {
+        state_[i]->setText(texts[i]);
+        state_[i]->setVisible(loaded);
+    }
+}
+
+}  // namespace qfr

@@ -1,0 +1,111 @@
+// The main window: its menu starts everything that the program does.
+#pragma once
+
+#include <array>
+#include <functional>
+#include <memory>
+
+#include <QLabel>
+#include <QMainWindow>
+
+#include "app/PathsFile.h"
+#include "data/FilesDlg.h"
+#include "dialogs/Form1Header.h"
+#include "forms/FormHost.h"
+#include "platform/JobSink.h"
+#include "platform/Printer.h"
+#include "platform/SettingsDir.h"
+#include "platform/TextMetrics.h"
+#include "platform/WindowServices.h"
+
+namespace qfr {
+
+// What the windows run on. All outlive the main window.
+struct DesktopServices {
+    qfr::Messages& Messages;
+    FileChooser& Chooser;
+    TextMetrics& Metrics;
+    JobSink& Sink;
+    const SettingsDir& Settings;
+    // Lets the user change printer and paper; fills the printer's list first.
+    std::function<void(TPrinter&)> ShowPrinterSetup;
+    // Ends the program.
+    std::function<void()> Quit;
+    // Opens the help file at a context number; false when there is no such file.
+    std::function<bool(int topic)> OpenHelp;
+};
+
+class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, public WindowServices {
+    Q_OBJECT
+
+  public:
+    explicit TQFRForm(const DesktopServices& services);
+    ~TQFRForm() override;
+
+    // Replaces the batch by a saved one; a file that cannot be restored changes nothing and is
+    // reported.
+    void RestoreFile(const std::string& fileName);
+
+    // FormHost
+    void Show(const Message& message) override;
+    bool AskYesNo(const Message& question) override;
+    qfr::Page& Page() override { return page_; }
+    qfr::Batch& Batch() override { return filesDlg_->Batch(); }
+    qfr::Entries& Entries() override { return entries_; }
+    BatchFlags& Flags() override { return flags_; }
+    bool ShowEntryDialog(EntryDialog dialog, std::size_t headerRecord) override;
+    void SetPendingFocus(HeaderField field) override { form1Header_->SetPendingFocus(field); }
+
+    // FilesDlgOwner
+    void ResetEntryDialogs() override;
+    void OfferSave() override;
+
+    // WindowServices
+    std::optional<ChosenFiles> ChooseFiles(int filter, int pathSlot, bool multiSelect) override;
+    std::optional<std::string> ChooseTarget(SaveKind kind) override;
+    const SettingsDir& Settings() const override { return services_.Settings; }
+    void ShowHelp(int topic) override;
+    void ShowMainWindow() override;
+
+  protected:
+    // The close box and the system menu.
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    struct Command;
+    struct Menu;
+    static const std::array<Menu, 3> kMenus;
+    static const std::array<Command, 3> kMenuBarCommands;
+
+    enum class SaveResult { kSaved, kCancelled, kNotWritten };
+
+    void OnCreate();
+    void AddCommands(QWidget& menu, const Command* first, const Command* last);
+    void OpenClick();
+    void SaveFilesClick() { Save(); }
+    void RestoreFilesClick();
+    void FormIVoaClick() { FormIClick(kFormIVoa); }
+    void FormIClick(int mode);
+    void SelectPrinter1Click() { page_.getPrinter(); }
+    void Help1Click();
+    void About1Click();
+    void OnExit();
+
+    SaveResult Save();
+    void ShowBatchState();
+
+    DesktopServices services_;
+    PathsFile paths_;
+    TPrinter printer_;
+    qfr::Page page_;
+    BatchFlags flags_;
+    qfr::Entries entries_;
+    std::array<QLabel*, 4> state_{};  // of the batch, in the status bar
+    bool exiting_ = false;
+
+    // Windows of their own: this one hides while they show.
+    std::unique_ptr<TFilesDlg> filesDlg_;
+    std::unique_ptr<TForm1Header> form1Header_;
+};
+
+}  // namespace qfr

@@ -1,0 +1,49 @@
+// The desktop program.
+#include <QApplication>
+#include <QStandardPaths>
+
+#include "app/MainForm.h"
+#include "platform/FileLookup.h"
+#include "platform/SettingsDir.h"
+#include "platform/qt/DesktopSink.h"
+#include "platform/qt/PrinterSetupDialog.h"
+#include "platform/qt/QtFileChooser.h"
+#include "platform/qt/QtMessages.h"
+#include "platform/qt/QtTextMetrics.h"
+
+int main(int, char** argv) {
+    // There are no options: the toolkit gets the program's name only.
+    int count = 1;
+    char* names[] = {argv[0], nullptr};
+    QApplication application(count, names);
+    QApplication::setApplicationName("QFR Forms");
+    // The main window hides while another one takes its place; only its exit sequence ends the run.
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    const auto directory = [](const QString& name) { return qfr::PathOf(name.toStdString()); };
+    const qfr::SettingsDir settings(
+        directory(QApplication::applicationDirPath()),
+        directory(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)));
+    qfr::QtMessages messages;
+    qfr::QtFileChooser chooser;
+    qfr::FormFonts fonts;
+    qfr::QtTextMetrics metrics(fonts);
+    qfr::DesktopSink sink(fonts, chooser, messages);
+
+    qfr::TQFRForm mainWindow({
+        .Messages = messages,
+        .Chooser = chooser,
+        .Metrics = metrics,
+        .Sink = sink,
+        .Settings = settings,
+        .ShowPrinterSetup =
+            [&sink](qfr::TPrinter& printer) {
+                printer.Printers = sink.Printers();
+                qfr::PrinterSetupDialog(printer, QApplication::activeWindow()).exec();
+            },
+        .Quit = [] { QCoreApplication::exit(0); },
+        .OpenHelp = nullptr,
+    });
+    mainWindow.show();
+    return QApplication::exec();
+}

@@ -1,0 +1,158 @@
+#include "data/FilesDlg.h"
+
+#include <algorithm>
+
+#include <QShortcut>
+
+#include "platform/qt/WaitCursor.h"
+#include "ui/ui_FilesDlg.h"
+
+namespace qfr {
+
+namespace {
+
+constexpr int kHelpTopic = 105;
+constexpr QSize kDialogSize(598, 456);  // at 100 %; larger where the fonts need it
+
+// What a Browse or Add button sets the open dialog to.
+struct OpenSetting {
+    int filter;
+    int pathSlot;
+    bool multiSelect;
+};
+constexpr OpenSetting kOpenSettings[] = {
+    {1, 1, false},  // lab blank
+    {1, 1, true},   // quantitation reports
+    {2, 2, false},  // calibration report
+    {3, 1, false},  // check report: on purpose from the quantitation reports' directory
+};
+
+// Paths are told apart by their ends.
+void ShowPath(QLineEdit* edit, const std::string& path) {
+    const QString text = QString::fromStdString(path);
+    if (edit->text() != text) {
+        edit->setText(text);
+    }
+    edit->setToolTip(text);
+}
+
+}  // namespace
+
+TFilesDlg::TFilesDlg(FilesDlgOwner& owner, WindowServices& services, Messages& messages)
+    : owner_(owner),
+      services_(services),
+      messages_(messages),
+      ui_(std::make_unique<Ui::TFilesDlg>()) {
+    setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
+    ui_->setupUi(this);
+    ensurePolished();
+    setFixedSize(sizeHint().expandedTo(kDialogSize));
+
+    for (QLineEdit* edit : findChildren<QLineEdit*>()) {
+        if (edit->isReadOnly()) {
+            QPalette dull = edit->palette();
+            dull.setColor(QPalette::Base, dull.color(QPalette::Window));
+            edit->setPalette(dull);
+        }
+    }
+
+    const auto onClick = [this](QAbstractButton* button, auto handler) {
+        connect(button, &QAbstractButton::clicked, this, handler);
+    };
+    onClick(ui_->BrowseLabBlank, [this] { OpenFiles(Choice::kLabBlank); });
+    onClick(ui_->AddButton, [this] { OpenFiles(Choice::kQuantReports); });
+    onClick(ui_->BrowseCalibButton, [this] { OpenFiles(Choice::kCalReport); });
+    onClick(ui_->BrowseChkCalButton, [this] { OpenFiles(Choice::kCheckReport); });
+    onClick(ui_->OkButton, &TFilesDlg::OkButtonClick);
+    onClick(ui_->DeleteButton, &TFilesDlg::DeleteButtonClick);
+    onClick(ui_->ClearAllButton, &TFilesDlg::ClearAllButtonClick);
+    onClick(ui_->Button1, &TFilesDlg::Button1Click);
+
+    auto* const deleteKey = new QShortcut(QKeySequence::Delete, ui_->QFilesList);
+    deleteKey->setContext(Qt::WidgetShortcut);
+    connect(deleteKey, &QShortcut::activated, this, &TFilesDlg::DeleteButtonClick);
+    connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this,
+            &TFilesDlg::Button1Click);
+
+    // What is typed here is taken as it is; emptying it removes the report.
+    connect(ui_->CheckCalEdit, &QLineEdit::textEdited, this,
+            [this](const QString& text) { batch_.Files.CheckCal = text.toStdString(); });
+}
+
+TFilesDlg::~TFilesDlg() = default;
+
+void TFilesDlg::ShowFileSet() {
+    const FileSet& files = batch_.Files;
+    ShowPath(ui_->LibFileEdit, files.LibFile);
+    ShowPath(ui_->SurrFileEdit, files.SurrFile);
+    ShowPath(ui_->CalFileEdit, files.CalFile);
+    ShowPath(ui_->LabBlankEdit, files.LabBlank);
+    ShowPath(ui_->CalibEdit, files.Calib);
+    ShowPath(ui_->CheckCalEdit, files.CheckCal);
+    ui_->QFilesList->clear();
+    for (const std::string& file : files.QFiles) {
+        ui_->QFilesList->addItem(QString::fromStdString(file));
+    }
+}
+
+void TFilesDlg::OpenFiles(Choice choice) {
+    const OpenSetting& setting = kOpenSettings[static_cast<std::size_t>(choice)];
+    const std::optional<ChosenFiles> chosen =
+        services_.ChooseFiles(setting.filter, setting.pathSlot, setting.multiSelect);
+    if (!chosen) {
+        return;
+    }
+    owner_.Flags().Form8DataReady = false;
+    const WaitCursor wait;
+    Take(choice, chosen->files);
+    // Also after a rejection, which may have taken the names of the library and the like, or
+    // cleared the batch.
+    ShowFileSet();
+}
+
+bool TFilesDlg::Take(Choice choice, const std::vector<std::string>& files) {
+    switch (choice) {
+        case Choice::kLabBlank:
+            return TakeLabBlank(batch_, files.front(), messages_, owner_);
+        case Choice::kQuantReports:
+            return AddQuantReports(batch_, files, messages_, owner_);
+        case Choice::kCalReport:
+            return TakeCalReport(batch_, files.front(), messages_);
+        case Choice::kCheckReport:
+            return TakeCheckReport(batch_, files.front(), messages_);
+    }
+    return false;
+}
+
+void TFilesDlg::OkButtonClick() {
+    if (!batch_.SampleList) {
+        const WaitCursor wait;
+        BuildSampleList(batch_);
+    }
+    hide();
+    services_.ShowMainWindow();
+}
+
+void TFilesDlg::DeleteButtonClick() {
+    std::vector<std::size_t> positions;
+    for (const QModelIndex& index : ui_->QFilesList->selectionModel()->selectedIndexes()) {
+        positions.push_back(static_cast<std::size_t>(index.row()));
+    }
+    std::sort(positions.begin(), positions.end());
+    DeleteQuantReports(batch_, positions);
+    ShowFileSet();
+}
+
+void TFilesDlg::ClearAllButtonClick() {
+    owner_.OfferSave();
+    ClearBatch(batch_, owner_);
+    owner_.Flags().InitCalEntered = false;
+    owner_.Flags().ContCalEntered = false;
+    ShowFileSet();
+}
+
+void TFilesDlg::Button1Click() {
+    services_.ShowHelp(kHelpTopic);
+}
+
+}  // namespace qfr

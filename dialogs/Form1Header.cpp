@@ -1,0 +1,429 @@
+#include "dialogs/Form1Header.h"
+
+#include <algorithm>
+
+#include <QApplication>
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QShortcut>
+
+#include "app/BatchFile.h"
+#include "data/LabFiles.h"
+#include "forms/Form1Voa.h"
+#include "platform/DateTime.h"
+#include "platform/FileLookup.h"
+#include "platform/Text.h"
+#include "platform/qt/MaskEdit.h"
+#include "ui_Form1Header.h"
+
+namespace qfr {
+
+namespace {
+
+constexpr int kVoaHelpTopic = 110;
+constexpr int kTicHelpTopic = 120;
+constexpr int kTextFilter = 5;
+constexpr int kTextPathSlot = 3;
+const char* const kDefaultsFile = "DefaultInfo.txt";
+const char* const kDateMask = "!99/99/9999 99:99;1;_";
+
+bool IsDate(std::string_view text) {
+    return IsEmptyMask(text) || ParseDateTime(text).has_value();
+}
+
+Message FileError() {
+    Message message{"Can't perform one of the following file operations: Open, Seek, Read, Close",
+                    "FileError"};
+    message.offerCancel = true;
+    return message;
+}
+
+// Whether the focus goes from control to control, and not to a menu, a popup or another window and
+// back.
+bool IsBetweenControls(const QFocusEvent& event) {
+    switch (event.reason()) {
+        case Qt::PopupFocusReason:
+        case Qt::ActiveWindowFocusReason:
+        case Qt::MenuBarFocusReason:
+            return false;
+        default:
+            return true;
+    }
+}
+
+}  // namespace
+
+TForm1Header::TForm1Header(FormHost& host, WindowServices& services)
+    : host_(host), services_(services), ui_(std::make_unique<Ui::TForm1Header>()) {
+    setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                   Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
+    ui_->setupUi(this);
+    fieldControls_ = {ui_->ZOVComboBox, ui_->LabComboBox, ui_->Edit1,     ui_->Edit2,
+                      ui_->Edit4,       ui_->Edit5,       ui_->Edit6,     ui_->Edit7,
+                      ui_->ComboBox2,   ui_->Edit10,      ui_->ComboBox1, ui_->Edit9,
+                      ui_->ComboBox3,   ui_->MaskEdit1,   ui_->MaskEdit2, ui_->Edit13,
+                      ui_->Edit16,      ui_->Edit17,      ui_->Edit14,    ui_->Edit18,
+                      ui_->Edit15,      ui_->Edit19,      ui_->ComboBox4, ui_->Edit3,
+                      ui_->ComboBox5,   ui_->Edit8};
+    ui_->MaskEdit1->SetMask(kDateMask);
+    ui_->MaskEdit2->SetMask(kDateMask);
+    ui_->Button1->hide();
+
+    for (QWidget* const control : fieldControls_) {
+        control->installEventFilter(this);
+    }
+    for (QWidget* const control :
+         std::initializer_list<QWidget*>{ui_->FileComboBox, ui_->OkButton, ui_->PrintButton}) {
+        control->installEventFilter(this);
+    }
+    for (QComboBox* const box : findChildren<QComboBox*>()) {
+        // A wheel that passes over the dialog must not change a value.
+        box->setFocusPolicy(Qt::StrongFocus);
+        if (box->isEditable()) {
+            box->setCompleter(nullptr);  // it would change the case of what is typed
+        }
+    }
+
+    for (QComboBox* const box : {ui_->ZOVComboBox, ui_->LabComboBox, ui_->FileComboBox}) {
+        connect(box, &QComboBox::activated, this, &TForm1Header::OnSelect);
+    }
+    for (QComboBox* const box : {ui_->ZOVComboBox, ui_->LabComboBox}) {
+        connect(box->lineEdit(), &QLineEdit::textEdited, this,
+                [this, box](const QString& text) { OnChange(box, text); });
+    }
+    connect(ui_->ComboBox2, &QComboBox::activated, this, &TForm1Header::ComboBox2Change);
+    connect(ui_->ComboBox2->lineEdit(), &QLineEdit::textEdited, this,
+            &TForm1Header::ComboBox2Change);
+
+    Connect(ui_->Button1, &TForm1Header::Button1Click);
+    Connect(ui_->Button2, &TForm1Header::Button2Click);
+    Connect(ui_->Button3, &TForm1Header::Button3Click);
+    Connect(ui_->Button4, &TForm1Header::Button4Click);
+    Connect(ui_->Button5, &TForm1Header::Button5Click);
+    Connect(ui_->PrintButton, &TForm1Header::PrintButtonClick);
+    Connect(ui_->OkButton, &TForm1Header::OkButtonClick);
+    connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this,
+            &TForm1Header::Button5Click);
+}
+
+TForm1Header::~TForm1Header() = default;
+
+// A button that is chosen while a date is wrong does nothing: the date is complained about instead,
+// also where the choice (by a mnemonic) did not move the focus.
+void TForm1Header::Connect(QAbstractButton* button, void (TForm1Header::*handler)()) {
+    connect(button, &QAbstractButton::clicked, this, [this, handler] {
+        if (!DateRefused()) {
+            (this->*handler)();
+        }
+    });
+}
+
+void TForm1Header::Open(int mode) {
+    SetMode(mode);
+    OnShow();
+    show();
+}
+
+void TForm1Header::SetMode(int mode) {
+    const bool tic = mode != kFormIVoa;
+    setWindowTitle(tic ? "Form 1 TIC Header" : "Form 1 Header");
+    ui_->EnterButton->setEnabled(tic);
+    ui_->EnterButton->setVisible(tic);
+}
+
+void TForm1Header::OnShow() {
+    for (QComboBox* const box : {ui_->ZOVComboBox, ui_->LabComboBox, ui_->FileComboBox}) {
+        box->clear();
+    }
+    if (const auto& samples = host_.Batch().SampleList) {
+        for (const SampleRecord& record : *samples) {
+            const auto text = [&record](HeaderField field) {
+                return QString::fromStdString(record.Header[field]);
+            };
+            ui_->ZOVComboBox->addItem(text(HeaderField::kZovSampleNo));
+            ui_->LabComboBox->addItem(text(HeaderField::kLabSampleId));
+            ui_->FileComboBox->addItem(QString::fromStdString(FileNameOnly(record.FileName)));
+        }
+    }
+    OnSelect(0);
+    (pendingFocus_ != nullptr ? pendingFocus_ : ui_->Edit1)->setFocus();
+    pendingFocus_ = nullptr;
+}
+
+void TForm1Header::Reset() {
+    ui_->FileComboBox->clear();
+    for (int number = 1; number <= SampleHeader::kCount; ++number) {
+        SetTextOfField(HeaderFieldAt(number), "");
+    }
+}
+
+void TForm1Header::SetPendingFocus(HeaderField field) {
+    pendingFocus_ = ControlOf(field);
+}
+
+void TForm1Header::OnSelect(int record) {
+    currentRecord_ = static_cast<std::size_t>(record);
+    for (QComboBox* const box : {ui_->ZOVComboBox, ui_->LabComboBox, ui_->FileComboBox}) {
+        box->setCurrentIndex(record);
+    }
+    LoadRecord();
+}
+
+void TForm1Header::OnChange(QComboBox* box, const QString& text) {
+    const int record = static_cast<int>(currentRecord_);
+    box->setItemText(record, text);
+    if (box->currentIndex() != record) {
+        box->setCurrentIndex(record);
+        box->lineEdit()->end(false);
+    }
+}
+
+SampleRecord* TForm1Header::Record() {
+    auto& samples = host_.Batch().SampleList;
+    return samples && currentRecord_ < samples->size() ? &(*samples)[currentRecord_] : nullptr;
+}
+
+// An empty value leaves the text of the sample shown before, on purpose: so the laboratory's values
+// go from sample to sample.
+void TForm1Header::LoadRecord() {
+    const SampleRecord* const record = Record();
+    if (record == nullptr) {
+        return;
+    }
+    ui_->FileComboBox->setToolTip(QString::fromStdString(record->FileName));
+    for (int number = 1; number <= SampleHeader::kCount; ++number) {
+        const std::string& value = record->Header[HeaderFieldAt(number)];
+        if (!value.empty()) {
+            SetTextOfField(HeaderFieldAt(number), value);
+        }
+    }
+}
+
+void TForm1Header::Save(int tag) {
+    SampleRecord* const record = Record();
+    if (record == nullptr) {
+        return;
+    }
+    const HeaderField field = HeaderFieldAt(tag + 1);
+    record->Header[field] = TextOfField(field);
+    // A value that was carried over is not yet in the list of its drop-down.
+    if (QWidget* const control = ControlOf(field);
+        control == ui_->ZOVComboBox || control == ui_->LabComboBox) {
+        auto* const box = static_cast<QComboBox*>(control);
+        box->setItemText(static_cast<int>(currentRecord_), box->currentText());
+    }
+}
+
+void TForm1Header::SaveAll() {
+    for (int tag = 0; tag < SampleHeader::kCount; ++tag) {
+        Save(tag);
+    }
+}
+
+void TForm1Header::OnDateExit(MaskEdit* date) {
+    const std::string text = date->MaskText();
+    if (!IsDate(text)) {
+        RefuseDate(date);
+    } else if (!IsEmptyMask(text)) {
+        Save(date == ui_->MaskEdit1 ? static_cast<int>(HeaderField::kDateReceived) - 1
+                                    : static_cast<int>(HeaderField::kDateAnalyzed) - 1);
+    }
+}
+
+// Whether the user is held at a wrong date.
+bool TForm1Header::DateRefused() {
+    if (refusedDate_ != nullptr) {
+        return true;
+    }
+    auto* const date = qobject_cast<MaskEdit*>(focusWidget());
+    if (date == nullptr || IsDate(date->MaskText())) {
+        return false;
+    }
+    RefuseDate(date);
+    return true;
+}
+
+// The message has to wait until the focus, which may be on its way to another control or its popup,
+// has arrived there; only then can it be brought back.
+void TForm1Header::RefuseDate(MaskEdit* date) {
+    refusedDate_ = date;
+    QMetaObject::invokeMethod(this, &TForm1Header::ReturnToDate, Qt::QueuedConnection);
+}
+
+void TForm1Header::ReturnToDate() {
+    while (QWidget* const popup = QApplication::activePopupWidget()) {
+        popup->close();
+    }
+    returning_ = true;
+    refusedDate_->setFocus();
+    host_.Show({"The entry is not a correct date.", "Entry Error"});
+    returning_ = false;
+    refusedDate_ = nullptr;
+}
+
+bool TForm1Header::eventFilter(QObject* watched, QEvent* event) {
+    auto* const control = qobject_cast<QWidget*>(watched);
+    switch (event->type()) {
+        case QEvent::FocusIn: {
+            const bool savesAll = control == ui_->OkButton || control == ui_->PrintButton ||
+                                  control == ui_->ZOVComboBox || control == ui_->LabComboBox ||
+                                  control == ui_->FileComboBox;
+            // A refused date is not stored by way of the control that was to be entered.
+            if (savesAll && isVisible() && refusedDate_ == nullptr &&
+                IsBetweenControls(*static_cast<QFocusEvent*>(event))) {
+                SaveAll();
+            }
+            break;
+        }
+        case QEvent::FocusOut: {
+            if (!isVisible() || returning_ ||
+                !IsBetweenControls(*static_cast<QFocusEvent*>(event))) {
+                break;
+            }
+            if (auto* const date = qobject_cast<MaskEdit*>(control)) {
+                OnDateExit(date);
+                break;
+            }
+            const auto place = std::find(fieldControls_.begin(), fieldControls_.end(), control);
+            if (place != fieldControls_.end()) {
+                Save(static_cast<int>(place - fieldControls_.begin()));
+            }
+            break;
+        }
+        case QEvent::Wheel:
+            if (qobject_cast<QComboBox*>(control) != nullptr && !control->hasFocus()) {
+                event->ignore();
+                return true;
+            }
+            break;
+        case QEvent::KeyPress:
+            // Typing chooses no sample; blank and the arrow keys do what they do in every list.
+            if (control == ui_->FileComboBox) {
+                const QString text = static_cast<QKeyEvent*>(event)->text();
+                if (!text.isEmpty() && text.front().isPrint() && text != " ") {
+                    return true;
+                }
+            }
+            break;
+        default:
+            break;
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void TForm1Header::ComboBox2Change() {
+    constexpr std::array kFields = {HeaderField::kMatrix, HeaderField::kPercentMoisture,
+                                    HeaderField::kSoilExtractVolume,
+                                    HeaderField::kSoilAliquotVolume};
+    SampleHeader header;
+    for (const HeaderField field : kFields) {
+        header[field] = TextOfField(field);
+    }
+    ApplyMatrixRules(header);
+    for (const HeaderField field : kFields) {
+        if (header[field] != TextOfField(field)) {
+            SetTextOfField(field, header[field]);
+        }
+    }
+}
+
+void TForm1Header::Button1Click() {
+    if (const std::optional<std::string> file = services_.ChooseTarget(SaveKind::kLaboratoryFile)) {
+        if (WriteValueLines(PathOf(*file), TextsOf(kLaboratoryFields))) {
+            host_.Show(CouldNotBeWritten(*file));
+        }
+    }
+}
+
+void TForm1Header::Button2Click() {
+    const std::optional<ChosenFiles> chosen =
+        services_.ChooseFiles(kTextFilter, kTextPathSlot, false);
+    if (!chosen) {
+        return;
+    }
+    if (const auto lines = ReadLaboratoryFile(PathOf(chosen->files.front()))) {
+        SetTextsOf(kLaboratoryFields, *lines);
+    } else {
+        host_.Show(FileError());
+    }
+}
+
+void TForm1Header::Button3Click() {
+    if (WriteValueLines(services_.Settings().ForWriting(kDefaultsFile), TextsOf(kDefaultsFields))) {
+        host_.Show(CouldNotBeWritten(kDefaultsFile));
+    }
+}
+
+void TForm1Header::Button4Click() {
+    if (const auto lines = ReadDefaultsFile(services_.Settings().ForReading(kDefaultsFile))) {
+        SetTextsOf(kDefaultsFields, *lines);
+    } else {
+        host_.Show(FileError());
+    }
+}
+
+void TForm1Header::Button5Click() {
+    services_.ShowHelp(ui_->EnterButton->isVisible() ? kTicHelpTopic : kVoaHelpTopic);
+}
+
+void TForm1Header::PrintButtonClick() {
+    SaveAll();
+    if (Record() != nullptr) {
+        host_.Page().testPrinter();
+        PrintFormIVoa(host_, currentRecord_);
+    }
+}
+
+void TForm1Header::OkButtonClick() {
+    if (DateRefused()) {  // closing by key or close box comes here without the button
+        return;
+    }
+    SaveAll();
+    hide();
+    services_.ShowMainWindow();
+}
+
+QWidget* TForm1Header::ControlOf(HeaderField field) const {
+    return fieldControls_.at(static_cast<std::size_t>(field) - 1);
+}
+
+std::string TForm1Header::TextOfField(HeaderField field) const {
+    const QWidget* const control = ControlOf(field);
+    if (const auto* const date = qobject_cast<const MaskEdit*>(control)) {
+        return date->MaskText();
+    }
+    if (const auto* const box = qobject_cast<const QComboBox*>(control)) {
+        return box->currentText().toStdString();
+    }
+    return static_cast<const QLineEdit*>(control)->text().toStdString();
+}
+
+void TForm1Header::SetTextOfField(HeaderField field, const std::string& text) {
+    QWidget* const control = ControlOf(field);
+    if (auto* const date = qobject_cast<MaskEdit*>(control)) {
+        date->SetMaskText(text);
+    } else if (auto* const box = qobject_cast<QComboBox*>(control)) {
+        box->setEditText(QString::fromStdString(text));
+    } else {
+        static_cast<QLineEdit*>(control)->setText(QString::fromStdString(text));
+    }
+}
+
+template <std::size_t N>
+std::vector<std::string> TForm1Header::TextsOf(const std::array<HeaderField, N>& fields) const {
+    std::vector<std::string> texts;
+    for (const HeaderField field : fields) {
+        texts.push_back(TextOfField(field));
+    }
+    return texts;
+}
+
+template <std::size_t N>
+void TForm1Header::SetTextsOf(const std::array<HeaderField, N>& fields,
+                              const std::vector<std::string>& texts) {
+    for (std::size_t i = 0; i < fields.size() && i < texts.size(); ++i) {
+        SetTextOfField(fields[i], texts[i]);
+    }
+}
+
+}  // namespace qfr

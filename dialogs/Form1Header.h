@@ -1,0 +1,103 @@
+// The Form 1 header dialog: the 26 header values of each sample. It serves Form I VOA and Form I
+// TIC.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <QDialog>
+
+#include "data/Batch.h"
+#include "forms/FormHost.h"
+#include "platform/WindowServices.h"
+
+class QAbstractButton;
+class QComboBox;
+
+namespace Ui {
+class TForm1Header;
+}
+
+namespace qfr {
+
+class MaskEdit;
+
+// The modes of the dialog.
+inline constexpr int kFormIVoa = 0;
+inline constexpr int kFormITic = 1;
+
+class TForm1Header : public QDialog {
+    Q_OBJECT
+
+  public:
+    TForm1Header(FormHost& host, WindowServices& services);
+    ~TForm1Header() override;
+
+    // Shows the dialog on the first record.
+    void Open(int mode);
+    // Empties every value and the file selector, for a batch that is cleared.
+    void Reset();
+    // The field that has the focus when the dialog is next shown.
+    void SetPendingFocus(HeaderField field);
+
+    // Index in SampleList of the sample shown.
+    std::size_t CurrentRecord() const { return currentRecord_; }
+
+    // Escape and the close box.
+    void reject() override { OkButtonClick(); }
+
+  protected:
+    // Entering and leaving the controls.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    void SetMode(int mode);
+    void OnShow();
+    void OnSelect(int record);
+    void OnChange(QComboBox* box, const QString& text);
+    void OnDateExit(MaskEdit* date);
+    void ComboBox2Change();
+
+    SampleRecord* Record();
+    void LoadRecord();
+    void Save(int tag);
+    void SaveAll();
+
+    bool DateRefused();
+    void RefuseDate(MaskEdit* date);
+    void ReturnToDate();
+
+    void Button1Click();      // "Save  "
+    void Button2Click();      // "Load "
+    void Button3Click();      // "Save as Default"
+    void Button4Click();      // "Read Default"
+    void Button5Click();      // "Help"
+    void PrintButtonClick();  // "Print Form"
+    void OkButtonClick();     // "Exit"
+
+    void Connect(QAbstractButton* button, void (TForm1Header::*handler)());
+    QWidget* ControlOf(HeaderField field) const;
+    std::string TextOfField(HeaderField field) const;
+    void SetTextOfField(HeaderField field, const std::string& text);
+    template <std::size_t N>
+    std::vector<std::string> TextsOf(const std::array<HeaderField, N>& fields) const;
+    template <std::size_t N>
+    void SetTextsOf(const std::array<HeaderField, N>& fields,
+                    const std::vector<std::string>& texts);
+
+    FormHost& host_;
+    WindowServices& services_;
+    std::unique_ptr<Ui::TForm1Header> ui_;
+    std::size_t currentRecord_ = 0;
+    QWidget* pendingFocus_ = nullptr;
+    // The input control of each header value, in tag order.
+    std::array<QWidget*, SampleHeader::kCount> fieldControls_{};
+    // The date whose refusal is still to be told.
+    MaskEdit* refusedDate_ = nullptr;
+    bool returning_ = false;  // the focus is on its way back to a refused date
+};
+
+}  // namespace qfr

@@ -1,0 +1,34 @@
+// What every window asks of the program around it, besides messages and the batch.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/FileChooser.h"
+#include "platform/SettingsDir.h"
+
+namespace qfr {
+
+class WindowServices {
+  public:
+    virtual ~WindowServices() = default;
+
+    // Runs the program's open dialog on this filter of kOpenFilters (from 1), starting in the
+    // directory on this line of the paths file (from 1), and remembers where the choice came from.
+    // Absent when the user cancelled.
+    virtual std::optional<ChosenFiles> ChooseFiles(int filter, int pathSlot, bool multiSelect) = 0;
+
+    // Runs the program's save dialog, starting where files of the kind were last, and remembers the
+    // directory. A full path (UTF-8), or absent when the user cancelled. Not for kPdf.
+    virtual std::optional<std::string> ChooseTarget(SaveKind kind) = 0;
+
+    virtual const SettingsDir& Settings() const = 0;
+
+    // Opens the help file at a context number.
+    virtual void ShowHelp(int topic) = 0;
+
+    // A window that took the main window's place has hidden itself.
+    virtual void ShowMainWindow() = 0;
+};
+
+}  // namespace qfr
