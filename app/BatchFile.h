@@ -2,7 +2,6 @@
 // the entry dialogs, as lines of ";"-ended values.
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -24,8 +23,9 @@ struct SavedBatch {
 std::string SaveBatch(const Batch& batch, const Entries& entries);
 
 // The batch, or the message that says why nothing is restored. `fileName` is how the user knows the
-// file. `current` are the entries of this run: what the file leaves out stays as it is there. A file
-// that ends early leaves the rest empty; counts that promise more than the file holds cost nothing.
+// file; its folder becomes the batch's. `current` are the entries of this run: what the file leaves
+// out stays as it is there. A file that ends early leaves the rest empty; counts that promise more
+// than the file holds cost nothing.
 std::variant<SavedBatch, Message> RestoreBatch(LineReader file, std::string_view fileName,
                                                const Entries& current);
 

@@ -1,0 +1,375 @@
+#include "app/BatchFile.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include "data/QuantReport.h"
+#include "platform/DateTime.h"
+#include "platform/FileLookup.h"
+#include "platform/Numbers.h"
+#include "platform/Text.h"
+
+namespace qfr {
+namespace {
+
+constexpr std::string_view kFirstLine = "QFRForms";
+// The file has room for this many lab file IDs of the initial calibration.
+constexpr std::size_t kSavedLevels = 5;
+
+class BatchWriter {
+  public:
+    void Line(std::string_view text) {
+        file_ += text;
+        file_ += '\n';
+    }
+    void Count(std::size_t count) { Line(std::to_string(count)); }
+
+    template <typename... Texts>
+    void Values(const Texts&... values) {
+        ((file_ += values, file_ += ';'), ...);
+    }
+    template <typename List>
+    void ListValues(const List& values) {
+        for (const std::string& value : values) {
+            Values(value);
+        }
+    }
+    void EndLine() { file_ += '\n'; }
+
+    std::string Take() { return std::move(file_); }
+
+  private:
+    std::string file_;
+};
+
+void WriteRecord(BatchWriter& out, const SampleRecord& record) {
+    out.Values(record.FileName, std::to_string(record.CompoundCount));
+    out.EndLine();
+    for (int number = 1; number <= SampleHeader::kCount; ++number) {
+        out.Values(record.Header[HeaderFieldAt(number)]);
+    }
+    out.EndLine();
+    const TicListType none;
+    const TicListType& tics = record.TicList ? *record.TicList : none;
+    out.Count(tics.size());
+    for (const TicEntry& tic : tics) {
+        out.ListValues(tic.cells);
+        out.EndLine();
+    }
+}
+
+void WriteEntries(BatchWriter& out, const Entries& entries) {
+    const RangesEntry& ranges = entries.Ranges;
+    out.Values(ranges.FileName, std::to_string(static_cast<int>(ranges.Limits)));
+    out.EndLine();
+
+    // An empty box is one empty line: an empty line of the file would leave old comments in place.
+    out.Values(entries.Comments.Lines.empty() ? "" : Trim(entries.Comments.Lines.front()));
+    for (std::size_t i = 1; i < entries.Comments.Lines.size(); ++i) {
+        out.Values(Trim(entries.Comments.Lines[i]));
+    }
+    out.EndLine();
+
+    const TuneEntry& tune = entries.Tune;
+    out.Values(tune.SampleNo, tune.InstrumentId, tune.LabFileId, tune.InjectionDate,
+               tune.InjectionTime);
+    out.ListValues(tune.Abundances);
+    out.EndLine();
+
+    const InitialCalibrationEntry& initial = entries.InitialCalibration;
+    out.Values(initial.FirstStandard, initial.LastStandard);
+    for (std::size_t level = 0; level < kSavedLevels; ++level) {
+        out.Values(initial.LabFileIds[level]);
+    }
+    out.EndLine();
+
+    const ContinuingCalibrationEntry& continuing = entries.ContinuingCalibration;
+    out.Values(continuing.SampleNo, continuing.LabFileId, continuing.CriteriaFile,
+               continuing.InstrumentId, continuing.AnalysisDateTime, continuing.FirstStandard,
+               continuing.LastStandard);
+    out.EndLine();
+
+    const StandardSummaryEntry& summary = entries.StandardSummary;
+    out.Values(summary.SampleNo, summary.LabFileId, summary.AnalysisDateTime,
+               summary.FirstCalibrationDate, summary.LastCalibrationDate);
+    out.ListValues(summary.RetentionTimes);
+    out.Values(std::to_string(summary.LevelIndex));
+    out.EndLine();
+}
+
+Message Aborted(std::string_view line, std::string_view trouble) {
+    return {std::string(line) + std::string(trouble) + "\nRestore will be aborted",
+            "File Not Found", MessageIcon::kInformation};
+}
+
+Message DoesNotReadProperly(std::string_view line) {
+    return Aborted(line, " does not read properly.");
+}
+
+// Looks over the file names and the two counts after the first line, before anything is taken. Lab
+// blank, calibration and check report must be named, on purpose also where a batch could do without
+// one. A count of three and more digits passes for a name; the scan then ends at a later short
+// line.
+std::optional<Message> FindTrouble(LineReader& file) {
+    constexpr int kUncheckedNames = 3;
+    constexpr int kCountLines = 2;
+    constexpr std::size_t kLongestCount = 2;
+    for (int i = 0; i < kUncheckedNames; ++i) {
+        file.Next();
+    }
+    int counts = 0;
+    while (counts < kCountLines) {
+        const std::optional<std::string> raw = file.Next();
+        if (!raw) {
+            return std::nullopt;
+        }
+        const std::string line = Trim(*raw);
+        if (line.empty()) {
+            return Aborted(line, " does not exist.");
+        }
+        if (FirstCharacters(line, kLongestCount).size() < line.size()) {
+            continue;
+        }
+        if (ParseInteger(line).value_or(-1) < 0) {
+            return DoesNotReadProperly(line);
+        }
+        ++counts;
+    }
+    return std::nullopt;
+}
+
+// Takes the lines one after the other. After a failure everything reads as empty.
+class BatchParser {
+  public:
+    explicit BatchParser(LineReader file) : file_(std::move(file)) {}
+
+    const std::optional<Message>& Failure() const { return failure_; }
+    bool AtEnd() const { return failure_ || file_.AtEnd(); }
+    std::string Line() { return file_.NextOrEmpty(); }
+
+    // 0 at the end of the file.
+    std::int32_t Count() {
+        const std::optional<std::string> line = file_.Next();
+        return line ? Number(*line) : 0;
+    }
+    std::int32_t Number(const std::string& text) {
+        const std::int32_t number = ParseInteger(text).value_or(-1);
+        if (number < 0 && !failure_) {
+            failure_ = DoesNotReadProperly(Trim(text));
+        }
+        return std::max(number, 0);
+    }
+
+  private:
+    LineReader file_;
+    std::optional<Message> failure_;
+};
+
+template <typename List>
+void TakeList(std::string_view& rest, List& values) {
+    for (std::string& value : values) {
+        value = TakeField(rest);
+    }
+}
+
+SampleRecord ParseRecord(BatchParser& in) {
+    SampleRecord record;
+    const std::string name = in.Line();
+    std::string_view rest = name;
+    record.FileName = TakeField(rest);
+    const std::string count = TakeField(rest);
+    // No accepted report has more rows, and forms print a line for each.
+    record.CompoundCount = Trim(count).empty() ? 0 : std::min(in.Number(count), kMaxCompoundRows);
+
+    const std::string header = in.Line();
+    rest = header;
+    for (int number = 1; number <= SampleHeader::kCount; ++number) {
+        record.Header[HeaderFieldAt(number)] = TakeField(rest);
+    }
+
+    const std::int32_t tics = in.Count();
+    TicListType list;
+    for (std::int32_t i = 0; i < tics && !in.AtEnd(); ++i) {
+        const std::string line = in.Line();
+        rest = line;
+        TakeList(rest, list.emplace_back().cells);
+    }
+    if (!list.empty()) {
+        record.TicList = std::move(list);
+    }
+    return record;
+}
+
+void ParseFlags(std::int32_t count, std::string_view line, std::vector<bool>& flags) {
+    while (std::ssize(flags) < count && !line.empty()) {
+        flags.push_back(line.front() == '1');
+        TakeField(line);
+    }
+}
+
+// A masked entry always holds its literals. Those that open a line have lost their blanks.
+std::string TakeMasked(std::string_view& rest, std::string_view emptyMask) {
+    std::string text = TakeField(rest);
+    return Trim(text).empty() || IsEmptyMask(text) ? std::string(emptyMask) : text;
+}
+
+void ParseRanges(std::string_view rest, RangesEntry& ranges) {
+    ranges.FileName = TakeField(rest);
+    const std::int32_t kind = ParseInteger(TakeField(rest)).value_or(0);
+    // A saved oil choice comes back as soil, on purpose.
+    const bool soil = kind == static_cast<int>(RecoveryLimits::kSoil) ||
+                      kind == static_cast<int>(RecoveryLimits::kOil);
+    ranges.Limits = soil ? RecoveryLimits::kSoil : RecoveryLimits::kWater;
+}
+
+void ParseComments(std::string_view rest, BlankComments& comments) {
+    comments.Lines.clear();
+    while (!rest.empty()) {
+        comments.Lines.push_back(TakeField(rest));
+    }
+}
+
+void ParseTune(std::string_view rest, TuneEntry& tune) {
+    tune.SampleNo = TakeField(rest);
+    tune.InstrumentId = TakeField(rest);
+    tune.LabFileId = TakeField(rest);
+    tune.InjectionDate = TakeMasked(rest, kEmptyDateMask);
+    tune.InjectionTime = TakeMasked(rest, kEmptyTimeMask);
+    TakeList(rest, tune.Abundances);
+}
+
+void ParseInitial(std::string_view rest, InitialCalibrationEntry& initial) {
+    initial = {};
+    initial.FirstStandard = TakeMasked(rest, kEmptyDateTimeMask);
+    initial.LastStandard = TakeMasked(rest, kEmptyDateTimeMask);
+    for (std::size_t level = 0; level < kSavedLevels; ++level) {
+        initial.LabFileIds[level] = TakeField(rest);
+    }
+}
+
+void ParseContinuing(std::string_view rest, ContinuingCalibrationEntry& continuing) {
+    continuing.SampleNo = TakeField(rest);
+    continuing.LabFileId = TakeField(rest);
+    continuing.CriteriaFile = TakeField(rest);
+    continuing.InstrumentId = TakeField(rest);
+    continuing.AnalysisDateTime = TakeMasked(rest, kEmptyDateTimeMask);
+    continuing.FirstStandard = TakeMasked(rest, kEmptyDateTimeMask);
+    continuing.LastStandard = TakeMasked(rest, kEmptyDateTimeMask);
+}
+
+void ParseSummary(std::string_view rest, StandardSummaryEntry& summary) {
+    summary.SampleNo = TakeField(rest);
+    summary.LabFileId = TakeField(rest);
+    summary.AnalysisDateTime = TakeMasked(rest, kEmptyDateTimeMask);
+    summary.FirstCalibrationDate = TakeMasked(rest, kEmptyDateMask);
+    summary.LastCalibrationDate = TakeMasked(rest, kEmptyDateMask);
+    TakeList(rest, summary.RetentionTimes);
+    const std::int32_t level = ParseInteger(TakeField(rest)).value_or(-1);
+    summary.LevelIndex = level >= 0 && level < kMaxLevels ? level : -1;
+}
+
+template <typename Entry>
+void ParseEntry(BatchParser& in, void (*parse)(std::string_view, Entry&), Entry& entry) {
+    const std::string line = Trim(in.Line());
+    if (!line.empty()) {
+        parse(line, entry);
+    }
+}
+
+std::string FolderOf(std::string_view fileName) {
+    std::error_code failed;
+    const std::filesystem::path full = std::filesystem::absolute(PathOf(fileName), failed);
+    return failed ? std::string() : TextOf(full.parent_path());
+}
+
+}  // namespace
+
+std::string SaveBatch(const Batch& batch, const Entries& entries) {
+    BatchWriter out;
+    out.Line(kFirstLine);
+    const FileSet& files = batch.Files;
+    for (const std::string* name :
+         {&files.LibFile, &files.SurrFile, &files.CalFile, &files.LabBlank}) {
+        out.Line(*name);
+    }
+    out.Count(files.QFiles.size());
+    for (const std::string& name : files.QFiles) {
+        out.Line(name);
+    }
+    out.Line(files.Calib);
+    out.Line(files.CheckCal);
+
+    const SampleListType none;
+    const SampleListType& samples = batch.SampleList ? *batch.SampleList : none;
+    out.Count(samples.size());
+    for (const SampleRecord& record : samples) {
+        WriteRecord(out, record);
+    }
+
+    out.Count(batch.BlankHitFlags.size());
+    for (const bool hit : batch.BlankHitFlags) {
+        out.Values(hit ? "1" : "0");
+    }
+    out.EndLine();
+    WriteEntries(out, entries);
+    return out.Take();
+}
+
+std::variant<SavedBatch, Message> RestoreBatch(LineReader file, std::string_view fileName,
+                                               const Entries& current) {
+    if (file.Next() != kFirstLine) {
+        return Message{std::string(fileName) + " is not a\nQFRForm saved file.",
+                       "Improper File Type", MessageIcon::kInformation};
+    }
+    const std::size_t afterFirstLine = file.Position();
+    if (std::optional<Message> trouble = FindTrouble(file)) {
+        return *trouble;
+    }
+    file.Seek(afterFirstLine);
+
+    BatchParser in(std::move(file));
+    SavedBatch saved{{}, current};
+    FileSet& files = saved.Batch.Files;
+    for (std::string* name : {&files.LibFile, &files.SurrFile, &files.CalFile, &files.LabBlank}) {
+        *name = in.Line();
+    }
+    const std::int32_t names = in.Count();
+    for (std::int32_t i = 0; i < names && !in.AtEnd(); ++i) {
+        files.QFiles.push_back(in.Line());
+    }
+    files.Calib = in.Line();
+    files.CheckCal = in.Line();
+
+    const std::int32_t records = in.Count();
+    SampleListType samples;
+    for (std::int32_t i = 0; i < records && !in.AtEnd(); ++i) {
+        samples.push_back(ParseRecord(in));
+    }
+    if (!samples.empty()) {
+        saved.Batch.SampleList = std::move(samples);
+    }
+
+    const std::int32_t flags = in.Count();
+    ParseFlags(flags, in.Line(), saved.Batch.BlankHitFlags);
+
+    Entries& entries = saved.Entries;
+    ParseEntry(in, ParseRanges, entries.Ranges);
+    ParseEntry(in, ParseComments, entries.Comments);
+    ParseEntry(in, ParseTune, entries.Tune);
+    ParseEntry(in, ParseInitial, entries.InitialCalibration);
+    ParseEntry(in, ParseContinuing, entries.ContinuingCalibration);
+    ParseEntry(in, ParseSummary, entries.StandardSummary);
+
+    if (in.Failure()) {
+        return *in.Failure();
+    }
+    saved.Batch.Folder = FolderOf(fileName);
+    return saved;
+}
+
+}  // namespace qfr
