@@ -18,13 +18,16 @@ std::optional<EntryFault> RequireDateTime(std::string_view text, std::string_vie
     if (IsDateTimeText(text)) {
         return std::nullopt;
     }
-    return EntryFault{
-        {"Enter the date/time format as\n MM/DD/YYYY or HH:MI", std::string(kIncorrectTimeFormat)},
-        std::string(control)};
+    return EntryFault{DateTimeFormatMessage(), std::string(control)};
 }
 
 std::optional<EntryFault> CheckDateTime(std::string_view text, std::string_view control) {
     return IsEmptyMask(text) ? std::nullopt : RequireDateTime(text, control);
+}
+
+Message DateTimeFormatMessage() {
+    return {"Enter the date/time format as\n MM/DD/YYYY or HH:MI",
+            std::string(kIncorrectTimeFormat)};
 }
 
 }  // namespace qfr

@@ -20,4 +20,7 @@ std::optional<EntryFault> CheckDateTime(std::string_view text, std::string_view 
 // Title of every message about a text that should be a date or a time.
 inline constexpr std::string_view kIncorrectTimeFormat = "Incorrect Time Format";
 
+// How dates and times are to be typed.
+Message DateTimeFormatMessage();
+
 }  // namespace qfr

@@ -1,0 +1,216 @@
+#include "forms/Form5.h"
+
+#include <optional>
+#include <string_view>
+
+#include "data/EntryChecks.h"
+#include "data/TuneRules.h"
+#include "forms/SampleChecks.h"
+#include "forms/SampleRows.h"
+#include "platform/Numbers.h"
+#include "platform/Text.h"
+
+namespace qfr {
+
+namespace {
+
+using TuneValues = std::array<std::string, TuneEntry::kIons>;
+
+constexpr std::size_t kRowsPerPage = 22;
+constexpr double kIonsTop = 2.8;
+constexpr double kIonsLeft = 0.9;
+constexpr double kIonsRight = 7.6;
+constexpr double kIonColumnLines[] = {0.9, 1.5, 5.25, 7.6};
+constexpr double kSampleColumnLines[] = {1.25, 2.5, 3.75, 5.0, 6.25, 7.25};
+constexpr SampleRows kRows{
+    .left = 1.25, .right = 7.25, .numberX = 1.05, .numberDown = 0.0125, .gap = 0.025};
+
+constexpr ColumnHead kSampleHeads[] = {{1.875, "ZOV", "SAMPLE NO."},
+                                       {3.125, "LAB", "SAMPLE ID."},
+                                       {4.375, "LAB", "FILE ID."},
+                                       {5.625, "DATE", "ANALYZED"},
+                                       {6.75, "TIME", "ANALYZED"}};
+
+// How the form shows each ion, in the order of kTuneIons.
+struct IonPlace {
+    double massX;
+    std::string_view footnote;  // of a value in parentheses; empty: a plain value
+};
+constexpr std::array<IonPlace, TuneEntry::kIons> kIonPlaces = {{
+    {1.25, ""},
+    {1.25, ""},
+    {1.25, ""},
+    {1.25, ""},
+    {1.15, "1"},
+    {1.15, ""},
+    {1.15, "1"},
+    {1.15, "1"},
+    {1.15, "2"},
+}};
+constexpr std::string_view kFootnoteGap = "   )";
+
+double HeadHeight(Page& page) {
+    return 2 * page.TextHeightInch() + 0.0375;
+}
+
+void PrintForm5Header(Page& page, const SampleHeader& header, const TuneEntry& tune) {
+    const int number = page.Printer().PageNumber();
+    page.TextOutInch(
+        std::string("5") + Page::FormLetter(number) + " - FORM V VOA-" + std::to_string(number),
+        3.6, 0.7);
+    page.TextOutCentred("VOLATILE ORGANIC INSTRUMENT", 4.25, 0.85);
+    page.TextOutCentred("PERFORMANCE CHECK", 4.25, 1.0);
+    page.TextOutCentred("BROMOFLUOROBENZENE (BFB)", 4.25, 1.15);
+    page.PrintLabRows(header, 1.525);
+    page.PrintLabelledField("Lab File ID:", tune.LabFileId, 0.9, 2.075, 2.2);
+    page.PrintLabelledField("BFB Injection Date:", tune.InjectionDate, 4.8, 2.075, 1.5);
+    page.PrintLabelledField("Instrument ID:", header[HeaderField::kInstrumentId], 0.9, 2.35, 2.05);
+    page.PrintLabelledField("BFB Injection Time:", tune.InjectionTime, 4.8, 2.35, 1.5);
+    page.PrintLabelledField("GC Column:", header[HeaderField::kGcColumn], 0.9, 2.625, 1.0);
+    page.PrintLabelledField("ID:", header[HeaderField::kColumnId], 2.85, 2.625, 0.725);
+    page.TextOutInch("(mm)", 3.95, 2.625 + page.FontHeightInch());
+    page.TextOutInch("*   Value is outside acceptance criteria", 1.0, 9.6);
+    page.PageNo = number;
+    page.PrintPageFooter();
+}
+
+void PrintIonHeads(Page& page) {
+    const double h = page.TextHeightInch();
+    page.DrawHeadBox(kIonsLeft, kIonsTop, kIonsRight, kIonsTop + HeadHeight(page), kHeavyRulePen);
+    const double y = 2.8125;
+    page.TextOutCentred("m/e", 1.2, y + h);
+    page.TextOutInch("ION ABUNDANCE CRITERIA", 1.6, y + h);
+    // On purpose: centred by the width of a text with a blank that is not printed.
+    page.TextOutInch("%RELATIVE", 6.475 - page.TextWidthInch("% RELATIVE") * 0.5, y);
+    page.TextOutCentred("ABUNDANCE", 6.475, y + h);
+}
+
+void PrintIonValue(Page& page, std::string_view footnote, const std::string& value, double y) {
+    const double right = 7.4;
+    const std::string tail(kFootnoteGap);
+    if (footnote.empty()) {
+        // Its digits stand above those of the values in parentheses.
+        page.TextOutInch(value, right - page.TextWidthInch(value + tail + "1"), y);
+    } else {
+        page.TextOutRight("(       " + value + tail + std::string(footnote), right, y);
+    }
+}
+
+// Returns the bottom of the table.
+double PrintIonAbundanceTable(Page& page, const TuneValues& values) {
+    PrintIonHeads(page);
+    const double h = page.TextHeightInch();
+    const double gap = 0.0125;
+    double y = 2.85 + 2 * h;
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        y += i == 0 ? 0 : gap;
+        page.TextOutInch(kTuneIons[i].Mass, kIonPlaces[i].massX, y);
+        page.TextOutInch(kTuneIons[i].FormCriterion(), 1.6, y);
+        PrintIonValue(page, kIonPlaces[i].footnote, values[i], y);
+        y += h + gap;
+        page.DrawLineInch(kIonsLeft, y, kIonsRight, y);
+    }
+    for (const double x : kIonColumnLines) {
+        page.DrawLineInch(x, y, x, kIonsTop);
+    }
+    page.TextOutInch("1 - Value is %mass 174", 0.9, y + 0.075);
+    page.TextOutInch("2 - Value is %mass 176", 3.6, y + 0.075);
+    return y;
+}
+
+// Returns the level where the rows start.
+double PrintSampleHeads(Page& page, double top) {
+    const double bottom = top + HeadHeight(page);
+    page.DrawLineInch(kRows.left, top, kRows.right, top);
+    page.LineToInch(kRows.right, bottom);
+    page.Canvas().Pen.Width = kHeavyRulePen;
+    page.LineToInch(kRows.left, bottom);
+    page.Canvas().Pen.Width = kRulePen;
+    // Taken from the pen, so that the rows start on a whole pixel.
+    const double rowsTop = static_cast<double>(page.Canvas().PenPos().y) / page.VertScale;
+    page.PrintColumnHeads(kSampleHeads, top + 0.0125);
+    return rowsTop;
+}
+
+void PrintSample(Page& page, const SampleHeader& sample, DateTime injection, double y) {
+    const std::string analyzed = PrintableDate(sample[HeaderField::kDateAnalyzed]);
+    const double textY = y + 0.0225;
+    page.TextOutInch(sample[HeaderField::kZovSampleNo], 1.35, textY);
+    page.TextOutInch(sample[HeaderField::kLabSampleId], 2.6, textY);
+    page.TextOutInch(sample[HeaderField::kLabFileId], 3.85, textY);
+    page.TextOutInch(CharacterRange(analyzed, 1, 10), 5.1, textY);
+    page.TextOutInch(CharacterRange(analyzed, 12, 27), 6.35, textY);
+    page.TextOutInch(TwelveHourFlag(analyzed, injection), 7.05, y + 0.04);
+}
+
+void PrintTuneSampleRows(Page& page, const SampleListType& samples, DateTime injection, double y,
+                         std::size_t& row) {
+    const double h = page.TextHeightInch();
+    const double top = y - HeadHeight(page);
+    const std::size_t end = static_cast<std::size_t>(page.PageNo) * kRowsPerPage;
+    for (; row < end; ++row) {
+        PrintRowNumber(page, kRows, row + 1, y);
+        if (row < samples.size()) {
+            PrintSample(page, samples[row].Header, injection, y);
+        }
+        EndRow(page, kRows, h, y);
+    }
+    for (const double x : kSampleColumnLines) {
+        page.DrawLineInch(x, y, x, top);
+    }
+}
+
+}  // namespace
+
+void Form5IPCClick(FormHost& host) {
+    if (!LabBlankSpecified(host)) {
+        return;
+    }
+    const std::optional<std::size_t> headerRecord = CheckFormPreconditions(host, "Form 5");
+    if (!headerRecord || !host.ShowEntryDialog(EntryDialog::kTune, *headerRecord)) {
+        return;
+    }
+    const TuneEntry& tune = host.Entries().Tune;
+    const std::optional<DateTime> injection = InjectionDateTime(tune);
+    if (!injection) {
+        host.Show(DateTimeFormatMessage());
+        return;
+    }
+    if (!AnalysisDatesReadable(host, 0)) {
+        return;
+    }
+    const TuneValues values = FlagTuneValues(tune);
+    const SampleListType& samples = *host.Batch().SampleList;
+    const SampleHeader& header = samples[*headerRecord].Header;
+    Page& page = host.Page();
+    TPrinter& printer = page.Printer();
+    page.testPrinter();
+    printer.Title = "Form 5 " + tune.SampleNo;
+    printer.BeginDoc();
+    // On purpose: 22 samples fill one page that says "of 2".
+    page.PageCount = static_cast<std::int32_t>(samples.size() / kRowsPerPage + 1);
+    for (std::size_t row = 0;;) {
+        page.PrintSampleNoBox(tune.SampleNo);
+        PrintForm5Header(page, header, tune);
+        const double bottom = PrintIonAbundanceTable(page, values);
+        const double rowsTop = PrintSampleHeads(page, bottom + 0.25);
+        PrintTuneSampleRows(page, samples, *injection, rowsTop, row);
+        if (row >= samples.size()) {
+            break;
+        }
+        printer.NewPage();
+    }
+    printer.EndDoc();
+}
+
+TuneValues FlagTuneValues(const TuneEntry& tune) {
+    TuneValues values;
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        const std::optional<double> abundance = ParseNumber(tune.Abundances[i]);
+        const bool outside = abundance && !kTuneIons[i].Accepts(*abundance);
+        values[i] = tune.Abundances[i] + (outside ? "  *" : "    ");
+    }
+    return values;
+}
+
+}  // namespace qfr
