@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace qfr {
 
@@ -14,6 +15,9 @@ struct Message {
     MessageIcon icon = MessageIcon::kNone;
     bool offerCancel = false;  // a Cancel button beside OK; the answer is not used
 };
+
+// That the user's file, given by its path, could not be written.
+Message CouldNotBeWritten(std::string_view fileName);
 
 class Messages {
   public:

@@ -1,15 +1,16 @@
 // Takes the desktop program's print jobs to the chosen printer, to a PDF file or to the preview.
 #pragma once
 
-#include <QPointer>
-#include <QWidget>
-#include <functional>
 #include <string>
 #include <vector>
+
+#include <QPointer>
+#include <QWidget>
 
 #include "platform/FileChooser.h"
 #include "platform/JobSink.h"
 #include "platform/Messages.h"
+#include "platform/qt/PdfSaver.h"
 #include "platform/qt/QtTextMetrics.h"
 
 namespace qfr {
@@ -20,27 +21,26 @@ inline const std::string kPreviewPrinter = "Screen preview";
 class DesktopSink : public JobSink {
   public:
     DesktopSink(FormFonts& fonts, FileChooser& chooser, Messages& messages)
-        : fonts_(fonts), chooser_(chooser), messages_(messages) {}
+        : fonts_(fonts), messages_(messages), pdfSaver_(fonts, chooser, messages) {}
 
-    // Installed printers, then "PDF file", then "Screen preview". Indexes of the jobs refer to it.
+    // Installed printers, then "PDF file", then "Screen preview". Indexes of the jobs refer to it,
+    // so it stays the same for the run.
     const std::vector<std::string>& Printers();
-    // The window that preview windows belong to.
+    // The window that preview windows belong to while no window is active.
     void SetParent(QWidget* parent) { parent_ = parent; }
 
     bool BeginJob(int printerIndex, const std::string& title) override;
     void TakeJob(int printerIndex, PrintJob job) override;
 
   private:
+    const std::string& PrinterAt(int index);
+
     FormFonts& fonts_;
-    FileChooser& chooser_;
     Messages& messages_;
+    PdfSaver pdfSaver_;
     QPointer<QWidget> parent_;
     std::vector<std::string> printers_;
-    std::string pdfFile_;       // of the job being recorded
-    std::string pdfDirectory_;  // last used
+    std::string pdfFile_;  // of the job being recorded
 };
-
-// A title as a file name: without the characters that file systems refuse.
-std::string FileNameForTitle(const std::string& title);
 
 }  // namespace qfr

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/Messages.h"
 #include "platform/PrintJob.h"
 #include "platform/qt/QtTextMetrics.h"
 
@@ -13,9 +14,13 @@ namespace qfr {
 // Names of the installed printers, the default one first.
 std::vector<std::string> InstalledPrinters();
 
-// Sends the job, full page, with its title, paper and orientation. The reason of a failure, absent on
-// success.
+// Sends the job, full page, with its title, paper and orientation. The reason of a failure, a
+// sentence, absent on success.
 std::optional<std::string> PrintOnQueue(const PrintJob& job, const std::string& printer,
                                         FormFonts& fonts);
+
+// Tells the user of such a failure.
+Message CouldNotBePrinted(const std::string& title, const std::string& printer,
+                          const std::string& reason);
 
 }  // namespace qfr

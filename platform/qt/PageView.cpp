@@ -1,0 +1,174 @@
+#include "platform/qt/PageView.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <QPaintEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QWheelEvent>
+
+#include "platform/qt/PagePainter.h"
+
+namespace qfr {
+
+namespace {
+
+// Logical pixels of the screen.
+constexpr double kGap = 12;  // around and between the pages
+constexpr int kShadow = 3;
+constexpr double kMinScale = 0.01;
+
+}  // namespace
+
+PageView::PageView(const std::vector<JobPage>& pages, FormFonts& fonts, QWidget* parent)
+    : QAbstractScrollArea(parent), pages_(pages), fonts_(fonts) {
+    for (const JobPage& page : pages_) {
+        widest_ = std::max(widest_, static_cast<double>(page.width));
+    }
+    setFocusPolicy(Qt::StrongFocus);
+    // Were it to come and go, the width to fit would follow it back and forth.
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    viewport()->setBackgroundRole(QPalette::Dark);
+    verticalScrollBar()->setSingleStep(40);
+    horizontalScrollBar()->setSingleStep(40);
+    LayOut();
+}
+
+void PageView::GoTo(int page) {
+    if (pages_.empty()) {
+        return;
+    }
+    page = std::clamp(page, 0, static_cast<int>(pages_.size()) - 1);
+    moving_ = true;
+    verticalScrollBar()->setValue(
+        static_cast<int>(tops_[static_cast<std::size_t>(page)] - kGap / 2));
+    moving_ = false;
+    SetCurrent(page);
+    viewport()->update();
+}
+
+void PageView::SetFit(Fit fit) {
+    fit_ = fit;
+    LayOut();
+}
+
+void PageView::SetPercent(double percent) {
+    fit_ = Fit::kNone;
+    scale_ = percent / 100 * logicalDpiX() / kResolution;
+    LayOut();
+}
+
+double PageView::Percent() const {
+    return scale_ * 100 * kResolution / logicalDpiX();
+}
+
+void PageView::LayOut() {
+    // What is in the middle stays there.
+    const double height = viewport()->height();
+    const double middle = verticalScrollBar()->value() + height / 2;
+    const auto at = static_cast<std::size_t>(current_);
+    const double oldHeight = at + 1 < tops_.size() ? tops_[at + 1] - tops_[at] : 0;
+    const double part = oldHeight > 0 ? (middle - tops_[at]) / oldHeight : 0;
+
+    const double room = viewport()->width() - 2 * kGap;
+    if (fit_ != Fit::kNone && at < pages_.size()) {
+        const JobPage& page = pages_[at];
+        scale_ = fit_ == Fit::kWidth
+                     ? room / widest_
+                     : std::min(room / page.width, (height - 2 * kGap) / page.height);
+        scale_ = std::max(scale_, kMinScale);
+    }
+    tops_.assign(1, kGap);
+    for (const JobPage& page : pages_) {
+        tops_.push_back(tops_.back() + page.height * scale_ + kGap);
+    }
+    moving_ = true;
+    verticalScrollBar()->setPageStep(viewport()->height());
+    verticalScrollBar()->setRange(0, std::max(0, static_cast<int>(tops_.back() - height)));
+    horizontalScrollBar()->setPageStep(viewport()->width());
+    horizontalScrollBar()->setRange(0, std::max(0, static_cast<int>(widest_ * scale_ - room)));
+    horizontalScrollBar()->setValue(horizontalScrollBar()->maximum() / 2);
+    moving_ = false;
+    if (fit_ == Fit::kPage) {
+        GoTo(current_);
+    } else if (oldHeight > 0) {
+        moving_ = true;
+        verticalScrollBar()->setValue(
+            static_cast<int>(tops_[at] + part * (tops_[at + 1] - tops_[at]) - height / 2));
+        moving_ = false;
+    }
+    viewport()->update();
+}
+
+QRectF PageView::PageRect(std::size_t page) const {
+    const double width = pages_[page].width * scale_;
+    const double all =
+        std::max(widest_ * scale_ + 2 * kGap, static_cast<double>(viewport()->width()));
+    // On whole pixels the paper's edges and most rules are sharp.
+    return {std::round((all - width) / 2 - horizontalScrollBar()->value()),
+            std::round(tops_[page] - verticalScrollBar()->value()), width,
+            pages_[page].height * scale_};
+}
+
+void PageView::paintEvent(QPaintEvent* event) {
+    QPainter painter(viewport());
+    painter.fillRect(event->rect(), palette().color(QPalette::Dark));
+    for (std::size_t i = 0; i < pages_.size(); ++i) {
+        const QRectF paper = PageRect(i);
+        if (!paper.adjusted(0, 0, kShadow, kShadow).intersects(QRectF(event->rect()))) {
+            continue;
+        }
+        painter.fillRect(paper.translated(kShadow, kShadow), QColor(0, 0, 0, 90));
+        painter.fillRect(paper, Qt::white);
+        painter.save();
+        painter.setClipRect(paper);
+        painter.translate(paper.topLeft());
+        painter.scale(scale_, scale_);
+        PaintPage(painter, pages_[i], fonts_);
+        painter.restore();
+    }
+}
+
+void PageView::resizeEvent(QResizeEvent*) {
+    LayOut();
+}
+
+int PageView::MostVisible() const {
+    const QRectF seen(viewport()->rect());
+    std::size_t best = 0;
+    double bestHeight = 0;
+    for (std::size_t i = 0; i < pages_.size(); ++i) {
+        const double height = PageRect(i).intersected(seen).height();
+        if (height > bestHeight) {
+            best = i;
+            bestHeight = height;
+        }
+    }
+    return static_cast<int>(best);
+}
+
+void PageView::scrollContentsBy(int, int) {
+    viewport()->update();
+    if (!moving_) {
+        SetCurrent(MostVisible());
+    }
+}
+
+void PageView::SetCurrent(int page) {
+    if (page != current_) {
+        current_ = page;
+        emit CurrentPageChanged(page);
+    }
+}
+
+void PageView::wheelEvent(QWheelEvent* event) {
+    if ((event->modifiers() & Qt::ControlModifier) != 0 && event->angleDelta().y() != 0) {
+        emit ZoomWished(event->angleDelta().y() > 0 ? 1 : -1);
+        event->accept();
+        return;
+    }
+    QAbstractScrollArea::wheelEvent(event);
+}
+
+}  // namespace qfr

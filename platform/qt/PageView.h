@@ -1,0 +1,60 @@
+// Shows the pages of a job one below the other. Only those in sight are painted.
+#pragma once
+
+#include <vector>
+
+#include <QAbstractScrollArea>
+
+#include "platform/PrintJob.h"
+#include "platform/qt/QtTextMetrics.h"
+
+namespace qfr {
+
+class PageView : public QAbstractScrollArea {
+    Q_OBJECT
+
+  public:
+    enum class Fit { kWidth, kPage, kNone };
+
+    // The pages outlive the view.
+    PageView(const std::vector<JobPage>& pages, FormFonts& fonts, QWidget* parent);
+
+    // Pages count from 0.
+    int CurrentPage() const { return current_; }
+    // Shows the page's top edge; a number outside the job means its first or last page.
+    void GoTo(int page);
+
+    // The zoom that follows the window's size, or stays at SetPercent's.
+    void SetFit(Fit fit);
+    // 100 is the size on paper, where the screen's resolution is known.
+    void SetPercent(double percent);
+    double Percent() const;
+
+  signals:
+    void CurrentPageChanged(int page);
+    // The wheel was turned with Ctrl held: +1 nearer, -1 farther.
+    void ZoomWished(int steps);
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+  private:
+    QRectF PageRect(std::size_t page) const;  // in the viewport, logical pixels
+    void LayOut();
+    void SetCurrent(int page);
+    int MostVisible() const;
+
+    const std::vector<JobPage>& pages_;
+    FormFonts& fonts_;
+    Fit fit_ = Fit::kWidth;
+    double scale_ = 0.1;        // logical pixels for one of kResolution
+    std::vector<double> tops_;  // of the pages, logical pixels at this scale; one more at the end
+    double widest_ = 0;         // pixels at kResolution
+    int current_ = 0;
+    bool moving_ = false;  // by GoTo or LayOut, not by the user
+};
+
+}  // namespace qfr

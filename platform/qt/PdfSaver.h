@@ -1,0 +1,35 @@
+// "Save this as PDF": asks for the file, starting where the last one went.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "platform/FileChooser.h"
+#include "platform/Messages.h"
+#include "platform/PrintJob.h"
+#include "platform/qt/QtTextMetrics.h"
+
+namespace qfr {
+
+class PdfSaver {
+  public:
+    PdfSaver(FormFonts& fonts, FileChooser& chooser, Messages& messages)
+        : fonts_(fonts), chooser_(chooser), messages_(messages) {}
+
+    // Proposes a name made of the job's title. The full path (UTF-8), absent when the user
+    // cancelled.
+    std::optional<std::string> ChooseFile(const std::string& title);
+    // Tells the user when the file could not be written.
+    void Write(const PrintJob& job, const std::string& file);
+
+  private:
+    FormFonts& fonts_;
+    FileChooser& chooser_;
+    Messages& messages_;
+    std::string directory_;  // last used in this run
+};
+
+// A title as a file name without extension: without the characters that file systems refuse.
+std::string FileNameForTitle(const std::string& title);
+
+}  // namespace qfr

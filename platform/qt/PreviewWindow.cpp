@@ -1,0 +1,185 @@
+#include "platform/qt/PreviewWindow.h"
+
+#include <array>
+#include <utility>
+
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QInputDialog>
+#include <QLabel>
+#include <QScreen>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+#include "platform/qt/PrinterQueue.h"
+#include "platform/qt/WaitCursor.h"
+
+namespace qfr {
+
+namespace {
+
+constexpr int kFitWidth = 0;
+constexpr int kFitPage = 1;
+constexpr int kFirstPercent = 2;  // index in the list
+constexpr std::array<int, 7> kPercents = {50, 75, 100, 150, 200, 300, 400};
+constexpr QSize kUsualSize(900, 740);
+
+QPushButton* AddButton(QHBoxLayout* row, const QString& caption, const char* name) {
+    auto* const button = new QPushButton(caption);
+    button->setObjectName(name);
+    button->setAutoDefault(false);
+    row->addWidget(button);
+    return button;
+}
+
+QLabel* AddLabel(QHBoxLayout* row, const QString& caption, QWidget* buddy) {
+    auto* const label = new QLabel(caption);
+    label->setBuddy(buddy);
+    row->addWidget(label);
+    row->addWidget(buddy);
+    return label;
+}
+
+}  // namespace
+
+PreviewWindow::PreviewWindow(PrintJob job, FormFonts& fonts, PdfSaver& pdfSaver, Messages& messages,
+                             QWidget* parent)
+    : QDialog(parent, Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                          Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
+      job_(std::move(job)),
+      fonts_(fonts),
+      pdfSaver_(pdfSaver),
+      messages_(messages),
+      view_(new PageView(job_.pages, fonts, this)),
+      pageEdit_(new QSpinBox),
+      zoomCombo_(new QComboBox) {
+    setWindowTitle("Print Preview - " + QString::fromStdString(job_.title));
+    const auto pages = static_cast<int>(job_.pages.size());
+
+    auto* const row = new QHBoxLayout;
+    QPushButton* const printButton = AddButton(row, "&Print...", "PrintButton");
+    QPushButton* const saveButton = AddButton(row, "&Save as PDF...", "SaveButton");
+    row->addStretch();
+    previousButton_ = AddButton(row, "P&revious", "PreviousButton");
+    pageEdit_->setObjectName("PageEdit");
+    pageEdit_->setRange(1, std::max(1, pages));
+    pageEdit_->setSuffix(QString(" of %1").arg(pages));
+    pageEdit_->setKeyboardTracking(false);
+    AddLabel(row, "Pa&ge:", pageEdit_);
+    nextButton_ = AddButton(row, "&Next", "NextButton");
+    row->addStretch();
+    zoomCombo_->setObjectName("ZoomCombo");
+    zoomCombo_->addItems({"Fit width", "Fit page"});
+    for (const int percent : kPercents) {
+        zoomCombo_->addItem(QString("%1 %").arg(percent));
+    }
+    AddLabel(row, "&Zoom:", zoomCombo_);
+    row->addStretch();
+    QPushButton* const closeButton = AddButton(row, "&Close", "CloseButton");
+
+    view_->setObjectName("PageView");
+    view_->setAccessibleName("Pages");
+    auto* const layout = new QVBoxLayout(this);
+    layout->addLayout(row);
+    layout->addWidget(view_);
+
+    if (InstalledPrinters().empty()) {
+        printButton->setEnabled(false);
+        printButton->setToolTip("No printer is installed.");
+    }
+    saveButton->setEnabled(pages > 0);
+    connect(printButton, &QPushButton::clicked, this, &PreviewWindow::Print);
+    connect(saveButton, &QPushButton::clicked, this, &PreviewWindow::SaveAsPdf);
+    connect(closeButton, &QPushButton::clicked, this, &QDialog::reject);
+    connect(previousButton_, &QPushButton::clicked, this,
+            [this] { view_->GoTo(view_->CurrentPage() - 1); });
+    connect(nextButton_, &QPushButton::clicked, this,
+            [this] { view_->GoTo(view_->CurrentPage() + 1); });
+    connect(pageEdit_, &QSpinBox::valueChanged, this, [this](int page) { view_->GoTo(page - 1); });
+    connect(zoomCombo_, &QComboBox::activated, this, &PreviewWindow::ZoomChosen);
+    connect(view_, &PageView::CurrentPageChanged, this, &PreviewWindow::ShowPageNumber);
+    connect(view_, &PageView::ZoomWished, this, &PreviewWindow::ZoomBy);
+    AddKeys();
+    ShowPageNumber(0);
+    view_->setFocus();
+
+    const QScreen* const screen = parent != nullptr ? parent->screen() : this->screen();
+    resize(kUsualSize.boundedTo(screen->availableSize() * 0.95));
+}
+
+void PreviewWindow::AddKeys() {
+    const auto add = [this](const QKeySequence& keys, auto act) {
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, act);
+    };
+    add(Qt::Key_PageUp, [this] { view_->GoTo(view_->CurrentPage() - 1); });
+    add(Qt::Key_PageDown, [this] { view_->GoTo(view_->CurrentPage() + 1); });
+    add(Qt::Key_Home, [this] { view_->GoTo(0); });
+    add(Qt::Key_End, [this] { view_->GoTo(static_cast<int>(job_.pages.size()) - 1); });
+    add(Qt::CTRL | Qt::Key_Plus, [this] { ZoomBy(1); });
+    add(Qt::CTRL | Qt::Key_Equal, [this] { ZoomBy(1); });  // "+" without Shift on many keyboards
+    add(Qt::CTRL | Qt::Key_Minus, [this] { ZoomBy(-1); });
+    add(Qt::CTRL | Qt::Key_0, [this] {
+        zoomCombo_->setCurrentIndex(zoomCombo_->findText("100 %"));
+        ZoomChosen(zoomCombo_->currentIndex());
+    });
+}
+
+void PreviewWindow::ShowPageNumber(int page) {
+    const QSignalBlocker quiet(pageEdit_);
+    pageEdit_->setValue(page + 1);
+    previousButton_->setEnabled(page > 0);
+    nextButton_->setEnabled(page + 1 < static_cast<int>(job_.pages.size()));
+}
+
+void PreviewWindow::ZoomChosen(int index) {
+    if (index == kFitWidth || index == kFitPage) {
+        view_->SetFit(index == kFitWidth ? PageView::Fit::kWidth : PageView::Fit::kPage);
+    } else {
+        view_->SetPercent(kPercents[static_cast<std::size_t>(index - kFirstPercent)]);
+    }
+}
+
+void PreviewWindow::ZoomBy(int steps) {
+    const double percent = view_->Percent();
+    int wished = -1;
+    for (std::size_t i = 0; i < kPercents.size(); ++i) {
+        const bool nearer = steps > 0 && kPercents[i] > percent + 0.5;
+        const bool farther = steps < 0 && kPercents[i] < percent - 0.5;
+        if (farther || (nearer && wished < 0)) {
+            wished = static_cast<int>(i) + kFirstPercent;
+        }
+    }
+    if (wished >= 0) {
+        zoomCombo_->setCurrentIndex(wished);
+        ZoomChosen(wished);
+    }
+}
+
+void PreviewWindow::Print() {
+    QStringList printers;
+    for (const std::string& name : InstalledPrinters()) {
+        printers += QString::fromStdString(name);
+    }
+    bool chosen = false;
+    const QString printer =
+        QInputDialog::getItem(this, "Print", "&Printer:", printers, 0, false, &chosen);
+    if (!chosen || printer.isEmpty()) {
+        return;
+    }
+    const auto reason = [&] {
+        const WaitCursor wait;
+        return PrintOnQueue(job_, printer.toStdString(), fonts_);
+    }();
+    if (reason) {
+        messages_.Show(CouldNotBePrinted(job_.title, printer.toStdString(), *reason));
+    }
+}
+
+void PreviewWindow::SaveAsPdf() {
+    if (const auto file = pdfSaver_.ChooseFile(job_.title)) {
+        const WaitCursor wait;
+        pdfSaver_.Write(job_, *file);
+    }
+}
+
+}  // namespace qfr

@@ -1,0 +1,93 @@
+#include "platform/qt/PrinterSetupDialog.h"
+
+#include <algorithm>
+
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QPushButton>
+
+namespace qfr {
+
+namespace {
+
+std::vector<Paper> Papers(const Paper& current) {
+    std::vector<Paper> papers = {
+        kLetterPaper,        {"Legal", 8.5, 14},  {"Executive", 7.25, 10.5},
+        {"Tabloid", 11, 17}, {"A4", 8.27, 11.69}, {"A3", 11.69, 16.54},
+    };
+    if (std::find(papers.begin(), papers.end(), current) == papers.end()) {
+        papers.push_back(current);
+    }
+    return papers;
+}
+
+}  // namespace
+
+PrinterSetupDialog::PrinterSetupDialog(TPrinter& printer, QWidget* parent)
+    : QDialog(parent),
+      printer_(printer),
+      papers_(Papers(printer.PaperSize)),
+      printerCombo_(new QComboBox(this)),
+      paperCombo_(new QComboBox(this)),
+      landscapeButton_(new QRadioButton("&Landscape")) {
+    setWindowTitle("Printer Setup");
+
+    printerCombo_->setObjectName("PrinterCombo");
+    for (const std::string& name : printer_.Printers) {
+        printerCombo_->addItem(QString::fromStdString(name));
+    }
+    printerCombo_->setCurrentIndex(printer_.PrinterIndex);
+
+    paperCombo_->setObjectName("PaperCombo");
+    for (const Paper& paper : papers_) {
+        paperCombo_->addItem(QString("%1 (%2 x %3 in)")
+                                 .arg(QString::fromStdString(paper.name))
+                                 .arg(paper.width)
+                                 .arg(paper.height));
+    }
+    const auto current = std::find(papers_.begin(), papers_.end(), printer_.PaperSize);
+    paperCombo_->setCurrentIndex(static_cast<int>(current - papers_.begin()));
+
+    auto* const orientation = new QGroupBox("Orientation", this);
+    auto* const portraitButton = new QRadioButton("Po&rtrait", orientation);
+    portraitButton->setObjectName("PortraitButton");
+    landscapeButton_->setParent(orientation);
+    landscapeButton_->setObjectName("LandscapeButton");
+    (printer_.Orientation == PageOrientation::kLandscape ? landscapeButton_ : portraitButton)
+        ->setChecked(true);
+    auto* const orientationRow = new QHBoxLayout(orientation);
+    orientationRow->addWidget(portraitButton);
+    orientationRow->addWidget(landscapeButton_);
+    orientationRow->addStretch();
+
+    auto* const buttons =
+        new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    buttons->button(QDialogButtonBox::Ok)->setObjectName("OkButton");
+    buttons->button(QDialogButtonBox::Ok)->setEnabled(!printer_.Printers.empty());
+    buttons->button(QDialogButtonBox::Cancel)->setObjectName("CancelButton");
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+
+    auto* const rows = new QFormLayout;
+    rows->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    rows->addRow("&Printer:", printerCombo_);
+    rows->addRow("P&aper:", paperCombo_);
+    auto* const layout = new QVBoxLayout(this);
+    layout->addLayout(rows);
+    layout->addWidget(orientation);
+    layout->addStretch();
+    layout->addWidget(buttons);
+    printerCombo_->setFocus();
+}
+
+void PrinterSetupDialog::accept() {
+    printer_.PrinterIndex = std::max(0, printerCombo_->currentIndex());
+    printer_.PaperSize = papers_[static_cast<std::size_t>(paperCombo_->currentIndex())];
+    printer_.Orientation =
+        landscapeButton_->isChecked() ? PageOrientation::kLandscape : PageOrientation::kPortrait;
+    QDialog::accept();
+}
+
+}  // namespace qfr
