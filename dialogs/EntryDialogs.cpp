@@ -1,0 +1,100 @@
+#include "dialogs/EntryDialogs.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDialog>
+#include <QFocusEvent>
+#include <QLineEdit>
+#include <QShortcut>
+#include <QTableWidget>
+
+namespace qfr {
+
+bool ShowFault(FormHost& host, QDialog& dialog, const std::optional<EntryFault>& fault) {
+    if (!fault) {
+        return false;
+    }
+    // The message comes first: a box that opens would close a cell that is being edited.
+    host.Show(fault->Message);
+    auto* const control = dialog.findChild<QWidget*>(QString::fromStdString(fault->Control));
+    if (control == nullptr) {
+        return true;
+    }
+    control->setFocus();
+    if (auto* const grid = qobject_cast<QTableWidget*>(control);
+        grid != nullptr && fault->Row > 0) {
+        grid->setCurrentCell(fault->Row - 1, std::max(grid->currentColumn(), 0));
+        grid->editItem(grid->currentItem());
+    } else if (auto* const edit = qobject_cast<QLineEdit*>(control)) {
+        edit->selectAll();
+    }
+    return true;
+}
+
+void ConnectHelp(QDialog& dialog, WindowServices& services, int topic, QAbstractButton* button) {
+    const auto showHelp = [&services, topic] { services.ShowHelp(topic); };
+    QObject::connect(new QShortcut(QKeySequence::HelpContents, &dialog), &QShortcut::activated,
+                     &dialog, showHelp);
+    if (button != nullptr) {
+        QObject::connect(button, &QAbstractButton::clicked, &dialog, showHelp);
+    }
+}
+
+void ShowText(QLineEdit& edit, const std::string& text) {
+    edit.setText(QString::fromStdString(text));
+    edit.setCursorPosition(0);
+}
+
+LeaveChecks::LeaveChecks(FormHost& host, QDialog& dialog, Check check,
+                         std::initializer_list<QWidget*> freeButtons)
+    : host_(host), dialog_(dialog), check_(std::move(check)), freeButtons_(freeButtons) {}
+
+void LeaveChecks::Watch(std::initializer_list<QWidget*> controls) {
+    for (QWidget* const control : controls) {
+        control->installEventFilter(this);
+    }
+}
+
+bool LeaveChecks::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusOut && dialog_.isVisible() && !returning_) {
+        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+        if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason &&
+            reason != Qt::MenuBarFocusReason) {
+            left_.push_back(static_cast<QWidget*>(watched));
+            // The focus can be brought back only when it has arrived where it goes.
+            QMetaObject::invokeMethod(
+                this, [this] { Refused(); }, Qt::QueuedConnection);
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+bool LeaveChecks::Refused() {
+    if (returning_) {
+        return true;
+    }
+    const std::vector<QWidget*> left = std::exchange(left_, {});
+    QWidget* const now = dialog_.focusWidget();
+    if (left.empty() || !dialog_.isVisible() ||
+        std::find(freeButtons_.begin(), freeButtons_.end(), now) != freeButtons_.end()) {
+        return false;
+    }
+    returning_ = true;
+    bool refused = false;
+    for (auto control = left.begin(); control != left.end() && !refused; ++control) {
+        const std::optional<EntryFault> fault = check_(**control);
+        if (fault) {
+            while (QWidget* const popup = QApplication::activePopupWidget()) {
+                popup->close();
+            }
+        }
+        refused = ShowFault(host_, dialog_, fault);
+    }
+    returning_ = false;
+    return refused;
+}
+
+}  // namespace qfr
