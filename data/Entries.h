@@ -70,6 +70,8 @@ struct StandardSummaryEntry {
     std::string LastCalibrationDate{kEmptyDateMask};
     std::array<std::string, 3> RetentionTimes;  // minutes, in the order of InternalStandardNames
     int LevelIndex = -1;                        // chosen calibration level, from 0; -1: none
+    // Amounts of the levels to choose from, filled when the dialog is shown; never saved.
+    std::vector<std::string> Levels;
     bool operator==(const StandardSummaryEntry&) const = default;
 };
 

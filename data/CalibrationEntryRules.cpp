@@ -1,0 +1,348 @@
+#include "data/CalibrationEntryRules.h"
+
+#include <algorithm>
+#include <array>
+
+#include "data/CheckReport.h"
+#include "data/CriteriaFile.h"
+#include "data/EntryChecks.h"
+#include "data/OpenedFile.h"
+#include "data/RawDataFile.h"
+#include "platform/Numbers.h"
+#include "platform/Text.h"
+
+namespace qfr {
+
+namespace {
+
+// The buffer of the calibration dialog's Browse (characters a line).
+constexpr std::size_t kBrowseLine = 99;
+
+bool IsUnfilled(std::string_view text) {
+    return Trim(text).empty() || IsEmptyMask(text);
+}
+
+void TakeWhenFilled(std::string& entry, const std::string& source) {
+    if (!IsUnfilled(source)) {
+        entry = source;
+    }
+}
+
+EntryFault RequiredInputMissing(std::string_view control) {
+    return {{"Please enter an appropriate value.", "Required Input Missing"}, std::string(control)};
+}
+
+struct NamedText {
+    std::string_view text;
+    std::string_view control;
+};
+
+std::optional<EntryFault> RequireAll(std::initializer_list<NamedText> entries) {
+    for (const NamedText& entry : entries) {
+        if (IsUnfilled(entry.text)) {
+            return RequiredInputMissing(entry.control);
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<EntryFault> CheckDateEntries(std::initializer_list<NamedText> entries) {
+    for (const NamedText& entry : entries) {
+        if (auto fault = CheckDateTime(entry.text, entry.control)) {
+            return fault;
+        }
+    }
+    return std::nullopt;
+}
+
+Message CouldNotBeRead(const std::string& fileName) {
+    return {FileNameOnly(fileName) + " could not be read.", "File Error"};
+}
+
+// The raw data file that the user chose; absent after a message.
+std::optional<RawDataFile> ReadChosenFile(const std::string& fileName, std::size_t maxLine,
+                                          bool (*hasTitle)(const RawDataFile&),
+                                          Messages& messages) {
+    auto data = ReadRawDataFile(fileName, "", maxLine);
+    if (!data) {
+        messages.Show(CouldNotBeRead(fileName));
+        return std::nullopt;
+    }
+    if (!hasTitle(*data)) {
+        messages.Show({"Selected file\n" + FileNameOnly(fileName) + "not a DATA FILE.", "Message"});
+        return std::nullopt;
+    }
+    if (!data->Whole) {
+        messages.Show(
+            {"End of file:\n" + FileNameOnly(fileName) + "reached before expected", "Message"});
+        return std::nullopt;
+    }
+    return data;
+}
+
+template <typename StandardEntry>
+void TakeStandardFile(StandardEntry& entry, const std::string& fileName, Messages& messages) {
+    const auto anyCase = [](const RawDataFile& data) { return data.HasTitle(); };
+    if (const auto data = ReadChosenFile(fileName, kMaxTextLine, anyCase, messages)) {
+        if (data->Acquired) {
+            entry.AnalysisDateTime = FormatDateTime(*data->Acquired);
+        }
+        entry.LabFileId = data->LabFileId;
+    }
+}
+
+// The concentration that a standard's sample number names; absent when it is not of the form
+// VSTD***##. The letters themselves are the laboratory's own.
+std::optional<double> ConcentrationOf(std::string_view sampleNo) {
+    const std::string digits = CharacterRange(Trim(sampleNo), 5, 7);
+    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+    if (digits.size() != 3 || !isDigit(digits[0]) || !(isDigit(digits[1]) || digits[1] == '.') ||
+        !isDigit(digits[2])) {
+        return std::nullopt;
+    }
+    return ParseNumber(digits);
+}
+
+std::optional<EntryFault> CheckStandardSampleNo(std::string_view sampleNo) {
+    if (Trim(sampleNo).empty() || ConcentrationOf(sampleNo)) {
+        return std::nullopt;
+    }
+    return EntryFault{{"The sample ID format appears to be incorrect.\n\n"
+                       "The format should be VSTD***## where:\n"
+                       "  *** represents the standard concentration and\n"
+                       "  ## is one or two unique characters.\n"
+                       "(See 'Statement of Work for Organics Analysis'\n"
+                       "Page B-40)",
+                       "Warning"},
+                      "SampleEdit"};
+}
+
+// Lab file ID and date from the raw data file of the chosen level.
+void TakeLevelFile(StandardSummaryEntry& entry, const Batch& batch, Messages& messages) {
+    // The continuing calibration report already knows its own standard.
+    const bool onlyEmpty = !Trim(batch.Files.CheckCal).empty();
+    const bool takeId = !onlyEmpty || IsUnfilled(entry.LabFileId);
+    const bool takeDate = !onlyEmpty || IsUnfilled(entry.AnalysisDateTime);
+    if (!takeId && !takeDate) {
+        return;
+    }
+    std::optional<RawDataFile> data;
+    if (auto report = OpenFileBeside(Trim(batch.Files.Calib), batch.Folder)) {
+        const auto files = ReadDataFileList(report->Lines);
+        const auto level = static_cast<std::size_t>(entry.LevelIndex);
+        if (level < files.size()) {
+            data = ReadRawDataFile(files[level], report->Folder);
+        }
+    }
+    if (!data || !data->HasTitle()) {
+        messages.Show(
+            {"The appropriate raw data file could not be found.\n"
+             "Please enter and check all data entries.",
+             "Warning"});
+        return;
+    }
+    if (takeId) {
+        entry.LabFileId = data->LabFileId;
+    }
+    if (takeDate && data->Acquired) {
+        entry.AnalysisDateTime = FormatDateTime(*data->Acquired);
+    }
+}
+
+// The date of the first source that is filled.
+void TakeDate(std::string& entry, const std::string& source, const std::string& otherwise) {
+    TakeWhenFilled(entry, CharacterRange(IsUnfilled(source) ? otherwise : source, 1, 10));
+}
+
+}  // namespace
+
+void ShowInitialCalibration(Entries& entries) {
+    TakeWhenFilled(entries.InitialCalibration.FirstStandard,
+                   entries.ContinuingCalibration.FirstStandard);
+    TakeWhenFilled(entries.InitialCalibration.LastStandard,
+                   entries.ContinuingCalibration.LastStandard);
+}
+
+void BrowseLevelFile(InitialCalibrationEntry& entry, std::size_t level, const std::string& fileName,
+                     Messages& messages) {
+    entry.LabFileIds.at(level) = FileNameOnly(fileName);
+    const auto capitals = [](const RawDataFile& data) {
+        return data.Title.starts_with("DATA FILE");
+    };
+    const auto data = ReadChosenFile(fileName, kBrowseLine, capitals, messages);
+    if (!data) {
+        return;
+    }
+    if (const auto acquired = data->Acquired) {
+        const auto first = ParseDateTime(entry.FirstStandard);
+        const auto last = ParseDateTime(entry.LastStandard);
+        entry.FirstStandard = FormatDateTime(first ? std::min(*first, *acquired) : *acquired);
+        entry.LastStandard = FormatDateTime(last ? std::max(*last, *acquired) : *acquired);
+    }
+    entry.LabFileIds.at(level) = data->LabFileId;
+}
+
+std::optional<EntryFault> AcceptInitialCalibration(Entries& entries, int levelCount,
+                                                   BatchFlags& flags) {
+    const InitialCalibrationEntry& entry = entries.InitialCalibration;
+    if (auto fault = CheckDateEntries(
+            {{entry.FirstStandard, "CalStartMaskEdit"}, {entry.LastStandard, "CalEndMaskEdit"}})) {
+        return fault;
+    }
+    for (int level = 0; level < levelCount; ++level) {
+        if (Trim(entry.LabFileIds.at(static_cast<std::size_t>(level))).empty()) {
+            return RequiredInputMissing("CalFileEdit" + std::to_string(level + 1));
+        }
+    }
+    flags.InitCalEntered = true;
+    entries.ContinuingCalibration.FirstStandard = entry.FirstStandard;
+    entries.ContinuingCalibration.LastStandard = entry.LastStandard;
+    entries.StandardSummary.FirstCalibrationDate = CharacterRange(entry.FirstStandard, 1, 10);
+    entries.StandardSummary.LastCalibrationDate = CharacterRange(entry.LastStandard, 1, 10);
+    return std::nullopt;
+}
+
+void ShowContinuingCalibration(Entries& entries, const Batch& batch, Messages& messages) {
+    const std::string name = Trim(batch.Files.CheckCal);
+    if (!name.empty()) {
+        auto report = OpenFileBeside(name, batch.Folder);
+        if (!report || !FindCheckTable(report->Lines)) {
+            messages.Show(
+                {"The check calibration file could not be read.\n"
+                 "Recreate the check calibration file.",
+                 "Check Calibration File Error"});
+        }
+    }
+    ContinuingCalibrationEntry& entry = entries.ContinuingCalibration;
+    // On purpose: what comes from the other form arrives in lower case.
+    TakeWhenFilled(entry.SampleNo, LowerCase(entries.StandardSummary.SampleNo));
+    TakeWhenFilled(entry.LabFileId, LowerCase(entries.StandardSummary.LabFileId));
+    TakeWhenFilled(entry.FirstStandard, entries.InitialCalibration.FirstStandard);
+    TakeWhenFilled(entry.LastStandard, entries.InitialCalibration.LastStandard);
+}
+
+void BrowseCriteriaFile(ContinuingCalibrationEntry& entry, const std::string& fileName,
+                        Messages& messages) {
+    auto file = OpenFileBeside(fileName, "");
+    if (!file) {
+        messages.Show(CouldNotBeRead(fileName));
+        return;
+    }
+    if (!IsCriteriaTitle(file->Lines.NextOrEmpty())) {
+        entry.CriteriaFile.clear();
+        messages.Show(
+            {FileNameOnly(fileName) + " is not a RF criteria file.\nPlease select another file.",
+             "Incorrect File Type"});
+        return;
+    }
+    entry.CriteriaFile = LowerCase(fileName);
+}
+
+void BrowseStandardFile(ContinuingCalibrationEntry& entry, const std::string& fileName,
+                        Messages& messages) {
+    TakeStandardFile(entry, fileName, messages);
+}
+
+std::optional<EntryFault> AcceptContinuingCalibration(const Entries& entries, BatchFlags& flags) {
+    const ContinuingCalibrationEntry& entry = entries.ContinuingCalibration;
+    if (auto fault = RequireAll({{entry.LabFileId, "LabFileEdit"},
+                                 {entry.CriteriaFile, "LimitEdit"},
+                                 {entry.SampleNo, "ZOV_IDEdit"},
+                                 {entry.InstrumentId, "InstrEdit"}})) {
+        return fault;
+    }
+    if (auto fault = CheckDateEntries({{entry.AnalysisDateTime, "MaskEdit1"},
+                                       {entry.FirstStandard, "MaskEdit2"},
+                                       {entry.LastStandard, "MaskEdit3"}})) {
+        return fault;
+    }
+    flags.ContCalEntered = true;
+    return std::nullopt;
+}
+
+void ShowStandardSummary(Entries& entries, const Batch& batch, CalibrationTables& tables,
+                         Messages& messages) {
+    StandardSummaryEntry& entry = entries.StandardSummary;
+    const ContinuingCalibrationEntry& continuing = entries.ContinuingCalibration;
+    const InitialCalibrationEntry& initial = entries.InitialCalibration;
+    TakeWhenFilled(entry.SampleNo, continuing.SampleNo);
+    TakeWhenFilled(entry.LabFileId, continuing.LabFileId);
+    TakeWhenFilled(entry.AnalysisDateTime, continuing.AnalysisDateTime);
+    TakeDate(entry.FirstCalibrationDate, initial.FirstStandard, continuing.FirstStandard);
+    TakeDate(entry.LastCalibrationDate, initial.LastStandard, continuing.LastStandard);
+
+    const std::string name = Trim(batch.Files.Calib);
+    auto report = name.empty() ? std::nullopt : OpenFileBeside(name, batch.Folder);
+    if (!report) {
+        return;
+    }
+    if (auto table = BuildRFTable(report->Lines, tables.LevelCount, messages)) {
+        tables.RFTable = std::move(*table);
+    }
+    ChooseLevelAmounts(tables);
+    tables.RFTable.clear();
+    entry.Levels.assign(tables.LevelAmount.begin(), tables.LevelAmount.begin() + tables.LevelCount);
+    if (entry.LevelIndex >= tables.LevelCount) {
+        entry.LevelIndex = -1;
+    }
+}
+
+std::optional<EntryFault> LeaveStandardSampleNo(StandardSummaryEntry& entry, const Batch& batch,
+                                                Messages& messages) {
+    if (auto fault = CheckStandardSampleNo(entry.SampleNo)) {
+        return fault;
+    }
+    const auto concentration = ConcentrationOf(entry.SampleNo);
+    if (!concentration) {
+        return std::nullopt;
+    }
+    const auto level = std::find_if(
+        entry.Levels.begin(), entry.Levels.end(),
+        [&](const std::string& amount) { return ParseNumber(amount) == concentration; });
+    if (level == entry.Levels.end()) {
+        messages.Show({"A calibration concentration of " + FormatShortest(*concentration) +
+                           " was not found.\nPlease re-enter the sample ID with a calibration "
+                           "concentration.",
+                       "Warning"});
+        return std::nullopt;
+    }
+    entry.LevelIndex = static_cast<int>(level - entry.Levels.begin());
+    TakeLevelFile(entry, batch, messages);
+    return std::nullopt;
+}
+
+void BrowseStandardFile(StandardSummaryEntry& entry, const std::string& fileName,
+                        Messages& messages) {
+    TakeStandardFile(entry, fileName, messages);
+}
+
+std::optional<EntryFault> AcceptStandardSummary(const Entries& entries, const Batch& batch) {
+    const StandardSummaryEntry& entry = entries.StandardSummary;
+    if (auto fault = RequireAll({{entry.SampleNo, "SampleEdit"},
+                                 {entry.LabFileId, "LabFileEdit"},
+                                 {entry.AnalysisDateTime, "MaskEdit1"}})) {
+        return fault;
+    }
+    if (Trim(batch.Files.CheckCal).empty()) {
+        // The initial calibration report knows no retention times of the standard.
+        if (auto fault = RequireAll({{entry.RetentionTimes[0], "RTEdit1"},
+                                     {entry.RetentionTimes[1], "RTEdit2"},
+                                     {entry.RetentionTimes[2], "RTEdit3"},
+                                     {ConcentrationText(entry), "ConcCombo"}})) {
+            return fault;
+        }
+    }
+    if (auto fault = CheckStandardSampleNo(entry.SampleNo)) {
+        return fault;
+    }
+    return CheckDateEntries({{entry.AnalysisDateTime, "MaskEdit1"},
+                             {entry.FirstCalibrationDate, "MaskEdit2"},
+                             {entry.LastCalibrationDate, "MaskEdit3"}});
+}
+
+std::string ConcentrationText(const StandardSummaryEntry& entry) {
+    const auto level = static_cast<std::size_t>(entry.LevelIndex);
+    return level < entry.Levels.size() ? entry.Levels[level] : "";
+}
+
+}  // namespace qfr

@@ -1,0 +1,78 @@
+// What the entry dialogs of Forms VI, VII and VIII do with their entries: when they are shown, when
+// an entry is left, for Browse, and for OK. A dialog calls these with what it shows; the companion
+// command calls Show... and Accept... on the saved entries. A date entry is checked with
+// CheckDateTime when it is left. Faults name the control to focus, and
+// nothing is taken over while there is one.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "data/Batch.h"
+#include "data/CalibrationTables.h"
+#include "data/Entries.h"
+#include "data/EntryFault.h"
+#include "platform/Messages.h"
+
+namespace qfr {
+
+// --- TInitCalInput, "Initial Calibration Data" ---
+
+// Takes over the dates that are known from the continuing calibration entry.
+void ShowInitialCalibration(Entries& entries);
+
+// Browse of the level (from 0) with the chosen raw data file: its lab file ID, and its date where
+// it widens the range of dates. The lab file ID shows the chosen name even when the file is
+// refused.
+void BrowseLevelFile(InitialCalibrationEntry& entry, std::size_t level, const std::string& fileName,
+                     Messages& messages);
+
+// OK: the dates, and a lab file ID for each level. Hands the dates on to the entries of Forms VII
+// and VIII and sets InitCalEntered.
+std::optional<EntryFault> AcceptInitialCalibration(Entries& entries, int levelCount,
+                                                   BatchFlags& flags);
+
+// --- TChkCalForm, "Continuing Calibration Data Input" ---
+
+// Takes over what was typed for Forms VI and VIII, after a look at the continuing calibration
+// report.
+void ShowContinuingCalibration(Entries& entries, const Batch& batch, Messages& messages);
+
+// Browse of the RF criteria file. A file of another kind empties the entry.
+void BrowseCriteriaFile(ContinuingCalibrationEntry& entry, const std::string& fileName,
+                        Messages& messages);
+
+// Browse of the standard's raw data file: its lab file ID and its date.
+void BrowseStandardFile(ContinuingCalibrationEntry& entry, const std::string& fileName,
+                        Messages& messages);
+
+// OK: four entries are required, then the dates. Sets ContCalEntered.
+std::optional<EntryFault> AcceptContinuingCalibration(const Entries& entries, BatchFlags& flags);
+
+// --- TARTSummForm, "Internal Standard Summary Input" ---
+
+// Takes over what was typed for Forms VI and VII, and fills the levels from the calibration report
+// that the batch names (`tables.LevelCount` of them; LevelAmount is left set). A level chosen
+// before stays chosen.
+void ShowStandardSummary(Entries& entries, const Batch& batch, CalibrationTables& tables,
+                         Messages& messages);
+
+// Leaving SampleEdit: the sample number names the level, whose raw data file gives lab file ID and
+// date (with a continuing calibration report named, only where they are empty). Without a level of
+// that concentration a message says so.
+std::optional<EntryFault> LeaveStandardSampleNo(StandardSummaryEntry& entry, const Batch& batch,
+                                                Messages& messages);
+
+// Browse of the standard's raw data file: its lab file ID and its date.
+void BrowseStandardFile(StandardSummaryEntry& entry, const std::string& fileName,
+                        Messages& messages);
+
+// OK: the required entries, then the form of the sample number and the dates.
+std::optional<EntryFault> AcceptStandardSummary(const Entries& entries, const Batch& batch);
+
+// The text of ConcCombo: the amount of the chosen level, empty when there is none.
+std::string ConcentrationText(const StandardSummaryEntry& entry);
+
+}  // namespace qfr
