@@ -112,6 +112,12 @@ void Page::PrintFields(const SampleHeader& header, const FieldPlace* places, std
     }
 }
 
+void Page::PrintFields(std::initializer_list<LabelledValue> fields) {
+    for (const LabelledValue& field : fields) {
+        PrintLabelledField(field.label, field.value, field.x, field.y, field.width);
+    }
+}
+
 void Page::PrintSampleNoBox(std::string_view sampleName) {
     TextOutInch("ZOV SAMPLE NO.", 6.55, 0.65);
     DrawLineInch(6.2, 0.85, 7.85, 0.85);
@@ -157,9 +163,12 @@ void Page::PrintLabRows(const SampleHeader& header, double y1) {
 }
 
 void Page::PrintPageFooter() {
-    TextOutInch("Page " + std::to_string(PageNo) + " of " + std::to_string(PageCount), 0.9,
-                kFooterY);
+    PrintPageNumber(kFooterY);
     PrintStatementOfWork();
+}
+
+void Page::PrintPageNumber(double y) {
+    TextOutInch("Page " + std::to_string(PageNo) + " of " + std::to_string(PageCount), 0.9, y);
 }
 
 void Page::PrintStatementOfWork() {

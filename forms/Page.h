@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -31,6 +32,15 @@ struct ColumnHead {
     double centre;
     std::string_view first;
     std::string_view second;
+};
+
+// As FieldPlace, for a value that does not stand in the header of a sample.
+struct LabelledValue {
+    std::string_view label;
+    std::string value;
+    double x;
+    double y;
+    double width;
 };
 
 class Page {
@@ -87,6 +97,7 @@ class Page {
     void PrintFields(const SampleHeader& header, const FieldPlace (&places)[N]) {
         PrintFields(header, places, N);
     }
+    void PrintFields(std::initializer_list<LabelledValue> fields);
 
     void PrintSampleNoBox(std::string_view sampleName);
     // Breaks a name after hyphens into lines narrower than `width` inches and appends them; a piece
@@ -96,6 +107,7 @@ class Page {
     void PrintLabRows(const SampleHeader& header, double y1);
     // "Page n of m" from PageNo and PageCount, and the statement of work's line.
     void PrintPageFooter();
+    void PrintPageNumber(double y);
     void PrintStatementOfWork();
 
     // The letter of a form number line: 1 is "A".

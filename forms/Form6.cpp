@@ -1,0 +1,271 @@
+#include "forms/Form6.h"
+
+#include <optional>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "data/CalibrationTables.h"
+#include "data/OpenedFile.h"
+#include "platform/Text.h"
+
+namespace qfr {
+
+namespace {
+
+constexpr int kPortraitLevels = 5;
+constexpr double kLeft = 0.9;
+constexpr double kNameWidth = 2.5;
+constexpr double kColumnPitch = 0.6;
+constexpr double kEmptyRowPitch = 0.206;
+
+// Where a level's lab file ID stands; y is the level of its underline.
+struct LabFilePlace {
+    double x;
+    double y;
+};
+constexpr LabFilePlace kPortraitLabFiles[] = {
+    {3.18, 3.19}, {5.41, 3.19}, {1.0, 3.39}, {3.18, 3.39}, {5.41, 3.39}};
+constexpr LabFilePlace kLandscapeLabFiles[] = {{1.9, 2.79}, {3.6, 2.79}, {5.3, 2.79}, {7.0, 2.79},
+                                               {8.8, 2.79}, {1.9, 2.99}, {3.6, 2.99}, {5.3, 2.99},
+                                               {7.0, 2.99}, {8.8, 2.99}};
+
+constexpr double kColumnLines[] = {0.9, 3.4, 4.0, 4.6, 5.2, 5.8,  6.4,
+                                   7.0, 7.6, 8.2, 8.8, 9.4, 10.0, 10.6};
+constexpr std::size_t kPortraitColumnLines = 9;
+
+struct Form6Layout {
+    double rise;   // how much higher than on the portrait page header and heads stand
+    double right;  // of the table
+    int rowsPerPage;
+    double rowsEnd;  // no row starts at or below this level
+    std::span<const LabFilePlace> labFiles;
+    double labFileWidth;
+    double columnAmountsY;
+    double meanHeadX;
+    double meanBarEnd;
+    double rsdHeadX;
+    double meanRight;
+    double rsdRight;
+    std::span<const double> columnLines;
+};
+constexpr Form6Layout kPortrait{
+    .rise = 0,
+    .right = 7.6,
+    .rowsPerPage = 27,
+    .rowsEnd = 9.9,
+    .labFiles = kPortraitLabFiles,
+    .labFileWidth = 1.3,
+    .columnAmountsY = 3.49,
+    .meanHeadX = 6.5,
+    .meanBarEnd = 6.675,
+    .rsdHeadX = 7.1,
+    .meanRight = 6.9,
+    .rsdRight = 7.5,
+    .columnLines = std::span(kColumnLines).first(kPortraitColumnLines),
+};
+constexpr Form6Layout kLandscape{
+    .rise = 0.4,
+    .right = 10.6,
+    .rowsPerPage = 26,
+    .rowsEnd = 8.0,
+    .labFiles = kLandscapeLabFiles,
+    .labFileWidth = 1.1,
+    .columnAmountsY = 3.07,
+    .meanHeadX = 9.6,
+    .meanBarEnd = 9.75,
+    .rsdHeadX = 10.1,
+    .meanRight = 9.8,
+    .rsdRight = 10.4,
+    .columnLines = kColumnLines,
+};
+
+// Turns the printer for one job; the next one finds it in portrait again, however this one ends.
+class TurnedPaper {
+  public:
+    explicit TurnedPaper(TPrinter& printer) : printer_(printer) {
+        printer_.Orientation = PageOrientation::kLandscape;
+    }
+    ~TurnedPaper() { printer_.Orientation = PageOrientation::kPortrait; }
+    TurnedPaper(const TurnedPaper&) = delete;
+    TurnedPaper& operator=(const TurnedPaper&) = delete;
+
+  private:
+    TPrinter& printer_;
+};
+
+void PrintFooter(Page& page, bool landscape) {
+    if (landscape) {
+        page.PrintPageNumber(8.15);
+        page.TextOutInch("modification of TQW04.2 (5/2005)", 8.0, 8.15);
+    } else {
+        page.PrintPageFooter();
+    }
+}
+
+void PrintForm6Header(Page& page, const Form6Layout& layout, const SampleHeader& header,
+                      const InitialCalibrationEntry& entry) {
+    const double rise = layout.rise;
+    page.PageNo = page.Printer().PageNumber();
+    // On purpose: every page's number starts where the first page's does.
+    page.TextOutInch(std::string("6") + Page::FormLetter(page.PageNo) + " - FORM VI VOA-" +
+                         std::to_string(page.PageNo),
+                     4.25 - page.TextWidthInch("6A - FORM VI VOA-1") * 0.5, 0.7 - rise);
+    page.TextOutCentred("VOLATILE ORGANICS INITIAL CALIBRATION DATA", 4.25, 0.85 - rise);
+    page.PrintLabRows(header, 1.425 - rise);
+    const std::string& first = entry.FirstStandard;
+    const std::string& last = entry.LastStandard;
+    page.PrintFields({
+        {"Instrument ID:", header[HeaderField::kInstrumentId], 0.9, 1.975 - rise, 2.1},
+        {"Calibration Date(s):", CharacterRange(first, 1, 10), 4.5, 1.975 - rise, 0.8},
+        {"", CharacterRange(last, 1, 10), 6.7, 1.975 - rise, 0.8},
+        {"Heated Purge: (Y/N)", header[HeaderField::kHeatedPurge], 0.9, 2.25 - rise, 1.75},
+        {"Calibration Time(s):", CharacterRange(first, 12, 27), 4.5, 2.25 - rise, 0.8},
+        {"", CharacterRange(last, 12, 27), 6.7, 2.25 - rise, 0.8},
+        {"Purge Volume:", header[HeaderField::kPurgeVolume], 0.9, 2.525 - rise, 2.05},
+        {"GC Column:", header[HeaderField::kGcColumn], 0.9, 2.8 - rise, 1.0},
+        {"ID:", header[HeaderField::kColumnId], 2.85, 2.8 - rise, 0.725},
+        {"Length:", header[HeaderField::kColumnLength], 4.65, 2.8 - rise, 0.8},
+    });
+    page.TextOutInch("(ml)", 3.95, 2.525 - rise - page.TextHeightInch());
+    page.TextOutInch("(mm)", 3.95, 2.8 - rise + page.FontHeightInch());
+    page.TextOutInch("(m)", 6.07, 2.8 - rise + page.FontHeightInch());
+}
+
+void PrintForm6Heads(Page& page, const Form6Layout& layout, const CalibrationTables& tables,
+                     const InitialCalibrationEntry& entry) {
+    const double rise = layout.rise;
+    const double right = layout.right;
+    const double amountCentre = page.TextWidthInch("RF____RF") * 0.5;
+    const std::size_t levels = layout.labFiles.size();
+    page.DrawHeadBox(kLeft, 3.0 - rise, right, 3.46 - rise, kRulePen);
+    page.TextOutInch("LAB FILE ID:", 1.0, 3.05 - rise);
+    for (std::size_t k = 0; k < levels; ++k) {
+        const LabFilePlace& place = layout.labFiles[k];
+        const bool used = k < static_cast<std::size_t>(tables.LevelCount);
+        page.PrintLabelledField("RF____ = ", used ? entry.LabFileIds[k] : "", place.x, place.y,
+                                layout.labFileWidth);
+        page.TextOutCentred(tables.LevelAmount[k], place.x + amountCentre,
+                            place.y - 0.01 - page.TextHeightInch());
+    }
+
+    page.DrawLineInch(right, 3.46 - rise, right, 3.71 - rise);
+    page.Canvas().Pen.Width = kHeavyRulePen;
+    page.DrawLineInch(kLeft, 3.71 - rise, right, 3.71 - rise);
+    page.Canvas().Pen.Width = kRulePen;
+    page.DrawLineInch(kLeft, 3.46 - rise, kLeft, 3.71 - rise);
+    page.TextOutInch("COMPOUND", 1.0, 3.52 - rise);
+    for (std::size_t k = 0; k < levels; ++k) {
+        const double x = 3.425 + kColumnPitch * static_cast<double>(k);
+        page.TextOutInch("RF____", x, 3.52 - rise);
+        page.TextOutCentred(tables.LevelAmount[k], x + amountCentre, layout.columnAmountsY);
+    }
+    page.TextOutInch("RF", layout.meanHeadX, 3.52 - rise);
+    page.DrawLineInch(layout.meanHeadX, 3.53 - rise, layout.meanBarEnd, 3.53 - rise);
+    page.TextOutInch("%RSD", layout.rsdHeadX, 3.52 - rise);
+}
+
+void PrintRow(Page& page, const Form6Layout& layout, const CalibrationRecord& record, double& y) {
+    for (std::size_t k = 0; k < layout.labFiles.size(); ++k) {
+        page.TextOutRight(record.RF[k], 3.9 + kColumnPitch * static_cast<double>(k), y + 0.025);
+    }
+    page.TextOutRight(record.MeanRF, layout.meanRight, y + 0.025);
+    page.TextOutRight(record.RSD, layout.rsdRight, y + 0.025);
+    std::vector<std::string> lines;
+    page.SplitAtHyphens(record.Name, lines, kNameWidth);
+    for (const std::string& line : lines) {
+        page.TextOutInch(line, 1.0, y + 0.0125);
+        y += page.TextHeightInch() + 0.025;
+    }
+    y += 0.025;
+    page.DrawLineInch(kLeft, y, layout.right, y);
+}
+
+// Prints one page of rows from `row` on; true when the last compound was printed.
+bool PrintForm6Rows(Page& page, const Form6Layout& layout,
+                    const std::vector<CalibrationRecord>& table, std::size_t& row) {
+    page.Canvas().Font.Size = 8;
+    double y = 3.71 - layout.rise;
+    int rowsOnPage = 0;
+    const auto hasRoom = [&] { return rowsOnPage < layout.rowsPerPage && y < layout.rowsEnd; };
+    for (; row < table.size() && hasRoom(); ++row, ++rowsOnPage) {
+        PrintRow(page, layout, table[row], y);
+    }
+    for (; hasRoom(); ++rowsOnPage) {
+        y += kEmptyRowPitch;
+        page.DrawLineInch(kLeft, y, layout.right, y);
+    }
+    for (const double x : layout.columnLines) {
+        page.DrawLineInch(x, y, x, 3.46 - layout.rise);
+    }
+    page.Canvas().Font.Size = 10;
+    return row == table.size();
+}
+
+void PrintPages(FormHost& host, const SampleHeader& header, bool landscape) {
+    const Form6Layout& layout = landscape ? kLandscape : kPortrait;
+    const CalibrationTables& tables = host.Calibration();
+    const InitialCalibrationEntry& entry = host.Entries().InitialCalibration;
+    Page& page = host.Page();
+    // On purpose: never rounded up, so that a full last page is counted one page too many.
+    page.PageCount = tables.RFRowCount / layout.rowsPerPage + 1;
+    std::size_t row = 0;
+    for (bool done = false; !done;) {
+        PrintForm6Header(page, layout, header, entry);
+        PrintFooter(page, landscape);
+        PrintForm6Heads(page, layout, tables, entry);
+        done = PrintForm6Rows(page, layout, tables.RFTable, row);
+        if (!done) {
+            page.Printer().NewPage();
+        }
+    }
+}
+
+}  // namespace
+
+void Form6CIDClick(FormHost& host) {
+    const Batch& batch = host.Batch();
+    const std::string name = Trim(batch.Files.Calib);
+    if (name.empty()) {
+        host.Show({"Please use Data Files|Load Files menu option and specify a calibration file.",
+                   "Calibration File Not Specified"});
+        return;
+    }
+    auto report = OpenFileBeside(name, batch.Folder);
+    if (!report) {
+        host.Show({"Please use Data Files|Load Files menu option and verify the calibration file.",
+                   "Calibration File Could Not Be Opened"});
+        return;
+    }
+    CalibrationTables& tables = host.Calibration();
+    tables.LevelCount =
+        ReadCalibrationDataFiles(report->Lines, report->Folder, host.Flags().InitCalEntered,
+                                 host.Entries().InitialCalibration, host);
+    const std::optional<std::size_t> record = CheckFormPreconditions(host, "Form 6");
+    if (!record || !host.ShowEntryDialog(EntryDialog::kInitialCalibration, *record)) {
+        return;
+    }
+    Page& page = host.Page();
+    TPrinter& printer = page.Printer();
+    page.testPrinter();
+    const bool landscape = tables.LevelCount > kPortraitLevels;
+    std::optional<TurnedPaper> turned;
+    if (landscape) {
+        turned.emplace(printer);
+    }
+    printer.Title = "Form 6";
+    printer.BeginDoc();
+    if (auto table = BuildRFTable(report->Lines, tables.LevelCount, host)) {
+        tables.RFTable = std::move(*table);
+        tables.RFRowCount = static_cast<int>(tables.RFTable.size());
+        ChooseLevelAmounts(tables);
+        PrintPages(host, (*batch.SampleList)[*record].Header, landscape);
+    } else {
+        printer.Abort();
+    }
+    printer.EndDoc();
+    tables.RFTable.clear();
+}
+
+}  // namespace qfr

@@ -1,0 +1,240 @@
+#include "forms/Form8.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "data/CalibrationEntryRules.h"
+#include "data/CalibrationTables.h"
+#include "data/InternalStandards.h"
+#include "data/OpenedFile.h"
+#include "forms/SampleRows.h"
+#include "platform/Text.h"
+
+namespace qfr {
+
+namespace {
+
+constexpr std::size_t kStandards = InternalStandardNames.size();
+constexpr std::size_t kRowsPerPage = 22;
+constexpr double kLeft = 1.0;
+constexpr double kRight = 7.6;
+constexpr double kTableTop = 3.0;
+constexpr SampleRows kRows{
+    .left = kLeft, .right = kRight, .numberX = 0.8, .numberDown = 0.0125, .gap = 0.025};
+
+// The columns of an internal standard: area and RT end at their edges, each with its flag after it.
+struct StandardColumns {
+    std::string_view head;
+    double headCentre;
+    double areaRight;
+    double areaFlag;
+    double rtRight;
+    double rtFlag;
+};
+constexpr StandardColumns kColumns[kStandards] = {{"IS1", 2.65, 2.85, 3.0, 3.75, 3.9},
+                                                  {"IS2", 4.45, 4.65, 4.8, 5.55, 5.7},
+                                                  {"IS3", 6.25, 6.45, 6.6, 7.35, 7.5}};
+
+struct Footnote {
+    std::string_view text;
+    double y;
+};
+constexpr Footnote kFootnotes[] = {
+    {"IS1 = Chlorobenzene-d5", 8.32},
+    {"IS2 = 1,4-Difluorobenzene", 8.49},
+    {"IS3 = 1,2-Dichlorobenzene-d4", 8.66},
+    {"AREA UPPER LIMIT = 200% (Low-Medium Volatiles) of internal standard area", 8.91},
+    {"AREA LOWER LIMIT = 50% (Low-Medium Volatiles) of internal standard area", 9.08},
+    {"RT UPPER LIMIT = + 0.50 (Low-Medium Volatiles) minutes of internal standard RT", 9.25},
+    {"RT LOWER LIMIT = - 0.50 (Low-Medium Volatiles) minutes of internal standard RT", 9.42},
+    {"#  Column used to flag values outside QC limits with an asterisk", 9.67},
+};
+
+// The rows of the 12-hour standard.
+struct StandardRow {
+    std::string_view label;
+    std::string StandardISRecord::*area;
+    std::string StandardISRecord::*rt;
+};
+constexpr StandardRow kStandardRows[] = {
+    {"12 HOUR STD", &StandardISRecord::Area, &StandardISRecord::RT},
+    {"UPPER LIMIT", &StandardISRecord::AreaUpper, &StandardISRecord::RTUpper},
+    {"LOWER LIMIT", &StandardISRecord::AreaLower, &StandardISRecord::RTLower},
+};
+
+void PrintHeader(Page& page, const SampleHeader& header, const StandardSummaryEntry& entry) {
+    page.PageNo = page.Printer().PageNumber();
+    // On purpose: every page's number starts where the first page's does.
+    page.TextOutInch(std::string("8") + Page::FormLetter(page.PageNo) + " - FORM VIII VOA",
+                     4.25 - page.TextWidthInch("8A - FORM VIII VOA") * 0.5, 0.7);
+    page.TextOutCentred("VOLATILE INTERNAL STANDARD AREA AND RETENTION TIME SUMMARY", 4.25, 0.85);
+    page.PrintLabRows(header, 1.425);
+    const std::string& analyzed = entry.AnalysisDateTime;
+    page.PrintFields({
+        {"GC Column:", header[HeaderField::kGcColumn], 0.9, 1.975, 1.0},
+        {"ID:", header[HeaderField::kColumnId], 2.85, 1.975, 0.725},
+        {"Init. Calib. Date(s):", entry.FirstCalibrationDate, 4.8, 1.975, 0.7},
+        {"", entry.LastCalibrationDate, 6.7, 1.975, 0.7},
+        {"ZOV Sample No. (VSTD#####):", Trim(entry.SampleNo), 0.9, 2.25, 1.05},
+        {"Date Analyzed:", CharacterRange(analyzed, 1, 10), 4.8, 2.25, 1.7},
+        {"Lab File ID (Standard)", entry.LabFileId, 0.9, 2.525, 1.6},
+        {"Time Analyzed:", CharacterRange(analyzed, 12, analyzed.size()), 4.8, 2.525, 1.7},
+        {"Instrument ID:", header[HeaderField::kInstrumentId], 0.9, 2.8, 2.05},
+        {"Heated Purge: (Y/N)", header[HeaderField::kHeatedPurge], 4.8, 2.8, 1.45},
+    });
+    page.TextOutInch("(mm)", 3.95, 1.975 + page.FontHeightInch());
+    page.PrintPageFooter();
+}
+
+// Head box, the standard's rows and the footnotes; y is left below the last of these rows.
+void PrintTable(Page& page, const StandardISTable& standard, double& y) {
+    const double h = page.TextHeightInch();
+    y = kTableTop + 0.0375 + 2 * h;
+    page.DrawHeadBox(kLeft, kTableTop, kRight, y, kRulePen);
+    const double firstLine = kTableTop + 0.0125;
+    for (const StandardColumns& columns : kColumns) {
+        page.TextOutCentred(columns.head, columns.headCentre, firstLine);
+        page.TextOutRight("AREA", columns.areaRight, firstLine + h);
+        page.TextOutInch("#", columns.areaFlag, firstLine + h);
+        page.TextOutRight("RT", columns.rtRight, firstLine + h);
+        page.TextOutInch("#", columns.rtFlag, firstLine + h);
+    }
+    for (const StandardRow& row : kStandardRows) {
+        page.TextOutInch(row.label, 1.05, y + 0.015);
+        for (std::size_t i = 0; i < kStandards; ++i) {
+            page.TextOutRight(standard[i].*row.area, kColumns[i].areaRight, y + 0.015);
+            page.TextOutRight(standard[i].*row.rt, kColumns[i].rtRight, y + 0.015);
+        }
+        EndRow(page, kRows, h, y);
+    }
+    page.TextOutInch("ZOV SAMPLE NO.", 1.05, y + 0.015);
+    EndRow(page, kRows, h, y);
+    for (const Footnote& footnote : kFootnotes) {
+        page.TextOutInch(footnote.text, 0.9, footnote.y);
+    }
+}
+
+void PrintSample(Page& page, const std::string& sampleNo, const SampleISData& sample,
+                 const StandardISTable& standard, double y) {
+    page.TextOutInch(sampleNo, 1.1, y);
+    for (std::size_t i = 0; i < kStandards; ++i) {
+        const StandardColumns& columns = kColumns[i];
+        page.TextOutRight(sample.Area[i], columns.areaRight, y);
+        if (OutsideLimits(sample.Area[i], standard[i].AreaLower, standard[i].AreaUpper)) {
+            page.TextOutInch("*", columns.areaFlag, y);
+        }
+        page.TextOutRight(sample.RT[i], columns.rtRight, y);
+        if (OutsideLimits(sample.RT[i], standard[i].RTLower, standard[i].RTUpper)) {
+            page.TextOutInch("*", columns.rtFlag, y);
+        }
+    }
+}
+
+// The standard's values from its report, which is the continuing calibration report when one is
+// named. Absent after the message that its concentration is no level's.
+std::optional<StandardISTable> BuildStandardISTable(FormHost& host, OpenedFile& reference,
+                                                    bool isCalibration) {
+    if (!isCalibration) {
+        return StandardFromCheckReport(reference.Lines);
+    }
+    const StandardSummaryEntry& entry = host.Entries().StandardSummary;
+    return StandardFromCalibration(reference.Lines, host.Calibration(), ConcentrationText(entry),
+                                   entry.RetentionTimes, host);
+}
+
+void PrintPages(FormHost& host, const SampleHeader& header,
+                const std::vector<SampleISData>& samples, const StandardISTable& standard) {
+    const SampleListType& records = *host.Batch().SampleList;
+    const StandardSummaryEntry& entry = host.Entries().StandardSummary;
+    Page& page = host.Page();
+    TPrinter& printer = page.Printer();
+    page.testPrinter();
+    printer.Title = "Form 8 " + Trim(entry.SampleNo);
+    printer.BeginDoc();
+    page.PageCount = static_cast<std::int32_t>((samples.size() - 1) / kRowsPerPage + 1);
+    for (std::size_t row = 0;;) {
+        double y = 0;
+        PrintHeader(page, header, entry);
+        PrintTable(page, standard, y);
+        const std::size_t last = static_cast<std::size_t>(page.PageNo) * kRowsPerPage;
+        for (; row < last; ++row) {
+            PrintRowNumber(page, kRows, row + 1, y);
+            if (row < samples.size()) {
+                PrintSample(page, records[row].Header[HeaderField::kZovSampleNo], samples[row],
+                            standard, y + 0.0125);
+            }
+            EndRow(page, kRows, page.TextHeightInch(), y);
+        }
+        if (row >= samples.size()) {
+            break;
+        }
+        printer.NewPage();
+    }
+    printer.EndDoc();
+}
+
+// The report, absent after the message that it could not be opened.
+std::optional<OpenedFile> OpenReference(FormHost& host, const std::string& name) {
+    auto report = OpenFileBeside(name, host.Batch().Folder);
+    if (!report) {
+        host.Show(
+            {"Please use Data Files|Load Files menu option to specify a\ncalibration or "
+             "continuing calibration file.",
+             "Calibration File Could Not Be Opened"});
+    }
+    return report;
+}
+
+}  // namespace
+
+void Form8ARTClick(FormHost& host) {
+    const Batch& batch = host.Batch();
+    if (!FilesSpecified(batch)) {
+        host.Show(
+            {"Please use the Data Files|Load menu options to specify\na lab blank and "
+             "quantitation files.",
+             "Required Files Missing"});
+        return;
+    }
+    const std::string calibrationName = Trim(batch.Files.Calib);
+    const std::string checkName = Trim(batch.Files.CheckCal);
+    if (calibrationName.empty() && checkName.empty()) {
+        host.Show(
+            {"Please use Data Files|Load menu option to specify\nan initial calibration file "
+             "and a continuing\ncalibration file.",
+             "Calibration File Not Specified"});
+        return;
+    }
+    std::optional<OpenedFile> reference;
+    if (!calibrationName.empty()) {
+        reference = OpenReference(host, calibrationName);
+        if (!reference) {
+            return;
+        }
+        host.Calibration().LevelCount = ReadCalibrationDataFiles(
+            reference->Lines, reference->Folder, host.Flags().InitCalEntered,
+            host.Entries().InitialCalibration, host);
+    }
+    if (!checkName.empty()) {
+        reference = OpenReference(host, checkName);
+        if (!reference) {
+            return;
+        }
+    }
+    const std::optional<std::size_t> record = CheckFormPreconditions(host, "Form 8");
+    if (!record || !host.ShowEntryDialog(EntryDialog::kStandardSummary, *record)) {
+        return;
+    }
+    const auto samples = ReadSampleISData(batch, host);
+    const auto standard = BuildStandardISTable(host, *reference, checkName.empty());
+    if (!samples || !standard) {
+        return;
+    }
+    host.Flags().Form8DataReady = true;
+    PrintPages(host, (*batch.SampleList)[*record].Header, *samples, *standard);
+}
+
+}  // namespace qfr
