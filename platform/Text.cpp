@@ -200,14 +200,20 @@ std::string TakeField(std::string_view& rest) {
 }
 
 bool IsUtf8(std::string_view text) {
-    while (!text.empty()) {
+    for (;;) {
+        // Reports are plain ASCII but for a name here and there.
+        const auto other = std::find_if(
+            text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
+        text.remove_prefix(static_cast<std::size_t>(other - text.begin()));
+        if (text.empty()) {
+            return true;
+        }
         const std::size_t length = CharacterLength(text);
         if (length == 0) {
             return false;
         }
         text.remove_prefix(length);
     }
-    return true;
 }
 
 std::string ToUtf8(std::string text) {

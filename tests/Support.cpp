@@ -59,6 +59,14 @@ std::string ReportText::Text() const {
     return text + afterRows;
 }
 
+FileSet NamedFiles(std::string library, std::string internalStandard, std::string calibration) {
+    FileSet files;
+    files.LibFile = std::move(library);
+    files.SurrFile = std::move(internalStandard);
+    files.CalFile = std::move(calibration);
+    return files;
+}
+
 std::string WithCrLf(std::string_view text) {
     std::string converted;
     for (char c : text) {

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "data/Batch.h"
 #include "platform/Messages.h"
 #include "platform/TextMetrics.h"
 
@@ -83,6 +84,9 @@ struct ReportText {
 
     std::string Text() const;
 };
+
+// A batch that knows the files that its reports name, and nothing else.
+FileSet NamedFiles(std::string library, std::string internalStandard, std::string calibration);
 
 // The text with CR LF line ends.
 std::string WithCrLf(std::string_view text);
