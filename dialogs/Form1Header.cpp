@@ -7,7 +7,6 @@
 #include <QKeyEvent>
 #include <QShortcut>
 
-#include "app/BatchFile.h"
 #include "data/LabFiles.h"
 #include "forms/Form1Voa.h"
 #include "platform/DateTime.h"
