@@ -263,6 +263,7 @@ void ParseContinuing(std::string_view rest, ContinuingCalibrationEntry& continui
 }
 
 void ParseSummary(std::string_view rest, StandardSummaryEntry& summary) {
+    summary = {};
     summary.SampleNo = TakeField(rest);
     summary.LabFileId = TakeField(rest);
     summary.AnalysisDateTime = TakeMasked(rest, kEmptyDateTimeMask);

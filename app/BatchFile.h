@@ -29,7 +29,4 @@ std::string SaveBatch(const Batch& batch, const Entries& entries);
 std::variant<SavedBatch, Message> RestoreBatch(LineReader file, std::string_view fileName,
                                                const Entries& current);
 
-// "... could not be written.", titled "File Error", for any file of the user's.
-Message CouldNotBeWritten(std::string_view fileName);
-
 }  // namespace qfr

@@ -39,13 +39,14 @@ SavedBatch FullBatch() {
                      {"05/16/2005 09:00", "05/16/2005 12:00", {"I1", "I2", "I3", "I4", "I5"}},
                      {"VSTD050", "C1", "/d/crit.txt", "GC1", "05/17/2005 08:00",
                       "  /  /       :  ", "05/16/2005 12:01"},
-                     {"VSTD050A1",
-                      "S1",
-                      "05/17/2005 08:01",
-                      "05/16/2005",
-                      "  /  /    ",
-                      {"9.1", "6.2", "12.3"},
-                      2}};
+                     {}};
+    StandardSummaryEntry& summary = saved.Entries.StandardSummary;
+    summary.SampleNo = "VSTD050A1";
+    summary.LabFileId = "S1";
+    summary.AnalysisDateTime = "05/17/2005 08:01";
+    summary.FirstCalibrationDate = "05/16/2005";
+    summary.RetentionTimes = {"9.1", "6.2", "12.3"};
+    summary.LevelIndex = 2;
     return saved;
 }
 
