@@ -1,6 +1,5 @@
 #include "forms/Form1Tic.h"
 
-#include <algorithm>
 #include <cmath>
 #include <string>
 #include <string_view>
@@ -34,27 +33,28 @@ constexpr std::string_view kPurgeUnit = "(mL)";
 
 constexpr std::string_view kAlkanesNumber = "E966796";
 
-// Covers what stands between two places of a line of text with white cells.
+// Covers what stands between two places of a line of text with a white cell.
 void Whiten(Page& page, double left, double right, double y) {
-    const double blank = page.TextWidthInch(" ");
-    const auto count = static_cast<std::size_t>(std::max(0.0, std::ceil((right - left) / blank)));
-    page.TextOutInch(std::string(count, ' '), left, y);
+    const std::string blanks(100, ' ');  // measured together: a single blank's width is rounded
+    const double blank = page.TextWidthInch(blanks) / static_cast<double>(blanks.size());
+    page.TextOutInch(std::string(static_cast<std::size_t>(std::ceil((right - left) / blank)), ' '),
+                     left, y);
 }
 
-// The overlay's own texts leave bits of Form I VOA's showing: the number of a two-digit page, the
-// purge volume's underline and upper edge, the last stroke of its unit. They are covered first.
+// The overlay's own texts leave bits of Form I VOA's showing: the end of a two-digit page's number,
+// the underline and the upper edge of the purge volume, the last stroke of its unit. They are
+// covered first.
 void WhitenFormIVoaTexts(Page& page, const SampleHeader& header) {
     const std::string number = std::to_string(page.Printer().PageNumber());
-    // As wide as any letter that numbers a page.
+    // As wide as with any letter.
     Whiten(page, 3.6, 3.6 + page.TextWidthInch("1W - FORM I VOA-" + number), kNumberLineY);
 
     const double labelY = kPurgeRow + page.FontHeightInch();
-    const double underline = kOldPurgeX + page.TextWidthInch(kPurgeLabel) + 0.1;
-    const double centre = underline + kOldPurgeWidth * 0.5;
-    const double half = page.TextWidthInch(header[HeaderField::kPurgeVolume]) * 0.5;
-    Whiten(page, std::min(kOldPurgeX, centre - half),
-           std::max(underline + kOldPurgeWidth, centre + half), labelY - kValueRaise);
     Whiten(page, kOldPurgeX, kOldUnitX + page.TextWidthInch(kPurgeUnit), labelY);
+    const double centre = kOldPurgeX + page.TextWidthInch(kPurgeLabel) + 0.1 + kOldPurgeWidth * 0.5;
+    // Two hundredths more, because pixels are cut at both ends.
+    const double half = page.TextWidthInch(header[HeaderField::kPurgeVolume]) * 0.5 + 0.01;
+    Whiten(page, centre - half, centre + half, labelY - kValueRaise);
 }
 
 void PrintHeaderOverlay(Page& page, const SampleHeader& header) {
