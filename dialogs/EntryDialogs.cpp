@@ -27,7 +27,7 @@ bool ShowFault(FormHost& host, QDialog& dialog, const std::optional<EntryFault>&
     if (auto* const grid = qobject_cast<QTableWidget*>(control);
         grid != nullptr && fault->Row > 0) {
         grid->setCurrentCell(fault->Row - 1, std::max(grid->currentColumn(), 0));
-        grid->editItem(grid->currentItem());
+        grid->edit(grid->currentIndex());
     } else if (auto* const edit = qobject_cast<QLineEdit*>(control)) {
         edit->selectAll();
     }
@@ -60,13 +60,18 @@ void LeaveChecks::Watch(std::initializer_list<QWidget*> controls) {
 
 bool LeaveChecks::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusOut && dialog_.isVisible() && !returning_) {
-        const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-        if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason &&
-            reason != Qt::MenuBarFocusReason) {
-            left_.push_back(static_cast<QWidget*>(watched));
-            // The focus can be brought back only when it has arrived where it goes.
-            QMetaObject::invokeMethod(
-                this, [this] { Refused(); }, Qt::QueuedConnection);
+        switch (static_cast<QFocusEvent*>(event)->reason()) {
+            case Qt::MouseFocusReason:
+            case Qt::TabFocusReason:
+            case Qt::BacktabFocusReason:
+            case Qt::ShortcutFocusReason:
+                left_.push_back(static_cast<QWidget*>(watched));
+                // The focus can be brought back only when it has arrived where it goes.
+                QMetaObject::invokeMethod(
+                    this, [this] { Refused(); }, Qt::QueuedConnection);
+                break;
+            default:
+                break;
         }
     }
     return QObject::eventFilter(watched, event);

@@ -31,9 +31,9 @@ void ConnectHelp(QDialog& dialog, WindowServices& services, int topic,
 // Puts the text in, its beginning in view.
 void ShowText(QLineEdit& edit, const std::string& text);
 
-// Runs a check whenever the focus goes from a watched control to another one of the dialog. After a
-// fault the focus is back on the control that the fault names. Leaving the dialog for a popup or
-// another window is no leaving, and neither is closing it.
+// Runs a check whenever the user goes from a watched control to another one of the dialog. After a
+// fault the focus is back on the control that the fault names. Going to a popup or another window
+// is no leaving, and neither is closing the dialog or a focus that the program moves.
 class LeaveChecks : public QObject {
   public:
     // What is wrong with the control that was left. It may show messages of its own.

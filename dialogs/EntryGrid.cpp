@@ -1,0 +1,270 @@
+#include "dialogs/EntryGrid.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <QClipboard>
+#include <QFocusEvent>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+
+#include "data/TicRules.h"
+
+namespace qfr {
+
+namespace {
+
+constexpr double kLetterHeight = 13;  // pixels, of the letters that column widths are given for
+constexpr int kRowPadding = 8;
+constexpr int kLeastRows = 4;
+
+bool IsEnter(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
+}  // namespace
+
+// Gives the keys that concern more than the cell to the grid.
+class CellDelegate : public QStyledItemDelegate {
+  public:
+    explicit CellDelegate(EntryGrid& grid) : QStyledItemDelegate(&grid), grid_(grid) {}
+
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const override {
+        QWidget* const editor = QStyledItemDelegate::createEditor(parent, option, index);
+        const QAbstractItemModel& model = *index.model();
+        editor->setAccessibleName(model.headerData(index.column(), Qt::Horizontal).toString() +
+                                  ' ' + model.headerData(index.row(), Qt::Vertical).toString());
+        return editor;
+    }
+
+  protected:
+    bool eventFilter(QObject* editor, QEvent* event) override {
+        if (event->type() == QEvent::KeyPress) {
+            const auto& key = *static_cast<QKeyEvent*>(event);
+            const QString text = QGuiApplication::clipboard()->text();
+            if (key.matches(QKeySequence::Paste) && (text.contains('\t') || text.contains('\n'))) {
+                grid_.Paste();
+                return true;
+            }
+            if (IsEnter(key)) {
+                grid_.FinishEditing();
+                grid_.MoveDown();
+                return true;
+            }
+        }
+        return QStyledItemDelegate::eventFilter(editor, event);
+    }
+
+  private:
+    EntryGrid& grid_;
+};
+
+EntryGrid::EntryGrid(QWidget* parent) : QTableWidget(parent) {
+    setItemDelegate(new CellDelegate(*this));
+    setEditTriggers(AnyKeyPressed | SelectedClicked | DoubleClicked | CurrentChanged);
+    setSelectionMode(SingleSelection);
+    setHorizontalScrollMode(ScrollPerPixel);
+    verticalHeader()->hide();
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setSectionsClickable(false);
+    horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+void EntryGrid::SetUp(std::initializer_list<Column> columns, int rows, int visibleRows) {
+    columns_ = columns;
+    visibleRows_ = visibleRows;
+    setColumnCount(static_cast<int>(columns_.size()));
+    QStringList headings;
+    for (const Column& column : columns_) {
+        headings << column.heading;
+    }
+    setHorizontalHeaderLabels(headings);
+    setRowCount(rows);
+    FitToFont();
+}
+
+std::string EntryGrid::Cell(int row, int column) const {
+    const QTableWidgetItem* const cell = item(row, column);
+    return cell != nullptr ? cell->text().toStdString() : "";
+}
+
+void EntryGrid::SetCell(int row, int column, const std::string& text) {
+    const QString shown = QString::fromStdString(text);
+    if (QTableWidgetItem* const cell = item(row, column)) {
+        cell->setText(shown);
+        return;
+    }
+    auto* const cell = new QTableWidgetItem(shown);
+    if (columns_[static_cast<std::size_t>(column)].readOnly) {
+        cell->setFlags(Qt::ItemIsEnabled);
+        cell->setBackground(palette().window());
+    }
+    setItem(row, column, cell);
+}
+
+QLineEdit* EntryGrid::Editor() const {
+    return qobject_cast<QLineEdit*>(indexWidget(currentIndex()));
+}
+
+void EntryGrid::FinishEditing() {
+    if (QLineEdit* const editor = Editor()) {
+        commitData(editor);
+        closeEditor(editor, QAbstractItemDelegate::NoHint);
+    }
+}
+
+void EntryGrid::Paste() {
+    FinishEditing();
+    const auto rows = PastedCells(QGuiApplication::clipboard()->text().toStdString());
+    const int firstRow = std::max(currentRow(), 0);
+    const int firstColumn = std::max(currentColumn(), 0);
+    if (const int needed = firstRow + static_cast<int>(rows.size());
+        pasteAddsRows_ && needed > rowCount()) {
+        setRowCount(needed);
+    }
+    int row = firstRow;
+    for (const std::vector<std::string>& cells : rows) {
+        int column = firstColumn;
+        for (const std::string& text : cells) {
+            if (IsEditable(model()->index(row, column))) {
+                SetCell(row, column, text);
+            }
+            ++column;
+        }
+        ++row;
+    }
+    if (currentIndex().isValid()) {
+        edit(currentIndex());
+    }
+}
+
+bool EntryGrid::IsEditable(const QModelIndex& index) const {
+    return index.isValid() && index.flags().testFlag(Qt::ItemIsEditable);
+}
+
+QModelIndex EntryGrid::Neighbour(bool next) const {
+    const int step = next ? 1 : -1;
+    int place = currentRow() * columnCount() + currentColumn() + step;
+    for (; place >= 0 && place < rowCount() * columnCount(); place += step) {
+        const QModelIndex index = model()->index(place / columnCount(), place % columnCount());
+        if (IsEditable(index)) {
+            return index;
+        }
+    }
+    return {};
+}
+
+// At either end the focus goes on to the control beside the grid.
+bool EntryGrid::focusNextPrevChild(bool next) {
+    if (const QModelIndex neighbour = Neighbour(next); neighbour.isValid()) {
+        setCurrentIndex(neighbour);
+        return true;
+    }
+    return QAbstractScrollArea::focusNextPrevChild(next);
+}
+
+QModelIndex EntryGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    switch (action) {
+        case MoveNext:
+            return Neighbour(true);
+        case MovePrevious:
+            return Neighbour(false);
+        default:
+            return QTableWidget::moveCursor(action, modifiers);
+    }
+}
+
+void EntryGrid::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+    const bool next = hint == QAbstractItemDelegate::EditNextItem;
+    if ((next || hint == QAbstractItemDelegate::EditPreviousItem) && !Neighbour(next).isValid()) {
+        QTableWidget::closeEditor(editor, QAbstractItemDelegate::NoHint);
+        QAbstractScrollArea::focusNextPrevChild(next);
+        return;
+    }
+    QTableWidget::closeEditor(editor, hint);
+}
+
+void EntryGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTableWidget::currentChanged(current, previous);
+    if (!current.isValid() || IsEditable(current)) {
+        return;
+    }
+    // A click beside the value means the value.
+    for (int column = 0; column < columnCount(); ++column) {
+        const QModelIndex index = current.siblingAtColumn(column);
+        if (IsEditable(index)) {
+            QMetaObject::invokeMethod(
+                this, [this, index] { setCurrentIndex(index); }, Qt::QueuedConnection);
+            return;
+        }
+    }
+}
+
+bool EntryGrid::MoveDown() {
+    if (currentRow() + 1 >= rowCount()) {
+        return false;
+    }
+    setCurrentCell(currentRow() + 1, currentColumn());
+    return true;
+}
+
+void EntryGrid::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Paste)) {
+        Paste();
+    } else if (!IsEnter(*event)) {
+        QTableWidget::keyPressEvent(event);
+    } else if (!MoveDown()) {
+        event->ignore();  // the dialog's OK
+    }
+}
+
+void EntryGrid::focusInEvent(QFocusEvent* event) {
+    QTableWidget::focusInEvent(event);
+    const Qt::FocusReason reason = event->reason();
+    if ((reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+         reason == Qt::ShortcutFocusReason) &&
+        IsEditable(currentIndex())) {
+        edit(currentIndex());
+    }
+}
+
+void EntryGrid::changeEvent(QEvent* event) {
+    QTableWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        FitToFont();
+    }
+}
+
+void EntryGrid::FitToFont() {
+    const double scale = std::max(1.0, fontMetrics().height() / kLetterHeight);
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+        const int column = static_cast<int>(i);
+        const int given = static_cast<int>(std::lround(columns_[i].width * scale));
+        const int texts = columns_[i].width == 0 ? sizeHintForColumn(column) : 0;
+        setColumnWidth(column,
+                       std::max({given, texts, horizontalHeader()->sectionSizeHint(column)}));
+    }
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
+    updateGeometry();
+}
+
+int EntryGrid::HeightOf(int rows) const {
+    return horizontalHeader()->sizeHint().height() + 2 * frameWidth() +
+           rows * verticalHeader()->defaultSectionSize();
+}
+
+QSize EntryGrid::sizeHint() const {
+    const int bar = rowCount() > visibleRows_ ? verticalScrollBar()->sizeHint().width() : 0;
+    return {horizontalHeader()->length() + 2 * frameWidth() + bar, HeightOf(visibleRows_)};
+}
+
+QSize EntryGrid::minimumSizeHint() const {
+    return {sizeHint().width(), HeightOf(std::min(visibleRows_, kLeastRows))};
+}
+
+}  // namespace qfr

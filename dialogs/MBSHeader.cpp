@@ -1,0 +1,93 @@
+#include "dialogs/MBSHeader.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <QEvent>
+#include <QTextBlock>
+
+#include "dialogs/EntryDialogs.h"
+#include "ui_MBSHeader.h"
+
+namespace qfr {
+
+namespace {
+
+constexpr int kHelpTopic = 122;
+constexpr int kMaxLength = 256;  // characters, line breaks among them
+constexpr int kPrintedLines = 2;
+
+}  // namespace
+
+TMBSHeader::TMBSHeader(FormHost& host, WindowServices& services, QWidget* parent)
+    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
+      host_(host),
+      ui_(std::make_unique<Ui::TMBSHeader>()) {
+    ui_->setupUi(this);
+    FitToFont();
+    connect(ui_->RichEdit1->document(), &QTextDocument::contentsChange, this,
+            [this](int from, int /*removed*/, int added) { lastPlace_ = from + added; });
+    connect(ui_->RichEdit1, &QPlainTextEdit::textChanged, this, &TMBSHeader::CutToLength);
+    connect(ui_->OkButton, &QPushButton::clicked, this, &TMBSHeader::accept);
+    connect(ui_->CancelButton, &QPushButton::clicked, this, &TMBSHeader::reject);
+    ConnectHelp(*this, services, kHelpTopic);
+}
+
+TMBSHeader::~TMBSHeader() = default;
+
+bool TMBSHeader::Run(std::size_t /*headerRecord*/) {
+    ShowEntry(host_.Entries().Comments);
+    const bool accepted = exec() == Accepted;
+    host_.Entries().Comments = Entry();
+    return accepted;
+}
+
+void TMBSHeader::ShowEntry(const BlankComments& entry) {
+    QStringList lines;
+    for (const std::string& line : entry.Lines) {
+        lines << QString::fromStdString(line);
+    }
+    ui_->RichEdit1->setPlainText(lines.join('\n'));
+    ui_->RichEdit1->moveCursor(QTextCursor::End);
+    ui_->RichEdit1->setFocus();
+}
+
+BlankComments TMBSHeader::Entry() const {
+    BlankComments entry;
+    entry.Lines.clear();
+    for (const QString& line : ui_->RichEdit1->toPlainText().split('\n')) {
+        entry.Lines.push_back(line.toStdString());
+    }
+    return entry;
+}
+
+void TMBSHeader::CutToLength() {
+    const int length = ui_->RichEdit1->document()->characterCount() - 1;
+    if (length <= kMaxLength) {
+        return;
+    }
+    QTextCursor cursor(ui_->RichEdit1->document());
+    const int end = std::min(lastPlace_, length);
+    cursor.joinPreviousEditBlock();
+    cursor.setPosition(std::max(0, end - (length - kMaxLength)));
+    cursor.setPosition(end, QTextCursor::KeepAnchor);
+    cursor.removeSelectedText();
+    cursor.endEditBlock();
+}
+
+void TMBSHeader::changeEvent(QEvent* event) {
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        FitToFont();
+    }
+}
+
+// The box shows the lines that are printed.
+void TMBSHeader::FitToFont() {
+    QPlainTextEdit& box = *ui_->RichEdit1;
+    const double margins = 2 * (box.document()->documentMargin() + box.frameWidth());
+    const int lines = kPrintedLines * box.fontMetrics().lineSpacing();
+    box.setFixedHeight(std::max(box.minimumHeight(), lines + static_cast<int>(std::ceil(margins))));
+}
+
+}  // namespace qfr

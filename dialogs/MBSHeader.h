@@ -1,0 +1,44 @@
+// The comments dialog of Form IV, the method blank summary.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+
+#include <QDialog>
+
+#include "data/Entries.h"
+#include "forms/FormHost.h"
+#include "platform/WindowServices.h"
+
+namespace Ui {
+class TMBSHeader;
+}
+
+namespace qfr {
+
+class TMBSHeader : public QDialog {
+    Q_OBJECT
+
+  public:
+    TMBSHeader(FormHost& host, WindowServices& services, QWidget* parent = nullptr);
+    ~TMBSHeader() override;
+
+    // Shows the entry and stores what the dialog holds when it closes. True when it closed with OK.
+    bool Run(std::size_t headerRecord);
+
+  protected:
+    void changeEvent(QEvent* event) override;
+
+  private:
+    void ShowEntry(const BlankComments& entry);
+    BlankComments Entry() const;
+    // Takes back what was typed or pasted beyond the room for comments.
+    void CutToLength();
+    void FitToFont();
+
+    FormHost& host_;
+    std::unique_ptr<Ui::TMBSHeader> ui_;
+    int lastPlace_ = 0;  // end of the last insertion, in characters
+};
+
+}  // namespace qfr

@@ -1,0 +1,111 @@
+#include "dialogs/TicForm.h"
+
+#include <vector>
+
+#include "data/TicRules.h"
+#include "dialogs/EntryDialogs.h"
+#include "ui_TicForm.h"
+
+namespace qfr {
+
+namespace {
+
+constexpr int kHelpTopic = 420;
+constexpr int kInitialRows = 29;  // below the heading
+constexpr int kVisibleRows = 14;
+
+}  // namespace
+
+TTICForm::TTICForm(FormHost& host, WindowServices& services, QWidget* parent)
+    : QDialog(parent), host_(host), ui_(std::make_unique<Ui::TTICForm>()) {
+    ui_->setupUi(this);
+    ui_->StringGrid1->SetUp({{"CAS NUMBER", 89},
+                             {"COMPOUND NAME", 201},
+                             {"RET.TIME", 57},
+                             {"EST.CONC.", 65},
+                             {"Q", 33}},
+                            kInitialRows, kVisibleRows);
+    ui_->StringGrid1->LetPasteAddRows();
+    // The cell that is being typed in stays open when these are clicked.
+    ui_->AddButton->setFocusPolicy(Qt::TabFocus);
+    ui_->DeleteButton->setFocusPolicy(Qt::TabFocus);
+
+    connect(ui_->AddButton, &QPushButton::clicked, this, &TTICForm::AddButtonClick);
+    connect(ui_->DeleteButton, &QPushButton::clicked, this, &TTICForm::DeleteButtonClick);
+    connect(ui_->OkButton, &QPushButton::clicked, this, &TTICForm::OkButtonClick);
+    connect(ui_->CancelButton, &QPushButton::clicked, this, &TTICForm::reject);
+    ConnectHelp(*this, services, kHelpTopic);
+}
+
+TTICForm::~TTICForm() = default;
+
+bool TTICForm::Run(std::size_t record, const std::string& sampleNo) {
+    auto& samples = host_.Batch().SampleList;
+    if (!samples || record >= samples->size()) {
+        return false;
+    }
+    record_ = record;
+    OnShow((*samples)[record], sampleNo);
+    return exec() == Accepted;
+}
+
+void TTICForm::OnShow(const SampleRecord& sample, const std::string& sampleNo) {
+    ShowText(*ui_->ZOVEdit, sampleNo);
+    // What was cancelled in another sample's list is still in the grid.
+    EmptyRows();
+    EntryGrid& grid = *ui_->StringGrid1;
+    int row = 0;
+    for (const TicEntry& entry : sample.TicList.value_or(TicListType())) {
+        for (int column = 0; column < TicEntry::kCount; ++column) {
+            grid.SetCell(row, column, entry.cells[static_cast<std::size_t>(column)]);
+        }
+        ++row;
+        if (row == grid.rowCount()) {
+            grid.setRowCount(row + 1);
+        }
+    }
+    grid.setCurrentCell(0, 0);
+    grid.scrollToTop();
+    grid.setFocus(Qt::TabFocusReason);
+}
+
+void TTICForm::EmptyRows() {
+    ui_->StringGrid1->FinishEditing();
+    ui_->StringGrid1->clearContents();
+}
+
+void TTICForm::AddButtonClick() {
+    EntryGrid& grid = *ui_->StringGrid1;
+    grid.setRowCount(grid.rowCount() + 1);
+    grid.scrollToBottom();
+}
+
+void TTICForm::DeleteButtonClick() {
+    EntryGrid& grid = *ui_->StringGrid1;
+    if (grid.currentRow() < 0) {
+        return;
+    }
+    grid.FinishEditing();
+    for (int row = grid.currentRow(); row < grid.rowCount(); ++row) {
+        for (int column = 0; column < grid.columnCount(); ++column) {
+            grid.SetCell(row, column, grid.Cell(row + 1, column));
+        }
+    }
+}
+
+void TTICForm::OkButtonClick() {
+    EntryGrid& grid = *ui_->StringGrid1;
+    grid.FinishEditing();
+    std::vector<TicEntry> rows(static_cast<std::size_t>(grid.rowCount()));
+    for (int row = 0; row < grid.rowCount(); ++row) {
+        for (int column = 0; column < TicEntry::kCount; ++column) {
+            rows[static_cast<std::size_t>(row)].cells[static_cast<std::size_t>(column)] =
+                grid.Cell(row, column);
+        }
+    }
+    host_.Batch().SampleList->at(record_).TicList = TicListFromRows(rows);
+    EmptyRows();
+    accept();
+}
+
+}  // namespace qfr

@@ -1,0 +1,42 @@
+// The TIC entry dialog: the tentatively identified compounds of one sample, in a grid.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+
+#include <QDialog>
+
+#include "forms/FormHost.h"
+#include "platform/WindowServices.h"
+
+namespace Ui {
+class TTICForm;
+}
+
+namespace qfr {
+
+class TTICForm : public QDialog {
+    Q_OBJECT
+
+  public:
+    TTICForm(FormHost& host, WindowServices& services, QWidget* parent = nullptr);
+    ~TTICForm() override;
+
+    // Edits the list of the sample at this index in SampleList, shown under its number. True when
+    // OK has stored it; Cancel discards what was typed.
+    bool Run(std::size_t record, const std::string& sampleNo);
+
+  private:
+    void OnShow(const SampleRecord& sample, const std::string& sampleNo);
+    void AddButtonClick();
+    void DeleteButtonClick();
+    void OkButtonClick();
+    void EmptyRows();
+
+    FormHost& host_;
+    std::unique_ptr<Ui::TTICForm> ui_;
+    std::size_t record_ = 0;
+};
+
+}  // namespace qfr
