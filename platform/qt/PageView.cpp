@@ -25,6 +25,7 @@ PageView::PageView(const std::vector<JobPage>& pages, FormFonts& fonts, QWidget*
     : QAbstractScrollArea(parent), pages_(pages), fonts_(fonts) {
     for (const JobPage& page : pages_) {
         widest_ = std::max(widest_, static_cast<double>(page.width));
+        tallest_ = std::max(tallest_, static_cast<double>(page.height));
     }
     setFocusPolicy(Qt::StrongFocus);
     // Were it to come and go, the width to fit would follow it back and forth.
@@ -64,19 +65,19 @@ double PageView::Percent() const {
 }
 
 void PageView::LayOut() {
-    // What is in the middle stays there.
-    const double height = viewport()->height();
-    const double middle = verticalScrollBar()->value() + height / 2;
+    // What is at the upper edge stays there.
     const auto at = static_cast<std::size_t>(current_);
-    const double oldHeight = at + 1 < tops_.size() ? tops_[at + 1] - tops_[at] : 0;
-    const double part = oldHeight > 0 ? (middle - tops_[at]) / oldHeight : 0;
+    const double oldScale = scale_;
+    const double below = tops_.empty() ? -kGap : verticalScrollBar()->value() - tops_[at];
 
-    const double room = viewport()->width() - 2 * kGap;
-    if (fit_ != Fit::kNone && at < pages_.size()) {
-        const JobPage& page = pages_[at];
-        scale_ = fit_ == Fit::kWidth
-                     ? room / widest_
-                     : std::min(room / page.width, (height - 2 * kGap) / page.height);
+    const double roomAcross = viewport()->width() - 2 * kGap;
+    const double roomDown = viewport()->height() - 2 * kGap;
+    if (fit_ != Fit::kNone && !pages_.empty()) {
+        scale_ = roomAcross / widest_;
+        if (fit_ == Fit::kPage) {
+            // Turned pages among upright ones would else change the scale from page to page.
+            scale_ = std::min(scale_, roomDown / tallest_);
+        }
         scale_ = std::max(scale_, kMinScale);
     }
     tops_.assign(1, kGap);
@@ -85,19 +86,15 @@ void PageView::LayOut() {
     }
     moving_ = true;
     verticalScrollBar()->setPageStep(viewport()->height());
-    verticalScrollBar()->setRange(0, std::max(0, static_cast<int>(tops_.back() - height)));
+    verticalScrollBar()->setRange(
+        0, std::max(0, static_cast<int>(tops_.back() - viewport()->height())));
+    verticalScrollBar()->setValue(
+        static_cast<int>(std::lround(tops_[at] + (below > 0 ? below * scale_ / oldScale : below))));
     horizontalScrollBar()->setPageStep(viewport()->width());
-    horizontalScrollBar()->setRange(0, std::max(0, static_cast<int>(widest_ * scale_ - room)));
+    horizontalScrollBar()->setRange(0,
+                                    std::max(0, static_cast<int>(widest_ * scale_ - roomAcross)));
     horizontalScrollBar()->setValue(horizontalScrollBar()->maximum() / 2);
     moving_ = false;
-    if (fit_ == Fit::kPage) {
-        GoTo(current_);
-    } else if (oldHeight > 0) {
-        moving_ = true;
-        verticalScrollBar()->setValue(
-            static_cast<int>(tops_[at] + part * (tops_[at + 1] - tops_[at]) - height / 2));
-        moving_ = false;
-    }
     viewport()->update();
 }
 

@@ -53,6 +53,7 @@ class PageView : public QAbstractScrollArea {
     double scale_ = 0.1;        // logical pixels for one of kResolution
     std::vector<double> tops_;  // of the pages, logical pixels at this scale; one more at the end
     double widest_ = 0;         // pixels at kResolution
+    double tallest_ = 0;        // pixels at kResolution
     int current_ = 0;
     bool moving_ = false;  // by GoTo or LayOut, not by the user
 };

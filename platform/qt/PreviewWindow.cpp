@@ -22,7 +22,7 @@ constexpr int kFitWidth = 0;
 constexpr int kFitPage = 1;
 constexpr int kFirstPercent = 2;  // index in the list
 constexpr std::array<int, 7> kPercents = {50, 75, 100, 150, 200, 300, 400};
-constexpr QSize kUsualSize(900, 740);
+constexpr QSize kUsualSize(940, 1000);
 
 QPushButton* AddButton(QHBoxLayout* row, const QString& caption, const char* name) {
     auto* const button = new QPushButton(caption);
@@ -103,8 +103,10 @@ PreviewWindow::PreviewWindow(PrintJob job, FormFonts& fonts, PdfSaver& pdfSaver,
     ShowPageNumber(0);
     view_->setFocus();
 
-    const QScreen* const screen = parent != nullptr ? parent->screen() : this->screen();
-    resize(kUsualSize.boundedTo(screen->availableSize() * 0.95));
+    // Between the screen's edges with some room for the window's frame.
+    const QRect room = (parent != nullptr ? parent : this)->screen()->availableGeometry();
+    resize(kUsualSize.boundedTo(QSize(room.width() * 95 / 100, room.height() * 88 / 100)));
+    move(room.center() - rect().center());
 }
 
 void PreviewWindow::AddKeys() {
