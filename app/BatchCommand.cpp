@@ -17,7 +17,14 @@
 #include "app/HeadlessHost.h"
 #include "data/LabFiles.h"
 #include "data/LoadFiles.h"
+#include "forms/Form1Tic.h"
 #include "forms/Form1Voa.h"
+#include "forms/Form2.h"
+#include "forms/Form4.h"
+#include "forms/Form5.h"
+#include "forms/Form6.h"
+#include "forms/Form7.h"
+#include "forms/Form8.h"
 #include "platform/DateTime.h"
 #include "platform/FileLookup.h"
 #include "platform/FileReplace.h"
@@ -108,8 +115,7 @@ Exit status: 0, 1 when standard output cannot be written, 2 for wrong usage or a
 that cannot be restored.
 )";
 
-// The forms, in the order in which they print. A form that the program cannot print yet has no
-// driver.
+// The forms, in the order in which they print.
 struct FormRow {
     std::string_view name;
     std::string_view caption;
@@ -118,26 +124,21 @@ struct FormRow {
     void (*printBatch)(FormHost& host) = nullptr;
     // Unless it is asked for by name, only for samples that have TICs.
     bool onlyWithTics = false;
-
-    bool Exists() const { return printSample || printBatch; }
 };
 
 constexpr std::array<FormRow, 8> kForms = {{
     {.name = "1", .caption = "Form I VOA, for each sample", .printSample = PrintFormIVoa},
-    {.name = "tic", .caption = "Form I VOA-TIC, for each sample", .onlyWithTics = true},
-    {.name = "2", .caption = "Form II, monitoring compound recovery"},
-    {.name = "4", .caption = "Form IV, method blank summary"},
-    {.name = "5", .caption = "Form V, instrument performance check"},
-    {.name = "6", .caption = "Form VI, initial calibration data"},
-    {.name = "7", .caption = "Form VII, continuing calibration data"},
-    {.name = "8", .caption = "Form VIII, internal standard summary"},
+    {.name = "tic",
+     .caption = "Form I VOA-TIC, for each sample",
+     .printSample = PrintFormITic,
+     .onlyWithTics = true},
+    {.name = "2", .caption = "Form II, monitoring compound recovery", .printBatch = Form2MCRClick},
+    {.name = "4", .caption = "Form IV, method blank summary", .printBatch = Form4MBSClick},
+    {.name = "5", .caption = "Form V, instrument performance check", .printBatch = Form5IPCClick},
+    {.name = "6", .caption = "Form VI, initial calibration data", .printBatch = Form6CIDClick},
+    {.name = "7", .caption = "Form VII, continuing calibration data", .printBatch = Form7CCDClick},
+    {.name = "8", .caption = "Form VIII, internal standard summary", .printBatch = Form8ARTClick},
 }};
-
-// What entry dialogs do when forms show them.
-const std::vector<DialogRules>& EntryDialogRules() {
-    static const std::vector<DialogRules> rules;
-    return rules;
-}
 
 struct Arguments {
     std::map<std::string, std::vector<std::string>, std::less<>> options;
@@ -399,9 +400,7 @@ constexpr std::string_view kPrintOptions[] = {"--forms", kSampleOption, "-o", "-
 void PrintHelp(std::ostream& out) {
     out << kPrintHelp;
     for (const FormRow& form : kForms) {
-        if (form.Exists()) {
-            out << "  " << std::left << std::setw(5) << form.name << form.caption << '\n';
-        }
+        out << "  " << std::left << std::setw(5) << form.name << form.caption << '\n';
     }
     out << kPrintStatus;
 }
@@ -416,9 +415,6 @@ std::variant<std::set<std::string>, std::string> ParseForms(const std::string& l
                                         [&](const FormRow& row) { return row.name == name; });
         if (form == kForms.end()) {
             return "there is no form \"" + name + "\"";
-        }
-        if (!form->Exists()) {
-            return "form " + name + " cannot be printed by this version";
         }
         names.insert(name);
         start = end + 1;
@@ -580,7 +576,7 @@ int Print(const Arguments& arguments, const Context& context) {
                       EntryDialogRules());
     bool all = true;
     for (const FormRow& form : kForms) {
-        if (!form.Exists() || (list && !forms.contains(std::string(form.name)))) {
+        if (list && !forms.contains(std::string(form.name))) {
             continue;
         }
         all = (form.printBatch ? PrintForBatch(host, form)

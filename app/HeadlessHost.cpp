@@ -2,6 +2,9 @@
 
 #include <utility>
 
+#include "data/CalibrationEntryRules.h"
+#include "data/RecoveryRanges.h"
+#include "data/TuneRules.h"
 #include "platform/Text.h"
 
 namespace qfr {
@@ -11,6 +14,34 @@ void WriteMessage(std::ostream& out, const Message& message) {
         out << message.title << ": ";
     }
     out << OneLine(message.text) << '\n';
+}
+
+std::vector<DialogRules> EntryDialogRules() {
+    return {
+        {EntryDialog::kRecoveryRanges, nullptr,
+         [](FormHost& host) { return CheckRanges(host.Entries().Ranges); }},
+        {EntryDialog::kTune,
+         [](FormHost& host, std::size_t record) {
+             ShowTune(host.Entries().Tune, (*host.Batch().SampleList)[record].Header);
+         },
+         [](FormHost& host) { return CheckTune(host.Entries().Tune); }},
+        {EntryDialog::kInitialCalibration,
+         [](FormHost& host, std::size_t) { ShowInitialCalibration(host.Entries()); },
+         [](FormHost& host) {
+             return AcceptInitialCalibration(host.Entries(), host.Calibration().LevelCount,
+                                             host.Flags());
+         }},
+        {EntryDialog::kContinuingCalibration,
+         [](FormHost& host, std::size_t) {
+             ShowContinuingCalibration(host.Entries(), host.Batch(), host);
+         },
+         [](FormHost& host) { return AcceptContinuingCalibration(host.Entries(), host.Flags()); }},
+        {EntryDialog::kStandardSummary,
+         [](FormHost& host, std::size_t) {
+             ShowStandardSummary(host.Entries(), host.Batch(), host.Calibration(), host);
+         },
+         [](FormHost& host) { return AcceptStandardSummary(host.Entries(), host.Batch()); }},
+    };
 }
 
 HeadlessHost::HeadlessHost(SavedBatch saved, TextMetrics& metrics, std::ostream& messages,
@@ -38,8 +69,8 @@ bool HeadlessHost::ShowEntryDialog(EntryDialog dialog, std::size_t headerRecord)
         if (rules.onShow) {
             rules.onShow(*this, headerRecord);
         }
-        if (const std::optional<Message> refusal = rules.onOk ? rules.onOk(*this) : std::nullopt) {
-            Show(*refusal);
+        if (const std::optional<EntryFault> fault = rules.onOk ? rules.onOk(*this) : std::nullopt) {
+            Show(fault->Message);
             return false;
         }
     }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "app/BatchFile.h"
+#include "data/EntryFault.h"
 #include "forms/FormHost.h"
 #include "platform/JobSink.h"
 #include "platform/Printer.h"
@@ -23,8 +24,11 @@ struct DialogRules {
     // On showing: takes over what is known elsewhere by now. May be absent.
     void (*onShow)(FormHost& host, std::size_t headerRecord) = nullptr;
     // On OK: why the dialog would stay open. Without it every entry is accepted.
-    std::optional<Message> (*onOk)(FormHost& host) = nullptr;
+    std::optional<EntryFault> (*onOk)(FormHost& host) = nullptr;
 };
+
+// Those of the program's entry dialogs.
+std::vector<DialogRules> EntryDialogRules();
 
 class HeadlessHost : public FormHost, private JobSink {
   public:

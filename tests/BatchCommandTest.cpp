@@ -129,8 +129,6 @@ TEST_F(BatchCommand, RefusesWrongUsage) {
         {{"print", batch, "-o", "x.pdf", "--forms", "1,3"},
          "qfrbatch print: there is no form \"3\""},
         {{"print", batch, "-o", "x.pdf", "--forms", "1,"}, "qfrbatch print: there is no form \"\""},
-        {{"print", batch, "-o", "x.pdf", "--forms", "8"},
-         "qfrbatch print: form 8 cannot be printed by this version"},
         {{"show"}, "qfrbatch show: exactly one batch file is to be named"},
         {{"show", batch, batch}, "qfrbatch show: exactly one batch file is to be named"},
     };
@@ -218,7 +216,7 @@ TEST_F(BatchCommand, KeepsTheOldBatchWhenNothingReplacesIt) {
 
 TEST_F(BatchCommand, PrintsEverySampleInOrder) {
     const std::string batch = Batch();
-    const Result result = Run({"print", batch, "-o", Name("x.pdf")});
+    const Result result = Run({"print", batch, "--forms", "1", "-o", Name("x.pdf")});
     EXPECT_EQ(result.code, 0);
     EXPECT_EQ(result.out + result.err, "");
     EXPECT_EQ(ReadAll(Name("x.pdf")),
@@ -231,10 +229,10 @@ TEST_F(BatchCommand, PrintsChosenSamples) {
         {{"--sample", "vblk01"}, "Form 1 VBLK01: [Form 1 VBLK01 1]"},
         {{"--sample=S1"}, "day: [Form 1 S1 2] [Form 1 S1 1]"},
         {{"--sample", "C.PRN", "--sample", "S2"}, "day: [Form 1 S2 1] [Form 1 S1 1]"},
-        {{"--sample", "a.prn", "VBLK01", "--forms", "1"}, "day: [Form 1 VBLK01 1] [Form 1 S2 1]"},
+        {{"--sample", "a.prn", "VBLK01"}, "day: [Form 1 VBLK01 1] [Form 1 S2 1]"},
     };
     for (const auto& [choice, expected] : cases) {
-        std::vector<std::string> arguments = {"print", batch, "-o", Name("x.pdf")};
+        std::vector<std::string> arguments = {"print", batch, "--forms=1", "-o", Name("x.pdf")};
         arguments.insert(arguments.end(), choice.begin(), choice.end());
         EXPECT_EQ(Run(arguments).code, 0);
         EXPECT_EQ(ReadAll(Name("x.pdf")), expected);
@@ -246,13 +244,14 @@ TEST_F(BatchCommand, PrintsChosenSamples) {
 }
 
 TEST_F(BatchCommand, PrintsOneFileForEachJob) {
-    const Result result = Run({"print", Batch(), "--output-dir", Name("new/pdf")});
+    const Result result = Run({"print", Batch(), "--forms", "1", "--output-dir", Name("new/pdf")});
     EXPECT_EQ(result.code, 0);
     EXPECT_EQ(result.err, "");
     EXPECT_THAT(FilesIn("new/pdf"), ElementsAre("f-Form 1 S1 (2).pdf", "f-Form 1 S1.pdf",
                                                 "f-Form 1 S2.pdf", "f-Form 1 VBLK01.pdf"));
     EXPECT_EQ(ReadAll(Name("new/pdf/f-Form 1 S1 (2).pdf")), "Form 1 S1: [Form 1 S1 1]");
-    const Result inTheWay = Run({"print", Name("day.qff"), "--output-dir", Name("a.prn")});
+    const Result inTheWay =
+        Run({"print", Name("day.qff"), "--forms", "1", "--output-dir", Name("a.prn")});
     EXPECT_EQ(inTheWay.code, 1);
     EXPECT_THAT(inTheWay.err, StartsWith("File Error: a.prn could not be written.\n"));
 }
@@ -262,7 +261,7 @@ TEST_F(BatchCommand, PrintsOnAPrinter) {
     const Result unknown = Run({"print", batch, "--printer", "lab"});
     EXPECT_EQ(unknown.code, 2);
     EXPECT_EQ(unknown.err, "qfrbatch: there is no printer \"lab\"; there is Office, Lab\n");
-    const Result result = Run({"print", batch, "--printer", "Lab"});
+    const Result result = Run({"print", batch, "--forms", "1", "--printer", "Lab"});
     EXPECT_EQ(result.code, 1);
     EXPECT_EQ(result.err, "qfrbatch: Form 1 S2 could not be printed: no paper\n");
     EXPECT_THAT(platform_.printed, ElementsAre("Lab: Form 1 VBLK01", "Lab: Form 1 S2",
@@ -275,12 +274,13 @@ TEST_F(BatchCommand, GoesOnAfterARefusedForm) {
     const std::string refusal =
         "File Not Found: " + Stored("a.prn") +
         " could not be found.  Use Data Files|Load Files menu option to relocate file\n";
-    const Result others = Run({"print", batch, "-o", Name("x.pdf")});
+    const Result others = Run({"print", batch, "--forms", "1", "-o", Name("x.pdf")});
     EXPECT_EQ(others.code, 1);
     EXPECT_EQ(others.err, refusal);
     EXPECT_EQ(ReadAll(Name("x.pdf")), "day: [Form 1 VBLK01 1] [Form 1 S1 2] [Form 1 S1 1]");
 
-    const Result none = Run({"print", batch, "-o", Name("y.pdf"), "--sample", "S2"});
+    const Result none =
+        Run({"print", batch, "-o", Name("y.pdf"), "--forms", "1", "--sample", "S2"});
     EXPECT_EQ(none.code, 1);
     EXPECT_EQ(none.err, refusal);
     EXPECT_FALSE(fs::exists(Name("y.pdf")));
@@ -305,11 +305,11 @@ TEST_F(BatchCommand, SaysWhyNothingIsPrinted) {
         {{"show", dir_.Write("cut.qff", text.substr(0, 9) + "\n\n\n\n")},
          2,
          "File Not Found:  does not exist. Restore will be aborted\n"},
-        {{"print", empty, "-o", Name("x.pdf")},
+        {{"print", empty, "--forms", "1", "-o", Name("x.pdf")},
          1,
          "File Not Specified: Please use Data Files|Load Files menu selections to specify "
          "files.\n"},
-        {{"print", batch, "-o", Name("full.pdf")},
+        {{"print", batch, "--forms", "1", "-o", Name("full.pdf")},
          1,
          "File Error: full.pdf could not be written.\nqfrbatch: No space left on device\n"},
     };
@@ -348,28 +348,54 @@ TEST_F(BatchCommand, ShowsABatchAsText) {
     EXPECT_EQ(err.str(), "qfrbatch: standard output could not be written\n");
 }
 
+TEST_F(BatchCommand, AsksForTicSheetsOnlyWhereThereAreTics) {
+    const std::string batch = Batch();
+    const Result all = Run({"print", batch, "-o", Name("x.pdf"), "--sample", "S2"});
+    EXPECT_EQ(all.code, 1);
+    EXPECT_THAT(all.err, Not(HasSubstr("TIC")));
+    EXPECT_EQ(ReadAll(Name("x.pdf")), "Form 1 S2: [Form 1 S2 1]");
+    const Result asked =
+        Run({"print", batch, "-o", Name("y.pdf"), "--forms", " TIC,1", "--sample", "S2"});
+    EXPECT_EQ(asked.code, 1);
+    EXPECT_EQ(asked.err,
+              "TIC Compounds Not Entered: There are no TIC compounds listed for this sample.\n");
+    EXPECT_EQ(ReadAll(Name("y.pdf")), "Form 1 S2: [Form 1 S2 1]");
+}
+
 TEST(HeadlessHost, AnswersDialogsByTheirRules) {
     SquareMetrics metrics;
     std::ostringstream err;
-    const DialogRules tune = {EntryDialog::kTune,
-                              [](FormHost& host, std::size_t record) {
-                                  host.Entries().Tune.InstrumentId = "GC" + std::to_string(record);
-                              },
-                              [](FormHost& host) -> std::optional<Message> {
-                                  if (host.Entries().Tune.SampleNo.empty()) {
-                                      return Message{"Please enter\na value.", "Required"};
-                                  }
-                                  return std::nullopt;
-                              }};
-    HeadlessHost host({}, metrics, err, {tune});
-    EXPECT_FALSE(host.ShowEntryDialog(EntryDialog::kTune, 3));
-    EXPECT_EQ(err.str(), "Required: Please enter a value.\n");
-    host.Entries().Tune.SampleNo = "BFB";
-    EXPECT_TRUE(host.ShowEntryDialog(EntryDialog::kTune, 4));
-    EXPECT_EQ(host.Entries().Tune.InstrumentId, "GC4");
-    EXPECT_TRUE(host.ShowEntryDialog(EntryDialog::kBlankComments, 0));
-    EXPECT_FALSE(host.AskYesNo({"Save it now?", ""}));
-    EXPECT_THAT(err.str(), testing::EndsWith(".\nSave it now?\n"));
+    SavedBatch saved;
+    saved.Batch.SampleList.emplace(2)[1].Header[HeaderField::kInstrumentId] = "GC2";
+    saved.Entries.Tune.SampleNo = "BFB";
+    saved.Entries.InitialCalibration.FirstStandard = "05/16/2005 09:41";
+    HeadlessHost host(saved, metrics, err, EntryDialogRules());
+
+    EXPECT_TRUE(host.ShowEntryDialog(EntryDialog::kBlankComments, 1));
+    EXPECT_TRUE(host.ShowEntryDialog(EntryDialog::kInitialCalibration, 1));
+    EXPECT_TRUE(host.Flags().InitCalEntered);
+    EXPECT_EQ(host.Entries().ContinuingCalibration.FirstStandard, "05/16/2005 09:41");
+    EXPECT_EQ(err.str(), "");
+
+    const std::string required = "Required Input Missing: Please enter an appropriate value.\n";
+    const std::pair<EntryDialog, std::string> refused[] = {
+        {EntryDialog::kRecoveryRanges, "No File Specified: Please select a file for ranges.\n"},
+        {EntryDialog::kTune,
+         "Incorrect Time Format: Enter the date/time format as  MM/DD/YYYY or HH:MI\n"},
+        {EntryDialog::kContinuingCalibration, required},
+        {EntryDialog::kStandardSummary, required},
+    };
+    for (const auto& [dialog, message] : refused) {
+        err.str("");
+        EXPECT_FALSE(host.ShowEntryDialog(dialog, 1));
+        EXPECT_EQ(err.str(), message);
+    }
+    EXPECT_EQ(host.Entries().Tune.InstrumentId, "GC2");
+    EXPECT_FALSE(host.Flags().ContCalEntered);
+
+    err.str("");
+    EXPECT_FALSE(host.AskYesNo({"Save it\nnow?", ""}));
+    EXPECT_EQ(err.str(), "Save it now?\n");
 }
 
 }  // namespace
