@@ -2,6 +2,7 @@
 # file dialogs of a fresh build or installation start in the example.
 
 file(GLOB QFR_EXAMPLE_FILES CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/example/*)
+list(FILTER QFR_EXAMPLE_FILES EXCLUDE REGEX "/\\.[^/]*$")
 set(QFR_PLACED_FILES ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/QFRpaths.txt)
 
 # It depends on nothing: once it is there, it is the user's.
@@ -25,5 +26,10 @@ add_custom_target(qfr_example ALL DEPENDS ${QFR_PLACED_FILES})
 
 # Where the programs are installed, below the installation prefix.
 set(QFR_INSTALL_DIR lib/qfrforms CACHE STRING "Directory of the installed programs and their files")
+foreach(program qfrforms qfrbatch)
+  if(TARGET ${program})
+    install(TARGETS ${program} DESTINATION ${QFR_INSTALL_DIR})
+  endif()
+endforeach()
 install(FILES ${CMAKE_SOURCE_DIR}/packaging/QFRpaths.txt DESTINATION ${QFR_INSTALL_DIR})
 install(FILES ${QFR_EXAMPLE_FILES} DESTINATION ${QFR_INSTALL_DIR}/example)
