@@ -7,6 +7,7 @@
 #include <QIcon>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPainter>
 #include <QScreen>
 #include <QStatusBar>
 
@@ -28,7 +29,7 @@ namespace qfr {
 namespace {
 
 constexpr int kHelpTopic = 10;
-constexpr QSize kWindowSize(640, 420);
+constexpr QSize kWindowSize(800, 500);
 
 // Lines of the paths file.
 constexpr int kTextSlot = 3;
@@ -49,6 +50,18 @@ bool IsComplete(const SampleRecord& record) {
         }
     }
     return true;
+}
+
+// The program's sign, as a watermark.
+QPixmap Watermark() {
+    constexpr double kStrength = 0.2;
+    const QPixmap sign(":/icons/qfrforms-128.png");
+    QPixmap faint(sign.size());
+    faint.fill(Qt::transparent);
+    QPainter painter(&faint);
+    painter.setOpacity(kStrength);
+    painter.drawPixmap(0, 0, sign);
+    return faint;
 }
 
 QString NameOrNone(const std::string& path) {
@@ -125,7 +138,10 @@ void TQFRForm::OnCreate() {
     }
     AddCommands(*menuBar(), kMenuBarCommands.begin(), kMenuBarCommands.end());
 
-    setCentralWidget(new QWidget(this));
+    auto* const emptyArea = new QLabel(this);
+    emptyArea->setAlignment(Qt::AlignCenter);
+    emptyArea->setPixmap(Watermark());
+    setCentralWidget(emptyArea);
     for (QLabel*& label : state_) {
         label = new QLabel(this);
         label->setContentsMargins(6, 1, 6, 1);
@@ -306,6 +322,7 @@ void TQFRForm::ShowBatchState() {
     }
     for (std::size_t i = 0; i < state_.size(); ++i) {
         state_[i]->setText(texts[i]);
+        state_[i]->setToolTip(texts[i]);
         state_[i]->setVisible(loaded);
     }
 }

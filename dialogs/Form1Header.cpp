@@ -310,6 +310,15 @@ bool TForm1Header::eventFilter(QObject* watched, QEvent* event) {
     return QDialog::eventFilter(watched, event);
 }
 
+// Enter presses the button that has the focus; in an entry it must neither print nor leave.
+void TForm1Header::keyPressEvent(QKeyEvent* event) {
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+        QDialog::keyPressEvent(event);
+    } else if (auto* const button = qobject_cast<QAbstractButton*>(focusWidget())) {
+        button->click();
+    }
+}
+
 void TForm1Header::ComboBox2Change() {
     constexpr std::array kFields = {HeaderField::kMatrix, HeaderField::kPercentMoisture,
                                     HeaderField::kSoilExtractVolume,

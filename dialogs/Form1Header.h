@@ -52,6 +52,7 @@ class TForm1Header : public QDialog {
   protected:
     // Entering and leaving the controls.
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     void SetMode(int mode);

@@ -63,6 +63,7 @@ TEST(FilesDlg, AssemblesABatch) {
     EXPECT_EQ(rig.log.shown.size(), 1U) << "for the file that is no report";
     EXPECT_THAT(rig.Recorded(), IsEmpty());
 
+    rig.list.setFocus();
     QTest::keyClick(&rig.list, Qt::Key_Return);
     EXPECT_THAT(rig.Recorded(), ElementsAre("vblk01.prn", "za101.prn", "za102.prn"));
     EXPECT_FALSE(rig.dialog.isVisible());

@@ -234,6 +234,16 @@ TEST(Form1Header, PrintsTheSampleShownWithWhatWasTyped) {
     EXPECT_THAT(texts, AllOf(Contains("VBLK01"), Contains("C-99"), Contains("Fairhaven")));
 }
 
+TEST(Form1Header, TakesEnterOnButtonsOnly) {
+    HeaderRig rig;
+    rig.Press(Qt::Key_Return);
+    EXPECT_TRUE(rig.dialog.isVisible());
+    EXPECT_THAT(rig.sink.jobs, IsEmpty());
+    rig.Get<QWidget>("OkButton").setFocus();
+    rig.Press(Qt::Key_Return);
+    EXPECT_FALSE(rig.dialog.isVisible());
+}
+
 TEST(Form1Header, KeepsTheLaboratorysDefaults) {
     HeaderRig rig;
     WindowRig::Click(rig.dialog, "Button4");
