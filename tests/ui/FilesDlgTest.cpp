@@ -174,18 +174,5 @@ TEST(FilesDlg, ClearsAllAfterOfferingToSave) {
     EXPECT_EQ(labName.text(), "");
 }
 
-TEST(FilesDlg, TellsItsBrowseButtonsApart) {
-    FilesRig rig;
-    std::vector<std::string> named;
-    for (const QAbstractButton* const button : rig.dialog.findChildren<QAbstractButton*>()) {
-        if (Plain(button->text()) == "Browse") {
-            named.push_back(button->accessibleDescription().toStdString());
-        }
-    }
-    EXPECT_THAT(named, ElementsAre("Lab Blank:", "Calib. File:", "Continuing Cal:"));
-    QTest::keyClick(&rig.dialog, Qt::Key_F1);
-    EXPECT_THAT(rig.topics, ElementsAre(105));
-}
-
 }  // namespace
 }  // namespace qfr::test

@@ -1,7 +1,5 @@
 #include <gmock/gmock.h>
 
-#include <QWheelEvent>
-
 #include "dialogs/Form1Header.h"
 #include "platform/qt/MaskEdit.h"
 #include "tests/ui/WindowRig.h"
@@ -197,15 +195,6 @@ TEST(Form1Header, FollowsTheMatrix) {
     EXPECT_EQ(values(), "12|N/A|N/A");
     rig.Press(Qt::Key_Down);
     EXPECT_EQ(values(), "N/A|N/A|N/A");
-}
-
-TEST(Form1Header, IgnoresAWheelThatPassesOver) {
-    HeaderRig rig;
-    auto& box = rig.Get<QComboBox>("ZOVComboBox");
-    QWheelEvent wheel({5, 5}, box.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, {},
-                      Qt::NoScrollPhase, false);
-    QApplication::sendEvent(&box, &wheel);
-    EXPECT_EQ(rig.dialog.CurrentRecord(), 0U);
 }
 
 TEST(Form1Header, StartsAtTheFieldThatIsWanted) {
