@@ -32,11 +32,12 @@ void BuildSampleList(Batch& batch) {
     }
     SampleListType& list = batch.SampleList.emplace();
     list.reserve(batch.Files.QFiles.size() + 1);
+    FileFinder finder;
     if (LabBlankRecords(batch) > 0) {
-        ReadSampleHeader(batch.Files.LabBlank, batch.Folder, list.emplace_back());
+        ReadSampleHeader(batch.Files.LabBlank, batch.Folder, list.emplace_back(), finder);
     }
     for (const std::string& file : batch.Files.QFiles) {
-        ReadSampleHeader(file, batch.Folder, list.emplace_back());
+        ReadSampleHeader(file, batch.Folder, list.emplace_back(), finder);
     }
 }
 

@@ -1,5 +1,9 @@
 #include "data/CalibrationReports.h"
 
+#include <optional>
+#include <utility>
+
+#include "data/OpenedFile.h"
 #include "platform/LineReader.h"
 #include "platform/Text.h"
 
@@ -96,14 +100,14 @@ bool Accept(const std::optional<Message>& rejection, Messages& messages) {
 bool ValidateCalReport(const std::string& fileName, FileSet& files, Messages& messages) {
     ExpectedNames expected = ExpectedNamesOf(files);
     const std::string baseName = FileNameOnly(fileName);
-    auto report = OpenReport(fileName, "");
+    auto report = OpenFileBeside(fileName, "");
     if (!expected.Calibration.empty() && LowerCase(baseName) != expected.Calibration) {
-        const bool isOther = report && IsCalTitle(report->NextOrEmpty());
+        const bool isOther = report && IsCalTitle(report->Lines.NextOrEmpty());
         return Accept(
             isOther ? WrongCalibrationMessage() : NotAReportMessage("calibration", baseName),
             messages);
     }
-    if (report && !Accept(CheckCalHeader(*report, baseName, files, expected), messages)) {
+    if (report && !Accept(CheckCalHeader(report->Lines, baseName, files, expected), messages)) {
         return false;
     }
     if (expected.Calibration.empty()) {
@@ -114,9 +118,10 @@ bool ValidateCalReport(const std::string& fileName, FileSet& files, Messages& me
 
 bool ValidateCheckReport(const std::string& fileName, FileSet& files, Messages& messages) {
     ExpectedNames expected = ExpectedNamesOf(files);
-    auto report = OpenReport(fileName, "");
+    auto report = OpenFileBeside(fileName, "");
     return !report ||
-           Accept(CheckCheckHeader(*report, FileNameOnly(fileName), files, expected), messages);
+           Accept(CheckCheckHeader(report->Lines, FileNameOnly(fileName), files, expected),
+                  messages);
 }
 
 bool CheckNamedFile(std::string_view line, std::string& name, std::string& expected) {

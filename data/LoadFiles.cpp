@@ -34,9 +34,9 @@ std::vector<std::string> AcceptedReports(Batch& batch, const std::vector<std::st
     return accepted;
 }
 
-SampleRecord NewRecord(const Batch& batch, const std::string& fileName) {
+SampleRecord NewRecord(const Batch& batch, const std::string& fileName, FileFinder& finder) {
     SampleRecord record;
-    ReadSampleHeader(fileName, batch.Folder, record);
+    ReadSampleHeader(fileName, batch.Folder, record, finder);
     return record;
 }
 
@@ -50,11 +50,12 @@ void BringSampleListIntoStep(Batch& batch) {
         old.begin() + static_cast<std::ptrdiff_t>(std::min(LabBlankRecords(batch), old.size()));
     std::move(old.begin(), firstReport, std::back_inserter(list));
     auto next = firstReport;
+    FileFinder finder;
     for (const std::string& file : batch.Files.QFiles) {
         if (next != old.end() && next->FileName == file) {
             list.push_back(std::move(*next++));
         } else {
-            list.push_back(NewRecord(batch, file));
+            list.push_back(NewRecord(batch, file, finder));
         }
     }
     std::move(next, old.end(), std::back_inserter(list));
@@ -92,7 +93,8 @@ bool TakeLabBlank(Batch& batch, const std::string& fileName, Messages& messages,
     if (batch.SampleList && batch.SampleList->front().FileName != batch.Files.LabBlank) {
         SampleListType& list = *batch.SampleList;
         list.erase(list.begin(), list.begin() + static_cast<std::ptrdiff_t>(oldBlankRecords));
-        list.insert(list.begin(), NewRecord(batch, batch.Files.LabBlank));
+        FileFinder finder;
+        list.insert(list.begin(), NewRecord(batch, batch.Files.LabBlank, finder));
     }
     batch.BlankHitFlags = ReadBlankHits(batch.Files.LabBlank, batch.Folder);
     return true;

@@ -1,8 +1,10 @@
 #include "data/QuantReport.h"
 
+#include <utility>
+
 #include "data/CalibrationReports.h"
+#include "data/OpenedFile.h"
 #include "platform/DateTime.h"
-#include "platform/FileLookup.h"
 #include "platform/Text.h"
 
 namespace qfr {
@@ -119,22 +121,17 @@ ExpectedNames ExpectedNamesOf(const FileSet& files) {
             .InternalStandard = LowerCase(Trim(files.SurrFile))};
 }
 
-std::optional<LineReader> OpenReport(const std::string& fileName, std::string_view folder) {
-    const auto file = FindFileBeside(fileName, folder);
-    return file ? LineReader::Open(*file) : std::nullopt;
-}
-
 QuantReportVerdict ValidateQuantReport(const std::string& fileName, FileSet& files,
                                        ExpectedNames& expected, Messages& messages) {
-    auto report = OpenReport(fileName, "");
+    auto report = OpenFileBeside(fileName, "");
     if (!report) {
         return QuantReportVerdict::kAccepted;
     }
-    if (const auto message = CheckHeader(*report, FileNameOnly(fileName), files, expected)) {
+    if (const auto message = CheckHeader(report->Lines, FileNameOnly(fileName), files, expected)) {
         messages.Show(*message);
         return QuantReportVerdict::kRejected;
     }
-    for (int rows = 0; NextRow(*report);) {
+    for (int rows = 0; NextRow(report->Lines);) {
         if (++rows > kMaxCompoundRows) {
             messages.Show(FileErrorMessage("File Compound list Error"));
             return QuantReportVerdict::kTooManyRows;
@@ -144,8 +141,15 @@ QuantReportVerdict ValidateQuantReport(const std::string& fileName, FileSet& fil
 }
 
 void ReadSampleHeader(const std::string& fileName, std::string_view folder, SampleRecord& record) {
+    FileFinder finder;
+    ReadSampleHeader(fileName, folder, record, finder);
+}
+
+void ReadSampleHeader(const std::string& fileName, std::string_view folder, SampleRecord& record,
+                      FileFinder& finder) {
     record.FileName = LowerCase(fileName);
-    auto report = OpenReport(fileName, folder);
+    const auto file = finder.FindBeside(fileName, folder);
+    auto report = file ? LineReader::Open(*file) : std::nullopt;
     if (!report) {
         return;
     }
@@ -169,13 +173,14 @@ std::vector<bool> ReadBlankHits(const std::string& fileName, std::string_view fo
 }
 
 std::optional<LineReader> OpenCompoundTable(const std::string& fileName, std::string_view folder) {
-    auto report = OpenReport(fileName, folder);
-    if (report) {
-        for (auto line = report->Next(); line && !IsCompoundTableHead(*line);) {
-            line = report->Next();
-        }
+    auto report = OpenFileBeside(fileName, folder);
+    if (!report) {
+        return std::nullopt;
     }
-    return report;
+    for (auto line = report->Lines.Next(); line && !IsCompoundTableHead(*line);) {
+        line = report->Lines.Next();
+    }
+    return std::move(report->Lines);
 }
 
 bool IsCompoundTableHead(std::string_view line) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "data/Batch.h"
+#include "platform/FileLookup.h"
 #include "platform/LineReader.h"
 #include "platform/Messages.h"
 
@@ -31,10 +32,6 @@ struct ExpectedNames {
 };
 ExpectedNames ExpectedNamesOf(const FileSet& files);
 
-// A report of any kind; absent when it cannot be opened. `folder` is where a report that is not at
-// its name is looked for (UTF-8; empty: nowhere).
-std::optional<LineReader> OpenReport(const std::string& fileName, std::string_view folder);
-
 // Checks one report before it enters the batch and shows the message of a rejection. A file that
 // cannot be opened is accepted. An empty name in `files` takes the report's (and so does
 // `expected`), also when the report is rejected at a later line.
@@ -45,6 +42,9 @@ QuantReportVerdict ValidateQuantReport(const std::string& fileName, FileSet& fil
 // report that is not at its name is looked for. A file that cannot be opened leaves the record's
 // defaults (and sets its FileName).
 void ReadSampleHeader(const std::string& fileName, std::string_view folder, SampleRecord& record);
+// The same for many reports in a row.
+void ReadSampleHeader(const std::string& fileName, std::string_view folder, SampleRecord& record,
+                      FileFinder& finder);
 
 // Which compounds the lab blank contains, one flag per compound row: detected, and not an estimate.
 std::vector<bool> ReadBlankHits(const std::string& fileName, std::string_view folder);

@@ -1,9 +1,8 @@
 #include "platform/FileLookup.h"
 
 #include <algorithm>
-#include <span>
 #include <system_error>
-#include <vector>
+#include <utility>
 
 #include "platform/Text.h"
 
@@ -13,75 +12,13 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// A lookup reads at most this many directories, whatever links they hold.
-constexpr int kMaxScans = 64;
+// A lookup asks at most this many directories for their names, whatever links they hold.
+constexpr int kMaxQuestions = 64;
 
 bool Exists(const fs::path& path) {
     std::error_code error;
     return fs::exists(path, error);
 }
-
-std::string UpperAscii(std::string_view text) {
-    std::string upper(text);
-    for (char& c : upper) {
-        c = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-    }
-    return upper;
-}
-
-class Search {
-  public:
-    // The file that the components name below `folder` (empty: the current directory).
-    std::optional<fs::path> Find(const fs::path& folder, std::span<const std::string> components) {
-        if (components.empty()) {
-            return folder;
-        }
-        const std::string& name = components.front();
-        const auto rest = components.subspan(1);
-        // Instruments name their files in capitals; trying those first spares the scan of a folder
-        // with a thousand reports.
-        const std::vector<std::string> likely = {name, UpperAscii(name)};
-        for (const std::string& candidate : likely) {
-            const fs::path path = folder / PathOf(candidate);
-            if (Exists(path)) {
-                if (auto found = Find(path, rest)) {
-                    return found;
-                }
-            }
-        }
-        for (const std::string& candidate : NamesLike(folder, name)) {
-            if (std::find(likely.begin(), likely.end(), candidate) == likely.end()) {
-                if (auto found = Find(folder / PathOf(candidate), rest)) {
-                    return found;
-                }
-            }
-        }
-        return std::nullopt;
-    }
-
-  private:
-    // Names in the folder that differ from this one in case only, sorted.
-    std::vector<std::string> NamesLike(const fs::path& folder, std::string_view name) {
-        std::vector<std::string> names;
-        if (scans_ == kMaxScans) {
-            return names;
-        }
-        ++scans_;
-        const std::string wanted = LowerCase(name);
-        std::error_code error;
-        fs::directory_iterator entry(folder.empty() ? fs::path(".") : folder, error);
-        for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
-            std::string candidate = TextOf(entry->path().filename());
-            if (candidate.size() == wanted.size() && LowerCase(candidate) == wanted) {
-                names.push_back(std::move(candidate));
-            }
-        }
-        std::sort(names.begin(), names.end());
-        return names;
-    }
-
-    int scans_ = 0;
-};
 
 }  // namespace
 
@@ -94,9 +31,53 @@ std::string TextOf(const fs::path& path) {
     return {text.begin(), text.end()};
 }
 
-std::optional<fs::path> FindFile(std::string_view name) {
-    // The system would take such a name for what stands before the NUL.
-    if (name.empty() || Contains(name, std::string_view("\0", 1))) {
+const FileFinder::Listing& FileFinder::ListingOf(const fs::path& folder) {
+    const auto [known, isNew] = listings_.try_emplace(folder);
+    Listing& listing = known->second;
+    if (isNew) {
+        std::error_code error;
+        fs::directory_iterator entry(folder.empty() ? fs::path(".") : folder, error);
+        for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+            std::string name = TextOf(entry->path().filename());
+            listing.emplace_back(LowerCase(name), std::move(name));
+        }
+        std::sort(listing.begin(), listing.end());
+    }
+    return listing;
+}
+
+std::optional<fs::path> FileFinder::FindBelow(const fs::path& folder,
+                                              std::span<const std::string> components) {
+    if (components.empty()) {
+        return folder;
+    }
+    const std::string& name = components.front();
+    const auto rest = components.subspan(1);
+    const fs::path asItStands = folder / PathOf(name);
+    if (Exists(asItStands)) {
+        if (auto found = FindBelow(asItStands, rest)) {
+            return found;
+        }
+    }
+    if (++questions_ > kMaxQuestions) {
+        return std::nullopt;
+    }
+    const Listing& listing = ListingOf(folder);
+    const std::string wanted = LowerCase(name);
+    auto entry = std::lower_bound(listing.begin(), listing.end(), std::pair(wanted, std::string()));
+    for (; entry != listing.end() && entry->first == wanted; ++entry) {
+        if (entry->second != name) {
+            if (auto found = FindBelow(folder / PathOf(entry->second), rest)) {
+                return found;
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+std::optional<fs::path> FileFinder::Find(std::string_view name) {
+    // The system would take a name with a NUL for what stands before it.
+    if (name.empty() || name.find('\0') != std::string_view::npos) {
         return std::nullopt;
     }
     if (fs::path path = PathOf(name); Exists(path)) {
@@ -109,18 +90,28 @@ std::optional<fs::path> FindFile(std::string_view name) {
     for (const fs::path& component : path.relative_path()) {
         components.push_back(TextOf(component));
     }
-    return Search().Find(path.root_path(), components);
+    questions_ = 0;
+    return FindBelow(path.root_path(), components);
 }
 
-std::optional<fs::path> FindFileBeside(std::string_view name, std::string_view folder) {
-    if (auto found = FindFile(name)) {
+std::optional<fs::path> FileFinder::FindBeside(std::string_view name, std::string_view folder) {
+    if (auto found = Find(name)) {
         return found;
     }
     const std::string baseName = FileNameOnly(name);
     if (folder.empty() || baseName.empty()) {
         return std::nullopt;
     }
-    return Search().Find(PathOf(folder), std::vector<std::string>{baseName});
+    questions_ = 0;
+    return FindBelow(PathOf(folder), std::vector{baseName});
+}
+
+std::optional<fs::path> FindFile(std::string_view name) {
+    return FileFinder().Find(name);
+}
+
+std::optional<fs::path> FindFileBeside(std::string_view name, std::string_view folder) {
+    return FileFinder().FindBeside(name, folder);
 }
 
 }  // namespace qfr

@@ -3,9 +3,13 @@
 #pragma once
 
 #include <filesystem>
+#include <map>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 namespace qfr {
 
@@ -20,5 +24,25 @@ std::optional<std::filesystem::path> FindFile(std::string_view name);
 // As FindFile; when there is none, the file of the same base name in `folder` (UTF-8; empty: no
 // folder). `folder` is that of the file which names this one.
 std::optional<std::filesystem::path> FindFileBeside(std::string_view name, std::string_view folder);
+
+// The same lookups for many files in a row, as when a batch is read: each folder is listed once. It
+// does not see what changes on disk meanwhile, so it lives as long as one command.
+class FileFinder {
+  public:
+    std::optional<std::filesystem::path> Find(std::string_view name);
+    std::optional<std::filesystem::path> FindBeside(std::string_view name, std::string_view folder);
+
+  private:
+    // Lower-cased names with the names themselves, sorted.
+    using Listing = std::vector<std::pair<std::string, std::string>>;
+
+    const Listing& ListingOf(const std::filesystem::path& folder);
+    // The file that the components name below `folder` (empty: the current directory).
+    std::optional<std::filesystem::path> FindBelow(const std::filesystem::path& folder,
+                                                   std::span<const std::string> components);
+
+    std::map<std::filesystem::path, Listing> listings_;
+    int questions_ = 0;
+};
 
 }  // namespace qfr

@@ -21,8 +21,7 @@ char LowerAscii(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-// Every letter keeps its number of bytes, which the file lookup relies on; so the dotted capital I,
-// whose small letter is ASCII, stays.
+// The dotted capital I stays: its small letter is plain only in Turkish.
 char32_t LowerLetter(char32_t c) {
     struct Run {
         char32_t first;

@@ -51,6 +51,17 @@ TEST(FileLookup, LooksBesideTheFileThatNamesIt) {
     EXPECT_EQ(FindFileBeside("", folder), std::nullopt);
 }
 
+TEST(FileLookup, ListsAFolderOnceInACommand) {
+    const test::TempDir dir;
+    dir.Write("A1.PRN", "x");
+    FileFinder finder;
+    const std::string folder = TextOf(dir.Path());
+    EXPECT_EQ(Found(dir, finder.Find(folder + "/a1.prn")), "A1.PRN");
+    dir.Write("A2.PRN", "x");
+    EXPECT_EQ(finder.FindBeside("c:\\gone\\a2.prn", folder), std::nullopt);
+    EXPECT_EQ(Found(dir, finder.FindBeside("c:\\gone\\A2.PRN", folder)), "A2.PRN");
+}
+
 TEST(FileLookup, GivesUpInATangleOfLinks) {
     const test::TempDir dir;
     std::filesystem::create_directory_symlink(".", dir.Path() / "loop");
