@@ -99,7 +99,7 @@ StandardISTable StandardFromCheckReport(LineReader& report) {
 std::optional<StandardISTable> StandardFromCalibration(
     LineReader& report, const CalibrationTables& tables, std::string_view concentration,
     const std::array<std::string, kStandards>& retentionTimes, Messages& messages) {
-    int level = 0;
+    int level = concentration.empty() ? tables.LevelCount : 0;
     while (level < tables.LevelCount &&
            tables.LevelAmount[static_cast<std::size_t>(level)] != concentration) {
         ++level;
