@@ -1,5 +1,6 @@
 #include "platform/qt/PrinterQueue.h"
 
+#include <QLibrary>
 #include <QPainter>
 #include <QPrinter>
 #include <QPrinterInfo>
@@ -8,6 +9,24 @@
 #include "platform/qt/PaperSize.h"
 
 namespace qfr {
+
+namespace {
+
+// Where CUPS refuses a job, the toolkit drops it without a word; CUPS itself remembers why, for the
+// thread that asked. Absent where all is well, and on systems that print otherwise.
+std::optional<std::string> RefusalOfCups() {
+    constexpr int kFirstError = 0x100;  // of the codes that the printing protocol returns
+    QLibrary cups(QStringLiteral("cups"), 2);
+    const auto lastError = reinterpret_cast<int (*)()>(cups.resolve("cupsLastError"));
+    const auto lastText = reinterpret_cast<const char* (*)()>(cups.resolve("cupsLastErrorString"));
+    if (lastError == nullptr || lastText == nullptr || lastError() < kFirstError) {
+        return std::nullopt;
+    }
+    const char* const text = lastText();
+    return text != nullptr ? text : "The printer refused the job.";
+}
+
+}  // namespace
 
 std::vector<std::string> InstalledPrinters() {
     std::vector<std::string> names;
@@ -64,7 +83,7 @@ std::optional<std::string> PrintOnQueue(const PrintJob& job, const std::string& 
         device.printerState() == QPrinter::Aborted) {
         return "The printer gave up the job.";
     }
-    return std::nullopt;
+    return RefusalOfCups();
 }
 
 Message CouldNotBePrinted(const std::string& title, const std::string& printer,

@@ -6,27 +6,11 @@
 #include "platform/FileLookup.h"
 #include "platform/qt/DesktopSink.h"
 #include "platform/qt/PrinterQueue.h"
-#include "tests/Support.h"
 #include "tests/ui/PdfSupport.h"
+#include "tests/ui/WindowRig.h"
 
 namespace qfr {
 namespace {
-
-// Answers a save request with the next prepared answer and keeps the request.
-class ScriptedChooser : public FileChooser {
-  public:
-    std::optional<ChosenFiles> Open(const OpenRequest&) override { return std::nullopt; }
-    std::optional<ChosenFiles> Save(const SaveRequest& request) override {
-        requests.push_back(request);
-        if (answer.empty()) {
-            return std::nullopt;
-        }
-        return ChosenFiles{{answer}, 1};
-    }
-
-    std::vector<SaveRequest> requests;
-    std::string answer;  // empty: cancelled
-};
 
 class DesktopSinkTest : public testing::Test {
   protected:
@@ -42,7 +26,7 @@ class DesktopSinkTest : public testing::Test {
     }
 
     FormFonts fonts_;
-    ScriptedChooser chooser_;
+    test::ChooserScript chooser_;
     test::MessageLog messages_;
     test::TempDir directory_;
     DesktopSink sink_{fonts_, chooser_, messages_};
@@ -57,32 +41,32 @@ TEST_F(DesktopSinkTest, ThePrintersOfTheProgramFollowTheInstalledOnes) {
 
 TEST_F(DesktopSinkTest, APdfJobAsksForItsFileFirst) {
     const int pdf = IndexOf("PDF file");
-    chooser_.answer = TextOf(directory_.Path() / "one.pdf");
+    chooser_.answers = {{TextOf(directory_.Path() / "one.pdf")}};
     ASSERT_TRUE(sink_.BeginJob(pdf, job_.title));
-    ASSERT_EQ(chooser_.requests.size(), 1U);
-    EXPECT_EQ(chooser_.requests[0].kind, SaveKind::kPdf);
-    EXPECT_EQ(chooser_.requests[0].fileName, "Form 1 VBLK01.pdf");
-    EXPECT_TRUE(QDir(QString::fromStdString(chooser_.requests[0].directory)).exists());
+    ASSERT_EQ(chooser_.saved.size(), 1U);
+    EXPECT_EQ(chooser_.saved[0].kind, SaveKind::kPdf);
+    EXPECT_EQ(chooser_.saved[0].fileName, "Form 1 VBLK01.pdf");
+    EXPECT_TRUE(QDir(QString::fromStdString(chooser_.saved[0].directory)).exists());
     EXPECT_FALSE(std::filesystem::exists(directory_.Path() / "one.pdf"))
         << "not before it is whole";
     sink_.TakeJob(pdf, job_);
     EXPECT_THAT(test::ReadAll(directory_.Path() / "one.pdf"), testing::StartsWith("%PDF"));
 
-    chooser_.answer = TextOf(directory_.Path() / "two.pdf");
+    chooser_.answers = {{TextOf(directory_.Path() / "two.pdf")}};
     EXPECT_TRUE(sink_.BeginJob(pdf, "Form 2"));
-    EXPECT_EQ(chooser_.requests[1].directory, TextOf(directory_.Path())) << "the last one used";
+    EXPECT_EQ(chooser_.saved[1].directory, TextOf(directory_.Path())) << "the last one used";
     EXPECT_TRUE(messages_.shown.empty());
 }
 
 TEST_F(DesktopSinkTest, ACancelledChoiceGivesTheJobUp) {
     EXPECT_FALSE(sink_.BeginJob(IndexOf("PDF file"), job_.title));
     EXPECT_TRUE(sink_.BeginJob(IndexOf("Screen preview"), job_.title));
-    EXPECT_EQ(chooser_.requests.size(), 1U) << "the preview asks for no file";
+    EXPECT_EQ(chooser_.saved.size(), 1U) << "the preview asks for no file";
 }
 
 TEST_F(DesktopSinkTest, TellsOfAFileThatCannotBeWritten) {
     const int pdf = IndexOf("PDF file");
-    chooser_.answer = TextOf(directory_.Path() / "gone" / "one.pdf");
+    chooser_.answers = {{TextOf(directory_.Path() / "gone" / "one.pdf")}};
     ASSERT_TRUE(sink_.BeginJob(pdf, job_.title));
     sink_.TakeJob(pdf, job_);
     ASSERT_EQ(messages_.shown.size(), 1U);

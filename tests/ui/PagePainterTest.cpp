@@ -62,15 +62,6 @@ TEST(TextMetrics, AddUpTheSingleCharacters) {
     }
 }
 
-TEST(TextMetrics, BytesThatAreNoUtf8AreStillMeasured) {
-    FormFonts fonts;
-    const double micro = fonts.At(10).Width("\xC2\xB5");
-    EXPECT_NEAR(fonts.At(10).Width("\xB5"), micro, 1e-6);
-    EXPECT_NEAR(fonts.At(10).Width("g\xE2\x82"),
-                fonts.At(10).Width("g\xC3\xA2") + fonts.At(10).Width(" "), 1e-6)
-        << "a character cut off, of which the second byte is no letter";
-}
-
 TEST(PaintPage, ATextsCellHidesWhatLiesUnderIt) {
     JobPage page = LetterPage();
     page.items.emplace_back(RuleBetween(1, 2.08, 5, 2.08));
@@ -91,18 +82,6 @@ TEST(PaintPage, RulesHaveRoundEnds) {
     EXPECT_EQ(qGray(image.pixel(172, 200)), 255);
     EXPECT_EQ(qGray(image.pixel(179, 179)), 255) << "its corner";
     EXPECT_LT(qGray(image.pixel(300, 180)), 10);
-}
-
-TEST(PaintPage, ATextStandsInItsCell) {
-    JobPage page = LetterPage();
-    const TextItem text = TextAt(3, 5, "Agj", 36);
-    page.items.emplace_back(text);
-    const QImage image = Paint(page);
-    const QRect cell(text.x / 6, text.y / 6, text.width / 6 + 1, text.height / 6 + 1);
-    EXPECT_LT(Darkest(image, cell), 50);
-    EXPECT_LT(Darkest(image, {cell.left(), cell.bottom() - 6, cell.width(), 4}), 128) << "descent";
-    EXPECT_EQ(Darkest(image, {0, 0, image.width(), cell.top()}), 255);
-    EXPECT_EQ(Darkest(image, {0, cell.bottom() + 1, image.width(), 100}), 255);
 }
 
 }  // namespace

@@ -1,24 +1,16 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QLabel>
 #include <QScrollBar>
 #include <QTest>
 
 #include "platform/FileLookup.h"
 #include "platform/qt/PreviewWindow.h"
-#include "tests/Support.h"
 #include "tests/ui/PdfSupport.h"
+#include "tests/ui/WindowRig.h"
 
 namespace qfr {
 namespace {
-
-class ToOneFile : public FileChooser {
-  public:
-    std::optional<ChosenFiles> Open(const OpenRequest&) override { return std::nullopt; }
-    std::optional<ChosenFiles> Save(const SaveRequest&) override { return ChosenFiles{{file}, 1}; }
-    std::string file;
-};
 
 class Preview : public testing::Test {
   protected:
@@ -49,7 +41,7 @@ class Preview : public testing::Test {
     QString PageText() { return window_->findChild<QSpinBox*>("PageEdit")->text(); }
 
     FormFonts fonts_;
-    ToOneFile chooser_;
+    test::ChooserScript chooser_;
     test::MessageLog messages_;
     PdfSaver saver_{fonts_, chooser_, messages_};
     std::unique_ptr<PreviewWindow> window_;
@@ -129,31 +121,14 @@ TEST_F(Preview, ZoomsByListAndKeys) {
 TEST_F(Preview, SavesTheJobAsPdf) {
     Open(3);
     const test::TempDir directory;
-    chooser_.file = TextOf(directory.Path() / "saved.pdf");
+    chooser_.answers = {{TextOf(directory.Path() / "saved.pdf")}};
     QTest::mouseClick(window_->findChild<QPushButton*>("SaveButton"), Qt::LeftButton);
     const std::string pdf = test::ReadAll(directory.Path() / "saved.pdf");
     EXPECT_TRUE(test::Poppler("pdfinfo", {}, QByteArray::fromStdString(pdf))
                     .contains(QRegularExpression("Pages: +3\n")));
-    chooser_.file = TextOf(directory.Path() / "gone" / "saved.pdf");
+    chooser_.answers = {{TextOf(directory.Path() / "gone" / "saved.pdf")}};
     QTest::mouseClick(window_->findChild<QPushButton*>("SaveButton"), Qt::LeftButton);
     EXPECT_THAT(messages_.TakeTexts(), testing::ElementsAre("saved.pdf could not be written."));
-}
-
-TEST_F(Preview, EveryControlHasAName) {
-    Open(1);
-    EXPECT_FALSE(window_->findChild<QPushButton*>("NextButton")->isEnabled());
-    for (QWidget* const control : window_->findChildren<QWidget*>()) {
-        if (control->focusPolicy() == Qt::NoFocus || control->parentWidget() != window_.get()) {
-            continue;
-        }
-        bool named = !control->accessibleName().isEmpty() || control->inherits("QPushButton");
-        for (const QLabel* const label : window_->findChildren<QLabel*>()) {
-            named = named || label->buddy() == control;
-        }
-        EXPECT_TRUE(named) << control->objectName().toStdString();
-    }
-    Press(Qt::Key_Escape);
-    EXPECT_FALSE(window_->isVisible());
 }
 
 }  // namespace

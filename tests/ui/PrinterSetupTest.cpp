@@ -1,20 +1,12 @@
 #include <gtest/gtest.h>
 
-#include <QLabel>
-#include <QPushButton>
 #include <QTest>
 
 #include "platform/qt/PrinterSetupDialog.h"
-#include "tests/Support.h"
+#include "tests/ui/WindowRig.h"
 
 namespace qfr {
 namespace {
-
-class NoSink : public JobSink {
-  public:
-    bool BeginJob(int, const std::string&) override { return true; }
-    void TakeJob(int, PrintJob) override {}
-};
 
 class PrinterSetup : public testing::Test {
   protected:
@@ -24,7 +16,7 @@ class PrinterSetup : public testing::Test {
     }
 
     test::SquareMetrics metrics_;
-    NoSink sink_;
+    test::JobLog sink_;
     TPrinter printer_;
 };
 
