@@ -86,7 +86,7 @@ TEST(CalibrationReports, RejectForeignReportsWithTheirReason) {
              Case{"S.Check", With(kCheck, "4.2", "4.20"),
                   "The version # must be 4.2 for S.Check.\n" + noFile},
              Case{"S.Check", " " + kCheck, kNoCheck},
-             Case{"S.Check", "Check " + std::string(50'000'000, 'x'),
+             Case{"S.Check", "Check " + test::EndlessLine(),
                   "The version # must be 4.2 for S.Check.\n" + noFile},
              Case{"S.Check", With(kCheck, "DAY1", "DAY2"),
                   "The calibration file listed in S.Check\n"

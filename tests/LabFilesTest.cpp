@@ -21,7 +21,7 @@ TEST(LabFiles, ReadsDefaultsInPiecesOf29Characters) {
     for (const auto& [content, values] : cases) {
         EXPECT_EQ(ReadDefaultsFile(dir.Write("DefaultInfo.txt", content)), values) << content;
     }
-    const auto endless = ReadDefaultsFile(dir.Write("long", std::string(50'000'000, 'x')));
+    const auto endless = ReadDefaultsFile(dir.Write("long", test::EndlessLine()));
     EXPECT_EQ(endless, Values(13, full));
     EXPECT_FALSE(ReadDefaultsFile(dir.Path()));
     EXPECT_FALSE(ReadDefaultsFile(dir.Path() / "missing"));

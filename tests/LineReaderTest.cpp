@@ -63,7 +63,7 @@ TEST(LineReader, ReturnsToAPlace) {
 }
 
 TEST(LineReader, CutsAnEndlessLineBetweenCharacters) {
-    std::string content(50'000'000, 'x');
+    std::string content = test::EndlessLine();
     content[0] = '\xC3';
     content[1] = '\xBC';
     LineReader reader(content + "\nnext\n");

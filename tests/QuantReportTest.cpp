@@ -158,7 +158,7 @@ TEST(QuantReport, StandsACutAnywhereAndStrayBytes) {
             ASSERT_LE(ReadHeader(spoilt).CompoundCount, 3);
         }
     }
-    const std::string endless = "Quant " + std::string(50'000'000, 'x') + " version 4.2\n";
+    const std::string endless = "Quant " + test::EndlessLine() + " version 4.2\n";
     EXPECT_EQ(Check(endless).texts,
               std::vector<std::string>{"The version # must be 4.2 for Sample.PRN.\n"
                                        "The file will not be processed."});

@@ -1,8 +1,8 @@
 #include "tests/Support.h"
 
+#include <cstdlib>
 #include <fstream>
 #include <sstream>
-#include <stdlib.h>
 #include <unistd.h>
 
 #include "platform/FileLookup.h"
@@ -73,6 +73,12 @@ std::string WithCrLf(std::string_view text) {
         converted += c == '\n' ? "\r\n" : std::string(1, c);
     }
     return converted;
+}
+
+std::string EndlessLine() {
+    std::string line;
+    line.resize(50'000'000, 'x');
+    return line;
 }
 
 std::string ReadAll(const fs::path& file) {

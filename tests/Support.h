@@ -91,6 +91,9 @@ FileSet NamedFiles(std::string library, std::string internalStandard, std::strin
 // The text with CR LF line ends.
 std::string WithCrLf(std::string_view text);
 
+// 50 MB without a line end.
+std::string EndlessLine();
+
 std::string ReadAll(const std::filesystem::path& file);
 std::filesystem::path ExampleDir();
 
