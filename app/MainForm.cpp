@@ -11,8 +11,13 @@
 #include <QScreen>
 #include <QStatusBar>
 
-#include "app/AboutBox.h"
 #include "app/BatchFile.h"
+#include "forms/Form2.h"
+#include "forms/Form4.h"
+#include "forms/Form5.h"
+#include "forms/Form6.h"
+#include "forms/Form7.h"
+#include "forms/Form8.h"
 #include "platform/FileLookup.h"
 #include "platform/FileReplace.h"
 #include "platform/LineReader.h"
@@ -70,7 +75,7 @@ QString NameOrNone(const std::string& path) {
 
 }  // namespace
 
-// One line of a menu. Without a handler it is there, but disabled: its form is not built yet.
+// One line of a menu.
 struct TQFRForm::Command {
     const char* caption;
     const char* shortcut;
@@ -92,13 +97,15 @@ const std::array<TQFRForm::Menu, 3> TQFRForm::kMenus = {{
     {"&Forms",
      {
          {"Form &1 Volatile Organics Analysis", "Ctrl+1", &TQFRForm::FormIVoaClick},
-         {"Form 1 &Tentative Identified Compounds", "Ctrl+T", nullptr},
-         {"Form &2 Monitoring Compound Recovery", "Ctrl+2", nullptr},
-         {"Form &4 Method Blank Summary", "Ctrl+4", nullptr},
-         {"Form &5 Instrument Performance Check", "Ctrl+5", nullptr},
-         {"Form &6 Initial Calibration Data", "Ctrl+6", nullptr},
-         {"Form &7 Cont. Cal. Data", "Ctrl+7", nullptr},
-         {"Form &8 Internal Standard Summary", "Ctrl+8", nullptr},
+         {"Form 1 &Tentative Identified Compounds", "Ctrl+T", &TQFRForm::FormITicClick},
+         {"Form &2 Monitoring Compound Recovery", "Ctrl+2",
+          &TQFRForm::PrintFormClick<Form2MCRClick>},
+         {"Form &4 Method Blank Summary", "Ctrl+4", &TQFRForm::PrintFormClick<Form4MBSClick>},
+         {"Form &5 Instrument Performance Check", "Ctrl+5",
+          &TQFRForm::PrintFormClick<Form5IPCClick>},
+         {"Form &6 Initial Calibration Data", "Ctrl+6", &TQFRForm::PrintFormClick<Form6CIDClick>},
+         {"Form &7 Cont. Cal. Data", "Ctrl+7", &TQFRForm::PrintFormClick<Form7CCDClick>},
+         {"Form &8 Internal Standard Summary", "Ctrl+8", &TQFRForm::PrintFormClick<Form8ARTClick>},
      }},
     {"&Reports",
      {
@@ -116,9 +123,21 @@ TQFRForm::TQFRForm(const DesktopServices& services)
     : services_(services),
       paths_(services.Settings, *this),
       printer_(services.Metrics, services.Sink),
-      page_(printer_, [this] { services_.ShowPrinterSetup(printer_); }),
+      page_(printer_,
+            [this] {
+                const AskingCursor asking;
+                services_.ShowPrinterSetup(printer_);
+            }),
       filesDlg_(std::make_unique<TFilesDlg>(*this, *this, *this)),
-      form1Header_(std::make_unique<TForm1Header>(*this, *this)) {
+      form1Header_(std::make_unique<TForm1Header>(*this, *this)),
+      ticForm_(std::make_unique<TTICForm>(*this, *this, form1Header_.get())),
+      form2Dlg_(std::make_unique<TForm2Dlg>(*this, *this, this)),
+      mbsHeader_(std::make_unique<TMBSHeader>(*this, *this, this)),
+      tuneForm_(std::make_unique<TTuneForm>(*this, *this, this)),
+      initCalInput_(std::make_unique<TInitCalInput>(*this, *this, this)),
+      chkCalForm_(std::make_unique<TChkCalForm>(*this, *this, this)),
+      artSummForm_(std::make_unique<TARTSummForm>(*this, *this, this)),
+      aboutBox_(std::make_unique<TAboutBox>(this)) {
     OnCreate();
 }
 
@@ -230,12 +249,19 @@ void TQFRForm::FormIClick(int mode) {
     form1Header_->Open(mode);
 }
 
+template <void (*driver)(FormHost&)>
+void TQFRForm::PrintFormClick() {
+    const WaitCursor wait;
+    driver(*this);
+    ShowBatchState();
+}
+
 void TQFRForm::Help1Click() {
     ShowHelp(kHelpTopic);
 }
 
 void TQFRForm::About1Click() {
-    TAboutBox(this).exec();
+    aboutBox_->exec();
 }
 
 void TQFRForm::OnExit() {
@@ -262,9 +288,27 @@ bool TQFRForm::AskYesNo(const Message& question) {
     return services_.Messages.AskYesNo(question);
 }
 
-// No form that has an entry dialog can be chosen yet.
-bool TQFRForm::ShowEntryDialog(EntryDialog /*dialog*/, std::size_t /*headerRecord*/) {
+bool TQFRForm::ShowEntryDialog(EntryDialog dialog, std::size_t headerRecord) {
+    const AskingCursor asking;
+    switch (dialog) {
+        case EntryDialog::kRecoveryRanges:
+            return form2Dlg_->Run(headerRecord);
+        case EntryDialog::kBlankComments:
+            return mbsHeader_->Run(headerRecord);
+        case EntryDialog::kTune:
+            return tuneForm_->Run(headerRecord);
+        case EntryDialog::kInitialCalibration:
+            return initCalInput_->Run(headerRecord);
+        case EntryDialog::kContinuingCalibration:
+            return chkCalForm_->Run(headerRecord);
+        case EntryDialog::kStandardSummary:
+            return artSummForm_->Run(headerRecord);
+    }
     return false;
+}
+
+void TQFRForm::EnterTics(std::size_t record, const std::string& sampleNo) {
+    ticForm_->Run(record, sampleNo);
 }
 
 void TQFRForm::ResetEntryDialogs() {

@@ -8,9 +8,17 @@
 #include <QLabel>
 #include <QMainWindow>
 
+#include "app/AboutBox.h"
 #include "app/PathsFile.h"
 #include "data/FilesDlg.h"
+#include "dialogs/ARTSummForm.h"
+#include "dialogs/ChkCalForm.h"
 #include "dialogs/Form1Header.h"
+#include "dialogs/Form2Dlg.h"
+#include "dialogs/InitCalInput.h"
+#include "dialogs/MBSHeader.h"
+#include "dialogs/TicForm.h"
+#include "dialogs/TuneForm.h"
 #include "forms/FormHost.h"
 #include "platform/JobSink.h"
 #include "platform/Printer.h"
@@ -64,6 +72,7 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
     std::optional<ChosenFiles> ChooseFiles(int filter, int pathSlot, bool multiSelect) override;
     std::optional<std::string> ChooseTarget(SaveKind kind) override;
     const SettingsDir& Settings() const override { return services_.Settings; }
+    void EnterTics(std::size_t record, const std::string& sampleNo) override;
     void ShowHelp(int topic) override;
     void ShowMainWindow() override;
 
@@ -85,7 +94,11 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
     void SaveFilesClick() { Save(); }
     void RestoreFilesClick();
     void FormIVoaClick() { FormIClick(kFormIVoa); }
+    void FormITicClick() { FormIClick(kFormITic); }
     void FormIClick(int mode);
+    // Runs the driver of a form that has no header dialog of its own.
+    template <void (*driver)(FormHost&)>
+    void PrintFormClick();
     void SelectPrinter1Click() { page_.getPrinter(); }
     void Help1Click();
     void About1Click();
@@ -106,6 +119,16 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
     // Windows of their own: this one hides while they show.
     std::unique_ptr<TFilesDlg> filesDlg_;
     std::unique_ptr<TForm1Header> form1Header_;
+
+    // Dialogs above this one or above the Form 1 header.
+    std::unique_ptr<TTICForm> ticForm_;
+    std::unique_ptr<TForm2Dlg> form2Dlg_;
+    std::unique_ptr<TMBSHeader> mbsHeader_;
+    std::unique_ptr<TTuneForm> tuneForm_;
+    std::unique_ptr<TInitCalInput> initCalInput_;
+    std::unique_ptr<TChkCalForm> chkCalForm_;
+    std::unique_ptr<TARTSummForm> artSummForm_;
+    std::unique_ptr<TAboutBox> aboutBox_;
 };
 
 }  // namespace qfr

@@ -1,6 +1,8 @@
 // The desktop program.
 #include <QApplication>
+#include <QSettings>
 #include <QStandardPaths>
+#include <QTemporaryDir>
 
 #include "app/MainForm.h"
 #include "platform/FileLookup.h"
@@ -24,7 +26,15 @@ int main(int, char** argv) {
     const qfr::SettingsDir settings(
         directory(QApplication::applicationDirPath()),
         directory(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)));
+    // The toolkit's dialogs would keep a settings file of their own; the program has only its two.
+    const QTemporaryDir toolkitSettings;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, toolkitSettings.path());
+
     qfr::QtMessages messages;
+    if (qfr::FormTypeface().empty()) {
+        messages.Show({std::string(qfr::kNoTypeface), "QFR Forms", qfr::MessageIcon::kWarning});
+        return 1;
+    }
     qfr::QtFileChooser chooser;
     qfr::FormFonts fonts;
     qfr::QtTextMetrics metrics(fonts);

@@ -27,7 +27,9 @@ bool ShowFault(FormHost& host, QDialog& dialog, const std::optional<EntryFault>&
     if (auto* const grid = qobject_cast<QTableWidget*>(control);
         grid != nullptr && fault->Row > 0) {
         grid->setCurrentCell(fault->Row - 1, std::max(grid->currentColumn(), 0));
-        grid->edit(grid->currentIndex());
+        if (grid->indexWidget(grid->currentIndex()) == nullptr) {
+            grid->edit(grid->currentIndex());
+        }
     } else if (auto* const edit = qobject_cast<QLineEdit*>(control)) {
         edit->selectAll();
     }

@@ -5,9 +5,11 @@
 #include <QApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
+#include <QScopedValueRollback>
 #include <QShortcut>
 
 #include "data/LabFiles.h"
+#include "forms/Form1Tic.h"
 #include "forms/Form1Voa.h"
 #include "platform/DateTime.h"
 #include "platform/FileLookup.h"
@@ -85,15 +87,15 @@ TForm1Header::TForm1Header(FormHost& host, WindowServices& services)
 
     for (QComboBox* const box : {ui_->ZOVComboBox, ui_->LabComboBox, ui_->FileComboBox}) {
         connect(box, &QComboBox::activated, this, &TForm1Header::OnSelect);
+        connect(box, &QComboBox::currentIndexChanged, this, &TForm1Header::OnSelect);
     }
     for (QComboBox* const box : {ui_->ZOVComboBox, ui_->LabComboBox}) {
-        connect(box->lineEdit(), &QLineEdit::textEdited, this,
+        connect(box, &QComboBox::editTextChanged, this,
                 [this, box](const QString& text) { OnChange(box, text); });
     }
-    connect(ui_->ComboBox2, &QComboBox::activated, this, &TForm1Header::ComboBox2Change);
-    connect(ui_->ComboBox2->lineEdit(), &QLineEdit::textEdited, this,
-            &TForm1Header::ComboBox2Change);
+    connect(ui_->ComboBox2, &QComboBox::currentTextChanged, this, &TForm1Header::ComboBox2Change);
 
+    Connect(ui_->EnterButton, &TForm1Header::EnterButtonClick);
     Connect(ui_->Button1, &TForm1Header::Button1Click);
     Connect(ui_->Button2, &TForm1Header::Button2Click);
     Connect(ui_->Button3, &TForm1Header::Button3Click);
@@ -131,6 +133,7 @@ void TForm1Header::SetMode(int mode) {
 }
 
 void TForm1Header::OnShow() {
+    const QScopedValueRollback loading(loading_, true);
     for (QComboBox* const box : {ui_->ZOVComboBox, ui_->LabComboBox, ui_->FileComboBox}) {
         box->clear();
     }
@@ -144,12 +147,13 @@ void TForm1Header::OnShow() {
             ui_->FileComboBox->addItem(QString::fromStdString(FileNameOnly(record.FileName)));
         }
     }
-    OnSelect(0);
+    ShowRecord(0);
     (pendingFocus_ != nullptr ? pendingFocus_ : ui_->Edit1)->setFocus();
     pendingFocus_ = nullptr;
 }
 
 void TForm1Header::Reset() {
+    const QScopedValueRollback loading(loading_, true);
     ui_->FileComboBox->clear();
     for (int number = 1; number <= SampleHeader::kCount; ++number) {
         SetTextOfField(HeaderFieldAt(number), "");
@@ -161,19 +165,46 @@ void TForm1Header::SetPendingFocus(HeaderField field) {
 }
 
 void TForm1Header::OnSelect(int record) {
-    currentRecord_ = static_cast<std::size_t>(record);
-    for (QComboBox* const box : {ui_->ZOVComboBox, ui_->LabComboBox, ui_->FileComboBox}) {
-        box->setCurrentIndex(record);
+    if (loading_ || record < 0) {
+        return;
     }
+    const QScopedValueRollback loading(loading_, true);
+    if (DateRefused()) {
+        SelectInDropDowns(currentRecord_);
+        return;
+    }
+    // The drop-down may show the new sample by now; the lists still hold what was typed for the
+    // old.
+    SelectInDropDowns(currentRecord_);
+    SaveAll();
+    ShowRecord(static_cast<std::size_t>(record));
+}
+
+void TForm1Header::ShowRecord(std::size_t record) {
+    currentRecord_ = record;
+    SelectInDropDowns(record);
     LoadRecord();
 }
 
+void TForm1Header::SelectInDropDowns(std::size_t record) {
+    for (QComboBox* const box : {ui_->ZOVComboBox, ui_->LabComboBox, ui_->FileComboBox}) {
+        box->setCurrentIndex(static_cast<int>(record));
+    }
+}
+
 void TForm1Header::OnChange(QComboBox* box, const QString& text) {
+    if (loading_) {
+        return;
+    }
+    const QScopedValueRollback loading(loading_, true);
     const int record = static_cast<int>(currentRecord_);
+    const int caret = box->lineEdit()->cursorPosition();
     box->setItemText(record, text);
     if (box->currentIndex() != record) {
         box->setCurrentIndex(record);
         box->lineEdit()->end(false);
+    } else {
+        box->lineEdit()->setCursorPosition(caret);
     }
 }
 
@@ -320,6 +351,9 @@ void TForm1Header::keyPressEvent(QKeyEvent* event) {
 }
 
 void TForm1Header::ComboBox2Change() {
+    if (loading_) {
+        return;
+    }
     constexpr std::array kFields = {HeaderField::kMatrix, HeaderField::kPercentMoisture,
                                     HeaderField::kSoilExtractVolume,
                                     HeaderField::kSoilAliquotVolume};
@@ -332,6 +366,12 @@ void TForm1Header::ComboBox2Change() {
         if (header[field] != TextOfField(field)) {
             SetTextOfField(field, header[field]);
         }
+    }
+}
+
+void TForm1Header::EnterButtonClick() {
+    if (Record() != nullptr) {
+        services_.EnterTics(currentRecord_, ui_->ZOVComboBox->currentText().toStdString());
     }
 }
 
@@ -376,8 +416,13 @@ void TForm1Header::Button5Click() {
 
 void TForm1Header::PrintButtonClick() {
     SaveAll();
-    if (Record() != nullptr) {
-        host_.Page().testPrinter();
+    if (Record() == nullptr) {
+        return;
+    }
+    host_.Page().testPrinter();
+    if (ui_->EnterButton->isEnabled()) {
+        PrintFormITic(host_, currentRecord_);
+    } else {
         PrintFormIVoa(host_, currentRecord_);
     }
 }

@@ -58,6 +58,8 @@ class TForm1Header : public QDialog {
     void SetMode(int mode);
     void OnShow();
     void OnSelect(int record);
+    void ShowRecord(std::size_t record);
+    void SelectInDropDowns(std::size_t record);
     void OnChange(QComboBox* box, const QString& text);
     void OnDateExit(MaskEdit* date);
     void ComboBox2Change();
@@ -71,6 +73,7 @@ class TForm1Header : public QDialog {
     void RefuseDate(MaskEdit* date);
     void ReturnToDate();
 
+    void EnterButtonClick();  // "Enter TICs"
     void Button1Click();      // "Save  "
     void Button2Click();      // "Load "
     void Button3Click();      // "Save as Default"
@@ -96,6 +99,7 @@ class TForm1Header : public QDialog {
     QWidget* pendingFocus_ = nullptr;
     // The input control of each header value, in tag order.
     std::array<QWidget*, SampleHeader::kCount> fieldControls_{};
+    bool loading_ = false;  // the program, not the user, is changing the controls
     // The date whose refusal is still to be told.
     MaskEdit* refusedDate_ = nullptr;
     bool returning_ = false;  // the focus is on its way back to a refused date

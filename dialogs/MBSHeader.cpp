@@ -25,8 +25,6 @@ TMBSHeader::TMBSHeader(FormHost& host, WindowServices& services, QWidget* parent
       ui_(std::make_unique<Ui::TMBSHeader>()) {
     ui_->setupUi(this);
     FitToFont();
-    connect(ui_->RichEdit1->document(), &QTextDocument::contentsChange, this,
-            [this](int from, int /*removed*/, int added) { lastPlace_ = from + added; });
     connect(ui_->RichEdit1, &QPlainTextEdit::textChanged, this, &TMBSHeader::CutToLength);
     connect(ui_->OkButton, &QPushButton::clicked, this, &TMBSHeader::accept);
     connect(ui_->CancelButton, &QPushButton::clicked, this, &TMBSHeader::reject);
@@ -66,10 +64,12 @@ void TMBSHeader::CutToLength() {
     if (length <= kMaxLength) {
         return;
     }
-    QTextCursor cursor(ui_->RichEdit1->document());
-    const int end = std::min(lastPlace_, length);
+    // The end of what came in is where the caret is.
+    const int excess = length - kMaxLength;
+    QTextCursor cursor = ui_->RichEdit1->textCursor();
+    const int end = cursor.position() >= excess ? cursor.position() : length;
     cursor.joinPreviousEditBlock();
-    cursor.setPosition(std::max(0, end - (length - kMaxLength)));
+    cursor.setPosition(end - excess);
     cursor.setPosition(end, QTextCursor::KeepAnchor);
     cursor.removeSelectedText();
     cursor.endEditBlock();

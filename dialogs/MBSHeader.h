@@ -38,7 +38,6 @@ class TMBSHeader : public QDialog {
 
     FormHost& host_;
     std::unique_ptr<Ui::TMBSHeader> ui_;
-    int lastPlace_ = 0;  // end of the last insertion, in characters
 };
 
 }  // namespace qfr

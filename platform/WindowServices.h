@@ -1,6 +1,7 @@
 // What every window asks of the program around it, besides messages and the batch.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 
@@ -23,6 +24,9 @@ class WindowServices {
     virtual std::optional<std::string> ChooseTarget(SaveKind kind) = 0;
 
     virtual const SettingsDir& Settings() const = 0;
+
+    // Shows the TIC entry dialog for the sample at this index in SampleList, under its number.
+    virtual void EnterTics(std::size_t record, const std::string& sampleNo) = 0;
 
     // Opens the help file at a context number.
     virtual void ShowHelp(int topic) = 0;
