@@ -98,7 +98,7 @@ void PrintHeads(Page& page, const std::string& amount) {
 
 void PrintRow(Page& page, const CalibrationRecord& record, const CriteriaByName& criteria,
               double& y) {
-    // On purpose: the two RF columns end on their right-hand rules.
+    // On purpose: the numbers of the two RF columns reach across the rules to their right.
     page.TextOutRight(RoundToWhole(record.RF[kCheckMeanRF]), 4.9, y + 0.025);
     page.TextOutRight(RoundToWhole(record.RF[kCheckRF]), 5.6, y + 0.025);
     page.TextOutRight(record.Amount[kCheckPercentD], 6.8, y + 0.025);
