@@ -20,7 +20,7 @@ struct Recoveries {
             dir.Write("Ranges.txt", "recovery ranges\n2\nc2;82.5;101\nc8;80;108\n");
     }
     const PrintJob& Print(bool ok = true) {
-        host.dialogs.push_back([ok](EntryDialog) { return ok; });
+        host.dialogs.emplace_back([ok](EntryDialog) { return ok; });
         Form2MCRClick(host);
         static const PrintJob kNone;
         return host.sink.jobs.empty() ? kNone : host.sink.jobs[0];

@@ -35,7 +35,7 @@ struct BlankSummary {
     }
     SampleHeader& Blank() { return host.batch.SampleList->front().Header; }
     void Print(bool ok = true) {
-        host.dialogs.push_back([ok](EntryDialog) { return ok; });
+        host.dialogs.emplace_back([ok](EntryDialog) { return ok; });
         Form4MBSClick(host);
     }
     ScriptedHost host;

@@ -44,7 +44,7 @@ struct TuneForm {
             " 8:00",   {"18.1", "81", "100", "6.6", "2.01", "75", "7.1", "97.5", "6.7"}};
     }
     void Print(bool ok = true) {
-        host.dialogs.push_back([ok](EntryDialog) { return ok; });
+        host.dialogs.emplace_back([ok](EntryDialog) { return ok; });
         Form5IPCClick(host);
     }
     ScriptedHost host;

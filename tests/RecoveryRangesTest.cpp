@@ -43,7 +43,7 @@ TEST(RecoveryRanges, AnUnreadableFileIsNamed) {
     for (const std::string& rest :
          {std::string(), "many\n" + row, "-1\n" + row, "99999999999\n" + row, "2147483647\n" + row,
           "2\n" + row, std::string("1\na;1;2;3;4;5\n"), std::string("1\na;1;2;x;4;5;6\n"),
-          std::string("1\na;1;2;3;4;5;6;\n"), std::string("1\na\0;\0;2;3;4;5;6\n", 18),
+          std::string("1\na;1;2;3;4;5;6;\n"), std::string("1\na\0;\0;2;3;4;5;6\n", 17),
           "1\n" + std::string(1 << 21, '7')}) {
         const std::string file = dir.Write("r.txt", "recovery ranges\n" + rest);
         EXPECT_FALSE(LoadRecoveryRanges(file, "", RecoveryLimits::kOil, messages));
