@@ -1,6 +1,6 @@
 #include "app/AboutBox.h"
 
-#include "ui/ui_AboutBox.h"
+#include "ui_AboutBox.h"
 
 namespace qfr {
 

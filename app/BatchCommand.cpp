@@ -293,6 +293,7 @@ class LoadRun : private Messages, private BatchOwner {
         if (const auto file = Accept(arguments.Value("--defaults"))) {
             ApplyDefaults(ReadDefaultsFile(PathOf(*file)).value_or(std::vector<std::string>()));
         }
+        StoreEmptyDates();
     }
 
     bool Rejected() const { return rejected_; }
@@ -337,7 +338,15 @@ class LoadRun : private Messages, private BatchOwner {
                 std::string& value = record.Header[kDefaultsFields[i]];
                 value = Trim(value).empty() ? values[i] : value;
             }
-            // An untouched mask counts as filled in, as it does in the dialog.
+        }
+    }
+
+    // An untouched date is stored as its mask, as the dialog stores it, and counts as filled in.
+    void StoreEmptyDates() {
+        if (!batch_.SampleList) {
+            return;
+        }
+        for (SampleRecord& record : *batch_.SampleList) {
             std::string& received = record.Header[HeaderField::kDateReceived];
             received = Trim(received).empty() ? std::string(kEmptyDateTimeMask) : received;
         }

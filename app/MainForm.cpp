@@ -241,7 +241,7 @@ void TQFRForm::RestoreFile(const std::string& fileName) {
 
 void TQFRForm::FormIClick(int mode) {
     if (!FilesSpecified(Batch())) {
-        Show({"Please use Data Files|Load Files menu selections\nto specify files.",
+        Show({std::string(kSpecifyFiles),
               "Files Not Specified"});
         return;
     }

@@ -5,7 +5,7 @@
 #include <QShortcut>
 
 #include "platform/qt/WaitCursor.h"
-#include "ui/ui_FilesDlg.h"
+#include "ui_FilesDlg.h"
 
 namespace qfr {
 
@@ -75,7 +75,7 @@ TFilesDlg::TFilesDlg(FilesDlgOwner& owner, WindowServices& services, Messages& m
             &TFilesDlg::Button1Click);
 
     // What is typed here is taken as it is; emptying it removes the report.
-    connect(ui_->CheckCalEdit, &QLineEdit::textEdited, this,
+    connect(ui_->CheckCalEdit, &QLineEdit::textChanged, this,
             [this](const QString& text) { batch_.Files.CheckCal = text.toStdString(); });
 }
 

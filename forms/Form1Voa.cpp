@@ -152,9 +152,8 @@ void PrintFormIVoa(FormHost& host, std::size_t record) {
 
 void PrintFormIVoaHeader(Page& page, const SampleHeader& header) {
     const int number = page.Printer().PageNumber();
-    page.TextOutInch(
-        std::string("1") + Page::FormLetter(number) + " - FORM I VOA-" + std::to_string(number),
-        3.6, 0.7);
+    page.TextOutInch("1" + Page::FormLetter(number) + " - FORM I VOA-" + std::to_string(number),
+                     3.6, 0.7);
     page.TextOutInch("VOLATILE ORGANICS ANALYSIS DATA SHEET", 2.8, 0.85);
     page.PrintFields(header, kHeaderFields);
     for (const UnitPlace& place : kHeaderUnits) {

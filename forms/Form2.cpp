@@ -54,7 +54,7 @@ std::string CompoundNumber(std::size_t compound) {
 }
 
 void PrintHeader(Page& page, const SampleHeader& header) {
-    page.TextOutInch(std::string("2") + Page::FormLetter(page.FormLetterIndex) + " - FORM II VOA-" +
+    page.TextOutInch("2" + Page::FormLetter(page.FormLetterIndex) + " - FORM II VOA-" +
                          std::to_string(page.PageNo),
                      3.6, 0.7);
     page.TextOutCentred("VOLATILE MONITORING COMPOUND RECOVERY", 4.25, 0.85);

@@ -39,9 +39,8 @@ constexpr ColumnHead kHeads[] = {{2.375, "ZOV", "SAMPLE NO."},
 
 void PrintHeader(Page& page, const SampleHeader& blank) {
     const int number = page.Printer().PageNumber();
-    page.TextOutInch(
-        std::string("4") + Page::FormLetter(number) + " - FORM IV VOA-" + std::to_string(number),
-        3.6, 0.7);
+    page.TextOutInch("4" + Page::FormLetter(number) + " - FORM IV VOA-" + std::to_string(number),
+                     3.6, 0.7);
     page.TextOutCentred("VOLATILE METHOD BLANK SUMMARY", 4.25, 0.85);
     page.PrintLabRows(blank, 1.425);
     page.PrintFields(blank, kHeaderFields);

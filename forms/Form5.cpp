@@ -55,9 +55,8 @@ double HeadHeight(Page& page) {
 
 void PrintForm5Header(Page& page, const SampleHeader& header, const TuneEntry& tune) {
     const int number = page.Printer().PageNumber();
-    page.TextOutInch(
-        std::string("5") + Page::FormLetter(number) + " - FORM V VOA-" + std::to_string(number),
-        3.6, 0.7);
+    page.TextOutInch("5" + Page::FormLetter(number) + " - FORM V VOA-" + std::to_string(number),
+                     3.6, 0.7);
     page.TextOutCentred("VOLATILE ORGANIC INSTRUMENT", 4.25, 0.85);
     page.TextOutCentred("PERFORMANCE CHECK", 4.25, 1.0);
     page.TextOutCentred("BROMOFLUOROBENZENE (BFB)", 4.25, 1.15);

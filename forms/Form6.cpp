@@ -109,9 +109,9 @@ void PrintForm6Header(Page& page, const Form6Layout& layout, const SampleHeader&
     const double rise = layout.rise;
     page.PageNo = page.Printer().PageNumber();
     // On purpose: every page's number starts where the first page's does.
-    page.TextOutInch(std::string("6") + Page::FormLetter(page.PageNo) + " - FORM VI VOA-" +
-                         std::to_string(page.PageNo),
-                     4.25 - page.TextWidthInch("6A - FORM VI VOA-1") * 0.5, 0.7 - rise);
+    page.TextOutInch(
+        "6" + Page::FormLetter(page.PageNo) + " - FORM VI VOA-" + std::to_string(page.PageNo),
+        4.25 - page.TextWidthInch("6A - FORM VI VOA-1") * 0.5, 0.7 - rise);
     page.TextOutCentred("VOLATILE ORGANICS INITIAL CALIBRATION DATA", 4.25, 0.85 - rise);
     page.PrintLabRows(header, 1.425 - rise);
     const std::string& first = entry.FirstStandard;

@@ -47,9 +47,9 @@ using CriteriaByName = std::unordered_map<std::string_view, const RFCriterion*>;
 void PrintHeader(Page& page, const SampleHeader& header, const ContinuingCalibrationEntry& entry) {
     page.PageNo = page.Printer().PageNumber();
     // On purpose: every page's number starts where the first page's does.
-    page.TextOutInch(std::string("7") + Page::FormLetter(page.PageNo) + " - FORM VII VOA-" +
-                         std::to_string(page.PageNo),
-                     4.25 - page.TextWidthInch("7A - FORM VII VOA-1") * 0.5, 0.7);
+    page.TextOutInch(
+        "7" + Page::FormLetter(page.PageNo) + " - FORM VII VOA-" + std::to_string(page.PageNo),
+        4.25 - page.TextWidthInch("7A - FORM VII VOA-1") * 0.5, 0.7);
     page.TextOutCentred("VOLATILE CONTINUING CALIBRATION DATA", 4.25, 0.85);
     page.PrintLabRows(header, 1.425);
     const auto date = [](std::string_view text) { return CharacterRange(text, 1, 10); };

@@ -9,8 +9,7 @@ namespace qfr {
 std::optional<std::size_t> CheckFormPreconditions(FormHost& host, std::string_view formName) {
     const auto& samples = host.Batch().SampleList;
     if (!samples) {
-        host.Show({"Please use Data Files|Load Files menu selections\nto specify files.",
-                   "File Not Specified"});
+        host.Show({std::string(kSpecifyFiles), "File Not Specified"});
         return std::nullopt;
     }
     for (std::size_t i = 0; i < samples->size(); ++i) {

@@ -43,6 +43,10 @@ class FormHost : public Messages {
     CalibrationTables calibration_;
 };
 
+// What is said where nothing is loaded; its title differs from place to place.
+inline constexpr std::string_view kSpecifyFiles =
+    "Please use Data Files|Load Files menu selections\nto specify files.";
+
 // Finds the first record with a complete header: its index in SampleList, or absent after the
 // message that says what is missing. `formName` is as in "Form 4".
 std::optional<std::size_t> CheckFormPreconditions(FormHost& host, std::string_view formName);

@@ -1,6 +1,7 @@
 #include "forms/Page.h"
 
 #include "platform/DateTime.h"
+#include "platform/Text.h"
 
 namespace qfr {
 
@@ -173,6 +174,10 @@ void Page::PrintPageNumber(double y) {
 
 void Page::PrintStatementOfWork() {
     TextOutInch(kStatementOfWork, 6.75, kFooterY);
+}
+
+std::string Page::FormLetter(int index) {
+    return ToUtf8(std::string(1, static_cast<char>(64 + index)));
 }
 
 int Page::PixelX(double inches) const {

@@ -111,7 +111,7 @@ class Page {
     void PrintStatementOfWork();
 
     // The letter of a form number line: 1 is "A".
-    static char FormLetter(int index) { return static_cast<char>(64 + index); }
+    static std::string FormLetter(int index);
 
   private:
     int PixelX(double inches) const;
