@@ -242,12 +242,13 @@ void EntryGrid::changeEvent(QEvent* event) {
 
 void EntryGrid::FitToFont() {
     const double scale = std::max(1.0, fontMetrics().height() / kLetterHeight);
+    columnsWidth_ = 0;
     for (std::size_t i = 0; i < columns_.size(); ++i) {
         const int column = static_cast<int>(i);
         const int given = static_cast<int>(std::lround(columns_[i].width * scale));
-        const int texts = columns_[i].width == 0 ? sizeHintForColumn(column) : 0;
-        setColumnWidth(column,
-                       std::max({given, texts, horizontalHeader()->sectionSizeHint(column)}));
+        const int width = std::max(given, horizontalHeader()->sectionSizeHint(column));
+        setColumnWidth(column, width);
+        columnsWidth_ += width;
     }
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowPadding);
     updateGeometry();
@@ -260,7 +261,7 @@ int EntryGrid::HeightOf(int rows) const {
 
 QSize EntryGrid::sizeHint() const {
     const int bar = rowCount() > visibleRows_ ? verticalScrollBar()->sizeHint().width() : 0;
-    return {horizontalHeader()->length() + 2 * frameWidth() + bar, HeightOf(visibleRows_)};
+    return {columnsWidth_ + 2 * frameWidth() + bar, HeightOf(visibleRows_)};
 }
 
 QSize EntryGrid::minimumSizeHint() const {

@@ -16,7 +16,7 @@ class EntryGrid : public QTableWidget {
   public:
     struct Column {
         const char* heading;
-        int width;  // pixels, for the forms' 13-pixel letters; 0: as wide as its texts
+        int width;  // pixels, for the forms' 13-pixel letters
         bool readOnly = false;
     };
 
@@ -59,6 +59,7 @@ class EntryGrid : public QTableWidget {
     QLineEdit* Editor() const;
 
     std::vector<Column> columns_;
+    int columnsWidth_ = 0;  // pixels, before the user or the dialog changes it
     int visibleRows_ = 1;
     bool pasteAddsRows_ = false;
 

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include <QEvent>
+#include <QScrollBar>
 #include <QTextBlock>
 
 #include "dialogs/EntryDialogs.h"
@@ -16,6 +17,9 @@ namespace {
 constexpr int kHelpTopic = 122;
 constexpr int kMaxLength = 256;  // characters, line breaks among them
 constexpr int kPrintedLines = 2;
+constexpr int kBoxWidth = 369;  // pixels
+constexpr int kBoxLetters = 50;
+constexpr int kSlack = 4;  // pixels; the box rounds each line up
 
 }  // namespace
 
@@ -47,6 +51,7 @@ void TMBSHeader::ShowEntry(const BlankComments& entry) {
     }
     ui_->RichEdit1->setPlainText(lines.join('\n'));
     ui_->RichEdit1->moveCursor(QTextCursor::End);
+    ui_->RichEdit1->horizontalScrollBar()->setValue(0);
     ui_->RichEdit1->setFocus();
 }
 
@@ -87,7 +92,8 @@ void TMBSHeader::FitToFont() {
     QPlainTextEdit& box = *ui_->RichEdit1;
     const double margins = 2 * (box.document()->documentMargin() + box.frameWidth());
     const int lines = kPrintedLines * box.fontMetrics().lineSpacing();
-    box.setFixedHeight(std::max(box.minimumHeight(), lines + static_cast<int>(std::ceil(margins))));
+    box.setMinimumWidth(std::max(kBoxWidth, kBoxLetters * box.fontMetrics().averageCharWidth()));
+    box.setFixedHeight(lines + static_cast<int>(std::ceil(margins)) + kSlack);
 }
 
 }  // namespace qfr
