@@ -193,19 +193,15 @@ void TForm1Header::SelectInDropDowns(std::size_t record) {
 }
 
 void TForm1Header::OnChange(QComboBox* box, const QString& text) {
-    if (loading_) {
+    const int record = static_cast<int>(currentRecord_);
+    // A text that comes with another item is a choice, not typing.
+    if (loading_ || box->currentIndex() != record) {
         return;
     }
     const QScopedValueRollback loading(loading_, true);
-    const int record = static_cast<int>(currentRecord_);
     const int caret = box->lineEdit()->cursorPosition();
     box->setItemText(record, text);
-    if (box->currentIndex() != record) {
-        box->setCurrentIndex(record);
-        box->lineEdit()->end(false);
-    } else {
-        box->lineEdit()->setCursorPosition(caret);
-    }
+    box->lineEdit()->setCursorPosition(caret);
 }
 
 SampleRecord* TForm1Header::Record() {
