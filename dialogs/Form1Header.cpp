@@ -173,10 +173,11 @@ void TForm1Header::OnSelect(int record) {
         SelectInDropDowns(currentRecord_);
         return;
     }
-    // The drop-down may show the new sample by now; the lists still hold what was typed for the
-    // old.
-    SelectInDropDowns(currentRecord_);
-    SaveAll();
+    if (static_cast<std::size_t>(record) != currentRecord_) {
+        // One drop-down shows the new sample already; the lists still hold what was typed before.
+        SelectInDropDowns(currentRecord_);
+        SaveAll();
+    }
     ShowRecord(static_cast<std::size_t>(record));
 }
 
