@@ -370,24 +370,15 @@ int Load(const Arguments& arguments, const Context& context) {
     if (IsReportName(*target)) {
         return context.WrongUsage(*target + " is the name of a report, not of a batch file");
     }
-    if (arguments.operands.empty() && !arguments.Value("--blank") && !arguments.Value("--cal") &&
-        !arguments.Value("--check")) {
-        return context.WrongUsage("no report is named");
-    }
     LoadRun run(context);
     run.Load(arguments);
 
-    const FileSet& files = run.Loaded().Files;
-    if (files.LabBlank.empty() && files.QFiles.empty() && files.Calib.empty() &&
-        files.CheckCal.empty()) {
-        context.Complain() << "no report was accepted; " << *target << " is not written\n";
-        return kIncomplete;
-    }
     if (const auto reason = ReplaceFile(PathOf(*target), SaveBatch(run.Loaded(), Entries()))) {
         WriteFailed(context, *target, *reason);
         return kIncomplete;
     }
     bool complete = true;
+    const FileSet& files = run.Loaded().Files;
     const std::pair<std::string_view, const std::string&> required[] = {
         {"lab blank", files.LabBlank},
         {"calibration report", files.Calib},
@@ -475,7 +466,10 @@ bool PrintForBatch(HeadlessHost& host, const FormRow& form) {
 bool PrintForSamples(HeadlessHost& host, const FormRow& form, const std::vector<bool>& chosen,
                      bool askedFor) {
     if (!host.Batch().SampleList) {
-        CheckFormPreconditions(host, form.name);  // says that no files are specified
+        if (!askedFor && form.onlyWithTics) {
+            return true;
+        }
+        host.Show({std::string(kSpecifyFiles), kFilesNotSpecifiedTitle});
         return false;
     }
     bool all = true;
@@ -568,8 +562,9 @@ int Print(const Arguments& arguments, const Context& context) {
     if (!saved) {
         return kUnusable;
     }
-    const auto chosen =
-        ChooseSamples(context, arguments, saved->Batch.SampleList.value_or(SampleListType()));
+    const SampleListType none;
+    const auto chosen = ChooseSamples(context, arguments,
+                                      saved->Batch.SampleList ? *saved->Batch.SampleList : none);
     if (!chosen) {
         return kUnusable;
     }
@@ -671,7 +666,8 @@ class BatchText {
 };
 
 void ShowSamples(BatchText& text, const Batch& batch) {
-    const SampleListType samples = batch.SampleList.value_or(SampleListType());
+    const SampleListType none;
+    const SampleListType& samples = batch.SampleList ? *batch.SampleList : none;
     for (std::size_t i = 0; i < samples.size(); ++i) {
         const SampleRecord& record = samples[i];
         text.Paragraph("Sample " + std::to_string(i + 1) + " of " + std::to_string(samples.size()) +

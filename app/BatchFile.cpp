@@ -23,15 +23,16 @@ constexpr std::size_t kSavedLevels = 5;
 
 class BatchWriter {
   public:
+    // A line break that was pasted into an entry would end its line of the file too early.
     void Line(std::string_view text) {
-        file_ += text;
+        file_ += OneLine(text);
         file_ += '\n';
     }
     void Count(std::size_t count) { Line(std::to_string(count)); }
 
     template <typename... Texts>
     void Values(const Texts&... values) {
-        ((file_ += values, file_ += ';'), ...);
+        ((file_ += OneLine(values), file_ += ';'), ...);
     }
     template <typename List>
     void ListValues(const List& values) {
@@ -104,7 +105,7 @@ void WriteEntries(BatchWriter& out, const Entries& entries) {
 
 Message Aborted(std::string_view line, std::string_view trouble) {
     return {std::string(line) + std::string(trouble) + "\nRestore will be aborted",
-            "File Not Found", MessageIcon::kInformation};
+            kFileNotFoundTitle, MessageIcon::kInformation};
 }
 
 Message DoesNotReadProperly(std::string_view line) {
@@ -184,7 +185,7 @@ SampleRecord ParseRecord(BatchParser& in) {
     record.FileName = TakeField(rest);
     const std::string count = TakeField(rest);
     // No accepted report has more rows, and forms print a line for each.
-    record.CompoundCount = Trim(count).empty() ? 0 : std::min(in.Number(count), kMaxCompoundRows);
+    record.CompoundCount = std::clamp(ParseInteger(count).value_or(0), 0, kMaxCompoundRows);
 
     const std::string header = in.Line();
     rest = header;

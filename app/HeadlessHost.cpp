@@ -23,10 +23,14 @@ std::vector<DialogRules> EntryDialogRules() {
         {EntryDialog::kTune,
          [](FormHost& host, std::size_t record) {
              ShowTune(host.Entries().Tune, (*host.Batch().SampleList)[record].Header);
+             return true;
          },
          [](FormHost& host) { return CheckTune(host.Entries().Tune); }},
         {EntryDialog::kInitialCalibration,
-         [](FormHost& host, std::size_t) { ShowInitialCalibration(host.Entries()); },
+         [](FormHost& host, std::size_t) {
+             ShowInitialCalibration(host.Entries());
+             return true;
+         },
          [](FormHost& host) {
              return AcceptInitialCalibration(host.Entries(), host.Calibration().LevelCount,
                                              host.Flags());
@@ -34,11 +38,12 @@ std::vector<DialogRules> EntryDialogRules() {
         {EntryDialog::kContinuingCalibration,
          [](FormHost& host, std::size_t) {
              ShowContinuingCalibration(host.Entries(), host.Batch(), host);
+             return true;
          },
          [](FormHost& host) { return AcceptContinuingCalibration(host.Entries(), host.Flags()); }},
         {EntryDialog::kStandardSummary,
          [](FormHost& host, std::size_t) {
-             ShowStandardSummary(host.Entries(), host.Batch(), host.Calibration(), host);
+             return ShowStandardSummary(host.Entries(), host.Batch(), host.Calibration(), host);
          },
          [](FormHost& host) { return AcceptStandardSummary(host.Entries(), host.Batch()); }},
     };
@@ -66,8 +71,8 @@ bool HeadlessHost::ShowEntryDialog(EntryDialog dialog, std::size_t headerRecord)
         if (rules.dialog != dialog) {
             continue;
         }
-        if (rules.onShow) {
-            rules.onShow(*this, headerRecord);
+        if (rules.onShow && !rules.onShow(*this, headerRecord)) {
+            return false;
         }
         if (const std::optional<EntryFault> fault = rules.onOk ? rules.onOk(*this) : std::nullopt) {
             Show(fault->Message);

@@ -21,8 +21,9 @@ void WriteMessage(std::ostream& out, const Message& message);
 // What an entry dialog does without its user.
 struct DialogRules {
     EntryDialog dialog = EntryDialog::kRecoveryRanges;
-    // On showing: takes over what is known elsewhere by now. May be absent.
-    void (*onShow)(FormHost& host, std::size_t headerRecord) = nullptr;
+    // On showing: takes over what is known elsewhere by now; false when the dialog cannot be shown,
+    // after a message. May be absent.
+    bool (*onShow)(FormHost& host, std::size_t headerRecord) = nullptr;
     // On OK: why the dialog would stay open. Without it every entry is accepted.
     std::optional<EntryFault> (*onOk)(FormHost& host) = nullptr;
 };

@@ -37,7 +37,6 @@ constexpr int kHelpTopic = 10;
 constexpr QSize kWindowSize(800, 500);
 
 // Lines of the paths file.
-constexpr int kTextSlot = 3;
 constexpr int kBatchSlot = 4;
 
 QIcon ProgramIcon() {
@@ -49,12 +48,7 @@ QIcon ProgramIcon() {
 }
 
 bool IsComplete(const SampleRecord& record) {
-    for (int number = 1; number <= SampleHeader::kCount; ++number) {
-        if (Trim(record.Header[HeaderFieldAt(number)]).empty()) {
-            return false;
-        }
-    }
-    return true;
+    return !FirstEmptyField(record.Header);
 }
 
 // The program's sign, as a watermark.
@@ -178,10 +172,7 @@ void TQFRForm::AddCommands(QWidget& menu, const Command* first, const Command* l
         auto* const action = new QAction(command->caption, &menu);
         action->setShortcut(QKeySequence(command->shortcut));
         action->setMenuRole(QAction::NoRole);
-        action->setEnabled(command->handler != nullptr);
-        if (command->handler != nullptr) {
-            connect(action, &QAction::triggered, this, command->handler);
-        }
+        connect(action, &QAction::triggered, this, command->handler);
         menu.addAction(action);
     }
 }
@@ -192,14 +183,17 @@ void TQFRForm::OpenClick() {
 }
 
 TQFRForm::SaveResult TQFRForm::Save() {
-    const std::optional<std::string> file = ChooseTarget(SaveKind::kBatch);
-    if (!file) {
+    const std::optional<ChosenFiles> chosen =
+        services_.Chooser.Save({SaveKind::kBatch, paths_.ReadPath(kBatchSlot), ""});
+    if (!chosen) {
         return SaveResult::kCancelled;
     }
-    if (ReplaceFile(PathOf(*file), SaveBatch(Batch(), entries_))) {
-        Show(CouldNotBeWritten(*file));
+    const std::string& file = chosen->files.front();
+    if (ReplaceFile(PathOf(file), SaveBatch(Batch(), entries_))) {
+        Show(CouldNotBeWritten(file));
         return SaveResult::kNotWritten;
     }
+    paths_.RememberDir(file, FileKind::kBatch);
     Show({"File information saved.", "", MessageIcon::kInformation});
     return SaveResult::kSaved;
 }
@@ -241,8 +235,7 @@ void TQFRForm::RestoreFile(const std::string& fileName) {
 
 void TQFRForm::FormIClick(int mode) {
     if (!FilesSpecified(Batch())) {
-        Show({std::string(kSpecifyFiles),
-              "Files Not Specified"});
+        Show({std::string(kSpecifyFiles), kFilesNotSpecifiedTitle});
         return;
     }
     hide();
@@ -325,14 +318,13 @@ std::optional<ChosenFiles> TQFRForm::ChooseFiles(int filter, int pathSlot, bool 
     return chosen;
 }
 
-std::optional<std::string> TQFRForm::ChooseTarget(SaveKind kind) {
-    const bool batch = kind == SaveKind::kBatch;
+std::optional<std::string> TQFRForm::ChooseLaboratoryFile() {
     const std::optional<ChosenFiles> chosen =
-        services_.Chooser.Save({kind, paths_.ReadPath(batch ? kBatchSlot : kTextSlot), ""});
+        services_.Chooser.Save({SaveKind::kLaboratoryFile, paths_.ReadPath(kTextPathSlot), ""});
     if (!chosen) {
         return std::nullopt;
     }
-    paths_.RememberDir(chosen->files.front(), batch ? FileKind::kBatch : FileKind::kText);
+    paths_.RememberDir(chosen->files.front(), FileKind::kText);
     return chosen->files.front();
 }
 
@@ -354,7 +346,8 @@ void TQFRForm::ShowBatchState() {
                         !files.CheckCal.empty();
     std::array<QString, 4> texts;
     if (loaded) {
-        const SampleListType samples = batch.SampleList.value_or(SampleListType());
+        const SampleListType none;
+        const SampleListType& samples = batch.SampleList ? *batch.SampleList : none;
         const auto complete = std::count_if(samples.begin(), samples.end(), IsComplete);
         texts = {QString("Lab blank: ") + NameOrNone(files.LabBlank),
                  QString("Samples: %1 (headers complete: %2 of %3)")

@@ -1,5 +1,6 @@
 #include "app/PathsFile.h"
 
+#include <algorithm>
 #include <optional>
 
 #include "platform/FileReplace.h"
@@ -23,14 +24,15 @@ std::string ExpandFormat(std::string_view format) {
         }
     };
     std::string result;
-    for (std::size_t i = 0; i < format.size(); ++i) {
+    for (std::size_t i = 0; i < format.size();) {
         if (format[i] != '%') {
-            result += format[i];
+            result += format[i++];
             continue;
         }
         ++i;
         if (i < format.size() && format[i] == '%') {
             result += '%';
+            ++i;
             continue;
         }
         skip(i, "-+ #0");
@@ -38,6 +40,8 @@ std::string ExpandFormat(std::string_view format) {
         skip(i, ".");
         skip(i, "0123456789*");
         skip(i, "hlLqjzt");
+        // The conversion itself may be any character, of one byte or more.
+        i += FirstCharacters(format.substr(std::min(i, format.size())), 1).size();
     }
     return result;
 }

@@ -17,6 +17,15 @@ SampleHeader::SampleHeader() {
     header[HeaderField::kHeatedPurge] = "N";
 }
 
+std::optional<HeaderField> FirstEmptyField(const SampleHeader& header) {
+    for (int number = 1; number <= SampleHeader::kCount; ++number) {
+        if (Trim(header[HeaderFieldAt(number)]).empty()) {
+            return HeaderFieldAt(number);
+        }
+    }
+    return std::nullopt;
+}
+
 bool FilesSpecified(const Batch& batch) {
     return LabBlankRecords(batch) > 0 || !batch.Files.QFiles.empty();
 }

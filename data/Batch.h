@@ -63,6 +63,9 @@ constexpr HeaderField HeaderFieldAt(int number) {
     return static_cast<HeaderField>(number);
 }
 
+// The first field that is empty or blank; absent when the header is complete.
+std::optional<HeaderField> FirstEmptyField(const SampleHeader& header);
+
 // One tentatively identified compound, as typed.
 struct TicEntry {
     static constexpr int kCount = 5;

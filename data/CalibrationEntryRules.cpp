@@ -55,10 +55,6 @@ std::optional<EntryFault> CheckDateEntries(std::initializer_list<NamedText> entr
     return std::nullopt;
 }
 
-Message CouldNotBeRead(const std::string& fileName) {
-    return {FileNameOnly(fileName) + " could not be read.", "File Error"};
-}
-
 // The raw data file that the user chose; absent after a message.
 std::optional<RawDataFile> ReadChosenFile(const std::string& fileName, std::size_t maxLine,
                                           bool (*hasTitle)(const RawDataFile&),
@@ -230,9 +226,7 @@ void BrowseCriteriaFile(ContinuingCalibrationEntry& entry, const std::string& fi
     }
     if (!IsCriteriaTitle(file->Lines.NextOrEmpty())) {
         entry.CriteriaFile.clear();
-        messages.Show(
-            {FileNameOnly(fileName) + " is not a RF criteria file.\nPlease select another file.",
-             "Incorrect File Type"});
+        messages.Show(NotOfThisKind(FileNameOnly(fileName), "RF criteria"));
         return;
     }
     entry.CriteriaFile = LowerCase(fileName);
@@ -260,7 +254,7 @@ std::optional<EntryFault> AcceptContinuingCalibration(const Entries& entries, Ba
     return std::nullopt;
 }
 
-void ShowStandardSummary(Entries& entries, const Batch& batch, CalibrationTables& tables,
+bool ShowStandardSummary(Entries& entries, const Batch& batch, CalibrationTables& tables,
                          Messages& messages) {
     StandardSummaryEntry& entry = entries.StandardSummary;
     const ContinuingCalibrationEntry& continuing = entries.ContinuingCalibration;
@@ -274,17 +268,20 @@ void ShowStandardSummary(Entries& entries, const Batch& batch, CalibrationTables
     const std::string name = Trim(batch.Files.Calib);
     auto report = name.empty() ? std::nullopt : OpenFileBeside(name, batch.Folder);
     if (!report) {
-        return;
+        return true;
     }
-    if (auto table = BuildRFTable(report->Lines, tables.LevelCount, messages)) {
-        tables.RFTable = std::move(*table);
+    auto table = BuildRFTable(report->Lines, tables.LevelCount, messages);
+    if (!table) {
+        return false;
     }
+    tables.RFTable = std::move(*table);
     ChooseLevelAmounts(tables);
     tables.RFTable.clear();
     entry.Levels.assign(tables.LevelAmount.begin(), tables.LevelAmount.begin() + tables.LevelCount);
     if (entry.LevelIndex >= tables.LevelCount) {
         entry.LevelIndex = -1;
     }
+    return true;
 }
 
 std::optional<EntryFault> LeaveStandardSampleNo(StandardSummaryEntry& entry, const Batch& batch,

@@ -55,8 +55,9 @@ std::optional<EntryFault> AcceptContinuingCalibration(const Entries& entries, Ba
 
 // Takes over what was typed for Forms VI and VII, and fills the levels from the calibration report
 // that the batch names (`tables.LevelCount` of them; LevelAmount is left set). A level chosen
-// before stays chosen.
-void ShowStandardSummary(Entries& entries, const Batch& batch, CalibrationTables& tables,
+// before stays chosen. False after the message that the report's response factors cannot be read:
+// the dialog is then not shown, and the job is dropped.
+bool ShowStandardSummary(Entries& entries, const Batch& batch, CalibrationTables& tables,
                          Messages& messages);
 
 // Leaving SampleEdit: the sample number names the level, whose raw data file gives lab file ID and

@@ -135,7 +135,7 @@ bool CheckNamedFile(std::string_view line, std::string& name, std::string& expec
 }
 
 Message FileErrorMessage(std::string text) {
-    return {.text = std::move(text), .title = "File Error", .icon = MessageIcon::kInformation};
+    return {.text = std::move(text), .title = kFileErrorTitle, .icon = MessageIcon::kInformation};
 }
 
 Message NotAReportMessage(std::string_view kind, std::string_view baseName) {

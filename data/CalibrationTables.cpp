@@ -57,7 +57,8 @@ bool AddStatistics(CalibrationRecord& record, Messages& messages) {
     record.MeanRF = RoundToWhole(FormatGeneral(mean));
     // On purpose: rounded response factors, unrounded mean, and the deviation of a population.
     const double variance = (n * sumOfSquares - sum * sum) / (static_cast<double>(n) * n);
-    if (mean != 0) {  // else there is no relative deviation
+    // Without a mean, or beyond what a number can hold, there is no relative deviation.
+    if (mean != 0 && std::isfinite(variance)) {
         record.RSD = FormatFixed(100 * std::sqrt(std::max(variance, 0.0)) / mean, 2);
     }
     return true;

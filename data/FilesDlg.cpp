@@ -4,6 +4,7 @@
 
 #include <QShortcut>
 
+#include "platform/Text.h"
 #include "platform/qt/WaitCursor.h"
 #include "ui_FilesDlg.h"
 
@@ -75,8 +76,9 @@ TFilesDlg::TFilesDlg(FilesDlgOwner& owner, WindowServices& services, Messages& m
             &TFilesDlg::Button1Click);
 
     // What is typed here is taken as it is; emptying it removes the report.
-    connect(ui_->CheckCalEdit, &QLineEdit::textChanged, this,
-            [this](const QString& text) { batch_.Files.CheckCal = text.toStdString(); });
+    connect(ui_->CheckCalEdit, &QLineEdit::textChanged, this, [this](const QString& text) {
+        batch_.Files.CheckCal = EnteredText(text.toStdString());
+    });
 }
 
 TFilesDlg::~TFilesDlg() = default;
@@ -110,18 +112,21 @@ void TFilesDlg::OpenFiles(Choice choice) {
     ShowFileSet();
 }
 
-bool TFilesDlg::Take(Choice choice, const std::vector<std::string>& files) {
+void TFilesDlg::Take(Choice choice, const std::vector<std::string>& files) {
     switch (choice) {
         case Choice::kLabBlank:
-            return TakeLabBlank(batch_, files.front(), messages_, owner_);
+            TakeLabBlank(batch_, files.front(), messages_, owner_);
+            break;
         case Choice::kQuantReports:
-            return AddQuantReports(batch_, files, messages_, owner_);
+            AddQuantReports(batch_, files, messages_, owner_);
+            break;
         case Choice::kCalReport:
-            return TakeCalReport(batch_, files.front(), messages_);
+            TakeCalReport(batch_, files.front(), messages_);
+            break;
         case Choice::kCheckReport:
-            return TakeCheckReport(batch_, files.front(), messages_);
+            TakeCheckReport(batch_, files.front(), messages_);
+            break;
     }
-    return false;
 }
 
 void TFilesDlg::OkButtonClick() {

@@ -45,7 +45,7 @@ class TFilesDlg : public QDialog {
     enum class Choice { kLabBlank, kQuantReports, kCalReport, kCheckReport };
 
     void OpenFiles(Choice choice);
-    bool Take(Choice choice, const std::vector<std::string>& files);
+    void Take(Choice choice, const std::vector<std::string>& files);
     void OkButtonClick();
     void DeleteButtonClick();
     void ClearAllButtonClick();

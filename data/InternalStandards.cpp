@@ -70,16 +70,14 @@ SampleISData ReadISBlock(LineReader& report) {
 std::optional<std::vector<SampleISData>> ReadSampleISData(const Batch& batch, Messages& messages) {
     std::vector<SampleISData> samples;
     bool complete = true;
+    FileFinder finder;
     for (const SampleRecord& record : *batch.SampleList) {
-        auto report = OpenFileBeside(record.FileName, batch.Folder);
+        auto report = OpenFileBeside(record.FileName, batch.Folder, finder);
         if (report) {
             samples.push_back(ReadISBlock(report->Lines));
         } else {
             complete = false;
-            messages.Show({record.FileName +
-                               "\ncould not be found.  Use Data Files|Load Files menu option\nto "
-                               "relocate file",
-                           "File Not Found"});
+            messages.Show(ReportNotFound(record.FileName));
         }
     }
     return complete ? std::optional(std::move(samples)) : std::nullopt;
@@ -98,10 +96,14 @@ StandardISTable StandardFromCheckReport(LineReader& report) {
 
 std::optional<StandardISTable> StandardFromCalibration(
     LineReader& report, const CalibrationTables& tables, std::string_view concentration,
-    const std::array<std::string, kStandards>& retentionTimes, Messages& messages) {
-    int level = concentration.empty() ? tables.LevelCount : 0;
-    while (level < tables.LevelCount &&
-           tables.LevelAmount[static_cast<std::size_t>(level)] != concentration) {
+    const std::array<std::string, kStandards>& retentionTimes, Messages& messages,
+    int chosenLevel) {
+    const auto matches = [&](int level) {
+        return !concentration.empty() && level >= 0 && level < tables.LevelCount &&
+               tables.LevelAmount[static_cast<std::size_t>(level)] == concentration;
+    };
+    int level = matches(chosenLevel) ? chosenLevel : 0;
+    while (level < tables.LevelCount && !matches(level)) {
         ++level;
     }
     if (level == tables.LevelCount) {

@@ -44,11 +44,12 @@ using StandardISTable = std::array<StandardISRecord, InternalStandardNames.size(
 StandardISTable StandardFromCheckReport(LineReader& report);
 
 // The standard's areas from the initial calibration report, at the level whose amount is
-// `concentration`, and the typed retention times. Absent, after a message, when no level has it.
+// `concentration`, and the typed retention times. Absent, after a message, when no level has it. Of
+// several levels of that amount the one at `chosenLevel` (from 0) is taken, if it is among them.
 std::optional<StandardISTable> StandardFromCalibration(
     LineReader& report, const CalibrationTables& tables, std::string_view concentration,
-    const std::array<std::string, InternalStandardNames.size()>& retentionTimes,
-    Messages& messages);
+    const std::array<std::string, InternalStandardNames.size()>& retentionTimes, Messages& messages,
+    int chosenLevel = -1);
 
 // The number in the text times `factor`, or plus `offset`; empty when the text is no number.
 std::string ScaleText(std::string_view text, double factor, int decimals);

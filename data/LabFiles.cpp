@@ -41,7 +41,7 @@ std::optional<std::string> WriteValueLines(const std::filesystem::path& file,
                                            const std::vector<std::string>& values) {
     std::string content;
     for (const std::string& value : values) {
-        content += value + "\n";
+        content += OneLine(value) + "\n";
     }
     return ReplaceFile(file, content);
 }

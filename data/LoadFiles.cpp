@@ -52,7 +52,7 @@ void BringSampleListIntoStep(Batch& batch) {
     auto next = firstReport;
     FileFinder finder;
     for (const std::string& file : batch.Files.QFiles) {
-        if (next != old.end() && next->FileName == file) {
+        if (next != old.end() && LowerCase(file) == next->FileName) {
             list.push_back(std::move(*next++));
         } else {
             list.push_back(NewRecord(batch, file, finder));

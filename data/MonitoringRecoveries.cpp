@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "platform/FileLookup.h"
+#include "data/OpenedFile.h"
 #include "platform/LineReader.h"
 #include "platform/Numbers.h"
 #include "platform/Text.h"
@@ -44,22 +44,20 @@ void ReadSection(LineReader& report, bool withNames, MonitoringRecoveries& recor
 
 std::vector<MonitoringRecoveries> LoadMonitoringRecoveries(const Batch& batch, Messages& messages) {
     std::vector<MonitoringRecoveries> records;
+    FileFinder finder;
     for (std::size_t i = 0; batch.SampleList && i < batch.SampleList->size(); ++i) {
         const SampleRecord& sample = (*batch.SampleList)[i];
-        std::optional<LineReader> report;
-        if (const auto path = FindFileBeside(sample.FileName, batch.Folder)) {
-            report = LineReader::Open(*path);
-        }
+        auto report = OpenFileBeside(sample.FileName, batch.Folder, finder);
         if (!report) {
             continue;
         }
-        if (!FindSection(*report)) {
+        if (!FindSection(report->Lines)) {
             messages.Show({"Did not find keyword, volatile", ""});
             break;
         }
         MonitoringRecoveries record;
         record.SampleNo = sample.Header[HeaderField::kZovSampleNo];
-        ReadSection(*report, i == 0, record);
+        ReadSection(report->Lines, i == 0, record);
         records.push_back(std::move(record));
     }
     return records;

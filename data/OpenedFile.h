@@ -5,7 +5,9 @@
 #include <string>
 #include <string_view>
 
+#include "platform/FileLookup.h"
 #include "platform/LineReader.h"
+#include "platform/Messages.h"
 
 namespace qfr {
 
@@ -17,5 +19,12 @@ struct OpenedFile {
 // Opens the file at `name`, or the one of that base name in `folder`. Absent when there is none or
 // when it cannot be read.
 std::optional<OpenedFile> OpenFileBeside(std::string_view name, std::string_view folder);
+
+// The same for many files at once: `finder` lists each folder only once.
+std::optional<OpenedFile> OpenFileBeside(std::string_view name, std::string_view folder,
+                                         FileFinder& finder);
+
+// What is said of a sample's report that is gone.
+Message ReportNotFound(std::string_view fileName);
 
 }  // namespace qfr

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 
-#include "platform/FileLookup.h"
+#include "data/OpenedFile.h"
 #include "platform/LineReader.h"
 #include "platform/Numbers.h"
 #include "platform/Text.h"
@@ -13,7 +13,6 @@ namespace qfr {
 namespace {
 
 constexpr std::string_view kTitle = "recovery ranges";
-constexpr char kIncorrectFileType[] = "Incorrect File Type";
 constexpr char kFileEdit[] = "FileEdit";
 
 std::optional<RecoveryRange> ReadRange(std::string_view line, RecoveryLimits limits) {
@@ -58,14 +57,12 @@ std::optional<std::vector<RecoveryRange>> LoadRecoveryRanges(std::string_view fi
                                                              RecoveryLimits limits,
                                                              Messages& messages) {
     std::optional<std::vector<RecoveryRange>> ranges;
-    if (const auto path = FindFileBeside(fileName, folder)) {
-        if (std::optional<LineReader> file = LineReader::Open(*path)) {
-            ranges = ReadRanges(*file, limits);
-        }
+    if (auto file = OpenFileBeside(Trim(fileName), folder)) {
+        ranges = ReadRanges(file->Lines, limits);
     }
     if (!ranges) {
         messages.Show({FileNameOnly(fileName) + " could not be read as a recovery ranges file.",
-                       kIncorrectFileType});
+                       kIncorrectFileTypeTitle});
     }
     return ranges;
 }
@@ -85,16 +82,11 @@ const RecoveryRange* FindRange(const std::vector<RecoveryRange>& ranges,
 }
 
 std::optional<EntryFault> CheckRangesFile(const std::string& fileName) {
-    std::optional<LineReader> file;
-    if (const auto path = FindFile(fileName)) {
-        file = LineReader::Open(*path);
-    }
-    if (file && BeginsWith(file->NextOrEmpty(), kTitle)) {
+    auto file = OpenFileBeside(fileName, "");
+    if (file && BeginsWith(file->Lines.NextOrEmpty(), kTitle)) {
         return std::nullopt;
     }
-    return EntryFault{{fileName + " is not a recovery ranges file.\nPlease select another file.",
-                       kIncorrectFileType},
-                      kFileEdit};
+    return EntryFault{NotOfThisKind(fileName, "recovery ranges"), kFileEdit};
 }
 
 std::optional<EntryFault> CheckRanges(const RangesEntry& entry) {

@@ -23,7 +23,8 @@ struct RecoveryRange {
 
 // The limits of the chosen kind, in file order. A file that is not at its name is looked for in
 // `folder`. Absent after the message that the file could not be read: it cannot be opened, its
-// count is none, it has fewer lines than that, or a limit up to the chosen kind is no number.
+// count is no number from 0 up, it has fewer lines than that, or a limit up to the chosen kind is
+// no number.
 std::optional<std::vector<RecoveryRange>> LoadRecoveryRanges(std::string_view fileName,
                                                              std::string_view folder,
                                                              RecoveryLimits limits,

@@ -10,8 +10,6 @@ namespace qfr {
 namespace {
 
 constexpr int kHelpTopic = 160;
-constexpr int kAnyFilter = 6;
-constexpr int kCalibrationPathSlot = 2;
 const char* const kDateTimeMask = "!90/90/0000 90:00;1;_";
 const char* const kDateMask = "!90/90/0000;1;_";
 
@@ -48,7 +46,9 @@ TARTSummForm::TARTSummForm(FormHost& host, WindowServices& services, QWidget* pa
 TARTSummForm::~TARTSummForm() = default;
 
 bool TARTSummForm::Run(std::size_t /*headerRecord*/) {
-    ShowStandardSummary(host_.Entries(), host_.Batch(), host_.Calibration(), host_);
+    if (!ShowStandardSummary(host_.Entries(), host_.Batch(), host_.Calibration(), host_)) {
+        return false;
+    }
     const StandardSummaryEntry& entry = host_.Entries().StandardSummary;
     ui_->ConcCombo->clear();
     for (const std::string& level : entry.Levels) {
@@ -77,13 +77,13 @@ void TARTSummForm::ShowEntry(const StandardSummaryEntry& entry) {
 
 StandardSummaryEntry TARTSummForm::Entry() const {
     StandardSummaryEntry entry = host_.Entries().StandardSummary;
-    entry.SampleNo = ui_->SampleEdit->text().toStdString();
-    entry.LabFileId = ui_->LabFileEdit->text().toStdString();
+    entry.SampleNo = EnteredIn(*ui_->SampleEdit);
+    entry.LabFileId = EnteredIn(*ui_->LabFileEdit);
     entry.AnalysisDateTime = ui_->MaskEdit1->MaskText();
     entry.FirstCalibrationDate = ui_->MaskEdit2->MaskText();
     entry.LastCalibrationDate = ui_->MaskEdit3->MaskText();
-    entry.RetentionTimes = {ui_->RTEdit1->text().toStdString(), ui_->RTEdit2->text().toStdString(),
-                            ui_->RTEdit3->text().toStdString()};
+    entry.RetentionTimes = {EnteredIn(*ui_->RTEdit1), EnteredIn(*ui_->RTEdit2),
+                            EnteredIn(*ui_->RTEdit3)};
     // Without a calibration report there are no levels to choose from, and a saved choice stays.
     if (ui_->ConcCombo->count() > 0) {
         entry.LevelIndex = ui_->ConcCombo->currentIndex();

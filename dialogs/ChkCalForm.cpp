@@ -12,10 +12,6 @@ namespace qfr {
 namespace {
 
 constexpr int kHelpTopic = 150;
-constexpr int kTextFilter = 5;
-constexpr int kTextPathSlot = 3;
-constexpr int kAnyFilter = 6;
-constexpr int kCalibrationPathSlot = 2;
 const char* const kDateMask = "!90/90/0000 90:00;1;_";
 
 }  // namespace
@@ -71,13 +67,13 @@ void TChkCalForm::ShowEntry(const ContinuingCalibrationEntry& entry) {
 
 ContinuingCalibrationEntry TChkCalForm::Entry() const {
     ContinuingCalibrationEntry entry;
-    entry.LabFileId = ui_->LabFileEdit->text().toStdString();
-    entry.SampleNo = ui_->ZOV_IDEdit->text().toStdString();
-    entry.InstrumentId = ui_->InstrEdit->text().toStdString();
+    entry.LabFileId = EnteredIn(*ui_->LabFileEdit);
+    entry.SampleNo = EnteredIn(*ui_->ZOV_IDEdit);
+    entry.InstrumentId = EnteredIn(*ui_->InstrEdit);
     entry.AnalysisDateTime = ui_->MaskEdit1->MaskText();
     entry.FirstStandard = ui_->MaskEdit2->MaskText();
     entry.LastStandard = ui_->MaskEdit3->MaskText();
-    entry.CriteriaFile = ui_->LimitEdit->text().toStdString();
+    entry.CriteriaFile = EnteredIn(*ui_->LimitEdit);
     return entry;
 }
 

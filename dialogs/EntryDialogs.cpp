@@ -11,6 +11,8 @@
 #include <QShortcut>
 #include <QTableWidget>
 
+#include "platform/Text.h"
+
 namespace qfr {
 
 bool ShowFault(FormHost& host, QDialog& dialog, const std::optional<EntryFault>& fault) {
@@ -48,6 +50,10 @@ void ConnectHelp(QDialog& dialog, WindowServices& services, int topic, QAbstract
 void ShowText(QLineEdit& edit, const std::string& text) {
     edit.setText(QString::fromStdString(text));
     edit.setCursorPosition(0);
+}
+
+std::string EnteredIn(const QLineEdit& edit) {
+    return EnteredText(edit.text().toStdString());
 }
 
 LeaveChecks::LeaveChecks(FormHost& host, QDialog& dialog, Check check,

@@ -5,6 +5,7 @@
 #include <functional>
 #include <initializer_list>
 #include <optional>
+#include <string>
 #include <vector>
 
 #include <QObject>
@@ -30,6 +31,9 @@ void ConnectHelp(QDialog& dialog, WindowServices& services, int topic,
 
 // Puts the text in, its beginning in view.
 void ShowText(QLineEdit& edit, const std::string& text);
+
+// What was entered there, as one line.
+std::string EnteredIn(const QLineEdit& edit);
 
 // Runs a check whenever the user goes from a watched control to another one of the dialog. After a
 // fault the focus is back on the control that the fault names. Going to a popup or another window

@@ -13,6 +13,7 @@
 #include <QStyledItemDelegate>
 
 #include "data/TicRules.h"
+#include "platform/Text.h"
 
 namespace qfr {
 
@@ -21,6 +22,10 @@ namespace {
 constexpr double kLetterHeight = 13;  // pixels, of the letters that column widths are given for
 constexpr int kRowPadding = 8;
 constexpr int kLeastRows = 4;
+
+bool HasSeveralCells(const QString& text) {
+    return text.contains('\t') || text.contains('\n');
+}
 
 bool IsEnter(const QKeyEvent& event) {
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
@@ -39,6 +44,18 @@ class CellDelegate : public QStyledItemDelegate {
         const QAbstractItemModel& model = *index.model();
         editor->setAccessibleName(model.headerData(index.column(), Qt::Horizontal).toString() +
                                   ' ' + model.headerData(index.row(), Qt::Vertical).toString());
+        // Cells that came in by another way than the key, such as the context menu.
+        if (auto* const line = qobject_cast<QLineEdit*>(editor)) {
+            connect(
+                line, &QLineEdit::textEdited, &grid_,
+                [this, line](const QString& text) {
+                    if (HasSeveralCells(text)) {
+                        line->undo();
+                        grid_.Paste();
+                    }
+                },
+                Qt::QueuedConnection);
+        }
         return editor;
     }
 
@@ -47,7 +64,7 @@ class CellDelegate : public QStyledItemDelegate {
         if (event->type() == QEvent::KeyPress) {
             const auto& key = *static_cast<QKeyEvent*>(event);
             const QString text = QGuiApplication::clipboard()->text();
-            if (key.matches(QKeySequence::Paste) && (text.contains('\t') || text.contains('\n'))) {
+            if (key.matches(QKeySequence::Paste) && HasSeveralCells(text)) {
                 grid_.Paste();
                 return true;
             }
@@ -90,7 +107,7 @@ void EntryGrid::SetUp(std::initializer_list<Column> columns, int rows, int visib
 
 std::string EntryGrid::Cell(int row, int column) const {
     const QTableWidgetItem* const cell = item(row, column);
-    return cell != nullptr ? cell->text().toStdString() : "";
+    return cell != nullptr ? EnteredText(cell->text().toStdString()) : "";
 }
 
 void EntryGrid::SetCell(int row, int column, const std::string& text) {

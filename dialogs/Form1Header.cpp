@@ -9,6 +9,7 @@
 #include <QShortcut>
 
 #include "data/LabFiles.h"
+#include "dialogs/EntryDialogs.h"
 #include "forms/Form1Tic.h"
 #include "forms/Form1Voa.h"
 #include "platform/DateTime.h"
@@ -23,8 +24,6 @@ namespace {
 
 constexpr int kVoaHelpTopic = 110;
 constexpr int kTicHelpTopic = 120;
-constexpr int kTextFilter = 5;
-constexpr int kTextPathSlot = 3;
 const char* const kDefaultsFile = "DefaultInfo.txt";
 const char* const kDateMask = "!99/99/9999 99:99;1;_";
 
@@ -373,7 +372,7 @@ void TForm1Header::EnterButtonClick() {
 }
 
 void TForm1Header::Button1Click() {
-    if (const std::optional<std::string> file = services_.ChooseTarget(SaveKind::kLaboratoryFile)) {
+    if (const std::optional<std::string> file = services_.ChooseLaboratoryFile()) {
         if (WriteValueLines(PathOf(*file), TextsOf(kLaboratoryFields))) {
             host_.Show(CouldNotBeWritten(*file));
         }
@@ -443,9 +442,9 @@ std::string TForm1Header::TextOfField(HeaderField field) const {
         return date->MaskText();
     }
     if (const auto* const box = qobject_cast<const QComboBox*>(control)) {
-        return box->currentText().toStdString();
+        return EnteredText(box->currentText().toStdString());
     }
-    return static_cast<const QLineEdit*>(control)->text().toStdString();
+    return EnteredIn(*static_cast<const QLineEdit*>(control));
 }
 
 void TForm1Header::SetTextOfField(HeaderField field, const std::string& text) {

@@ -11,8 +11,6 @@ namespace qfr {
 namespace {
 
 constexpr int kHelpTopic = 121;
-constexpr int kTextFilter = 5;
-constexpr int kTextPathSlot = 3;
 
 }  // namespace
 
@@ -50,7 +48,7 @@ void TForm2Dlg::ShowEntry(const RangesEntry& entry) {
 }
 
 RangesEntry TForm2Dlg::Entry() const {
-    return {ui_->FileEdit->text().toStdString(), static_cast<RecoveryLimits>(kinds_->checkedId())};
+    return {EnteredIn(*ui_->FileEdit), static_cast<RecoveryLimits>(kinds_->checkedId())};
 }
 
 void TForm2Dlg::BrowseButtonClick() {
@@ -60,9 +58,8 @@ void TForm2Dlg::BrowseButtonClick() {
         return;
     }
     const std::string& fileName = chosen->files.front();
-    const std::optional<EntryFault> fault = CheckRangesFile(fileName);
-    ShowText(*ui_->FileEdit, fault ? "" : fileName);
-    ShowFault(host_, *this, fault);
+    const bool refused = ShowFault(host_, *this, CheckRangesFile(fileName));
+    ShowText(*ui_->FileEdit, refused ? "" : fileName);
 }
 
 void TForm2Dlg::Button1Click() {

@@ -10,8 +10,6 @@ namespace qfr {
 namespace {
 
 constexpr int kHelpTopic = 140;
-constexpr int kAnyFilter = 6;
-constexpr int kCalibrationPathSlot = 2;
 
 constexpr std::size_t kLevels = static_cast<std::size_t>(kMaxLevels);
 
@@ -82,7 +80,7 @@ InitialCalibrationEntry TInitCalInput::Entry() const {
     entry.FirstStandard = ui_->CalStartMaskEdit->MaskText();
     entry.LastStandard = ui_->CalEndMaskEdit->MaskText();
     for (std::size_t level = 0; level < kLevels; ++level) {
-        entry.LabFileIds.at(level) = OfLevel<QLineEdit>("CalFileEdit", level).text().toStdString();
+        entry.LabFileIds.at(level) = EnteredIn(OfLevel<QLineEdit>("CalFileEdit", level));
     }
     return entry;
 }

@@ -77,7 +77,7 @@ void TTICForm::EmptyRows() {
 void TTICForm::AddButtonClick() {
     EntryGrid& grid = *ui_->StringGrid1;
     grid.setRowCount(grid.rowCount() + 1);
-    grid.scrollToBottom();
+    grid.setCurrentCell(grid.rowCount() - 1, 0);
 }
 
 void TTICForm::DeleteButtonClick() {

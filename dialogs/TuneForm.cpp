@@ -80,10 +80,10 @@ void TTuneForm::ShowEntry(const TuneEntry& entry) {
 
 TuneEntry TTuneForm::Entry() const {
     TuneEntry entry;
-    entry.SampleNo = ui_->SampleEdit->text().toStdString();
-    entry.InstrumentId = ui_->InstrEdit->text().toStdString();
+    entry.SampleNo = EnteredIn(*ui_->SampleEdit);
+    entry.InstrumentId = EnteredIn(*ui_->InstrEdit);
     entry.InjectionDate = ui_->MaskEdit1->MaskText();
-    entry.LabFileId = ui_->FileEdit->text().toStdString();
+    entry.LabFileId = EnteredIn(*ui_->FileEdit);
     entry.InjectionTime = ui_->MaskEdit2->MaskText();
     for (int row = 0; row < TuneEntry::kIons; ++row) {
         entry.Abundances[static_cast<std::size_t>(row)] = ui_->StringGrid1->Cell(row, kValueColumn);

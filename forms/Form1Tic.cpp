@@ -60,7 +60,7 @@ void WhitenFormIVoaTexts(Page& page, const SampleHeader& header) {
 void PrintHeaderOverlay(Page& page, const SampleHeader& header) {
     WhitenFormIVoaTexts(page, header);
     page.TextOutInch("1J - FORM I VOA-TIC", 3.5, kNumberLineY);
-    page.TextOutInch("VOLATILE ORGANICS ANALYSIS DATA SHEET", 2.8, 0.85);
+    page.TextOutInch(kDataSheetTitle, 2.8, 0.85);
     page.TextOutInch("TENTATIVELY IDENTIFIED COMPOUNDS", 3.05, 1.0);
     page.PrintLabelledField("Concentration Units: (ug/L or ug/kg) ",
                             header[HeaderField::kConcUnits], 0.9, kPurgeRow, 0.3);

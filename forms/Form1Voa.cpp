@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "data/OpenedFile.h"
 #include "data/QuantReport.h"
 #include "platform/Numbers.h"
 #include "platform/Text.h"
@@ -22,16 +23,7 @@ constexpr double kLeft = 0.9;
 constexpr double kRight = 7.8;
 constexpr double kColumnLines[] = {0.9, 2.2, 5.0, 7.2, 7.8};
 
-// Longer names come from no laboratory's compound library; they are cut.
-constexpr std::size_t kMaxNameLength = 400;  // characters
-
 constexpr FieldPlace kHeaderFields[] = {
-    {"Lab Name:", HeaderField::kLabName, 0.9, 1.425, 2.3},
-    {"Contract:", HeaderField::kContract, 4.8, 1.425, 2.1},
-    {"Lab Code:", HeaderField::kLabCode, 0.9, 1.7, 0.575},
-    {"Case No.:", HeaderField::kCaseNo, 2.45, 1.7, 0.5},
-    {"Mod. Ref No.:", HeaderField::kModRefNo, 3.9, 1.7, 0.7},
-    {"SDG No.:", HeaderField::kSdgNo, 5.8, 1.7, 1.05},
     {"Matrix: (SOIL/SED/WATER)", HeaderField::kMatrix, 0.9, 2.025, 1.225},
     {"Lab Sample ID:", HeaderField::kLabSampleId, 4.8, 2.025, 1.7},
     {"Sample wt/vol:", HeaderField::kSampleWtVol, 0.9, 2.3, 0.725},
@@ -127,10 +119,7 @@ void PrintFormIVoa(FormHost& host, std::size_t record) {
     const SampleRecord& sample = (*batch.SampleList)[record];
     std::optional<LineReader> report = OpenCompoundTable(sample.FileName, batch.Folder);
     if (!report) {
-        host.Show({sample.FileName +
-                       "\ncould not be found.  Use Data Files|Load Files menu option\nto relocate "
-                       "file",
-                   "File Not Found"});
+        host.Show(ReportNotFound(sample.FileName));
         return;
     }
     Page& page = host.Page();
@@ -154,7 +143,8 @@ void PrintFormIVoaHeader(Page& page, const SampleHeader& header) {
     const int number = page.Printer().PageNumber();
     page.TextOutInch("1" + Page::FormLetter(number) + " - FORM I VOA-" + std::to_string(number),
                      3.6, 0.7);
-    page.TextOutInch("VOLATILE ORGANICS ANALYSIS DATA SHEET", 2.8, 0.85);
+    page.TextOutInch(kDataSheetTitle, 2.8, 0.85);
+    page.PrintLabRows(header, 1.425);
     page.PrintFields(header, kHeaderFields);
     for (const UnitPlace& place : kHeaderUnits) {
         page.TextOutInch(place.unit, place.x, place.level + page.FontHeightInch());
@@ -163,12 +153,15 @@ void PrintFormIVoaHeader(Page& page, const SampleHeader& header) {
 }
 
 VoaRow ReadVoaRow(LineReader& report, bool inBlank) {
+    const auto take = [](std::string_view& rest) {
+        return std::string(FirstCharacters(TakeField(rest), kMaxCellLength));
+    };
     const std::string line = report.NextOrEmpty();
     std::string_view rest = line;
     VoaRow row;
     TakeField(rest);
-    row.Compound = FirstCharacters(TakeField(rest), kMaxNameLength);
-    row.Concentration = TakeField(rest);
+    row.Compound = take(rest);
+    row.Concentration = take(rest);
     TakeField(rest);
     TakeField(rest);
     if (row.Concentration.starts_with('U')) {
@@ -180,12 +173,13 @@ VoaRow ReadVoaRow(LineReader& report, bool inBlank) {
         row.Concentration.clear();
     }
     if (row.Qualifier != "U") {
-        row.Qualifier = TakeField(rest);
+        row.Qualifier = take(rest);
         if (inBlank) {
             row.Qualifier += 'B';
         }
     }
-    row.CasNumber = Trim(std::string_view(line).substr(line.rfind(';') + 1));
+    std::string_view casNumber = std::string_view(line).substr(line.rfind(';') + 1);
+    row.CasNumber = FirstCharacters(Trim(casNumber), kMaxCellLength);
     return row;
 }
 

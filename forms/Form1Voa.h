@@ -10,11 +10,18 @@
 
 namespace qfr {
 
+// Its title, which stands on Form I TIC too.
+inline constexpr std::string_view kDataSheetTitle = "VOLATILE ORGANICS ANALYSIS DATA SHEET";
+
 // Prints the sheet of the record at this index of SampleList. The printer has been tested already.
 void PrintFormIVoa(FormHost& host, std::size_t record);
 
 // The header of the page being drawn, which Form I TIC shares.
 void PrintFormIVoaHeader(Page& page, const SampleHeader& header);
+
+// No laboratory's compound library has longer texts; what a cell of a report holds beyond is cut
+// (characters).
+inline constexpr std::size_t kMaxCellLength = 400;
 
 // One row of the compound table as it prints.
 struct VoaRow {

@@ -229,13 +229,13 @@ void Form6CIDClick(FormHost& host) {
     const std::string name = Trim(batch.Files.Calib);
     if (name.empty()) {
         host.Show({"Please use Data Files|Load Files menu option and specify a calibration file.",
-                   "Calibration File Not Specified"});
+                   kCalibrationNotSpecifiedTitle});
         return;
     }
     auto report = OpenFileBeside(name, batch.Folder);
     if (!report) {
         host.Show({"Please use Data Files|Load Files menu option and verify the calibration file.",
-                   "Calibration File Could Not Be Opened"});
+                   kCalibrationNotOpenedTitle});
         return;
     }
     CalibrationTables& tables = host.Calibration();

@@ -160,8 +160,6 @@ void PrintPages(FormHost& host, const SampleHeader& header, const Form7Data& dat
     printer.EndDoc();
 }
 
-constexpr std::string_view kCouldNotBeOpened = "Calibration File Could Not Be Opened";
-
 // Opened twice in a job; absent after the message, which is the same both times.
 std::optional<OpenedFile> OpenCheckReport(FormHost& host) {
     const Batch& batch = host.Batch();
@@ -170,7 +168,7 @@ std::optional<OpenedFile> OpenCheckReport(FormHost& host) {
         host.Show(
             {"Please use Data Files|Load Files menu option to verify\na continuing calibration "
              "file.",
-             std::string(kCouldNotBeOpened)});
+             kCalibrationNotOpenedTitle});
     }
     return report;
 }
@@ -210,7 +208,7 @@ void Form7CCDClick(FormHost& host) {
         host.Show(
             {"Please use Data Files|Load Files menu option to specify\nan initial calibration "
              "file and a continuing\ncalibration file.",
-             "Calibration File Not Specified"});
+             kCalibrationNotSpecifiedTitle});
         return;
     }
     auto check = OpenCheckReport(host);
@@ -223,7 +221,7 @@ void Form7CCDClick(FormHost& host) {
         host.Show(
             {"Please use Data Files|Load Files menu option to specify\nan initial calibration "
              "file.  Print Form 6\nbefore 7 to obtain calibration times",
-             std::string(kCouldNotBeOpened)});
+             kCalibrationNotOpenedTitle});
         return;
     }
     // On purpose: the raw data files of the initial calibration are not read here. Its dates are

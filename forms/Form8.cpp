@@ -142,7 +142,7 @@ std::optional<StandardISTable> BuildStandardISTable(FormHost& host, OpenedFile& 
     }
     const StandardSummaryEntry& entry = host.Entries().StandardSummary;
     return StandardFromCalibration(reference.Lines, host.Calibration(), ConcentrationText(entry),
-                                   entry.RetentionTimes, host);
+                                   entry.RetentionTimes, host, entry.LevelIndex);
 }
 
 void PrintPages(FormHost& host, const SampleHeader& header,
@@ -183,7 +183,7 @@ std::optional<OpenedFile> OpenReference(FormHost& host, const std::string& name)
         host.Show(
             {"Please use Data Files|Load Files menu option to specify a\ncalibration or "
              "continuing calibration file.",
-             "Calibration File Could Not Be Opened"});
+             kCalibrationNotOpenedTitle});
     }
     return report;
 }
@@ -205,7 +205,7 @@ void Form8ARTClick(FormHost& host) {
         host.Show(
             {"Please use Data Files|Load menu option to specify\nan initial calibration file "
              "and a continuing\ncalibration file.",
-             "Calibration File Not Specified"});
+             kCalibrationNotSpecifiedTitle});
         return;
     }
     std::optional<OpenedFile> reference;

@@ -2,8 +2,6 @@
 
 #include <string>
 
-#include "platform/Text.h"
-
 namespace qfr {
 
 std::optional<std::size_t> CheckFormPreconditions(FormHost& host, std::string_view formName) {
@@ -13,15 +11,11 @@ std::optional<std::size_t> CheckFormPreconditions(FormHost& host, std::string_vi
         return std::nullopt;
     }
     for (std::size_t i = 0; i < samples->size(); ++i) {
-        const SampleHeader& header = (*samples)[i].Header;
-        int number = 1;
-        while (number <= SampleHeader::kCount && !Trim(header[HeaderFieldAt(number)]).empty()) {
-            ++number;
-        }
-        if (number > SampleHeader::kCount) {
+        const std::optional<HeaderField> empty = FirstEmptyField((*samples)[i].Header);
+        if (!empty) {
             return i;
         }
-        host.SetPendingFocus(HeaderFieldAt(number));
+        host.SetPendingFocus(*empty);
     }
     const std::string form(formName);
     host.Show({"Header information is not complete for " + form +

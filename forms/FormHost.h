@@ -43,9 +43,14 @@ class FormHost : public Messages {
     CalibrationTables calibration_;
 };
 
-// What is said where nothing is loaded; its title differs from place to place.
+// What is said where nothing is loaded; before Form 1 under a title of its own.
+inline constexpr char kFilesNotSpecifiedTitle[] = "Files Not Specified";
 inline constexpr std::string_view kSpecifyFiles =
     "Please use Data Files|Load Files menu selections\nto specify files.";
+
+// Titles of the calibration forms.
+inline constexpr char kCalibrationNotSpecifiedTitle[] = "Calibration File Not Specified";
+inline constexpr char kCalibrationNotOpenedTitle[] = "Calibration File Could Not Be Opened";
 
 // Finds the first record with a complete header: its index in SampleList, or absent after the
 // message that says what is missing. `formName` is as in "Form 4".

@@ -5,7 +5,16 @@
 namespace qfr {
 
 Message CouldNotBeWritten(std::string_view fileName) {
-    return {.text = FileNameOnly(fileName) + " could not be written.", .title = "File Error"};
+    return {FileNameOnly(fileName) + " could not be written.", kFileErrorTitle};
+}
+
+Message CouldNotBeRead(std::string_view fileName) {
+    return {FileNameOnly(fileName) + " could not be read.", kFileErrorTitle};
+}
+
+Message NotOfThisKind(const std::string& fileName, const std::string& kind) {
+    return {fileName + " is not a " + kind + " file.\nPlease select another file.",
+            kIncorrectFileTypeTitle};
 }
 
 }  // namespace qfr

@@ -7,6 +7,11 @@
 
 namespace qfr {
 
+// Titles that several messages share.
+inline constexpr char kFileErrorTitle[] = "File Error";
+inline constexpr char kFileNotFoundTitle[] = "File Not Found";
+inline constexpr char kIncorrectFileTypeTitle[] = "Incorrect File Type";
+
 enum class MessageIcon { kNone, kInformation, kWarning };
 
 struct Message {
@@ -16,8 +21,12 @@ struct Message {
     bool offerCancel = false;  // a Cancel button beside OK; the answer is not used
 };
 
-// That the user's file, given by its path, could not be written.
+// That the user's file, given by its path, could not be written, or not read.
 Message CouldNotBeWritten(std::string_view fileName);
+Message CouldNotBeRead(std::string_view fileName);
+
+// That the chosen file, as the message is to name it, is not of the kind asked for.
+Message NotOfThisKind(const std::string& fileName, const std::string& kind);
 
 class Messages {
   public:

@@ -82,7 +82,6 @@ class TPrinter {
     void NewPage();
     // Marks the document as given up: EndDoc drops it.
     void Abort() { givenUp_ = true; }
-    bool Aborted() const { return givenUp_; }
     void EndDoc();
 
   private:

@@ -232,6 +232,13 @@ std::string ToUtf8(std::string text) {
     return converted;
 }
 
+std::string EnteredText(std::string_view text) {
+    while (text.ends_with('\n') || text.ends_with('\r')) {
+        text.remove_suffix(1);
+    }
+    return OneLine(text);
+}
+
 std::string OneLine(std::string_view text) {
     std::string line;
     line.reserve(text.size());

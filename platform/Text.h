@@ -47,6 +47,10 @@ std::string TakeField(std::string_view& rest);
 std::string ToUtf8(std::string text);
 bool IsUtf8(std::string_view text);
 
+// What was entered in an edit of one line: a paste may bring line breaks along, which become
+// blanks, but for those at its end.
+std::string EnteredText(std::string_view text);
+
 // The text with line breaks as single blanks, for a line of a log.
 std::string OneLine(std::string_view text);
 

@@ -10,6 +10,12 @@
 
 namespace qfr {
 
+// Filters of kOpenFilters and lines of the paths file that the windows choose files with.
+inline constexpr int kTextFilter = 5;
+inline constexpr int kAnyFilter = 6;
+inline constexpr int kCalibrationPathSlot = 2;
+inline constexpr int kTextPathSlot = 3;
+
 class WindowServices {
   public:
     virtual ~WindowServices() = default;
@@ -19,9 +25,9 @@ class WindowServices {
     // Absent when the user cancelled.
     virtual std::optional<ChosenFiles> ChooseFiles(int filter, int pathSlot, bool multiSelect) = 0;
 
-    // Runs the program's save dialog, starting where files of the kind were last, and remembers the
-    // directory. A full path (UTF-8), or absent when the user cancelled. Not for kPdf.
-    virtual std::optional<std::string> ChooseTarget(SaveKind kind) = 0;
+    // Runs the program's save dialog for a laboratory file, starting where text files were last,
+    // and remembers the directory. A full path (UTF-8), or absent when the user cancelled.
+    virtual std::optional<std::string> ChooseLaboratoryFile() = 0;
 
     virtual const SettingsDir& Settings() const = 0;
 

@@ -39,9 +39,8 @@ void DesktopSink::TakeJob(int printerIndex, PrintJob job) {
     if (printer == kPdfPrinter) {
         pdfSaver_.Write(job, pdfFile_);
     } else if (printer == kPreviewPrinter) {
-        QWidget* const active = QApplication::activeWindow();
         PreviewWindow preview(std::move(job), fonts_, pdfSaver_, messages_,
-                              active != nullptr ? active : parent_.data());
+                              QApplication::activeWindow());
         const AskingCursor asking;
         preview.exec();
     } else if (const auto reason = PrintOnQueue(job, printer, fonts_)) {

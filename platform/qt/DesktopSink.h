@@ -4,9 +4,6 @@
 #include <string>
 #include <vector>
 
-#include <QPointer>
-#include <QWidget>
-
 #include "platform/FileChooser.h"
 #include "platform/JobSink.h"
 #include "platform/Messages.h"
@@ -27,7 +24,6 @@ class DesktopSink : public JobSink {
     // so it stays the same for the run.
     const std::vector<std::string>& Printers();
     // The window that preview windows belong to while no window is active.
-    void SetParent(QWidget* parent) { parent_ = parent; }
 
     bool BeginJob(int printerIndex, const std::string& title) override;
     void TakeJob(int printerIndex, PrintJob job) override;
@@ -38,7 +34,6 @@ class DesktopSink : public JobSink {
     FormFonts& fonts_;
     Messages& messages_;
     PdfSaver pdfSaver_;
-    QPointer<QWidget> parent_;
     std::vector<std::string> printers_;
     std::string pdfFile_;  // of the job being recorded
 };

@@ -81,8 +81,12 @@ std::optional<ChosenFiles> Run(QFileDialog& dialog, const QStringList& filters, 
     for (const QString& file : dialog.selectedFiles()) {
         chosen.files.push_back(QDir::toNativeSeparators(file).toStdString());
     }
-    const qsizetype ended = filters.indexOf(dialog.selectedNameFilter());
-    chosen.filter = static_cast<int>(ended < 0 ? first : ended) + 1;
+    // The dialog tells the name alone, as it shows it.
+    for (qsizetype i = 0; i < filters.size(); ++i) {
+        if (filters[i].startsWith(dialog.selectedNameFilter())) {
+            chosen.filter = static_cast<int>(i) + 1;
+        }
+    }
     return chosen;
 }
 

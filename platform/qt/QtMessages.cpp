@@ -1,6 +1,7 @@
 #include "platform/qt/QtMessages.h"
 
 #include <QApplication>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -9,6 +10,8 @@
 namespace qfr {
 
 namespace {
+
+constexpr int kTitleBarButtons = 160;  // pixels
 
 QMessageBox::Icon IconOf(MessageIcon icon) {
     switch (icon) {
@@ -33,6 +36,11 @@ QMessageBox::StandardButton Ask(const Message& message, QMessageBox::StandardBut
     box.setWindowTitle(message.title.empty() ? QStringLiteral(" ")
                                              : QString::fromStdString(message.title));
     box.setEscapeButton(escape);
+    // The text may be narrower than the title and the buttons of the title bar.
+    if (auto* const grid = qobject_cast<QGridLayout*>(box.layout())) {
+        const int width = box.fontMetrics().horizontalAdvance(box.windowTitle()) + kTitleBarButtons;
+        grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+    }
     return static_cast<QMessageBox::StandardButton>(box.exec());
 }
 
