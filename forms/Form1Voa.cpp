@@ -3,10 +3,10 @@
 #include <array>
 #include <cmath>
 #include <optional>
-#include <vector>
 
 #include "data/OpenedFile.h"
 #include "data/QuantReport.h"
+#include "forms/CompoundRows.h"
 #include "platform/Numbers.h"
 #include "platform/Text.h"
 
@@ -14,14 +14,23 @@ namespace qfr {
 
 namespace {
 
-constexpr int kRowsPerPage = 25;
 constexpr double kTableTop = 3.9;
 constexpr double kRowsTop = 4.25;
-constexpr double kRowsEnd = 9.9;  // no row starts at or below this level
-constexpr double kEmptyRowPitch = 0.206;
 constexpr double kLeft = 0.9;
 constexpr double kRight = 7.8;
 constexpr double kColumnLines[] = {0.9, 2.2, 5.0, 7.2, 7.8};
+constexpr CompoundRows kRows{
+    .rowsTop = kRowsTop,
+    .rowsEnd = 9.9,
+    .rowsPerPage = 25,
+    .left = kLeft,
+    .right = kRight,
+    .nameX = 2.3,
+    .nameDown = 0.025,
+    .nameWidth = 2.6,
+    .columnsTop = kTableTop,
+    .columnLines = kColumnLines,
+};
 
 constexpr FieldPlace kHeaderFields[] = {
     {"Matrix: (SOIL/SED/WATER)", HeaderField::kMatrix, 0.9, 2.025, 1.225},
@@ -65,7 +74,7 @@ void PrintTableHead(Page& page, const SampleHeader& header) {
     page.TextOutCentred("Q", 7.5, middle + h * 0.5);
 }
 
-void PrintRow(Page& page, const VoaRow& row, double& y) {
+void PrintCells(Page& page, const VoaRow& row, double y) {
     page.TextOutInch(row.CasNumber, 1.0, y + 0.025);
     // On purpose: right-aligned with the vertical scale.
     page.TextOutInch(
@@ -73,35 +82,20 @@ void PrintRow(Page& page, const VoaRow& row, double& y) {
         6.3 - static_cast<double>(page.Canvas().TextWidth(row.Concentration)) / page.VertScale,
         y + 0.025);
     page.TextOutInch(row.Qualifier, 7.3, y + 0.025);
-    std::vector<std::string> lines;
-    page.SplitAtHyphens(row.Compound, lines, 2.6);
-    for (const std::string& line : lines) {
-        page.TextOutInch(line, 2.3, y + 0.025);
-        y += page.TextHeightInch() + 0.025;
-    }
-    y += 0.025;
-    page.DrawLineInch(kLeft, y, kRight, y);
 }
 
 // Prints one page of rows, starting at `row`; true when the last compound was printed.
 bool PrintPageBody(Page& page, const Batch& batch, std::size_t record, LineReader& report,
-                   std::int32_t& row) {
-    const std::int32_t rows = (*batch.SampleList)[record].CompoundCount;
-    double y = kRowsTop;
-    int rowsOnPage = 0;
-    for (; row < rows && rowsOnPage < kRowsPerPage && y < kRowsEnd; ++row, ++rowsOnPage) {
-        const auto flag = static_cast<std::size_t>(row);
+                   std::size_t& row) {
+    const auto rows = static_cast<std::size_t>((*batch.SampleList)[record].CompoundCount);
+    const auto printCells = [&](std::size_t compound, double y) {
         const bool inBlank =
-            record != 0 && flag < batch.BlankHitFlags.size() && batch.BlankHitFlags[flag];
-        PrintRow(page, ReadVoaRow(report, inBlank), y);
-    }
-    for (; rowsOnPage < kRowsPerPage && y < kRowsEnd; ++rowsOnPage) {
-        y += kEmptyRowPitch;
-        page.DrawLineInch(kLeft, y, kRight, y);
-    }
-    for (const double x : kColumnLines) {
-        page.DrawLineInch(x, kTableTop, x, y);
-    }
+            record != 0 && compound < batch.BlankHitFlags.size() && batch.BlankHitFlags[compound];
+        const VoaRow cells = ReadVoaRow(report, inBlank);
+        PrintCells(page, cells, y);
+        return cells.Compound;
+    };
+    const double y = PrintCompoundRows(page, kRows, rows, row, printCells);
     page.TextOutInch(
         "Qualifier X = raw area counts less than raw area counts of minimum calibration standard.",
         0.9, y + 0.25);
@@ -126,7 +120,7 @@ void PrintFormIVoa(FormHost& host, std::size_t record) {
     TPrinter& printer = page.Printer();
     printer.Title = "Form 1 " + sample.Header[HeaderField::kZovSampleNo];
     printer.BeginDoc();
-    std::int32_t row = 0;
+    std::size_t row = 0;
     for (bool done = false; !done;) {
         page.PrintSampleNoBox(sample.Header[HeaderField::kZovSampleNo]);
         PrintFormIVoaHeader(page, sample.Header);

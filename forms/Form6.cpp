@@ -8,6 +8,7 @@
 
 #include "data/CalibrationTables.h"
 #include "data/OpenedFile.h"
+#include "forms/CompoundRows.h"
 #include "platform/Text.h"
 
 namespace qfr {
@@ -16,9 +17,7 @@ namespace {
 
 constexpr int kPortraitLevels = 5;
 constexpr double kLeft = 0.9;
-constexpr double kNameWidth = 2.5;
 constexpr double kColumnPitch = 0.6;
-constexpr double kEmptyRowPitch = 0.206;
 
 // Where a level's lab file ID stands; y is the level of its underline.
 struct LabFilePlace {
@@ -108,10 +107,9 @@ void PrintForm6Header(Page& page, const Form6Layout& layout, const SampleHeader&
                       const InitialCalibrationEntry& entry) {
     const double rise = layout.rise;
     page.PageNo = page.Printer().PageNumber();
-    // On purpose: every page's number starts where the first page's does.
-    page.TextOutInch(
+    page.PrintNumberLine(
         "6" + Page::FormLetter(page.PageNo) + " - FORM VI VOA-" + std::to_string(page.PageNo),
-        4.25 - page.TextWidthInch("6A - FORM VI VOA-1") * 0.5, 0.7 - rise);
+        "6A - FORM VI VOA-1", 0.7 - rise);
     page.TextOutCentred("VOLATILE ORGANICS INITIAL CALIBRATION DATA", 4.25, 0.85 - rise);
     page.PrintLabRows(header, 1.425 - rise);
     const std::string& first = entry.FirstStandard;
@@ -166,39 +164,34 @@ void PrintForm6Heads(Page& page, const Form6Layout& layout, const CalibrationTab
     page.TextOutInch("%RSD", layout.rsdHeadX, 3.52 - rise);
 }
 
-void PrintRow(Page& page, const Form6Layout& layout, const CalibrationRecord& record, double& y) {
+void PrintCells(Page& page, const Form6Layout& layout, const CalibrationRecord& record, double y) {
     for (std::size_t k = 0; k < layout.labFiles.size(); ++k) {
         page.TextOutRight(record.RF[k], 3.9 + kColumnPitch * static_cast<double>(k), y + 0.025);
     }
     page.TextOutRight(record.MeanRF, layout.meanRight, y + 0.025);
     page.TextOutRight(record.RSD, layout.rsdRight, y + 0.025);
-    std::vector<std::string> lines;
-    page.SplitAtHyphens(record.Name, lines, kNameWidth);
-    for (const std::string& line : lines) {
-        page.TextOutInch(line, 1.0, y + 0.0125);
-        y += page.TextHeightInch() + 0.025;
-    }
-    y += 0.025;
-    page.DrawLineInch(kLeft, y, layout.right, y);
 }
 
 // Prints one page of rows from `row` on; true when the last compound was printed.
 bool PrintForm6Rows(Page& page, const Form6Layout& layout,
                     const std::vector<CalibrationRecord>& table, std::size_t& row) {
+    const CompoundRows rows{
+        .rowsTop = 3.71 - layout.rise,
+        .rowsEnd = layout.rowsEnd,
+        .rowsPerPage = layout.rowsPerPage,
+        .left = kLeft,
+        .right = layout.right,
+        .nameX = 1.0,
+        .nameDown = 0.0125,
+        .nameWidth = 2.5,
+        .columnsTop = 3.46 - layout.rise,
+        .columnLines = layout.columnLines,
+    };
     page.Canvas().Font.Size = 8;
-    double y = 3.71 - layout.rise;
-    int rowsOnPage = 0;
-    const auto hasRoom = [&] { return rowsOnPage < layout.rowsPerPage && y < layout.rowsEnd; };
-    for (; row < table.size() && hasRoom(); ++row, ++rowsOnPage) {
-        PrintRow(page, layout, table[row], y);
-    }
-    for (; hasRoom(); ++rowsOnPage) {
-        y += kEmptyRowPitch;
-        page.DrawLineInch(kLeft, y, layout.right, y);
-    }
-    for (const double x : layout.columnLines) {
-        page.DrawLineInch(x, y, x, 3.46 - layout.rise);
-    }
+    PrintCompoundRows(page, rows, table.size(), row, [&](std::size_t compound, double y) {
+        PrintCells(page, layout, table[compound], y);
+        return table[compound].Name;
+    });
     page.Canvas().Font.Size = 10;
     return row == table.size();
 }

@@ -11,6 +11,7 @@
 #include "data/CheckReport.h"
 #include "data/CriteriaFile.h"
 #include "data/OpenedFile.h"
+#include "forms/CompoundRows.h"
 #include "platform/Numbers.h"
 #include "platform/Text.h"
 
@@ -23,10 +24,19 @@ constexpr double kLeft = 0.9;
 constexpr double kRight = 7.6;
 constexpr double kTableTop = 3.35;
 constexpr double kRowsTop = 3.7;
-constexpr double kRowsEnd = 9.9;  // no row starts at or below this level
-constexpr double kEmptyRowPitch = 0.206;
-constexpr double kNameWidth = 2.5;
 constexpr double kColumnLines[] = {0.9, 4.1, 4.8, 5.5, 6.2, 6.9, 7.6};
+constexpr CompoundRows kRows{
+    .rowsTop = kRowsTop,
+    .rowsEnd = 9.9,
+    .rowsPerPage = kRowsPerPage,
+    .left = kLeft,
+    .right = kRight,
+    .nameX = 1.0,
+    .nameDown = 0.025,
+    .nameWidth = 2.5,
+    .columnsTop = kTableTop,
+    .columnLines = kColumnLines,
+};
 
 // The heads that are centred in the usual way.
 struct HeadPlace {
@@ -46,10 +56,9 @@ using CriteriaByName = std::unordered_map<std::string_view, const RFCriterion*>;
 
 void PrintHeader(Page& page, const SampleHeader& header, const ContinuingCalibrationEntry& entry) {
     page.PageNo = page.Printer().PageNumber();
-    // On purpose: every page's number starts where the first page's does.
-    page.TextOutInch(
+    page.PrintNumberLine(
         "7" + Page::FormLetter(page.PageNo) + " - FORM VII VOA-" + std::to_string(page.PageNo),
-        4.25 - page.TextWidthInch("7A - FORM VII VOA-1") * 0.5, 0.7);
+        "7A - FORM VII VOA-1", 0.7);
     page.TextOutCentred("VOLATILE CONTINUING CALIBRATION DATA", 4.25, 0.85);
     page.PrintLabRows(header, 1.425);
     const auto date = [](std::string_view text) { return CharacterRange(text, 1, 10); };
@@ -96,8 +105,8 @@ void PrintHeads(Page& page, const std::string& amount) {
     }
 }
 
-void PrintRow(Page& page, const CalibrationRecord& record, const CriteriaByName& criteria,
-              double& y) {
+void PrintCells(Page& page, const CalibrationRecord& record, const CriteriaByName& criteria,
+                double y) {
     // On purpose: the numbers of the two RF columns reach across the rules to their right.
     page.TextOutRight(RoundToWhole(record.RF[kCheckMeanRF]), 4.9, y + 0.025);
     page.TextOutRight(RoundToWhole(record.RF[kCheckRF]), 5.6, y + 0.025);
@@ -106,33 +115,6 @@ void PrintRow(Page& page, const CalibrationRecord& record, const CriteriaByName&
         page.TextOutRight(limits->second->MinimumRF, 6.1, y + 0.025);
         page.TextOutRight(limits->second->MaximumPercentD, 7.5, y + 0.025);
     }
-    std::vector<std::string> lines;
-    page.SplitAtHyphens(record.Name, lines, kNameWidth);
-    for (const std::string& line : lines) {
-        page.TextOutInch(line, 1.0, y + 0.025);
-        y += page.TextHeightInch() + 0.025;
-    }
-    y += 0.025;
-    page.DrawLineInch(kLeft, y, kRight, y);
-}
-
-// Prints one page of rows from `row` on; true when the last compound was printed.
-bool PrintRows(Page& page, const std::vector<CalibrationRecord>& table,
-               const CriteriaByName& criteria, std::size_t& row) {
-    double y = kRowsTop;
-    int rowsOnPage = 0;
-    const auto hasRoom = [&] { return rowsOnPage < kRowsPerPage && y < kRowsEnd; };
-    for (; row < table.size() && hasRoom(); ++row, ++rowsOnPage) {
-        PrintRow(page, table[row], criteria, y);
-    }
-    for (; hasRoom(); ++rowsOnPage) {
-        y += kEmptyRowPitch;
-        page.DrawLineInch(kLeft, y, kRight, y);
-    }
-    for (const double x : kColumnLines) {
-        page.DrawLineInch(x, y, x, kTableTop);
-    }
-    return row == table.size();
 }
 
 void PrintPages(FormHost& host, const SampleHeader& header, const Form7Data& data) {
@@ -152,7 +134,12 @@ void PrintPages(FormHost& host, const SampleHeader& header, const Form7Data& dat
     for (bool done = false; !done;) {
         PrintHeader(page, header, entry);
         PrintHeads(page, host.Calibration().LevelAmount[kCheckAmount]);
-        done = PrintRows(page, data.checkTable, criteria, row);
+        const std::vector<CalibrationRecord>& table = data.checkTable;
+        PrintCompoundRows(page, kRows, table.size(), row, [&](std::size_t compound, double y) {
+            PrintCells(page, table[compound], criteria, y);
+            return table[compound].Name;
+        });
+        done = row == table.size();
         if (!done) {
             printer.NewPage();
         }

@@ -67,9 +67,8 @@ constexpr StandardRow kStandardRows[] = {
 
 void PrintHeader(Page& page, const SampleHeader& header, const StandardSummaryEntry& entry) {
     page.PageNo = page.Printer().PageNumber();
-    // On purpose: every page's number starts where the first page's does.
-    page.TextOutInch("8" + Page::FormLetter(page.PageNo) + " - FORM VIII VOA",
-                     4.25 - page.TextWidthInch("8A - FORM VIII VOA") * 0.5, 0.7);
+    page.PrintNumberLine("8" + Page::FormLetter(page.PageNo) + " - FORM VIII VOA",
+                         "8A - FORM VIII VOA", 0.7);
     page.TextOutCentred("VOLATILE INTERNAL STANDARD AREA AND RETENTION TIME SUMMARY", 4.25, 0.85);
     page.PrintLabRows(header, 1.425);
     const std::string& analyzed = entry.AnalysisDateTime;

@@ -163,6 +163,10 @@ void Page::PrintLabRows(const SampleHeader& header, double y1) {
     PrintFields(header, rows);
 }
 
+void Page::PrintNumberLine(std::string_view line, std::string_view firstPage, double y) {
+    TextOutInch(line, 4.25 - TextWidthInch(firstPage) * 0.5, y);
+}
+
 void Page::PrintPageFooter() {
     PrintPageNumber(kFooterY);
     PrintStatementOfWork();

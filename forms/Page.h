@@ -105,6 +105,9 @@ class Page {
     void SplitAtHyphens(std::string_view text, std::vector<std::string>& lines, double width);
     // The two laboratory rows; y1 is the level of the first.
     void PrintLabRows(const SampleHeader& header, double y1);
+    // The form number line of a page, where the first page's (`firstPage`) is centred: so every
+    // page's starts at the same place.
+    void PrintNumberLine(std::string_view line, std::string_view firstPage, double y);
     // "Page n of m" from PageNo and PageCount, and the statement of work's line.
     void PrintPageFooter();
     void PrintPageNumber(double y);
