@@ -176,13 +176,18 @@ QModelIndex EntryGrid::Neighbour(bool next) const {
     return {};
 }
 
+// The item view's own way would go round and round inside the grid.
+bool EntryGrid::LeaveGrid(bool next) {
+    return QAbstractScrollArea::focusNextPrevChild(next);  // NOLINT(bugprone-parent-virtual-call)
+}
+
 // At either end the focus goes on to the control beside the grid.
 bool EntryGrid::focusNextPrevChild(bool next) {
     if (const QModelIndex neighbour = Neighbour(next); neighbour.isValid()) {
         setCurrentIndex(neighbour);
         return true;
     }
-    return QAbstractScrollArea::focusNextPrevChild(next);
+    return LeaveGrid(next);
 }
 
 QModelIndex EntryGrid::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
@@ -200,7 +205,7 @@ void EntryGrid::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint 
     const bool next = hint == QAbstractItemDelegate::EditNextItem;
     if ((next || hint == QAbstractItemDelegate::EditPreviousItem) && !Neighbour(next).isValid()) {
         QTableWidget::closeEditor(editor, QAbstractItemDelegate::NoHint);
-        QAbstractScrollArea::focusNextPrevChild(next);
+        LeaveGrid(next);
         return;
     }
     QTableWidget::closeEditor(editor, hint);

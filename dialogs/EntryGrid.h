@@ -52,6 +52,7 @@ class EntryGrid : public QTableWidget {
     // The editable cell after or before the current one; invalid at the ends.
     QModelIndex Neighbour(bool next) const;
     bool IsEditable(const QModelIndex& index) const;
+    bool LeaveGrid(bool next);
     // False in the last row.
     bool MoveDown();
     void FitToFont();
