@@ -104,12 +104,12 @@ void WriteEntries(BatchWriter& out, const Entries& entries) {
 }
 
 Message Aborted(std::string_view line, std::string_view trouble) {
-    return {std::string(line) + std::string(trouble) + "\nRestore will be aborted",
-            kFileNotFoundTitle, MessageIcon::kInformation};
+    return {std::string(line) + std::string(trouble), kFileNotFoundTitle,
+            MessageIcon::kInformation};
 }
 
 Message DoesNotReadProperly(std::string_view line) {
-    return Aborted(line, " does not read properly.");
+    return Aborted(line, " does not read properly.\nRestore will be aborted");
 }
 
 // Looks over the file names and the two counts after the first line, before anything is taken. Lab
@@ -131,7 +131,7 @@ std::optional<Message> FindTrouble(LineReader& file) {
         }
         const std::string line = Trim(*raw);
         if (line.empty()) {
-            return Aborted(line, " does not exist.");
+            return Aborted(line, " does not exist.\nRestore will be aborted");
         }
         if (FirstCharacters(line, kLongestCount).size() < line.size()) {
             continue;

@@ -226,7 +226,9 @@ void BrowseCriteriaFile(ContinuingCalibrationEntry& entry, const std::string& fi
     }
     if (!IsCriteriaTitle(file->Lines.NextOrEmpty())) {
         entry.CriteriaFile.clear();
-        messages.Show(NotOfThisKind(FileNameOnly(fileName), "RF criteria"));
+        messages.Show(
+            {FileNameOnly(fileName) + " is not a RF criteria file.\nPlease select another file.",
+             kIncorrectFileTypeTitle});
         return;
     }
     entry.CriteriaFile = LowerCase(fileName);

@@ -31,7 +31,7 @@ std::optional<Message> CheckCalHeader(LineReader& report, const std::string& bas
                                       FileSet& files, ExpectedNames& expected) {
     const std::string title = report.NextOrEmpty();
     if (!IsCalTitle(title)) {
-        return NotAReportMessage("calibration", baseName);
+        return NotAReportMessage(kNoCalibrationFile, baseName);
     }
     if (!EndsWith(TrimRight(title), kReportVersion)) {
         return VersionMessage(baseName);
@@ -47,21 +47,22 @@ std::optional<Message> CheckCalHeader(LineReader& report, const std::string& bas
         }
         const auto named = report.Next();
         if (named && isLibrary && !CheckNamedFile(*named, files.LibFile, expected.Library)) {
-            return NamedFileMessage("library", baseName, expected.Library);
+            return NamedFileMessage(kLibraryFileListed, baseName, expected.Library);
         }
         if (named && !isLibrary &&
             !CheckNamedFile(*named, files.SurrFile, expected.InternalStandard)) {
-            return NamedFileMessage("internal standard", baseName, expected.InternalStandard);
+            return NamedFileMessage(kInternalStandardFileListed, baseName,
+                                    expected.InternalStandard);
         }
     }
-    return NotAReportMessage("calibration", baseName);
+    return NotAReportMessage(kNoCalibrationFile, baseName);
 }
 
 std::optional<Message> CheckCheckHeader(LineReader& report, const std::string& baseName,
                                         FileSet& files, ExpectedNames& expected) {
     const std::string title = report.NextOrEmpty();
     if (!BeginsWith(title, "check")) {
-        return NotAReportMessage("check calibration", baseName);
+        return NotAReportMessage(kNoCheckFile, baseName);
     }
     if (!EndsWith(TrimRight(title), kReportVersion)) {
         return VersionMessage(baseName);
@@ -72,19 +73,20 @@ std::optional<Message> CheckCheckHeader(LineReader& report, const std::string& b
         }
         if (BeginsWith(*line, "calib")) {
             if (!CheckNamedFile(*line, files.CalFile, expected.Calibration)) {
-                return NamedFileMessage("calibration", baseName, expected.Calibration);
+                return NamedFileMessage(kCalibrationFileListed, baseName, expected.Calibration);
             }
         } else if (BeginsWith(*line, "compound lib")) {
             if (!CheckNamedFile(*line, files.LibFile, expected.Library)) {
-                return NamedFileMessage("library", baseName, expected.Library);
+                return NamedFileMessage(kLibraryFileListed, baseName, expected.Library);
             }
         } else if (BeginsWith(*line, "surr")) {
             if (!CheckNamedFile(*line, files.SurrFile, expected.InternalStandard)) {
-                return NamedFileMessage("internal standard", baseName, expected.InternalStandard);
+                return NamedFileMessage(kInternalStandardFileListed, baseName,
+                                        expected.InternalStandard);
             }
         }
     }
-    return NotAReportMessage("check calibration", baseName);
+    return NotAReportMessage(kNoCheckFile, baseName);
 }
 
 // Shows the message, if there is one; whether the report is accepted.
@@ -104,7 +106,7 @@ bool ValidateCalReport(const std::string& fileName, FileSet& files, Messages& me
     if (!expected.Calibration.empty() && LowerCase(baseName) != expected.Calibration) {
         const bool isOther = report && IsCalTitle(report->Lines.NextOrEmpty());
         return Accept(
-            isOther ? WrongCalibrationMessage() : NotAReportMessage("calibration", baseName),
+            isOther ? WrongCalibrationMessage() : NotAReportMessage(kNoCalibrationFile, baseName),
             messages);
     }
     if (report && !Accept(CheckCalHeader(report->Lines, baseName, files, expected), messages)) {
@@ -138,22 +140,21 @@ Message FileErrorMessage(std::string text) {
     return {.text = std::move(text), .title = kFileErrorTitle, .icon = MessageIcon::kInformation};
 }
 
-Message NotAReportMessage(std::string_view kind, std::string_view baseName) {
-    return FileErrorMessage(std::string(baseName) + " does not appear to be a " +
-                            std::string(kind) + " file.\n" + "The file will not be processed.");
+Message NotAReportMessage(std::string_view noSuchFile, std::string_view baseName) {
+    return FileErrorMessage(std::string(baseName) + std::string(noSuchFile) +
+                            std::string(kNotProcessed));
 }
 
 Message VersionMessage(std::string_view baseName) {
-    return FileErrorMessage("The version # must be 4.2 for " + std::string(baseName) +
-                            ".\nThe file will not be processed.");
+    return FileErrorMessage("The version # must be 4.2 for " + std::string(baseName) + ".\n" +
+                            std::string(kNotProcessed));
 }
 
-Message NamedFileMessage(std::string_view kind, std::string_view baseName,
+Message NamedFileMessage(std::string_view fileListed, std::string_view baseName,
                          std::string_view expected) {
     const std::string report(baseName);
-    return FileErrorMessage("The " + std::string(kind) + " file listed in " + report +
-                            "\nmust be " + std::string(expected) + ". " + report +
-                            " will not be processed.");
+    return FileErrorMessage(std::string(fileListed) + report + "\nmust be " +
+                            std::string(expected) + ". " + report + " will not be processed.");
 }
 
 }  // namespace qfr

@@ -22,11 +22,24 @@ bool ValidateCheckReport(const std::string& fileName, FileSet& files, Messages& 
 // takes its base name, lower-cased, and `expected` with it; otherwise it must equal `expected`.
 bool CheckNamedFile(std::string_view line, std::string& name, std::string& expected);
 
+// What the messages of a rejection say of a report's kind, and of the file that it lists.
+inline constexpr std::string_view kNoQuantitationFile =
+    " does not appear to be a quantitation file.\n";
+inline constexpr std::string_view kNoCalibrationFile =
+    " does not appear to be a calibration file.\n";
+inline constexpr std::string_view kNoCheckFile =
+    " does not appear to be a check calibration file.\n";
+inline constexpr std::string_view kCalibrationFileListed = "The calibration file listed in ";
+inline constexpr std::string_view kLibraryFileListed = "The library file listed in ";
+inline constexpr std::string_view kInternalStandardFileListed =
+    "The internal standard file listed in ";
+inline constexpr std::string_view kNotProcessed = "The file will not be processed.";
+
 // The messages that all kinds of report share; titled "File Error".
 Message FileErrorMessage(std::string text);
-Message NotAReportMessage(std::string_view kind, std::string_view baseName);
+Message NotAReportMessage(std::string_view noSuchFile, std::string_view baseName);
 Message VersionMessage(std::string_view baseName);
-Message NamedFileMessage(std::string_view kind, std::string_view baseName,
+Message NamedFileMessage(std::string_view fileListed, std::string_view baseName,
                          std::string_view expected);
 
 }  // namespace qfr

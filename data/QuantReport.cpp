@@ -75,19 +75,20 @@ std::optional<Message> CheckHeaderLine(const std::string& line, const std::strin
                                        FileSet& files, ExpectedNames& expected) {
     if (BeginsWith(line, "calib")) {
         if (!CheckNamedFile(line, files.CalFile, expected.Calibration)) {
-            return NamedFileMessage("calibration", baseName, expected.Calibration);
+            return NamedFileMessage(kCalibrationFileListed, baseName, expected.Calibration);
         }
     } else if (BeginsWith(line, "compound lib")) {
         if (!CheckNamedFile(line, files.LibFile, expected.Library)) {
-            return NamedFileMessage("library", baseName, expected.Library);
+            return NamedFileMessage(kLibraryFileListed, baseName, expected.Library);
         }
     } else if (BeginsWith(line, "inte")) {
         if (!CheckNamedFile(line, files.SurrFile, expected.InternalStandard)) {
-            return NamedFileMessage("internal standard", baseName, expected.InternalStandard);
+            return NamedFileMessage(kInternalStandardFileListed, baseName,
+                                    expected.InternalStandard);
         }
     } else if (Contains(line, "Limit:") && !BeginsWith(line, "crq")) {
         return FileErrorMessage(baseName + " must be processed using the CRQL option.\n" +
-                                "The file will not be processed.");
+                                std::string(kNotProcessed));
     }
     return std::nullopt;
 }
@@ -97,7 +98,7 @@ std::optional<Message> CheckHeader(LineReader& report, const std::string& baseNa
                                    ExpectedNames& expected) {
     const std::string title = report.NextOrEmpty();
     if (!BeginsWith(title, "quant")) {
-        return NotAReportMessage("quantitation", baseName);
+        return NotAReportMessage(kNoQuantitationFile, baseName);
     }
     if (!EndsWith(TrimRight(title), kReportVersion)) {
         return VersionMessage(baseName);
@@ -110,7 +111,7 @@ std::optional<Message> CheckHeader(LineReader& report, const std::string& baseNa
             return message;
         }
     }
-    return NotAReportMessage("quantitation", baseName);
+    return NotAReportMessage(kNoQuantitationFile, baseName);
 }
 
 }  // namespace

@@ -86,7 +86,9 @@ std::optional<EntryFault> CheckRangesFile(const std::string& fileName) {
     if (file && BeginsWith(file->Lines.NextOrEmpty(), kTitle)) {
         return std::nullopt;
     }
-    return EntryFault{NotOfThisKind(fileName, "recovery ranges"), kFileEdit};
+    return EntryFault{{fileName + " is not a recovery ranges file.\nPlease select another file.",
+                       kIncorrectFileTypeTitle},
+                      kFileEdit};
 }
 
 std::optional<EntryFault> CheckRanges(const RangesEntry& entry) {

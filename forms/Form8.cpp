@@ -180,7 +180,7 @@ std::optional<OpenedFile> OpenReference(FormHost& host, const std::string& name)
     auto report = OpenFileBeside(name, host.Batch().Folder);
     if (!report) {
         host.Show(
-            {"Please use Data Files|Load Files menu option to specify a\ncalibration or "
+            {"Please use Data Files|Load menu option to specify a\ncalibration or "
              "continuing calibration file.",
              kCalibrationNotOpenedTitle});
     }

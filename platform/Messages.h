@@ -25,9 +25,6 @@ struct Message {
 Message CouldNotBeWritten(std::string_view fileName);
 Message CouldNotBeRead(std::string_view fileName);
 
-// That the chosen file, as the message is to name it, is not of the kind asked for.
-Message NotOfThisKind(const std::string& fileName, const std::string& kind);
-
 class Messages {
   public:
     virtual ~Messages() = default;
