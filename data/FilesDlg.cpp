@@ -75,6 +75,8 @@ TFilesDlg::TFilesDlg(FilesDlgOwner& owner, WindowServices& services, Messages& m
     connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this,
             &TFilesDlg::Button1Click);
 
+    ui_->BrowseLabBlank->setFocus();
+
     // What is typed here is taken as it is; emptying it removes the report.
     connect(ui_->CheckCalEdit, &QLineEdit::textChanged, this, [this](const QString& text) {
         batch_.Files.CheckCal = EnteredText(text.toStdString());

@@ -14,6 +14,15 @@ constexpr QChar kPlace = u'0';
 constexpr QChar kLiteral = u' ';
 constexpr qsizetype kTimeStart = 11;  // in "mm/dd/yyyy hh:nn"
 
+// A part that was not filled to its end has its unfilled places in front: "5 " becomes " 5".
+QString RightAligned(const QString& part, QChar unfilled) {
+    QString digits = part;
+    while (digits.endsWith(unfilled)) {
+        digits.chop(1);
+    }
+    return digits.rightJustified(part.size(), unfilled);
+}
+
 }  // namespace
 
 MaskEdit::MaskEdit(QWidget* parent) : QLineEdit(parent) {}
@@ -41,7 +50,26 @@ std::string MaskEdit::MaskText() const {
             shown[i] = u' ';
         }
     }
+    for (qsizetype start = 0; start < places_.size();) {
+        const qsizetype end = EndOfPart(start);
+        shown.replace(start, end - start, RightAligned(shown.sliced(start, end - start), u' '));
+        start = end + 1;
+    }
     return shown.toStdString();
+}
+
+qsizetype MaskEdit::StartOfPart(qsizetype place) const {
+    while (place > 0 && places_[place - 1] == kPlace) {
+        --place;
+    }
+    return place;
+}
+
+qsizetype MaskEdit::EndOfPart(qsizetype place) const {
+    while (place < places_.size() && places_[place] == kPlace) {
+        ++place;
+    }
+    return place;
 }
 
 std::optional<QString> MaskEdit::Laid(const QString& text, qsizetype from) const {
@@ -96,13 +124,37 @@ void MaskEdit::keyPressEvent(QKeyEvent* event) {
         emit textEdited(text());
         return;
     }
-    if (event->key() == Qt::Key_Space && !isReadOnly()) {
-        // The same holds for a typed blank, which empties its place.
-        QKeyEvent blank(QEvent::KeyPress, 0, Qt::NoModifier, QString(unfilled_));
-        QLineEdit::keyPressEvent(&blank);
+    if (const QString typed = event->text();
+        typed.size() == 1 && !isReadOnly() && TypeLiteral(typed.front())) {
         return;
     }
     QLineEdit::keyPressEvent(event);
+}
+
+bool MaskEdit::TypeLiteral(QChar typed) {
+    const qsizetype caret = cursorPosition();
+    const qsizetype start = StartOfPart(caret);
+    const qsizetype end = EndOfPart(start);
+    if (caret == start && start > 0 && empty_[start - 1] == typed) {
+        return true;  // the caret has passed it already
+    }
+    if (caret > start && end < empty_.size() && empty_[end] == typed) {
+        QString shown = displayText();
+        shown.replace(start, end - start,
+                      RightAligned(shown.sliced(start, end - start), unfilled_));
+        setText(shown);
+        setCursorPosition(static_cast<int>(end) + 1);
+        emit textEdited(text());
+        return true;
+    }
+    if (typed != u' ') {
+        return false;
+    }
+    // Elsewhere a blank empties its place; the toolkit would take it for the literal between date
+    // and time.
+    QKeyEvent blank(QEvent::KeyPress, 0, Qt::NoModifier, QString(unfilled_));
+    QLineEdit::keyPressEvent(&blank);
+    return true;
 }
 
 void MaskEdit::mouseReleaseEvent(QMouseEvent* event) {

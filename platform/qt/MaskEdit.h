@@ -20,7 +20,7 @@ class MaskEdit : public QLineEdit {
     void SetMask(const std::string& mask);
 
     // Always as long as the mask: literals in place, unfilled places as blanks. Use this, not
-    // text(), which drops the blanks.
+    // text(), which drops the blanks. A part with fewer digits has them at its end (" 5/ 8/2005").
     std::string MaskText() const;
     // Takes such a text, one that lost blanks at its ends, or a date or time with shorter parts
     // ("1/2/2005 9:05"), whose parts get leading zeros. What does not fit the
@@ -34,6 +34,12 @@ class MaskEdit : public QLineEdit {
   private:
     // The text over the empty mask, from its `from`-th character on; absent where it does not fit.
     std::optional<QString> Laid(const QString& text, qsizetype from) const;
+
+    // The places from one literal to the next, around a place.
+    qsizetype StartOfPart(qsizetype place) const;
+    qsizetype EndOfPart(qsizetype place) const;
+    // A literal that is typed ends its part. False when the toolkit is to have it.
+    bool TypeLiteral(QChar typed);
 
     QString empty_;   // the mask with blanks for its places
     QString places_;  // as long; "0" for a place, blank for a literal

@@ -1,7 +1,9 @@
 #include "platform/qt/QtMessages.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -25,17 +27,30 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
     return QMessageBox::NoIcon;
 }
 
-QMessageBox::StandardButton Ask(const Message& message, QMessageBox::StandardButtons buttons,
-                                QMessageBox::StandardButton escape) {
+// A question is answered by one of its buttons; Escape and the close box are no answer.
+class QuestionBox : public QMessageBox {
+  public:
+    using QMessageBox::QMessageBox;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (!event->matches(QKeySequence::Cancel)) {
+            QMessageBox::keyPressEvent(event);
+        }
+    }
+    void closeEvent(QCloseEvent* event) override { event->ignore(); }
+};
+
+template <typename Box>
+QMessageBox::StandardButton Ask(const Message& message, QMessageBox::StandardButtons buttons) {
     const AskingCursor asking;
-    QMessageBox box(IconOf(message.icon), QString(), QString::fromStdString(message.text), buttons,
-                    QApplication::activeWindow());
+    Box box(IconOf(message.icon), QString(), QString::fromStdString(message.text), buttons,
+            QApplication::activeWindow());
     // A file name in the text may look like markup.
     box.setTextFormat(Qt::PlainText);
     // The toolkit puts the program's name in the place of an empty title.
     box.setWindowTitle(message.title.empty() ? QStringLiteral(" ")
                                              : QString::fromStdString(message.title));
-    box.setEscapeButton(escape);
     // The text may be narrower than the title and the buttons of the title bar.
     if (auto* const grid = qobject_cast<QGridLayout*>(box.layout())) {
         const int width = box.fontMetrics().horizontalAdvance(box.windowTitle()) + kTitleBarButtons;
@@ -48,14 +63,14 @@ QMessageBox::StandardButton Ask(const Message& message, QMessageBox::StandardBut
 
 void QtMessages::Show(const Message& message) {
     if (message.offerCancel) {
-        Ask(message, QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Cancel);
+        Ask<QMessageBox>(message, QMessageBox::Ok | QMessageBox::Cancel);
     } else {
-        Ask(message, QMessageBox::Ok, QMessageBox::Ok);
+        Ask<QMessageBox>(message, QMessageBox::Ok);
     }
 }
 
 bool QtMessages::AskYesNo(const Message& question) {
-    return Ask(question, QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+    return Ask<QuestionBox>(question, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
 }
 
 }  // namespace qfr
