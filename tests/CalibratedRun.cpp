@@ -19,22 +19,6 @@ std::string Block(const std::string& name, int levels, const char* kind) {
 
 }  // namespace
 
-std::string SampleText(const std::string& area, const std::string& rt) {
-    std::string text = "----------     Internal Standard Data     ----------\nName;Area;RT\n";
-    for (const std::string_view name : InternalStandardNames) {
-        text += std::string(name) + ";" + area + ";" + rt + "\n";
-    }
-    return text;
-}
-
-std::vector<std::size_t> CountsEndingAt(const PrintJob& job, double x) {
-    std::vector<std::size_t> counts;
-    for (const JobPage& page : job.pages) {
-        counts.push_back(TextsEndingAt(page, x).size());
-    }
-    return counts;
-}
-
 CalibratedRun::CalibratedRun(int levels, int compounds, int samples) {
     calibration = levels == 0 ? "Date\nNo data files" : "Date\nData File(s):\n";
     for (int k = 1; k <= levels; ++k) {
@@ -57,28 +41,38 @@ CalibratedRun::CalibratedRun(int levels, int compounds, int samples) {
     FileSet& files = host.batch.Files;
     files.Calib = dir.Write("RUN.CAL", calibration);
     files.CheckCal = dir.Write("RUN.CHECK", check);
+    files.LabBlank = "c:\\run\\s1.prn";
     host.batch.SampleList.emplace();
     for (int i = 1; i <= samples; ++i) {
         const std::string name = "S" + Number(i);
         files.QFiles.push_back(dir.Write(name + ".PRN", SampleText("1000.9", "7.25")));
         host.batch.SampleList->push_back(CompleteRecord(name, files.QFiles.back()));
+        host.batch.SampleList->back().Header[HeaderField::kDateAnalyzed] =
+            i == 1 ? "05/18/2005 09:00" : "05/18/2005 21:01";
     }
+    host.entries.Tune = {"BFB01", "typed",
+                         "BFB.D", "05/18/2005",
+                         " 8:00", {"18.1", "81", "100", "6.6", "2.01", "75", "7.1", "97.5", "6.7"}};
     host.entries.ContinuingCalibration.CriteriaFile = dir.Write(
         "CRITERIA.TXT", "RF Criteria\nCompound-1;0.1;25\ncompound-2; 0.2\ncompound-1;9;99\n");
 }
 
-std::vector<std::string> CalibratedRun::Run(void (*driver)(FormHost&), EntryDialog dialog,
-                                            bool ok) {
-    host.dialogs = {[dialog, ok](EntryDialog shown) {
-        EXPECT_EQ(shown, dialog);
-        return ok;
-    }};
+std::vector<std::string> CalibratedRun::Run(void (*driver)(FormHost&)) {
     driver(host);
-    std::vector<std::string> titles;
-    for (const Message& message : std::exchange(host.messages.shown, {})) {
-        titles.push_back(message.title);
+    return host.messages.TakeTitles();
+}
+
+const JobPage& CalibratedRun::FirstPage(void (*driver)(FormHost&)) {
+    EXPECT_EQ(Run(driver), std::vector<std::string>());
+    return host.sink.jobs.at(0).pages.at(0);
+}
+
+std::string SampleText(const std::string& area, const std::string& rt) {
+    std::string text = "----------     Internal Standard Data     ----------\nName;Area;RT\n";
+    for (const std::string_view name : InternalStandardNames) {
+        text += std::string(name) + ";" + area + ";" + rt + "\n";
     }
-    return titles;
+    return text;
 }
 
 }  // namespace qfr::test

@@ -1,12 +1,101 @@
+// Monitoring compound recoveries: their ranges, the sections of the reports, and Form II.
 #include <gmock/gmock.h>
 
+#include "data/MonitoringRecoveries.h"
+#include "data/RecoveryRanges.h"
 #include "forms/Form2.h"
+#include "platform/Numbers.h"
 #include "tests/FormSupport.h"
 
 namespace qfr::test {
 namespace {
 
-using ::testing::ElementsAre;
+using namespace ::testing;
+using Texts = std::vector<std::string>;
+
+constexpr char kTwo[] =
+    "RECOVERY RANGES of May\r\n 2 \n Toluene-d8 ;80;120.5;70;130;60; 140 \nBromo;1;2;3;4;5;6";
+
+TEST(RecoveryRanges, TakeTheChosenKindOnly) {
+    const TempDir dir;
+    MessageLog messages;
+    const auto load = [&](const std::string& content, RecoveryLimits limits) {
+        dir.Write("R.txt", content);
+        // Moved, and named as batches name files.
+        const auto ranges =
+            LoadRecoveryRanges("c:\\lab\\r.txt", dir.Path().string(), limits, messages).value();
+        std::string text;
+        for (const RecoveryRange& range : ranges) {
+            text += range.Name + " " + FormatShortest(range.Low) + "-" +
+                    FormatShortest(range.High) + " ";
+        }
+        return text;
+    };
+    EXPECT_EQ(load(kTwo, RecoveryLimits::kWater), "Toluene-d8 80-120.5 Bromo 1-2 ");
+    EXPECT_EQ(load(kTwo, RecoveryLimits::kSoil), "Toluene-d8 70-130 Bromo 3-4 ");
+    EXPECT_EQ(load(kTwo, RecoveryLimits::kOil), "Toluene-d8 60-140 Bromo 5-6 ");
+    EXPECT_EQ(load("t\n1\na;1;2;x\nb", RecoveryLimits::kWater), "a 1-2 ");
+    EXPECT_EQ(load("t\n0\n", RecoveryLimits::kOil), "");
+    const std::string row = "a;1;2;3;4;5;6\n";
+    for (const std::string& rest :
+         {std::string(), "many\n" + row, "-1\n" + row, "99999999999\n" + row, "2147483647\n" + row,
+          "2\n" + row, std::string("1\na;1;2;3;4;5\n"), std::string("1\na;1;2;x;4;5;6\n"),
+          std::string("1\na;1;2;3;4;5;6;\n"), std::string("1\na\0;\0;2;3;4;5;6\n", 17)}) {
+        const std::string file = dir.Write("r.txt", "recovery ranges\n" + rest);
+        EXPECT_FALSE(LoadRecoveryRanges(file, "", RecoveryLimits::kOil, messages)) << rest;
+        EXPECT_THAT(messages.TakeTexts(),
+                    ElementsAre("r.txt could not be read as a recovery ranges file."));
+    }
+    EXPECT_FALSE(CheckRangesFile(dir.Write("r.txt", "recovery ranges")));
+    const std::string file = dir.Write("r.txt", "recovery range\n");
+    EXPECT_EQ(CheckRangesFile(file).value().Message.text,
+              file + " is not a recovery ranges file.\nPlease select another file.");
+    EXPECT_EQ(CheckRanges({"  "}).value().Message.text, "Please select a file for ranges.");
+}
+
+TEST(RecoveryFlag, MarksWhatIsOutsideTheFirstMatchingRange) {
+    const std::vector<RecoveryRange> ranges = {{" D8", 80, 120}, {"d8", 0, 1}, {"", 0, 1}};
+    const auto flag = [&](const char* recovery) { return RecoveryFlag("D8 ", recovery, ranges); };
+    EXPECT_EQ(Joined({"79.9", "80", "120", "120.1", "n/a", ""}, flag), "*|||*||");
+    const auto unknown = [&](const char* name) { return RecoveryFlag(name, "500", ranges); };
+    EXPECT_EQ(Joined({"d6", ""}, unknown), "|");
+}
+
+TEST(MonitoringRecoveries, AreReadFromTheirSection) {
+    std::string endless = "volatile\nheads\n";
+    for (int i = 0; i < 100; ++i) {
+        endless += "1;a;5\n";
+    }
+    const TempDir dir;
+    MessageLog messages;
+    Batch batch;
+    const auto load = [&](const std::string& report) {
+        const SampleRecord sample = CompleteRecord("s", dir.Write("r.prn", report));
+        batch.SampleList = {sample, sample};
+        const auto records = LoadMonitoringRecoveries(batch, messages);
+        EXPECT_EQ(records.size(), 2U);
+        EXPECT_THAT(records.back().Names, IsEmpty()) << "only the first report names compounds";
+        return records.front();
+    };
+    const MonitoringRecoveries full =
+        load("x\nVOLATILE compounds\r\nheads;a;b\n1; D8 ;99.5;z\nno fields\n2;b;-3.7\n \n3;c;1\n");
+    EXPECT_THAT(full.Names, ElementsAre("d8", "b"));
+    EXPECT_THAT(full.Recoveries, ElementsAre("100", "-3"));
+    const MonitoringRecoveries half = load("volatile\nheads\n1;a; n/a ;\n2;b\n;;\n");
+    EXPECT_THAT(half.Names, ElementsAre("a", "b", ""));
+    EXPECT_THAT(half.Recoveries, ElementsAre("n/a", "", ""));
+    EXPECT_THAT(load("volatile").Recoveries, IsEmpty());
+    EXPECT_THAT(load(endless).Recoveries, SizeIs(21));
+    const std::string good = dir.Write("good.prn", "volatile\nheads\n1;a;50\n");
+    batch.SampleList = {CompleteRecord("s1", "c:\\gone.prn"), CompleteRecord("s2", good),
+                        CompleteRecord("s3", dir.Write("bad.prn", "nothing\n")),
+                        CompleteRecord("s4", good)};
+    const auto records = LoadMonitoringRecoveries(batch, messages);
+    ASSERT_EQ(records.size(), 1U) << "a gone one is skipped, one without the section the last";
+    EXPECT_EQ(records[0].SampleNo, "s2");
+    EXPECT_THAT(records[0].Names, IsEmpty());
+    EXPECT_THAT(messages.TakeTexts(), ElementsAre("Did not find keyword, volatile"));
+}
 
 // A batch whose reports list compounds c1, c2, ... with recoveries 101, 102, ...
 struct Recoveries {
@@ -19,11 +108,9 @@ struct Recoveries {
         host.entries.Ranges.FileName =
             dir.Write("Ranges.txt", "recovery ranges\n2\nc2;82.5;101\nc8;80;108\n");
     }
-    const PrintJob& Print(bool ok = true) {
-        host.dialogs.emplace_back([ok](EntryDialog) { return ok; });
+    const std::vector<JobPage>& Pages() {
         Form2MCRClick(host);
-        static const PrintJob kNone;
-        return host.sink.jobs.empty() ? kNone : host.sink.jobs[0];
+        return host.sink.jobs.at(0).pages;
     }
     TempDir dir;
     ScriptedHost host;
@@ -45,23 +132,20 @@ TEST(Form2, PagesOfSamplesAndOfCompounds) {
     };
     for (const auto& c : cases) {
         Recoveries form(c.samples, c.compounds);
-        const PrintJob& job = form.Print();
-        std::string pages;
-        std::size_t rows = 0;
-        for (const JobPage& page : job.pages) {
-            const auto lines = TextsAt(page, 3.6);
-            pages += lines.empty() ? " -" : " " + lines[0].substr(1, 1) + lines[0].substr(17);
-            rows += RulesAcross(page, 0.9, 7.6).size() - (lines.empty() ? 0 : 1);
+        std::string summary;
+        for (const JobPage& page : form.Pages()) {
+            const Texts lines = TextsAt(page, 3.6);
+            summary += lines.empty() ? " -" : " " + lines[0].substr(1, 1) + lines[0].substr(17);
+            EXPECT_EQ(RulesAcross(page, 0.9, 7.6).size(), lines.empty() ? 0U : 31U);
         }
-        EXPECT_EQ(pages, c.pages) << c.samples << " " << c.compounds;
-        EXPECT_EQ(rows % 30, 0U);
-        EXPECT_TRUE(HasText(job.pages.at(1), c.footer)) << c.samples;
+        EXPECT_EQ(summary, c.pages) << c.samples << " " << c.compounds;
+        EXPECT_TRUE(HasText(form.host.sink.jobs[0].pages.at(1), c.footer)) << c.samples;
     }
 }
 
 TEST(Form2, EightCompoundsOfThirtyOneSamples) {
     Recoveries form(31, 8);
-    const std::vector<JobPage>& pages = form.Print().pages;
+    const std::vector<JobPage>& pages = form.Pages();
     EXPECT_THAT(TextsEndingAt(pages[2], 3.25), ElementsAre("102"));
     EXPECT_THAT(TextsAt(pages[2], 3.45), ElementsAre("#", "*"));
     EXPECT_TRUE(HasText(pages[2], "31") && HasText(pages[2], "60"));
@@ -77,22 +161,22 @@ TEST(Form2, EightCompoundsOfThirtyOneSamples) {
     EXPECT_THAT(TextsAt(pages[5], 6.1), ElementsAre("(80-108)"));
 }
 
-TEST(Form2, WithoutTheFirstReportNothingIsNamedOrFlagged) {
+TEST(Form2, WithoutTheFirstReportNothingIsNamedAndWithoutRangesNothingPrints) {
     Recoveries form(2, 2);
+    form.host.ok = false;
+    Form2MCRClick(form.host);
+    form.host.ok = true;
+    const std::string ranges = std::exchange(form.host.entries.Ranges.FileName, "c:\\gone.txt");
+    Form2MCRClick(form.host);
+    EXPECT_THAT(form.host.messages.TakeTitles(), ElementsAre("Incorrect File Type"));
+    EXPECT_THAT(form.host.sink.begun, IsEmpty());
+
+    form.host.entries.Ranges.FileName = ranges;
     form.host.batch.SampleList->front().FileName = "c:\\gone\\r.prn";
-    const JobPage& page = form.Print().pages.at(1);
+    const JobPage& page = form.Pages().at(1);
     EXPECT_THAT(TextsEndingAt(page, 3.25), ElementsAre("102"));
     EXPECT_TRUE(HasText(page, "VMC2 = "));
     EXPECT_THAT(TextsAt(page, 3.45), ElementsAre("#"));
-}
-
-TEST(Form2, PrintsNothingAfterCancelOrWithoutRanges) {
-    Recoveries form(1, 1);
-    form.Print(false);
-    form.host.entries.Ranges.FileName = "c:\\lab\\limits.txt";
-    form.Print();
-    EXPECT_TRUE(form.host.sink.begun.empty());
-    EXPECT_EQ(form.host.messages.shown.size(), 1U);
 }
 
 }  // namespace

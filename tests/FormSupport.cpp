@@ -11,26 +11,29 @@ bool Near(int pixel, double inches) {
 }
 
 template <typename Predicate>
-std::vector<std::string> TextsWhere(const JobPage& page, Predicate predicate) {
-    std::vector<std::string> texts;
+std::vector<TextItem> TextsWhere(const JobPage& page, Predicate predicate) {
+    std::vector<TextItem> texts;
     for (const PageItem& item : page.items) {
         if (const auto* text = std::get_if<TextItem>(&item); text != nullptr && predicate(*text)) {
-            texts.push_back(text->text);
+            texts.push_back(*text);
         }
     }
     return texts;
 }
 
+std::vector<std::string> Names(const std::vector<TextItem>& items) {
+    std::vector<std::string> names;
+    for (const TextItem& item : items) {
+        names.push_back(item.text);
+    }
+    return names;
+}
+
 }  // namespace
 
-bool ScriptedHost::ShowEntryDialog(EntryDialog dialog, std::size_t /*headerRecord*/) {
-    if (dialogs.empty()) {
-        ADD_FAILURE() << "unexpected entry dialog";
-        return false;
-    }
-    auto answer = std::move(dialogs.front());
-    dialogs.pop_front();
-    return answer(dialog);
+ScriptedHost::ScriptedHost() {
+    printer.Printers = {"PDF file"};
+    page.testPrinter();
 }
 
 SampleRecord CompleteRecord(const std::string& sampleNo, const std::string& fileName) {
@@ -38,23 +41,16 @@ SampleRecord CompleteRecord(const std::string& sampleNo, const std::string& file
     record.FileName = fileName;
     for (int number = 1; number <= SampleHeader::kCount; ++number) {
         std::string& value = record.Header[HeaderFieldAt(number)];
-        if (value.empty()) {
-            value = "v" + std::to_string(number);
-        }
+        value = value.empty() ? "v" + std::to_string(number) : value;
     }
     record.Header[HeaderField::kZovSampleNo] = sampleNo;
     return record;
 }
 
 TextItem FindText(const JobPage& page, std::string_view text) {
-    for (const PageItem& item : page.items) {
-        if (const auto* found = std::get_if<TextItem>(&item);
-            found != nullptr && found->text == text) {
-            return *found;
-        }
-    }
-    ADD_FAILURE() << "not on the page: " << text;
-    return {};
+    const auto found = TextsWhere(page, [&](const TextItem& item) { return item.text == text; });
+    EXPECT_FALSE(found.empty()) << "not on the page: " << text;
+    return found.empty() ? TextItem() : found.front();
 }
 
 bool HasText(const JobPage& page, std::string_view text) {
@@ -62,11 +58,11 @@ bool HasText(const JobPage& page, std::string_view text) {
 }
 
 std::vector<std::string> TextsAt(const JobPage& page, double x) {
-    return TextsWhere(page, [x](const TextItem& item) { return Near(item.x, x); });
+    return Names(TextsWhere(page, [x](const TextItem& t) { return Near(t.x, x); }));
 }
 
 std::vector<std::string> TextsEndingAt(const JobPage& page, double x) {
-    return TextsWhere(page, [x](const TextItem& item) { return Near(item.x + item.width, x); });
+    return Names(TextsWhere(page, [x](const TextItem& t) { return Near(t.x + t.width, x); }));
 }
 
 std::vector<double> RulesAcross(const JobPage& page, double x1, double x2) {

@@ -1,5 +1,6 @@
 #include "tests/Support.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
@@ -12,12 +13,23 @@ namespace qfr::test {
 
 namespace fs = std::filesystem;
 
-std::vector<std::string> MessageLog::TakeTexts() {
-    std::vector<std::string> texts;
-    for (const Message& message : std::exchange(shown, {})) {
-        texts.push_back(message.text);
+bool MessageLog::AskYesNo(const Message& question) {
+    shown.push_back(question);
+    if (answers.empty()) {
+        ADD_FAILURE() << "unexpected question: " << question.text;
+        return false;
     }
-    return texts;
+    const bool answer = answers.front();
+    answers.pop_front();
+    return answer;
+}
+
+std::vector<std::string> MessageLog::Take(std::string Message::*part) {
+    std::vector<std::string> parts;
+    for (const Message& message : std::exchange(shown, {})) {
+        parts.push_back(message.*part);
+    }
+    return parts;
 }
 
 TempDir::TempDir() {
@@ -38,41 +50,20 @@ std::string TempDir::Write(std::string_view name, std::string_view content) cons
     return TextOf(file);
 }
 
-OrdinaryUser::OrdinaryUser() : wasAdministrator_(::geteuid() == 0) {
+std::shared_ptr<void> OrdinaryUser() {
     constexpr uid_t kNobody = 65534;
-    if (wasAdministrator_) {
-        EXPECT_EQ(::seteuid(kNobody), 0);
-    }
-}
-
-OrdinaryUser::~OrdinaryUser() {
-    if (wasAdministrator_) {
-        EXPECT_EQ(::seteuid(0), 0);
-    }
+    const uid_t before = ::geteuid();
+    EXPECT_EQ(before == 0 ? ::seteuid(kNobody) : 0, 0);
+    return {nullptr, [before](void*) { EXPECT_EQ(::seteuid(before), 0); }};
 }
 
 std::string ReportText::Text() const {
-    std::string text = title + "\n" + header + "Compound#;Name;Conc;;;Q;Area;CAS\n";
+    std::string text = "QUANTITATION REPORT  Tallyworks Version 4.2\n" + header +
+                       "Compound#;Name;Conc;;;Q;Area;CAS\n";
     for (int row = 1; row <= rows; ++row) {
         text += std::to_string(row) + ";Compound;5.04;;;;1200;71-43-2\n";
     }
     return text + afterRows;
-}
-
-FileSet NamedFiles(std::string library, std::string internalStandard, std::string calibration) {
-    FileSet files;
-    files.LibFile = std::move(library);
-    files.SurrFile = std::move(internalStandard);
-    files.CalFile = std::move(calibration);
-    return files;
-}
-
-std::string WithCrLf(std::string_view text) {
-    std::string converted;
-    for (char c : text) {
-        converted += c == '\n' ? "\r\n" : std::string(1, c);
-    }
-    return converted;
 }
 
 std::string EndlessLine() {
@@ -93,11 +84,10 @@ fs::path ExampleDir() {
 }
 
 int SquareMetrics::TextWidth(std::string_view utf8, int points) {
-    int characters = 0;
-    for (char c : utf8) {
-        characters += (static_cast<unsigned char>(c) & 0xC0) != 0x80 ? 1 : 0;
-    }
-    return characters * points * kResolution / 72 / 2;
+    const auto continues = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; };
+    const auto bytes = std::count_if(utf8.begin(), utf8.end(), continues);
+    return (static_cast<int>(utf8.size()) - static_cast<int>(bytes)) * points * kResolution / 72 /
+           2;
 }
 
 int SquareMetrics::TextHeight(int points) {

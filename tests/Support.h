@@ -4,6 +4,7 @@
 #include <deque>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -21,21 +22,16 @@ class MessageLog : public Messages {
   public:
     ~MessageLog() override { EXPECT_TRUE(answers.empty()) << "an expected question never came"; }
     void Show(const Message& message) override { shown.push_back(message); }
-    bool AskYesNo(const Message& question) override {
-        shown.push_back(question);
-        if (answers.empty()) {
-            ADD_FAILURE() << "unexpected question: " << question.text;
-            return false;
-        }
-        bool answer = answers.front();
-        answers.pop_front();
-        return answer;
-    }
-    // The texts shown since the last call.
-    std::vector<std::string> TakeTexts();
+    bool AskYesNo(const Message& question) override;
+    // The texts, or the titles, shown since the last call.
+    std::vector<std::string> TakeTexts() { return Take(&Message::text); }
+    std::vector<std::string> TakeTitles() { return Take(&Message::title); }
 
     std::vector<Message> shown;
     std::deque<bool> answers;
+
+  private:
+    std::vector<std::string> Take(std::string Message::*part);
 };
 
 // A directory that is gone after the test.
@@ -53,43 +49,32 @@ class TempDir {
     std::filesystem::path path_;
 };
 
-// Gives up the rights of an administrator until its end, so that what may not be read or written
-// cannot be. TempDir's directories stay readable.
-class OrdinaryUser {
-  public:
-    OrdinaryUser();
-    ~OrdinaryUser();
-    OrdinaryUser(const OrdinaryUser&) = delete;
-    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
-
-  private:
-    bool wasAdministrator_;
-};
+// Gives up the rights of an administrator while the result lives, so that what may not be read or
+// written cannot be. TempDir's directories stay readable.
+[[nodiscard]] std::shared_ptr<void> OrdinaryUser();
 
 // A valid quantitation report; a test changes what it is about.
 struct ReportText {
-    std::string title = "QUANTITATION REPORT  Tallyworks Version 4.2";
     std::string header =
-        "Acquisition Date: 5/12/2005 2:05 PM\n"
-        "Sample Size: 5.0\n"
-        "Client Sample ID: C-17\n"
-        "Sample ID: VBLK01\n"
-        "Lab File ID: ABC01.D; Instrument: GCMS2\n"
-        "Calibration File: C:\\cal\\DAY1.CAL\n"
-        "Compound Library: C:\\lib\\VOA.LIB\n"
-        "Internal Standards: C:\\lib\\VOA.IST\n"
-        "CRQL Limit: 10\n";
+        "Acquisition Date: 5/12/2005 2:05 PM\nSample Size: 5.0\nClient Sample ID: C-17\n"
+        "Sample ID: VBLK01\nLab File ID: ABC01.D; Instrument: GCMS2\n"
+        "Calibration File: C:\\cal\\DAY1.CAL\nCompound Library: C:\\lib\\VOA.LIB\n"
+        "Internal Standards: C:\\lib\\VOA.IST\nCRQL Limit: 10\n";
     int rows = 2;
     std::string afterRows = "\n";
 
     std::string Text() const;
 };
 
-// A batch that knows the files that its reports name, and nothing else.
-FileSet NamedFiles(std::string library, std::string internalStandard, std::string calibration);
-
-// The text with CR LF line ends.
-std::string WithCrLf(std::string_view text);
+// What the function makes of each value, with "|" between.
+template <typename Value, typename Function>
+std::string Joined(std::initializer_list<Value> values, Function function) {
+    std::string results;
+    for (const Value& value : values) {
+        results += (&value == values.begin() ? "" : "|") + std::string(function(value));
+    }
+    return results;
+}
 
 // 50 MB without a line end.
 std::string EndlessLine();

@@ -1,0 +1,221 @@
+// The three kinds of Tallyworks reports: what the batch takes of them, and what it refuses.
+#include "data/CalibrationReports.h"
+#include "platform/Text.h"
+#include "tests/Support.h"
+
+namespace qfr::test {
+namespace {
+
+using Verdict = QuantReportVerdict;
+
+const FileSet kDay1Files = {"voa.lib", "voa.ist", "day1.cal", "", {}, "", ""};
+
+const std::string kQuant = ReportText().Text();
+const std::string kCal =
+    "Date: 05/16/2005 Calibration Version 4.2\nLibrary File:\nC:\\lib\\VOA.LIB\n"
+    "Surrogate Recovery:\nnone\nSurrogate/Internal Standard File:\nC:\\lib\\VOA.IST\n"
+    "Calibration Data: name\n";
+const std::string kCheck =
+    "Check Calibration Version 4.2 \nCalibration File: C:\\cal\\DAY1.CAL\n"
+    "Compound Library: C:\\lib\\VOA.LIB\nSurrogate File: C:\\lib\\VOA.IST\nN;Comp;RF\n";
+
+struct Kind {
+    std::string name;
+    std::string what;
+    std::string content;
+    std::string tableHead;
+};
+const Kind kKinds[] = {{"Sample.PRN", "quantitation", kQuant, "Compound#"},
+                       {"Day1.Cal", "calibration", kCal, "Calibration Data"},
+                       {"S.Check", "check calibration", kCheck, "N;Comp"}};
+
+bool Validate(const std::string& file, FileSet& files, Messages& messages) {
+    ExpectedNames expected = ExpectedNamesOf(files);
+    return EndsWith(file, ".prn")
+               ? ValidateQuantReport(file, files, expected, messages) == Verdict::kAccepted
+           : EndsWith(file, ".cal") ? ValidateCalReport(file, files, messages)
+                                    : ValidateCheckReport(file, files, messages);
+}
+
+// The message of a rejection; empty when the report is accepted.
+std::string Rejection(const std::string& name, std::string_view content, FileSet& files) {
+    const TempDir dir;
+    MessageLog log;
+    const bool accepted = Validate(dir.Write(name, content), files, log);
+    EXPECT_EQ(log.shown.size(), accepted ? 0u : 1u);
+    for (const Message& message : log.shown) {
+        EXPECT_EQ(message.title, "File Error");
+        EXPECT_EQ(message.icon, MessageIcon::kInformation);
+        return message.text;
+    }
+    return "";
+}
+
+SampleRecord ReadHeader(std::string_view content) {
+    const TempDir dir;
+    SampleRecord record;
+    ReadSampleHeader(dir.Write("sample.prn", content), "", record);
+    return record;
+}
+
+// The same for a valid report of that name with `from` replaced, in the batch of its files.
+std::string Rejection(const std::string& name, const std::string& from, const std::string& to) {
+    std::string text = name == "S.Check" ? kCheck : name == "Sample.PRN" ? kQuant : kCal;
+    text.replace(text.find(from), from.size(), to);
+    FileSet files = kDay1Files;
+    const std::string message = Rejection(name, text, files);
+    EXPECT_EQ(files, kDay1Files);
+    return message;
+}
+
+TEST(Reports, AreRejectedWithTheirReason) {
+    const std::string notProcessed = "\nThe file will not be processed.";
+    const std::tuple<const char*, const char*, const char*, const char*> named[] = {
+        {"calibration", "Calibration File: C:\\cal\\DAY1", "CALIB x", "day1.cal"},
+        {"library", "VOA.LIB", "NEW.LIB", "voa.lib"},
+        {"internal standard", "VOA.IST", "NEW.IST", "voa.ist"}};
+    for (const Kind& kind : kKinds) {
+        EXPECT_EQ(Rejection(kind.name, "", ""), "");
+        EXPECT_EQ(Rejection(kind.name, "4.2", "4.20"),
+                  "The version # must be 4.2 for " + kind.name + "." + notProcessed);
+        EXPECT_EQ(Rejection(kind.name, kind.content.substr(0, 4), " Other"),
+                  kind.name + " does not appear to be a " + kind.what + " file." + notProcessed);
+        for (const auto& [what, from, to, expected] : named) {
+            if (kind.content.find(from) != std::string::npos) {
+                EXPECT_EQ(Rejection(kind.name, from, to),
+                          std::string("The ") + what + " file listed in " + kind.name +
+                              "\nmust be " + expected + ". " + kind.name +
+                              " will not be processed.");
+            }
+        }
+    }
+    EXPECT_EQ(
+        Rejection("Day2.Cal", "", ""),
+        "The calibration file name must match the 'Calibration File'\n"
+        "shown on the form. Please select the proper calibration\nfile, or select new files.");
+    EXPECT_EQ(Rejection("Day2.Cal", "Date", "Check"),
+              "Day2.Cal does not appear to be a calibration file." + notProcessed);
+    const std::string title = "QUANTITATION REPORT  Tallyworks";
+    const std::pair<std::string, std::string> limits[] = {
+        {"CRQL", "MDL"}, {"CRQL", " CRQL"}, {title, "quant Limit: 1"}};
+    for (const auto& [from, to] : limits) {
+        EXPECT_EQ(Rejection("Sample.PRN", from, to),
+                  "Sample.PRN must be processed using the CRQL option." + notProcessed);
+    }
+    EXPECT_EQ(Rejection("Sample.PRN", title, title + EndlessLine()).substr(0, 13), "The version #");
+    EXPECT_NE(Rejection("Sample.PRN", "Internal Standards: C:\\lib\\VOA", "Integration: x"), "");
+    const std::tuple<const char*, const char*, const char*> accepted[] = {
+        {"Sample.PRN", "Version 4.2", "version 4.2 \t"},
+        {"Sample.PRN", "CRQL Limit", "mdl limit"},
+        {"Sample.PRN", "CRQL", "crql"},
+        {"Sample.PRN", "C:\\cal\\DAY1.CAL", "/other/Day1.Cal \t"},
+        {"Day1.Cal", "Date", "  DATE"},
+        {"S.Check", "N;Comp", "n;COMPOUND"}};
+    for (const auto& [name, from, to] : accepted) {
+        EXPECT_EQ(Rejection(name, from, to), "") << to;
+    }
+}
+
+TEST(Reports, TellAnEmptyBatchItsFilesAndMustReachTheirTable) {
+    for (const Kind& kind : kKinds) {
+        FileSet files;
+        EXPECT_EQ(Rejection(kind.name, kind.content, files), "");
+        EXPECT_EQ(files, kDay1Files);
+        files = {"", "other.ist", "", "", {}, "", ""};
+        EXPECT_NE(Rejection(kind.name, kind.content, files), "");
+        EXPECT_EQ(files.LibFile, "voa.lib") << "kept from a report that is rejected later";
+        EXPECT_EQ(files.CalFile, kind.name == "Day1.Cal" ? "" : "day1.cal");
+        const std::size_t tableHead = kind.content.find(kind.tableHead) + kind.tableHead.size();
+        for (std::size_t end = 0; end < kind.content.size(); ++end) {
+            const std::string cut = kind.content.substr(0, end);
+            ASSERT_EQ(Rejection(kind.name, cut, files = {}).empty(), end >= tableHead) << cut;
+        }
+    }
+}
+
+TEST(Reports, AreAcceptedWhenTheyCannotBeOpened) {
+    const TempDir dir;
+    FileSet files = kDay1Files;
+    MessageLog log;
+    dir.Write("Folder.PRN/x", "");
+    for (const std::string file : {"/Folder.PRN", "/Missing.PRN"}) {
+        const std::string name = dir.Path().string() + file;
+        EXPECT_TRUE(Validate(name, files, log));
+        SampleRecord record;
+        ReadSampleHeader(name, "", record);
+        EXPECT_EQ(record.Header, SampleHeader());
+        EXPECT_EQ(record.FileName, LowerCase(name));
+        EXPECT_FALSE(OpenCompoundTable(name, "") || !ReadBlankHits(name, "").empty());
+    }
+    EXPECT_TRUE(Validate("/no/Day1.Cal", files, log) && Validate("/no/S.Check", files, log));
+    EXPECT_TRUE(log.shown.empty());
+    EXPECT_FALSE(Validate("/no/Day2.Cal", files, log));
+    EXPECT_EQ(files, kDay1Files);
+}
+
+TEST(QuantReport, CountsRowsAndTakesAtMost301) {
+    for (const int rows : {0, 301, 302}) {
+        for (const std::string afterRows : {"", " \t\nSection\n"}) {
+            const std::string text = ReportText{.rows = rows, .afterRows = afterRows}.Text();
+            FileSet files;
+            EXPECT_EQ(Rejection("a.prn", text, files),
+                      rows == 302 ? "File Compound list Error" : "");
+            EXPECT_EQ(ReadHeader(text).CompoundCount, rows);
+        }
+    }
+}
+
+TEST(QuantReport, GivesTheHeaderOfASample) {
+    const SampleRecord record = ReadHeader(kQuant);
+    SampleHeader expected;
+    expected[HeaderField::kDateAnalyzed] = "05/12/2005 14:05";
+    expected[HeaderField::kSampleWtVol] = "5.0";
+    expected[HeaderField::kLabSampleId] = "C-17";
+    expected[HeaderField::kZovSampleNo] = "VBLK01";
+    expected[HeaderField::kLabFileId] = "ABC01.D";
+    expected[HeaderField::kInstrumentId] = "GCMS2";
+    EXPECT_EQ(record.Header, expected);
+    const auto read = [](HeaderField field) {
+        return [field](const char* line) { return ReadHeader(line).Header[field]; };
+    };
+    EXPECT_EQ(Joined({"  ACQUIS. Date:  1/2/05 ", "Acquisition Date: yesterday",
+                      "Acquisition date: 1/2/05"},
+                     read(HeaderField::kDateAnalyzed)),
+              "01/02/2005 00:00||");
+    EXPECT_EQ(
+        Joined({"Sample Size (mL): 5.0 : 25.0 ", "Sample Size"}, read(HeaderField::kSampleWtVol)),
+        "25.0|");
+    EXPECT_EQ(Joined({"Client Sample: M\xFCller", " COMPOUND#\nClient Sample: x"},
+                     read(HeaderField::kLabSampleId)),
+              "Müller|");
+    EXPECT_EQ(Joined({"sample ID: A:B", "Sample ID VBLK01: x"}, read(HeaderField::kZovSampleNo)),
+              "B|");
+    EXPECT_EQ(Joined({"Lab File ID: A:1.D ; x", "Lab File ID: ABC01.D", "Lab File ID; x: y"},
+                     read(HeaderField::kLabFileId)),
+              "A:1.D|ABC01.D|");
+    EXPECT_EQ(Joined({"Lab File ID: A; x; INSTRUMENT no: MS 2", "Lab File ID: A;  Instrument: MS",
+                      "Lab File ID: A; Instrument",
+                      "Lab File ID: A; Instrument:", "Lab File ID: A; Instrument:éMS"},
+                     read(HeaderField::kInstrumentId)),
+              "MS 2||||MS");
+    for (std::size_t place = 0; place < kQuant.size(); ++place) {
+        std::string spoilt = kQuant;
+        spoilt[place] = place % 2 == 0 ? '\0' : '\xFF';
+        ASSERT_LE(ReadHeader(spoilt).CompoundCount, 3) << place;
+    }
+}
+
+TEST(QuantReport, TellsWhatTheBlankContains) {
+    const TempDir dir;
+    const ReportText report{.rows = 0,
+                            .afterRows =
+                                "1;a;12.3;;;;\n2;b;12.3;;;EJ;\n3;c;U;;;;\n4;d; U5.0;;;;\n"
+                                "5;e;12.3;;;E;\n6;f;u5.0;;;j;\n7;g;12.3J\n\n8;h;12.3;;;;\n"};
+    dir.Write("VBLK01.PRN", report.Text());
+    EXPECT_EQ(ReadBlankHits("c:\\moved\\vblk01.prn", dir.Path().string()),
+              (std::vector<bool>{true, false, false, false, true, true, false}));
+    EXPECT_TRUE(OpenCompoundTable(dir.Write("no.prn", "Quant\nSample ID: 1\n"), "")->AtEnd());
+}
+
+}  // namespace
+}  // namespace qfr::test
