@@ -14,7 +14,7 @@ namespace {
 constexpr std::size_t kStandards = InternalStandardNames.size();
 
 // Areas are reported with decimals that nobody counts.
-std::string WholeCounts(std::string area) {
+std::string WholeCounts(const std::string& area) {
     return area.substr(0, area.find('.'));
 }
 
