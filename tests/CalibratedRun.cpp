@@ -1,4 +1,4 @@
-#include "tests/CalibratedRun.h"
+#include "tests/FormSupport.h"
 
 namespace qfr::test {
 

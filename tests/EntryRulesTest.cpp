@@ -1,11 +1,9 @@
 // What the entry dialogs take over on showing, and what their OK refuses.
-#include <gmock/gmock.h>
-
 #include "data/CalibrationEntryRules.h"
 #include "data/LabFiles.h"
 #include "data/TicRules.h"
 #include "data/TuneRules.h"
-#include "tests/CalibratedRun.h"
+#include "tests/FormSupport.h"
 
 namespace qfr::test {
 namespace {
@@ -77,35 +75,30 @@ TEST(TuneRules, OkNamesTheFirstFault) {
     const TuneEntry good = {"B1",    "G1",
                             "B.D",   " 5/18/2005",
                             " 8:30", {"18.1", "45", "0", "6", "0", " 7 ", "7", "9e1", "-1"}};
+    const auto expectFault = [&good](void (*spoil)(TuneEntry&), const char* control, int row,
+                                     const char* text) {
+        TuneEntry tune = good;
+        spoil(tune);
+        const EntryFault fault = CheckTune(tune).value();
+        EXPECT_EQ(fault.Control + std::to_string(fault.Row), control + std::to_string(row));
+        EXPECT_EQ(fault.Message.text, text);
+        // The same box complains when it is left; the grid is checked on OK alone.
+        EXPECT_EQ(CheckTuneBox(tune, control).has_value(), row == 0) << control;
+    };
+    EXPECT_FALSE(CheckTune(good));
     constexpr char kDate[] = "Enter the date/time format as\n MM/DD/YYYY or HH:MI";
     constexpr char kNumber[] = "Entry must be a valid real number.";
     constexpr char kValue[] = "Please enter a value.";
-    const struct {
-        void (*spoil)(TuneEntry& tune);
-        const char* control;
-        int row;
-        const char* text;
-    } cases[] = {
-        {[](auto& t) { t = {}; }, "SampleEdit", 0, kValue},
-        {[](auto& t) { t.InstrumentId = t.InjectionDate = " "; }, "InstrEdit", 0, kValue},
-        {[](auto& t) { t.InjectionDate = t.LabFileId = "  /  /    "; }, "MaskEdit1", 0, kDate},
-        {[](auto& t) { t.InjectionDate = "02/30/2005"; }, "MaskEdit1", 0, kDate},
-        {[](auto& t) { t.LabFileId = t.InjectionTime = ""; }, "FileEdit", 0, kValue},
-        {[](auto& t) { t.InjectionTime = t.Abundances[0] = "  :  "; }, "MaskEdit2", 0, kDate},
-        {[](auto& t) { t.Abundances[2] = t.Abundances[8] = "1,5"; }, "StringGrid1", 3, kNumber},
-        {[](auto& t) { t.Abundances[8] = ""; }, "StringGrid1", 9, kNumber},
-    };
-    EXPECT_FALSE(CheckTune(good));
-    for (const auto& c : cases) {
-        TuneEntry tune = good;
-        c.spoil(tune);
-        const EntryFault fault = CheckTune(tune).value();
-        EXPECT_EQ(fault.Control, c.control);
-        EXPECT_EQ(fault.Row, c.row);
-        EXPECT_EQ(fault.Message.text, c.text);
-        // The same box complains when it is left; the grid is checked on OK alone.
-        EXPECT_EQ(CheckTuneBox(tune, c.control).has_value(), c.row == 0) << c.control;
-    }
+    using Tune = TuneEntry&;
+    expectFault([](Tune t) { t = {}; }, "SampleEdit", 0, kValue);
+    expectFault([](Tune t) { t.InstrumentId = t.InjectionDate = " "; }, "InstrEdit", 0, kValue);
+    expectFault([](Tune t) { t.InjectionDate = t.LabFileId = ""; }, "MaskEdit1", 0, kDate);
+    expectFault([](Tune t) { t.InjectionDate = "02/30/2005"; }, "MaskEdit1", 0, kDate);
+    expectFault([](Tune t) { t.LabFileId = t.InjectionTime = ""; }, "FileEdit", 0, kValue);
+    expectFault([](Tune t) { t.InjectionTime = t.Abundances[0] = "  :  "; }, "MaskEdit2", 0, kDate);
+    expectFault([](Tune t) { t.Abundances[2] = t.Abundances[8] = "1,5"; }, "StringGrid1", 3,
+                kNumber);
+    expectFault([](Tune t) { t.Abundances[8] = ""; }, "StringGrid1", 9, kNumber);
 }
 
 TEST(CalibrationEntryRules, OkAsksInItsOrder) {
@@ -117,32 +110,30 @@ TEST(CalibrationEntryRules, OkAsksInItsOrder) {
     seven.AnalysisDateTime = "05/16/2005 24:00";
     eight.Levels = {""};
     eight.LevelIndex = 0;
-    struct Step {
-        std::string& entry;   // is filled
-        const char* control;  // after the dialogs have told of this one
-        std::string value;
-    };
-    for (const Step& step : {Step{six.LastStandard, "CalEndMaskEdit", kLast},
-                             {six.LabFileIds[1], "CalFileEdit2", "b"},
-                             {seven.LabFileId, "LabFileEdit", "c"},
-                             {seven.CriteriaFile, "LimitEdit", "d"},
-                             {seven.SampleNo, "ZOV_IDEdit", "e"},
-                             {seven.InstrumentId, "InstrEdit", "f"},
-                             {seven.AnalysisDateTime, "MaskEdit1", kLast},
-                             {eight.SampleNo, "SampleEdit", "VSTDX50"},
-                             {eight.LabFileId, "LabFileEdit", "g"},
-                             {eight.AnalysisDateTime, "MaskEdit1", kLast},
-                             {eight.RetentionTimes[0], "RTEdit1", "1"},
-                             {eight.RetentionTimes[1], "RTEdit2", "2"},
-                             {eight.RetentionTimes[2], "RTEdit3", "3"},
-                             {eight.Levels[0], "ConcCombo", "50"},
-                             {eight.SampleNo, "SampleEdit", "VSTD050"}}) {
+    // The entry is filled after the dialogs have told of its control.
+    const auto fill = [&](std::string& entry, const char* control, const std::string& value) {
         auto fault = AcceptInitialCalibration(entries, 2, flags);
         fault = fault ? fault : AcceptContinuingCalibration(entries, flags);
         fault = fault ? fault : AcceptStandardSummary(entries, batch);
-        EXPECT_EQ(Control(fault), step.control);
-        step.entry = step.value;
+        EXPECT_EQ(Control(fault), control);
+        entry = value;
+    };
+    fill(six.LastStandard, "CalEndMaskEdit", kLast);
+    fill(six.LabFileIds[1], "CalFileEdit2", "b");
+    fill(seven.LabFileId, "LabFileEdit", "c");
+    fill(seven.CriteriaFile, "LimitEdit", "d");
+    fill(seven.SampleNo, "ZOV_IDEdit", "e");
+    fill(seven.InstrumentId, "InstrEdit", "f");
+    fill(seven.AnalysisDateTime, "MaskEdit1", kLast);
+    fill(eight.SampleNo, "SampleEdit", "VSTDX50");
+    fill(eight.LabFileId, "LabFileEdit", "g");
+    fill(eight.AnalysisDateTime, "MaskEdit1", kLast);
+    for (std::size_t i = 0; i < 3; ++i) {
+        fill(eight.RetentionTimes[i], std::array{"RTEdit1", "RTEdit2", "RTEdit3"}[i], "1");
     }
+    fill(eight.Levels[0], "ConcCombo", "50");
+    fill(eight.SampleNo, "SampleEdit", "VSTD050");
+    EXPECT_EQ(Control(AcceptStandardSummary(entries, batch)), "");
     EXPECT_TRUE(flags.InitCalEntered && flags.ContCalEntered);
     EXPECT_EQ(seven.FirstStandard + seven.LastStandard, kFirst + kLast) << "handed on by Form VI";
     EXPECT_EQ(eight.FirstCalibrationDate + eight.LastCalibrationDate, "05/16/200505/16/2005");
@@ -209,7 +200,7 @@ TEST(CalibrationEntryRules, ShowTakesWhatTheOtherDialogsHold) {
     EXPECT_TRUE(showEight(2));
     EXPECT_EQ(eight.FirstCalibrationDate, "05/16/2005") << "empty sources change nothing";
     EXPECT_THAT(eight.Levels, ElementsAre("10", "20"));
-    EXPECT_EQ(ConcentrationText(eight), "") << "the level is gone";
+    EXPECT_EQ(eight.LevelIndex, -1) << "the level is gone";
     host.batch.Files.CheckCal = run.dir.Write("BAD", "N;Com\n");
     ShowContinuingCalibration(host.entries, host.batch, host);
     EXPECT_THAT(host.messages.TakeTexts(),

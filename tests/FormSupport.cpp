@@ -10,23 +10,25 @@ bool Near(int pixel, double inches) {
     return std::abs(pixel - inches * kResolution) <= 1.5;
 }
 
-template <typename Predicate>
-std::vector<TextItem> TextsWhere(const JobPage& page, Predicate predicate) {
-    std::vector<TextItem> texts;
+// The items of one kind that fulfil the predicate.
+template <typename Item, typename Predicate>
+std::vector<Item> ItemsWhere(const JobPage& page, Predicate predicate) {
+    std::vector<Item> items;
     for (const PageItem& item : page.items) {
-        if (const auto* text = std::get_if<TextItem>(&item); text != nullptr && predicate(*text)) {
-            texts.push_back(*text);
+        if (const auto* found = std::get_if<Item>(&item); found != nullptr && predicate(*found)) {
+            items.push_back(*found);
         }
     }
-    return texts;
+    return items;
 }
 
-std::vector<std::string> Names(const std::vector<TextItem>& items) {
-    std::vector<std::string> names;
-    for (const TextItem& item : items) {
-        names.push_back(item.text);
+template <typename Predicate>
+std::vector<std::string> TextsWhere(const JobPage& page, Predicate predicate) {
+    std::vector<std::string> texts;
+    for (const TextItem& item : ItemsWhere<TextItem>(page, predicate)) {
+        texts.push_back(item.text);
     }
-    return names;
+    return texts;
 }
 
 }  // namespace
@@ -48,30 +50,29 @@ SampleRecord CompleteRecord(const std::string& sampleNo, const std::string& file
 }
 
 TextItem FindText(const JobPage& page, std::string_view text) {
-    const auto found = TextsWhere(page, [&](const TextItem& item) { return item.text == text; });
+    const auto found = ItemsWhere<TextItem>(page, [&](const auto& t) { return t.text == text; });
     EXPECT_FALSE(found.empty()) << "not on the page: " << text;
     return found.empty() ? TextItem() : found.front();
 }
 
 bool HasText(const JobPage& page, std::string_view text) {
-    return !TextsWhere(page, [&](const TextItem& item) { return item.text == text; }).empty();
+    return !TextsWhere(page, [&](const TextItem& t) { return t.text == text; }).empty();
 }
 
 std::vector<std::string> TextsAt(const JobPage& page, double x) {
-    return Names(TextsWhere(page, [x](const TextItem& t) { return Near(t.x, x); }));
+    return TextsWhere(page, [x](const TextItem& t) { return Near(t.x, x); });
 }
 
 std::vector<std::string> TextsEndingAt(const JobPage& page, double x) {
-    return Names(TextsWhere(page, [x](const TextItem& t) { return Near(t.x + t.width, x); }));
+    return TextsWhere(page, [x](const TextItem& t) { return Near(t.x + t.width, x); });
 }
 
 std::vector<double> RulesAcross(const JobPage& page, double x1, double x2) {
     std::vector<double> levels;
-    for (const PageItem& item : page.items) {
-        if (const auto* rule = std::get_if<RuleItem>(&item);
-            rule != nullptr && rule->y1 == rule->y2 && Near(rule->x1, x1) && Near(rule->x2, x2)) {
-            levels.push_back(static_cast<double>(rule->y1) / kResolution);
-        }
+    for (const RuleItem& rule : ItemsWhere<RuleItem>(page, [=](const RuleItem& r) {
+             return r.y1 == r.y2 && Near(r.x1, x1) && Near(r.x2, x2);
+         })) {
+        levels.push_back(static_cast<double>(rule.y1) / kResolution);
     }
     return levels;
 }

@@ -27,11 +27,11 @@ class LoadFiles : public testing::Test, public BatchOwner {
     }
     // The records, by their reports' base names; a dash in front of those whose typed values are
     // lost.
-    Names Records() const {
-        Names names;
+    std::string Records() const {
+        std::string names;
         for (const SampleRecord& record : batch_.SampleList.value_or(SampleListType())) {
-            names.push_back((record.Header[HeaderField::kLabName].empty() ? "-" : "") +
-                            FileNameOnly(record.FileName));
+            names += (record.Header[HeaderField::kLabName].empty() ? "-" : "") +
+                     FileNameOnly(record.FileName) + " ";
         }
         return names;
     }
@@ -53,98 +53,87 @@ TEST_F(LoadFiles, BuildsRecordsFromTheBlankAndTheSortedReports) {
     EXPECT_FALSE(FilesSpecified(batch_));
     BuildSampleList(batch_);
     EXPECT_FALSE(batch_.SampleList);
-    EXPECT_TRUE(TakeBlank("VBLK.PRN") && Add({"b.prn", "C.PRN", "A.prn", "a.prn"}));
+    EXPECT_TRUE(TakeBlank("VBLK") && Add({"b", "C", "A", "a"}));
     BuildSampleList(batch_);
-    EXPECT_EQ(Records(), (Names{"-vblk.prn", "-a.prn", "-b.prn", "-c.prn"}));
-    EXPECT_EQ(batch_.SampleList->at(3).Header[HeaderField::kLabSampleId], "C.PRN");
+    EXPECT_EQ(Records(), "-vblk -a -b -c ");
+    EXPECT_EQ(batch_.SampleList->at(3).Header[HeaderField::kLabSampleId], "C");
+
+    batch_.Folder = dir_.Path().string();  // as after restoring a batch that was moved
+    batch_.Files.QFiles = {"c:\\gone\\c", "c:\\gone\\s3"};
+    BuildSampleList(batch_);
+    EXPECT_EQ(batch_.SampleList->at(1).FileName, "c:\\gone\\c");
+    EXPECT_EQ(batch_.SampleList->at(1).CompoundCount, 2);
+    EXPECT_EQ(batch_.SampleList->at(2).CompoundCount, 0) << "no such report anywhere";
 }
 
 TEST_F(LoadFiles, KeepsTypedValuesWhenReportsAreAdded) {
-    const struct {
-        std::string blank;
-        Names first, more, records;
-    } cases[] = {
-        {"v.prn",
-         {"b.prn", "d.prn"},
-         {"A.PRN", "c.prn", "e.prn", "b.prn"},
-         {"v.prn", "-a.prn", "b.prn", "-c.prn", "d.prn", "-e.prn"}},
-        {"", {"b.prn"}, {"a.prn"}, {"-a.prn", "b.prn"}},
-        {"v.prn", {}, {"x.prn", "a.prn"}, {"v.prn", "-a.prn", "-x.prn"}},
-        {"v.prn", {"v.prn"}, {"a.prn"}, {"v.prn", "-a.prn", "v.prn"}},
-    };
-    for (const auto& c : cases) {
+    const auto records = [this](const std::string& blank, const Names& first, const Names& more) {
         batch_ = {};
-        EXPECT_TRUE(c.blank.empty() || TakeBlank(c.blank));
-        Add(c.first);
+        EXPECT_TRUE(blank.empty() || TakeBlank(blank));
+        Add(first);
         BuildAndType();
-        EXPECT_TRUE(Add(c.more));
-        EXPECT_EQ(Records(), c.records);
-    }
+        EXPECT_TRUE(Add(more));
+        return Records();
+    };
+    EXPECT_EQ(records("v", {"b", "d"}, {"A", "c", "e", "b"}), "v -a b -c d -e ");
+    EXPECT_EQ(records("", {"b"}, {"a"}), "-a b ");
+    EXPECT_EQ(records("v", {}, {"x", "a"}), "v -a -x ");
+    EXPECT_EQ(records("v", {"v"}, {"a"}), "v -a v ");
 }
 
 TEST_F(LoadFiles, ReplacesTheBlanksRecord) {
-    Add({"s.prn"});
+    Add({"s"});
     BuildAndType();
-    EXPECT_TRUE(TakeBlank("V1.PRN", 3));
-    EXPECT_EQ(Records(), (Names{"-v1.prn", "s.prn"}));
+    EXPECT_TRUE(TakeBlank("V1", 3));
+    EXPECT_EQ(Records(), "-v1 s ");
     EXPECT_EQ(batch_.BlankHitFlags.size(), 3u);
     BuildAndType();
-    EXPECT_TRUE(TakeBlank("v1.prn", 1));
-    EXPECT_EQ(Records(), (Names{"v1.prn", "s.prn"})) << "the same blank keeps its record";
-    EXPECT_TRUE(TakeBlank("v2.prn"));
-    EXPECT_EQ(Records(), (Names{"-v2.prn", "s.prn"}));
+    EXPECT_TRUE(TakeBlank("v1", 1));
+    EXPECT_EQ(Records(), "v1 s ") << "the same blank keeps its record";
+    EXPECT_TRUE(TakeBlank("v2"));
+    EXPECT_EQ(Records(), "-v2 s ");
 }
 
 TEST_F(LoadFiles, LeavesRejectedReportsOut) {
-    const std::string bad = dir_.Write("bad.prn", "x");
+    const std::string bad = dir_.Write("bad", "x");
     EXPECT_FALSE(TakeLabBlank(batch_, bad, log_, *this) || Add({bad, bad}));
     EXPECT_FALSE(TakeCalReport(batch_, bad, log_) || TakeCheckReport(batch_, bad, log_));
     EXPECT_EQ(batch_, Batch());
-    EXPECT_TRUE(Add({bad, "a.prn", bad}));
-    EXPECT_EQ(batch_.Files.QFiles, Names{LowerCase(Report("a.prn"))});
+    EXPECT_TRUE(Add({bad, "a", bad}));
+    EXPECT_EQ(batch_.Files.QFiles, Names{LowerCase(Report("a"))});
     EXPECT_EQ(log_.shown.size(), 7u);
-    EXPECT_TRUE(TakeCalReport(batch_, "/missing/X.CAL", log_));
-    EXPECT_TRUE(TakeCheckReport(batch_, "/missing/X.CHECK", log_));
-    EXPECT_EQ(batch_.Files.Calib + batch_.Files.CheckCal, "/missing/x.cal/missing/x.check");
+    EXPECT_TRUE(TakeCalReport(batch_, "/no/X.CAL", log_));
+    EXPECT_TRUE(TakeCheckReport(batch_, "/no/X.CHECK", log_));
+    EXPECT_EQ(batch_.Files.Calib + batch_.Files.CheckCal, "/no/x.cal/no/x.check");
     EXPECT_EQ(resets_, 0);
 }
 
 TEST_F(LoadFiles, ClearsABatchWithoutReportsForATableThatIsTooLong) {
-    TakeBlank("v.prn");
+    TakeBlank("v");
     BuildSampleList(batch_);
     batch_.Folder = "/batches";
-    EXPECT_TRUE(Add({Report("huge.prn", 302), "a.prn"})) << "the reports after it still enter";
+    EXPECT_TRUE(Add({Report("huge", 302), "a"})) << "the reports after it still enter";
     EXPECT_EQ(batch_.Files.LabBlank + batch_.Folder, "");
     EXPECT_FALSE(batch_.SampleList);
     EXPECT_EQ(batch_.BlankHitFlags.size(), 2u) << "the hits stay until the next blank";
-    EXPECT_FALSE(TakeBlank("huge.prn", 302));
+    EXPECT_FALSE(TakeBlank("huge", 302));
     EXPECT_EQ(batch_.Files.QFiles.size(), 1u) << "a batch with reports stays";
     EXPECT_EQ(resets_, 1);
 }
 
 TEST_F(LoadFiles, DeletesRecordsWithTheirReports) {
-    Add({"a.prn", "b.prn", "c.prn", "d.prn"});
+    Add({"a", "b", "c", "d"});
     DeleteQuantReports(batch_, {3});
-    TakeBlank("v.prn");
+    TakeBlank("v");
     BuildSampleList(batch_);
     DeleteQuantReports(batch_, {0, 2});
     EXPECT_EQ(batch_.Files.QFiles.size(), 1u);
-    EXPECT_EQ(Records(), (Names{"-v.prn", "-b.prn"}));
+    EXPECT_EQ(Records(), "-v -b ");
     batch_ = {};
-    Add({"a.prn"});
+    Add({"a"});
     BuildSampleList(batch_);
     DeleteQuantReports(batch_, {0});
     EXPECT_FALSE(batch_.SampleList);
-}
-
-TEST_F(LoadFiles, ReadsReportsBesideTheRestoredBatch) {
-    Report("S1.PRN");
-    batch_.Folder = dir_.Path().string();
-    batch_.Files.QFiles = {"c:\\gone\\s1.prn", "c:\\gone\\s3.prn"};
-    BuildSampleList(batch_);
-    EXPECT_EQ(batch_.SampleList->at(0).FileName, "c:\\gone\\s1.prn");
-    EXPECT_EQ(batch_.SampleList->at(0).CompoundCount, 2);
-    EXPECT_EQ(batch_.SampleList->at(1).CompoundCount, 0) << "no such report anywhere";
 }
 
 }  // namespace

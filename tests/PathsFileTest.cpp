@@ -1,5 +1,3 @@
-#include <gmock/gmock.h>
-
 #include "app/PathsFile.h"
 #include "platform/FileLookup.h"
 #include "tests/Support.h"

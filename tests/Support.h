@@ -3,6 +3,7 @@
 
 #include <deque>
 #include <filesystem>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
