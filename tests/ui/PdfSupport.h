@@ -1,39 +1,81 @@
 // What other programs see in a PDF document, and jobs to make one of.
 #pragma once
 
-#include <string>
-#include <vector>
+#include <QProcess>
+#include <QRegularExpression>
 
-#include <QByteArray>
-#include <QImage>
-#include <QString>
-#include <QStringList>
-
-#include "platform/PrintJob.h"
+#include "platform/FileLookup.h"
+#include "platform/qt/QtTextMetrics.h"
+#include "tests/Support.h"
 
 namespace qfr::test {
 
-// What poppler's program prints about the document.
-QString Poppler(const QString& program, const QStringList& options, const QByteArray& pdf);
+// What poppler's program writes about the document.
+inline QByteArray Poppler(const QString& program, QStringList arguments, const std::string& pdf) {
+    const TempDir directory;
+    arguments << QString::fromStdString(directory.Write("document.pdf", pdf));
+    if (program == "pdftotext") {
+        arguments << "-";
+    }
+    QProcess process;
+    process.start(program, arguments);
+    EXPECT_TRUE(process.waitForFinished()) << program.toStdString() << " (poppler-utils)";
+    EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
+    return process.readAllStandardOutput();
+}
+
+inline int PagesOf(const std::string& pdf) {
+    const QRegularExpression pattern("Pages: +(\\d+)");
+    return pattern.match(Poppler("pdfinfo", {}, pdf)).captured(1).toInt();
+}
 
 // A word and its place on its page, in inches from the page's top-left corner.
 struct Word {
-    int page = 0;  // from 1
-    QString text;
+    std::string text;
     double left = 0;
-    double right = 0;
     double top = 0;
+    double right = 0;
     double bottom = 0;
 };
-std::vector<Word> WordsOf(const QByteArray& pdf);
 
-// The page, from 1, at so many dots per inch.
-QImage Rasterise(const QByteArray& pdf, int page, int resolution);
+inline std::vector<Word> WordsOf(const std::string& pdf) {
+    const QRegularExpression pattern(
+        "<word xMin=\"(.*)\" yMin=\"(.*)\" xMax=\"(.*)\" yMax=\"(.*)\">(.*)</word>");
+    std::vector<Word> words;
+    auto matches = pattern.globalMatch(Poppler("pdftotext", {"-bbox"}, pdf));
+    while (matches.hasNext()) {
+        const auto match = matches.next();
+        const auto inches = [&match](int group) { return match.captured(group).toDouble() / 72; };
+        words.push_back(
+            {match.captured(5).toStdString(), inches(1), inches(2), inches(3), inches(4)});
+    }
+    return words;
+}
 
-// An empty page of US Letter.
-JobPage LetterPage(PageOrientation orientation = PageOrientation::kPortrait);
+inline int Pixels(double inches) {
+    return static_cast<int>(inches * kResolution);
+}
+
+// A page of US Letter.
+inline JobPage LetterPage(std::vector<PageItem> items = {}, bool turned = false) {
+    JobPage page{PageOrientation::kPortrait, Pixels(8.5), Pixels(11), std::move(items)};
+    if (turned) {
+        page.orientation = PageOrientation::kLandscape;
+        std::swap(page.width, page.height);
+    }
+    return page;
+}
+
 // A text at inches, its cell as the canvas would measure it.
-TextItem TextAt(double x, double y, const std::string& text, int points = 10);
-RuleItem RuleBetween(double x1, double y1, double x2, double y2, int penWidth = 6);
+inline TextItem TextAt(double x, double y, const std::string& text, int points = 10) {
+    FormFonts fonts;
+    QtTextMetrics metrics(fonts);
+    return {Pixels(x), Pixels(y), metrics.TextWidth(text, points), metrics.TextHeight(points),
+            points,    text};
+}
+
+inline RuleItem RuleBetween(double x1, double y1, double x2, double y2, int penWidth = 6) {
+    return {Pixels(x1), Pixels(y1), Pixels(x2), Pixels(y2), penWidth};
+}
 
 }  // namespace qfr::test

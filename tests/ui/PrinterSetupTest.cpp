@@ -1,77 +1,36 @@
-#include <gtest/gtest.h>
-
-#include <QTest>
-
 #include "platform/qt/PrinterSetupDialog.h"
-#include "tests/ui/WindowRig.h"
+#include "tests/FormSupport.h"
+#include "tests/ui/WindowUser.h"
 
-namespace qfr {
+namespace qfr::test {
 namespace {
 
-class PrinterSetup : public testing::Test {
-  protected:
-    PrinterSetup() : printer_(metrics_, sink_) {
-        printer_.Printers = {"Lab_Laser", "PDF file", "Screen preview"};
-        printer_.PrinterIndex = 1;
+TEST(PrinterSetup, OnlyOkChangesThePrinter) {
+    SquareMetrics metrics;
+    JobLog sink;
+    TPrinter printer(metrics, sink);
+    printer.Printers = {"Lab_Laser", "PDF file", "Screen preview"};
+    printer.PaperSize = {"Odd", 5, 7};
+    // What it shows, and what the user types then.
+    const std::pair<const char*, const char*> cases[] = {
+        {"|Lab_Laser|Odd (5 x 7 in)|false", "\r"},
+        {"|Lab_Laser|Odd (5 x 7 in)|false", "Screen\t\tA4&l\33"},
+        {"|Lab_Laser|Odd (5 x 7 in)|false", "Screen&aLegal&l\r"},
+        {"|Screen preview|Legal (8.5 x 14 in)|true", "\33"},
+    };
+    for (const auto& [shown, keys] : cases) {
+        PrinterSetupDialog dialog(printer, nullptr);
+        WindowUser user;
+        dialog.show();
+        user.Face(dialog);
+        EXPECT_EQ(user.Shown("PrinterCombo", "PaperCombo", "LandscapeButton"), shown);
+        user.Type(keys);
+        EXPECT_FALSE(dialog.isVisible());
     }
-
-    test::SquareMetrics metrics_;
-    test::JobLog sink_;
-    TPrinter printer_;
-};
-
-template <typename T>
-T* Find(QWidget& window, const char* name) {
-    T* const found = window.findChild<T*>(name);
-    EXPECT_NE(found, nullptr) << name;
-    return found;
-}
-
-TEST_F(PrinterSetup, ShowsTheChoiceThatHolds) {
-    printer_.PaperSize = {"Odd", 5, 7};
-    printer_.Orientation = PageOrientation::kLandscape;
-    PrinterSetupDialog dialog(printer_, nullptr);
-    EXPECT_EQ(dialog.windowTitle(), "Printer Setup");
-    EXPECT_EQ(Find<QComboBox>(dialog, "PrinterCombo")->currentText(), "PDF file");
-    EXPECT_EQ(Find<QComboBox>(dialog, "PrinterCombo")->count(), 3);
-    EXPECT_TRUE(Find<QComboBox>(dialog, "PaperCombo")->currentText().startsWith("Odd"));
-    EXPECT_TRUE(Find<QComboBox>(dialog, "PaperCombo")->itemText(0).startsWith("Letter"));
-    EXPECT_TRUE(Find<QRadioButton>(dialog, "LandscapeButton")->isChecked());
-    dialog.accept();
-    EXPECT_EQ(printer_.PaperSize, (Paper{"Odd", 5, 7}));
-    EXPECT_EQ(printer_.PrinterIndex, 1);
-}
-
-TEST_F(PrinterSetup, OkChangesThePrinterByKeysAlone) {
-    PrinterSetupDialog dialog(printer_, nullptr);
-    dialog.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
-    QTest::keyClick(dialog.focusWidget(), Qt::Key_Down);
-    QTest::keyClick(&dialog, Qt::Key_A, Qt::AltModifier);
-    QTest::keyClicks(dialog.focusWidget(), "Legal");
-    QTest::keyClick(&dialog, Qt::Key_L, Qt::AltModifier);
-    auto* const landscape = Find<QRadioButton>(dialog, "LandscapeButton");
-    EXPECT_TRUE(QTest::qWaitFor([&] { return landscape->isChecked(); }));
-    QTest::keyClick(&dialog, Qt::Key_Return);
-    EXPECT_EQ(dialog.result(), QDialog::Accepted);
-    EXPECT_EQ(printer_.PrinterIndex, 2);
-    EXPECT_EQ(printer_.PaperSize, (Paper{"Legal", 8.5, 14}));
-    EXPECT_EQ(printer_.Orientation, PageOrientation::kLandscape);
-    EXPECT_EQ(printer_.PageWidth(), 14 * kResolution);
-}
-
-TEST_F(PrinterSetup, CancelLeavesThePrinterAsItWas) {
-    PrinterSetupDialog dialog(printer_, nullptr);
-    dialog.show();
-    Find<QComboBox>(dialog, "PrinterCombo")->setCurrentIndex(0);
-    Find<QComboBox>(dialog, "PaperCombo")->setCurrentIndex(2);
-    Find<QRadioButton>(dialog, "LandscapeButton")->click();
-    QTest::keyClick(&dialog, Qt::Key_Escape);
-    EXPECT_FALSE(dialog.isVisible());
-    EXPECT_EQ(printer_.PrinterIndex, 1);
-    EXPECT_EQ(printer_.PaperSize, kLetterPaper);
-    EXPECT_EQ(printer_.Orientation, PageOrientation::kPortrait);
+    EXPECT_EQ(printer.PrinterIndex, 2);
+    EXPECT_EQ(printer.PaperSize, (Paper{"Legal", 8.5, 14}));
+    EXPECT_EQ(printer.PageWidth(), 14 * kResolution) << "turned";
 }
 
 }  // namespace
-}  // namespace qfr
+}  // namespace qfr::test

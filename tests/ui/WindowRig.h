@@ -3,24 +3,13 @@
 
 #include <deque>
 #include <optional>
-#include <string>
 #include <vector>
-
-#include <QAbstractButton>
-#include <QAction>
-#include <QApplication>
-#include <QComboBox>
-#include <QFile>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QMenuBar>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include "app/MainForm.h"
 #include "platform/FileLookup.h"
 #include "platform/qt/QtTextMetrics.h"
-#include "tests/Support.h"
+#include "tests/FormSupport.h"
+#include "tests/ui/WindowUser.h"
 
 namespace qfr::test {
 
@@ -42,7 +31,7 @@ class ChooserScript : public FileChooser {
 
   private:
     std::optional<ChosenFiles> Answer(int filter) {
-        if (answers.empty() || answers.front().empty()) {
+        if (answers.empty()) {
             return std::nullopt;
         }
         ChosenFiles chosen{answers.front(), filter};
@@ -51,45 +40,33 @@ class ChooserScript : public FileChooser {
     }
 };
 
-class JobLog : public JobSink {
-  public:
-    bool BeginJob(int, const std::string&) override { return true; }
-    void TakeJob(int, PrintJob job) override { jobs.push_back(std::move(job)); }
-    std::vector<PrintJob> jobs;
-};
-
 inline std::string Example(const std::string& name) {
-    return std::string(QFR_SOURCE_DIR) + "/example/" + name;
+    return TextOf(ExampleDir() / name);
 }
 
-// A caption as the user sees it.
-inline std::string Plain(QString caption) {
-    return caption.remove('&').toStdString();
-}
-
-struct WindowRig {
+struct WindowRig : WindowUser {
     WindowRig() {
-        Write("QFRpaths.txt", "/reports\n/calibrations\n/texts\n/batches\n");
+        dir.Write("QFRpaths.txt", "/reports\n/calibrations\n/texts\n/batches\n");
         form.show();
-        Await(form);
+        Face(form);
     }
 
-    std::string Path(const std::string& name) const {
-        return dir.filePath(QString::fromStdString(name)).toStdString();
+    std::string Path(const std::string& name) const { return TextOf(dir.Path() / name); }
+    std::string Read(const std::string& name) const { return ReadAll(dir.Path() / name); }
+    bool OpenHelp(int topic) {
+        topics.push_back(topic);
+        return false;
     }
-    void Write(const std::string& name, const char* content) const {
-        QFile file(QString::fromStdString(Path(name)));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
-    }
-    std::string Read(const std::string& name) const {
-        QFile file(QString::fromStdString(Path(name)));
-        return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "(no file)";
-    }
-
-    static void Await(QWidget& window) {
-        window.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    // Types; only this is told then, and the focus is there.
+    void Use(std::string_view keys, const std::string& told = "", const std::string& focus = "") {
+        SCOPED_TRACE(keys);
+        Type(keys);
+        std::string texts;
+        for (const std::string& text : log.TakeTexts()) {
+            texts += text;
+        }
+        EXPECT_EQ(texts, told);
+        EXPECT_EQ(focus.empty() ? "" : Focus(), focus);
     }
     template <typename Window>
     static Window& Find(const char* name) {
@@ -100,39 +77,15 @@ struct WindowRig {
         }
         throw std::runtime_error(name);
     }
-    TFilesDlg& Files() { return Find<TFilesDlg>("TFilesDlg"); }
-    TForm1Header& Header() { return Find<TForm1Header>("TForm1Header"); }
-    template <typename Control>
-    static Control& In(QWidget& window, const char* name) {
-        auto* const control = window.findChild<Control*>(name);
-        if (control == nullptr) {
-            throw std::runtime_error(name);
-        }
-        return *control;
-    }
-    static void Click(QWidget& window, const char* button) {
-        QTest::mouseClick(&In<QWidget>(window, button), Qt::LeftButton);
-        QApplication::processEvents();
-    }
-
-    // The menu's item of this caption.
-    QAction& Item(const std::string& caption) {
-        for (QAction* const action : form.findChildren<QAction*>()) {
-            if (Plain(action->text()) == caption) {
-                return *action;
-            }
-        }
-        throw std::runtime_error(caption);
-    }
     SampleListType& Samples() { return form.Batch().SampleList.value(); }
 
-    QTemporaryDir dir;
+    TempDir dir;
     MessageLog log;
     ChooserScript chooser;
     FormFonts fonts;
     QtTextMetrics metrics{fonts};
     JobLog sink;
-    SettingsDir settings{PathOf(dir.path().toStdString()), PathOf(dir.path().toStdString())};
+    SettingsDir settings{dir.Path(), dir.Path()};
     int quits = 0;
     int setups = 0;
     std::vector<int> topics;
@@ -143,11 +96,31 @@ struct WindowRig {
                    .Settings = settings,
                    .ShowPrinterSetup = [this](TPrinter&) { ++setups; },
                    .Quit = [this] { ++quits; },
-                   .OpenHelp =
-                       [this](int topic) {
-                           topics.push_back(topic);
-                           return false;
-                       }}};
+                   .OpenHelp = [this](int topic) { return OpenHelp(topic); }}};
+};
+
+// An entry dialog on the program's doubles.
+template <typename Dialog>
+struct DialogRig : WindowRig {
+    // Runs the dialog, for a record of the sample list, for a user who closes it. True after OK.
+    bool Run(std::size_t record, const std::function<void()>& user) {
+        QTimer::singleShot(0, &dialog, [&] {
+            Face(dialog);
+            user();
+            if (dialog.isVisible()) {
+                ADD_FAILURE() << "the dialog is still open";
+                dialog.reject();
+            }
+        });
+        if constexpr (requires { dialog.Run(record); }) {
+            return dialog.Run(record);
+        } else {
+            return dialog.Run(record, "ZA101");
+        }
+    }
+    bool Run(const std::function<void()>& user) { return Run(0, user); }
+
+    Dialog dialog{form, form};
 };
 
 }  // namespace qfr::test

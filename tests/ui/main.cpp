@@ -2,11 +2,24 @@
 
 #include <QApplication>
 #include <QStandardPaths>
+#include <QTemporaryDir>
 
 int main(int argc, char** argv) {
     // The tests need no screen and leave no trace in the user's settings.
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QTemporaryDir runtime;
+    if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
+        qputenv("XDG_RUNTIME_DIR", runtime.path().toUtf8());
+    }
     QStandardPaths::setTestModeEnabled(true);
+    static QtMessageHandler usual = nullptr;
+    usual = qInstallMessageHandler(
+        [](QtMsgType type, const QMessageLogContext& where, const QString& text) {
+            // Said of every window without a screen.
+            if (!text.contains("propagateSizeHints")) {
+                usual(type, where, text);
+            }
+        });
     testing::InitGoogleTest(&argc, argv);
     const QApplication application(argc, argv);
     return RUN_ALL_TESTS();

@@ -1,0 +1,263 @@
+#include "dialogs/ARTSummForm.h"
+#include "dialogs/ChkCalForm.h"
+#include "dialogs/EntryGrid.h"
+#include "dialogs/Form2Dlg.h"
+#include "dialogs/InitCalInput.h"
+#include "dialogs/MBSHeader.h"
+#include "dialogs/TuneForm.h"
+#include "platform/Text.h"
+#include "tests/ui/WindowRig.h"
+
+namespace qfr::test {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+
+const char* const kDateFormat = "Enter the date/time format as\n MM/DD/YYYY or HH:MI";
+const char* const kRequired = "Please enter an appropriate value.";
+const char* const kNoValue = "Please enter a value.";
+const char* const kNoNumber = "Entry must be a valid real number.";
+const char* const kNoHelp = "The help file QFRHelp.chm could not be found.";
+
+TEST(Form2Dlg, TakesKindAndFileByKeyboardAlone) {
+    const std::tuple<const char*, const char*, RecoveryLimits> cases[] = {
+        {"&s", "RadioButton2", RecoveryLimits::kSoil},
+        {"&i", "RadioButton3", RecoveryLimits::kOil},
+        {"&w", "RadioButton1", RecoveryLimits::kWater}};
+    const char* const kNoFile = "Please select a file for ranges.";
+    DialogRig<TForm2Dlg> rig;
+    RangesEntry& stored = rig.form.Entries().Ranges;
+    for (const auto& [key, button, limits] : cases) {
+        stored.FileName = "";
+        EXPECT_TRUE(rig.Run([&rig, &kNoFile, key = key] {
+            rig.Type(key);
+            rig.Use("&o", kNoFile, "FileEdit");
+            rig.Use("r.txt\r");
+        }));
+        EXPECT_EQ(stored, (RangesEntry{"r.txt", limits}));
+        EXPECT_FALSE(rig.Run([&rig, button = button] {
+            EXPECT_EQ(rig.Focus() + rig.Shown(button), button + std::string("|true"));
+            rig.Use("&rtyped\33");
+        }));
+        EXPECT_EQ(stored, (RangesEntry{"typed", limits}));
+    }
+}
+
+TEST(Form2Dlg, BrowsesForARangesFileOnly) {
+    DialogRig<TForm2Dlg> rig;
+    const std::string good = rig.dir.Write("good.txt", "RECOVERY RANGES of spring\n0\n");
+    const std::string other = rig.dir.Write("other.txt", " recovery ranges\n0\n");
+    rig.chooser.answers = {{good}, {other}};
+    EXPECT_FALSE(rig.Run([&] {
+        rig.Use("&b");
+        EXPECT_EQ(rig.Shown("FileEdit"), "|" + good);
+        rig.Use("&b", other + " is not a recovery ranges file.\nPlease select another file.",
+                "FileEdit");
+        EXPECT_EQ(rig.Shown("FileEdit"), "|");
+        rig.Use("kept&b\33");  // cancelled
+    }));
+    EXPECT_EQ(rig.form.Entries().Ranges.FileName, "kept");
+    EXPECT_EQ(rig.chooser.opened.at(0).filter, 5);
+    EXPECT_EQ(rig.chooser.opened.at(1).directory, TextOf(rig.dir.Path()));
+}
+
+TEST(MBSHeader, KeepsTheLinesThatWereTyped) {
+    DialogRig<TMBSHeader> rig;
+    const std::vector<std::string>& lines = rig.form.Entries().Comments.Lines;
+    EXPECT_TRUE(rig.Run([&] { rig.Use("&o"); }));
+    EXPECT_THAT(lines, ElementsAre(""));
+    EXPECT_FALSE(rig.Run([&] { rig.Use("Trap changed.\r\rThird\33"); }));
+    EXPECT_THAT(lines, ElementsAre("Trap changed.", "", "Third"));
+    EXPECT_TRUE(rig.Run([&] { rig.Use(" line\t\r"); }));
+    EXPECT_THAT(lines, ElementsAre("Trap changed.", "", "Third line"));
+}
+
+TEST(MBSHeader, HasRoomFor256Characters) {
+    const std::string a(100, 'a');
+    const std::string b(155, 'b');
+    using Lines = std::vector<std::string>;
+    const std::tuple<Lines, Qt::Key, std::string, Lines> cases[] = {
+        {{a, b}, Qt::Key_End, "yz", {a, b}},
+        {{a, b}, Qt::Key_Home, "y\nz", {a, b}},
+        {{"Note: "}, Qt::Key_End, a + "\n" + b, {"Note: " + a, b.substr(6)}}};
+    for (const auto& [before, goTo, pasted, after] : cases) {
+        DialogRig<TMBSHeader> rig;
+        rig.form.Entries().Comments.Lines = before;
+        rig.Run([&rig, goTo = goTo, pasted = pasted] {
+            rig.Press(goTo, Qt::ControlModifier);
+            rig.Paste(pasted);
+            rig.Type("x\r\33");
+        });
+        EXPECT_EQ(rig.form.Entries().Comments.Lines, after);
+    }
+}
+
+struct TuneRig : DialogRig<TTuneForm> {
+    TuneRig() {
+        form.Batch().SampleList.emplace(2)[1].Header[HeaderField::kInstrumentId] = "GC 2";
+        stored = {"BFB01", "", "B0516.D", "05/16/2005", "08:30", {}};
+        stored.Abundances.fill("20");
+    }
+
+    std::string Cell() { return Get<EntryGrid>("StringGrid1").currentItem()->text().toStdString(); }
+
+    TuneEntry& stored = form.Entries().Tune;
+};
+
+TEST(TuneForm, IsFilledByKeyboardAlone) {
+    TuneRig rig;
+    rig.stored = {};
+    EXPECT_TRUE(rig.Run(1, [&] {
+        rig.Use("BFB01\t\t05162005\tB0516.D\t0830\t", "", "StringGrid1");
+        rig.Use("20.1\t45.2\t100\t6.5\t0.4\t80\t6\t98.5\r6.1\t", "", "OkButton");
+        rig.Use("\r");
+    }));
+    EXPECT_EQ(rig.stored,
+              (TuneEntry{"BFB01",
+                         "GC 2",
+                         "B0516.D",
+                         "05/16/2005",
+                         "08:30",
+                         {"20.1", "45.2", "100", "6.5", "0.4", "80", "6", "98.5", "6.1"}}));
+}
+
+TEST(TuneForm, HoldsTheUserAtAWrongEntryThatIsLeft) {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {"SampleEdit", " ", kNoValue},         {"InstrEdit", "\b", kNoValue},
+        {"FileEdit", "\b", kNoValue},          {"MaskEdit1", "02302005", kDateFormat},
+        {"MaskEdit1", "\b     ", kDateFormat}, {"MaskEdit2", "2570", kDateFormat},
+    };
+    for (const auto& [control, typed, message] : cases) {
+        for (const char* const next : {"MaskEdit1", "FileEdit", "OkButton"}) {
+            SCOPED_TRACE(control);
+            TuneRig rig;
+            EXPECT_FALSE(
+                rig.Run([&rig, &next, control = control, typed = typed, message = message] {
+                    rig.Enter(control, typed);
+                    control == std::string(next) ? rig.Type("\t") : rig.Click(next);
+                    rig.Use("", message, control);
+                    rig.Click("HelpButton");
+                    rig.Use("", kNoHelp, control);
+                    rig.Click("CancelButton");
+                }));
+            rig.Use("");
+        }
+    }
+}
+
+TEST(TuneForm, OkGoesToTheFirstWrongEntryAndItsRow) {
+    TuneRig rig;
+    rig.stored.SampleNo = "";
+    rig.stored.Abundances[3] = "5,5";
+    rig.stored.Abundances[8] = "";
+    EXPECT_TRUE(rig.Run(1, [&] {
+        rig.Use("\r", kNoValue, "SampleEdit");
+        rig.Use("BFB02\r", kNoNumber, "StringGrid1");
+        EXPECT_EQ(rig.Cell(), "5,5");
+        rig.Use("5.5&o", kNoNumber, "StringGrid1");
+        EXPECT_EQ(rig.Cell(), "");
+        rig.Use("7&o");
+    }));
+    EXPECT_EQ(rig.stored.Abundances[3], "5.5");
+    EXPECT_EQ(rig.stored.Abundances[8], "7");
+}
+
+TEST(TuneForm, CancelKeepsWhatWasTypedButNotTheInstrument) {
+    TuneRig rig;
+    EXPECT_FALSE(rig.Run(1, [&] {
+        rig.Use("BFB9\tOther\t1\t", kDateFormat, "MaskEdit1");
+        rig.Use("\33");
+    }));
+    EXPECT_EQ(rig.stored.InjectionDate, "15/16/2005");
+    EXPECT_EQ(rig.stored.InstrumentId, "Other");
+    EXPECT_FALSE(rig.Run(1, [&] {
+        EXPECT_EQ(rig.Shown("SampleEdit", "InstrEdit"), "|BFB9|GC 2");
+        // A click beside a value means the value.
+        auto& grid = rig.Get<EntryGrid>("StringGrid1");
+        QTest::mouseClick(grid.viewport(), Qt::LeftButton, {},
+                          grid.visualRect(grid.model()->index(4, 1)).center());
+        QTest::qWait(0);
+        rig.Type("1.9");
+        rig.Press(Qt::Key_Down);
+        rig.Use("88&c");
+    }));
+    EXPECT_EQ(rig.stored.Abundances[4], "1.9");
+    EXPECT_EQ(rig.stored.Abundances[5], "88");
+}
+
+TEST(InitCalInput, ShowsTheLevelsAndHandsTheDatesOn) {
+    DialogRig<TInitCalInput> rig;
+    Entries& entries = rig.form.Entries();
+    entries.ContinuingCalibration.FirstStandard = "05/16/2005 09:41";
+    rig.form.Calibration().LevelCount = 2;
+    rig.chooser.answers = {
+        {rig.dir.Write("early.d", "DATA FILE\n5/15/2005 7:30\nc:\\data\\EARLY.D\n")},
+        {rig.dir.Write("other.d", "data file\n5/14/2005 7:30\nc:\\data\\OTHER.D\n")}};
+    EXPECT_TRUE(rig.Run([&] {
+        EXPECT_TRUE(rig.Get("CalFileEdit2").isVisible());
+        EXPECT_FALSE(rig.Get("CalFileEdit3").isVisible() || rig.Get("BrowseButton3").isVisible());
+        EXPECT_EQ(rig.Shown("CalStartMaskEdit"), "|05/16/2005 09:41");
+        rig.Use("&l051620059941\t", kDateFormat, "CalEndMaskEdit");
+        rig.Use("051620051149\t");
+        rig.Use("\r", kRequired, "CalFileEdit1");
+        rig.Click("BrowseButton1");
+        EXPECT_EQ(rig.Shown("CalStartMaskEdit", "CalEndMaskEdit"),
+                  "|05/15/2005 07:30|05/16/2005 11:49");
+        rig.Click("BrowseButton2");
+        rig.Use("\r", "Selected file\nother.dnot a DATA FILE.");
+    }));
+    EXPECT_THAT(entries.InitialCalibration.LabFileIds,
+                testing::AllOf(Contains("EARLY.D"), Contains("other.d")));
+    EXPECT_EQ(entries.ContinuingCalibration.FirstStandard, "05/15/2005 07:30");
+    EXPECT_EQ(entries.StandardSummary.LastCalibrationDate, "05/16/2005");
+    EXPECT_TRUE(rig.form.Flags().InitCalEntered);
+}
+
+TEST(ChkCalForm, AsksForWhatIsMissingAndKeepsWhatWasTyped) {
+    DialogRig<TChkCalForm> rig;
+    Entries& entries = rig.form.Entries();
+    entries.StandardSummary.SampleNo = "VSTD050CC";
+    const std::string good = rig.dir.Write("criteria.txt", "RF criteria\n");
+    rig.chooser.answers = {{rig.dir.Write("other.txt", " rf criteria\n")}, {good}};
+    EXPECT_FALSE(rig.Run([&] {
+        EXPECT_EQ(rig.Shown("ZOV_IDEdit"), "|vstd050cc");
+        rig.Use("vstd050c.d\r", kRequired, "LimitEdit");
+        rig.Click("LimitEdit");
+        rig.Use("", "other.txt is not a RF criteria file.\nPlease select another file.");
+        rig.Use("&w");
+        EXPECT_EQ(rig.Shown("LimitEdit"), "|" + LowerCase(good));
+        rig.Use("\33");
+    }));
+    EXPECT_EQ(entries.ContinuingCalibration.LabFileId, "vstd050c.d");
+    EXPECT_FALSE(rig.form.Flags().ContCalEntered);
+    EXPECT_TRUE(rig.Run([&] {
+        rig.Use("&iGCMS2\t023020050900\t", kDateFormat, "MaskEdit1");
+        rig.Use("051820050846\t\r");
+    }));
+    EXPECT_TRUE(rig.form.Flags().ContCalEntered);
+    EXPECT_EQ(entries.ContinuingCalibration.AnalysisDateTime, "05/18/2005 08:46");
+}
+
+TEST(ARTSummForm, TheSampleNumberChoosesTheLevel) {
+    DialogRig<TARTSummForm> rig;
+    rig.form.Batch().Files.Calib = Example("VOA0516.CAL");
+    rig.form.Calibration().LevelCount = 5;
+    StandardSummaryEntry& entry = rig.form.Entries().StandardSummary;
+    EXPECT_TRUE(rig.Run([&] {
+        EXPECT_EQ(rig.Get<QComboBox>("ConcCombo").count(), 5);
+        rig.Use("VSTD051A1\t",
+                "A calibration concentration of 51 was not found.\nPlease re-enter the sample ID "
+                "with a calibration concentration.",
+                "LabFileEdit");
+        rig.Use("&zVSTD050A1\t");
+        EXPECT_EQ(rig.Shown("ConcCombo", "LabFileEdit"), "|50|VSTD050.D");
+        rig.Use("\r", kRequired, "RTEdit1");
+        rig.Use("8.84\t6.01\t11.82\t\r");
+    }));
+    EXPECT_EQ(entry.LevelIndex, 2);
+    EXPECT_THAT(entry.RetentionTimes, ElementsAre("8.84", "6.01", "11.82"));
+}
+
+}  // namespace
+}  // namespace qfr::test
