@@ -231,25 +231,6 @@ TEST_F(BatchCommand, SaysWhatItCannotPrint) {
     EXPECT_EQ(Print("day.qff -o x.pdf"), "qfrbatch: no typeface\n[1]");
 }
 
-TEST_F(BatchCommand, ShowsABatchAsText) {
-    const std::string text = Run("show day.qff");
-    EXPECT_THAT(text, StartsWith("[0]Sample 1 of 4 (lab blank)\n  Report:               " +
-                                 Stored("blank.prn") +
-                                 "\n  Compounds:            1\n  ZOV sample no.:       VBLK01\n"
-                                 "  Lab sample ID:\n"));
-    for (const std::string& part : std::vector<std::string>{
-             "\n\nSample 4 of 4\n", "\n\nFiles\n", "  Quantitation 3:       " + Stored("c.prn"),
-             "  Blank hits, rows:     1\n", "\n\nBFB tune (Form V)\n  Sample no.:\n"}) {
-        EXPECT_THAT(text, HasSubstr(part));
-    }
-    EXPECT_THAT(text, Not(HasSubstr(" \n")));
-    std::ostringstream broken;
-    broken.setstate(std::ios::badbit);
-    std::ostringstream err;
-    EXPECT_EQ(RunBatchCommand({"show", "day.qff"}, broken, err, platform_), 1);
-    EXPECT_EQ(err.str(), "qfrbatch: standard output could not be written\n");
-}
-
 // The example is what a new user meets first: it loads and prints without a message, and its
 // dilution was injected late on purpose, so that Forms IV and V have something to mark.
 TEST_F(BatchCommand, TheExampleIsWhole) {

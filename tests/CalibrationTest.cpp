@@ -11,23 +11,6 @@ namespace {
 
 using namespace ::testing;
 
-TEST(RawDataFile, GivesTitleDateAndLabFileId) {
-    const TempDir dir;
-    const std::string folder = dir.Path().string();
-    const auto read = [&](const char* content) {
-        dir.Write("STD.D", content);
-        const RawDataFile data = ReadRawDataFile("C:\\RUN\\std.d", folder, 17).value();
-        return std::string(data.HasTitle() ? "titled " : "") + (data.Whole ? "whole " : "") +
-               (data.Acquired ? FormatDateTime(*data.Acquired) : "") + " " + data.LabFileId;
-    };
-    EXPECT_EQ(read("data files\n05/16/05 1:05 PM\nC:\\STD.D"),
-              "titled whole 05/16/2005 13:05 STD.D");
-    EXPECT_EQ(read(" DATA FILE\n02/30/2005 10:45\n\n"), "whole  ");
-    EXPECT_EQ(read("DATA FILE\n05/16/2005 10:45\n"), "titled 05/16/2005 10:45 ");
-    EXPECT_EQ(read("DATA FILE\nx\nC:\\RUN\\A\\23456789 beyond"), "titled whole  23456789");
-    EXPECT_FALSE(ReadRawDataFile("C:\\RUN\\gone.d", folder) || ReadRawDataFile(folder, ""));
-}
-
 TEST(CriteriaFile, GivesNameAndLimitsOfEachLine) {
     EXPECT_TRUE(IsCriteriaTitle("RF Criteria of May"));
     EXPECT_FALSE(IsCriteriaTitle(" RF Criteria") || IsCriteriaTitle("RF Criteri"));

@@ -53,24 +53,6 @@ TEST(LabFiles, ValuesFollowTheMatrix) {
     EXPECT_EQ(Joined({"SOIL", "SED", ""}, notApplicable), "0 0 0|0 N/A N/A|N/A N/A N/A");
 }
 
-TEST(TicRules, OnlyCompleteRowsBecomeEntries) {
-    const TicEntry complete{{" 76-14-2 ", " 1,2-DiChloro Ethane", "1.41 ", " 9.2", " NJ "}};
-    std::vector<TicEntry> rows;
-    for (std::size_t cell = 0; cell < 4; ++cell) {
-        rows.push_back(complete);
-        rows.back().cells[cell] = "  ";
-    }
-    EXPECT_EQ(TicListFromRows(rows), std::nullopt);
-    rows.push_back(complete);
-    rows.push_back({{"N/A", "unknown", "2", "3", ""}});
-    EXPECT_THAT(TicListFromRows(rows).value(),
-                ElementsAre(TicEntry{{"76-14-2", "1,2-dichloro ethane", "1.41", "9.2", "NJ"}},
-                            rows.back()));
-    EXPECT_THAT(PastedCells("a\tb\r\n\t\tc\t\n\ne"),
-                ElementsAre(ElementsAre("a", "b"), ElementsAre("", "", "c", ""), ElementsAre(""),
-                            ElementsAre("e")));
-}
-
 TEST(TuneRules, OkNamesTheFirstFault) {
     const TuneEntry good = {"B1",    "G1",
                             "B.D",   " 5/18/2005",
@@ -140,36 +122,6 @@ TEST(CalibrationEntryRules, OkAsksInItsOrder) {
     eight.RetentionTimes = {};
     batch.Files.CheckCal = "named";
     EXPECT_EQ(Control(AcceptStandardSummary(entries, batch)), "") << "the check report has them";
-}
-
-TEST(CalibrationEntryRules, BrowseTakesOnlyFilesOfTheRightKind) {
-    TempDir dir;
-    MessageLog messages;
-    InitialCalibrationEntry six{kFirst, kLast, {}};
-    const auto browse = [&](std::size_t level, const char* content) {
-        BrowseLevelFile(six, level, dir.Write("NEW.D", content), messages);
-    };
-    browse(0, "DATA FILE\n05/16/2005 09:42\nC:\\A.D\n");
-    EXPECT_EQ(six.FirstStandard + six.LastStandard, kFirst + kLast);
-    browse(9, "DATA FILE\n05/16/2005 11:50\nC:\\B.D\n");
-    browse(2, "DATA FILE\n05/16/2005 09:40\nC:\\C.D\n");
-    browse(3, "DATA FILE\n05/16/2005 01:00\n");
-    browse(4, "Data File\n05/16/2005 01:00\nC:\\D.D\n");
-    EXPECT_EQ(six.FirstStandard + six.LastStandard, "05/16/2005 09:4005/16/2005 11:50");
-    EXPECT_THAT(six.LabFileIds,
-                ElementsAre("A.D", "", "C.D", "NEW.D", "NEW.D", "", "", "", "", "B.D"));
-    ContinuingCalibrationEntry seven;
-    BrowseCriteriaFile(seven, dir.Write("Good.TXT", "RF CRITERIA\n"), messages);
-    BrowseCriteriaFile(seven, "/gone/c.txt", messages);
-    EXPECT_TRUE(seven.CriteriaFile.ends_with("good.txt")) << seven.CriteriaFile;
-    BrowseCriteriaFile(seven, dir.Write("Bad.txt", " RF Criteria\n"), messages);
-    EXPECT_EQ(seven.CriteriaFile, "");
-    BrowseStandardFile(seven, dir.Write("A.D", "data file\n5/18/2005 8:46 AM\nC:\\S.D"), messages);
-    EXPECT_EQ(seven.AnalysisDateTime + seven.LabFileId, "05/18/2005 08:46S.D");
-    EXPECT_THAT(messages.TakeTexts(),
-                ElementsAre("End of file:\nNEW.Dreached before expected",
-                            "Selected file\nNEW.Dnot a DATA FILE.", "c.txt could not be read.",
-                            "Bad.txt is not a RF criteria file.\nPlease select another file."));
 }
 
 TEST(CalibrationEntryRules, ShowTakesWhatTheOtherDialogsHold) {

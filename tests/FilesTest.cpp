@@ -32,25 +32,6 @@ TEST(LineReader, SplitsLinesOfEveryOrigin) {
     EXPECT_EQ(lines(std::string("a\0b\n\0", 5)), "a b$ $");
 }
 
-TEST(LineReader, ReadsTheRestOfALongLineAsTheNextPiece) {
-    LineReader reader("äbcde\r\nxyz\n\nlast");
-    for (const char* piece : {"äbc", "de", "xyz", "", "las", "t"}) {
-        EXPECT_EQ(reader.NextPiece(3), piece);
-    }
-    EXPECT_EQ(reader.NextPiece(3), std::nullopt);
-    EXPECT_EQ(reader.NextOrEmpty(), "");
-    reader.Rewind();
-    reader.Next();
-    const std::size_t place = reader.Position();
-    reader.Next();
-    reader.Seek(place);
-    EXPECT_EQ(reader.Next(), "xyz");
-
-    LineReader endless("ü" + EndlessLine() + "\nnext\n");
-    EXPECT_EQ(endless.NextOrEmpty().size(), LineReader::kMaxLineLength + 1);
-    EXPECT_EQ(endless.Next(), "next") << "the rest of the long line is dropped";
-}
-
 TEST(LineReader, RefusesWhatIsNoReadableFile) {
     const TempDir dir;
     const fs::path secret = dir.Write("secret.txt", "a\n");
@@ -95,25 +76,6 @@ TEST(FileLookup, FindsNamesInAnyCaseAndWithEitherSeparator) {
     EXPECT_EQ(find("c:\\gone\\vblk01.prn", ""), "-");
 }
 
-TEST(FileLookup, ListsAFolderOnceInACommandAndGivesUpInATangleOfLinks) {
-    const TempDir dir;
-    const std::string folder = TextOf(dir.Path());
-    dir.Write("A1.PRN", "x");
-    FileFinder finder;
-    EXPECT_TRUE(finder.Find(folder + "/a1.prn"));
-    dir.Write("A2.PRN", "x");
-    EXPECT_FALSE(finder.FindBeside("c:\\gone\\a2.prn", folder));
-    EXPECT_TRUE(finder.FindBeside("c:\\gone\\A2.PRN", folder));
-
-    std::string name = folder;
-    for (const char* link : {"loop", "LOOP", "Loop"}) {
-        fs::create_directory_symlink(".", dir.Path() / link);
-        name += "\\loop\\loop\\loop\\loop";
-    }
-    EXPECT_FALSE(FindFile(name + "\\missing.prn"));
-    EXPECT_TRUE(FindFile(name));
-}
-
 auto CountIn(const fs::path& folder) {
     return std::distance(fs::directory_iterator(folder), fs::directory_iterator());
 }
@@ -140,26 +102,6 @@ TEST(FileReplace, WritesNewFilesAndReplacesOldOnes) {
     }
     EXPECT_EQ(fs::status(file).permissions(), fs::perms(0640));
     EXPECT_EQ(CountIn(dir.Path()), 1);
-}
-
-TEST(FileReplace, WritesThroughLinksAndRefusesWhatIsNoFile) {
-    const TempDir dir;
-    dir.Write("real/batch.qff", "old");
-    fs::create_symlink("real/batch.qff", dir.Path() / "link");
-    fs::create_symlink("link", dir.Path() / "second");
-    fs::create_symlink("real/later.qff", dir.Path() / "dangling");
-    fs::create_symlink("loop", dir.Path() / "loop");
-    EXPECT_EQ(ReplaceFile(dir.Path() / "second", "new"), std::nullopt);
-    EXPECT_EQ(ReadAll(dir.Path() / "real/batch.qff"), "new");
-    EXPECT_TRUE(fs::is_symlink(dir.Path() / "second") && fs::is_symlink(dir.Path() / "link"));
-    EXPECT_EQ(ReplaceFile(dir.Path() / "dangling", "later"), std::nullopt);
-    EXPECT_EQ(ReadAll(dir.Path() / "real/later.qff"), "later");
-
-    ASSERT_EQ(::mkfifo((dir.Path() / "pipe").c_str(), 0666), 0);
-    for (const char* name : {"real", "pipe", "loop", "missing/batch.qff"}) {
-        EXPECT_TRUE(ReplaceFile(dir.Path() / name, "x")) << name;
-    }
-    EXPECT_TRUE(fs::is_fifo(dir.Path() / "pipe"));
 }
 
 TEST(FileReplace, KeepsTheOldFileWhenItCannotWriteAllOfTheNew) {

@@ -94,20 +94,6 @@ TEST_F(LoadFiles, ReplacesTheBlanksRecord) {
     EXPECT_EQ(Records(), "-v2 s ");
 }
 
-TEST_F(LoadFiles, LeavesRejectedReportsOut) {
-    const std::string bad = dir_.Write("bad", "x");
-    EXPECT_FALSE(TakeLabBlank(batch_, bad, log_, *this) || Add({bad, bad}));
-    EXPECT_FALSE(TakeCalReport(batch_, bad, log_) || TakeCheckReport(batch_, bad, log_));
-    EXPECT_EQ(batch_, Batch());
-    EXPECT_TRUE(Add({bad, "a", bad}));
-    EXPECT_EQ(batch_.Files.QFiles, Names{LowerCase(Report("a"))});
-    EXPECT_EQ(log_.shown.size(), 7u);
-    EXPECT_TRUE(TakeCalReport(batch_, "/no/X.CAL", log_));
-    EXPECT_TRUE(TakeCheckReport(batch_, "/no/X.CHECK", log_));
-    EXPECT_EQ(batch_.Files.Calib + batch_.Files.CheckCal, "/no/x.cal/no/x.check");
-    EXPECT_EQ(resets_, 0);
-}
-
 TEST_F(LoadFiles, ClearsABatchWithoutReportsForATableThatIsTooLong) {
     TakeBlank("v");
     BuildSampleList(batch_);

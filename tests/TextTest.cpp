@@ -30,23 +30,6 @@ TEST(Text, IsTrimmedCutAndSplit) {
     EXPECT_FALSE(BeginsWith("compound", "compound#") || EndsWith("Version 4.21", "version 4.2"));
 }
 
-TEST(Text, LowersLettersOfEveryLaboratorysAlphabet) {
-    EXPECT_EQ(LowerCase("C:\\VBLK01.PRN ÀÉÖ×ØÞß÷ ĀāŁłŇňŊŸŽž"),
-              "c:\\vblk01.prn àéö×øþß÷ āāłłňňŋÿžž");
-    EXPECT_EQ(LowerCase("ΆΈΌΎΑΡΣΫ ЀЏАЯЁґҐяѠ"), "άέόύαρσϋ ѐџаяёґґяѡ");
-    for (const std::string same :
-         {"àéö×øþß÷ āłňŋÿž άέόύαρσϋω ѐџаяёґѡ", "İıĸŉ 漢字Ａ😀", "a\xC9\xFF\xC3"}) {
-        EXPECT_EQ(LowerCase(same), same);
-    }
-}
-
-TEST(Text, CutsPathsAtTheirLastSeparator) {
-    const auto paths = {"C:\\data\\a.prn", "/home/lab/a.prn", "C:\\data/2005\\a/b.prn", "a.prn",
-                        "C:\\data\\"};
-    EXPECT_EQ(Joined(paths, FolderOnly), "C:\\data|/home/lab|C:\\data/2005||C:\\data");
-    EXPECT_EQ(Joined(paths, FileNameOnly), "a.prn|a.prn|a/b.prn|a.prn|");
-}
-
 TEST(Text, ReadsEverythingThatIsNoUtf8AsWindows1252) {
     EXPECT_EQ(ToUtf8("Müller 😀"), "Müller 😀");
     EXPECT_EQ(ToUtf8("M\xFCller \x80 \x93 \x9F \x81"), "Müller € “ Ÿ \u0081");

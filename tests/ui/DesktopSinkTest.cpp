@@ -49,18 +49,5 @@ TEST_F(DesktopSinkTest, ShowsAPreviewWithoutAskingForAFile) {
     EXPECT_TRUE(chooser_.saved.empty());
 }
 
-TEST(FileNameForTitle, HasNothingThatAFileSystemRefuses) {
-    const std::pair<std::string, std::string> cases[] = {
-        {"Form 1 a/b\\c:d*e?f\"g<h>i|j\n", "Form 1 a-b-c-d-e-f-g-h-i-j"},
-        {"../../etc", "-..-etc"},
-        {"  Form 2. ", "Form 2"},
-        {"...", "Form"},
-        {std::string(5000, 'x'), std::string(60, 'x')},
-    };
-    for (const auto& [title, name] : cases) {
-        EXPECT_EQ(FileNameForTitle(title), name);
-    }
-}
-
 }  // namespace
 }  // namespace qfr::test

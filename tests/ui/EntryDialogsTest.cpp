@@ -44,35 +44,6 @@ TEST(Form2Dlg, TakesKindAndFileByKeyboardAlone) {
     }
 }
 
-TEST(Form2Dlg, BrowsesForARangesFileOnly) {
-    DialogRig<TForm2Dlg> rig;
-    const std::string good = rig.dir.Write("good.txt", "RECOVERY RANGES of spring\n0\n");
-    const std::string other = rig.dir.Write("other.txt", " recovery ranges\n0\n");
-    rig.chooser.answers = {{good}, {other}};
-    EXPECT_FALSE(rig.Run([&] {
-        rig.Use("&b");
-        EXPECT_EQ(rig.Shown("FileEdit"), "|" + good);
-        rig.Use("&b", other + " is not a recovery ranges file.\nPlease select another file.",
-                "FileEdit");
-        EXPECT_EQ(rig.Shown("FileEdit"), "|");
-        rig.Use("kept&b\33");  // cancelled
-    }));
-    EXPECT_EQ(rig.form.Entries().Ranges.FileName, "kept");
-    EXPECT_EQ(rig.chooser.opened.at(0).filter, 5);
-    EXPECT_EQ(rig.chooser.opened.at(1).directory, TextOf(rig.dir.Path()));
-}
-
-TEST(MBSHeader, KeepsTheLinesThatWereTyped) {
-    DialogRig<TMBSHeader> rig;
-    const std::vector<std::string>& lines = rig.form.Entries().Comments.Lines;
-    EXPECT_TRUE(rig.Run([&] { rig.Use("&o"); }));
-    EXPECT_THAT(lines, ElementsAre(""));
-    EXPECT_FALSE(rig.Run([&] { rig.Use("Trap changed.\r\rThird\33"); }));
-    EXPECT_THAT(lines, ElementsAre("Trap changed.", "", "Third"));
-    EXPECT_TRUE(rig.Run([&] { rig.Use(" line\t\r"); }));
-    EXPECT_THAT(lines, ElementsAre("Trap changed.", "", "Third line"));
-}
-
 TEST(MBSHeader, HasRoomFor256Characters) {
     const std::string a(100, 'a');
     const std::string b(155, 'b');
@@ -144,23 +115,6 @@ TEST(TuneForm, HoldsTheUserAtAWrongEntryThatIsLeft) {
             rig.Use("");
         }
     }
-}
-
-TEST(TuneForm, OkGoesToTheFirstWrongEntryAndItsRow) {
-    TuneRig rig;
-    rig.stored.SampleNo = "";
-    rig.stored.Abundances[3] = "5,5";
-    rig.stored.Abundances[8] = "";
-    EXPECT_TRUE(rig.Run(1, [&] {
-        rig.Use("\r", kNoValue, "SampleEdit");
-        rig.Use("BFB02\r", kNoNumber, "StringGrid1");
-        EXPECT_EQ(rig.Cell(), "5,5");
-        rig.Use("5.5&o", kNoNumber, "StringGrid1");
-        EXPECT_EQ(rig.Cell(), "");
-        rig.Use("7&o");
-    }));
-    EXPECT_EQ(rig.stored.Abundances[3], "5.5");
-    EXPECT_EQ(rig.stored.Abundances[8], "7");
 }
 
 TEST(TuneForm, CancelKeepsWhatWasTypedButNotTheInstrument) {

@@ -122,40 +122,6 @@ TEST(Form1Header, HoldsTheUserAtAWrongDate) {
     }
 }
 
-TEST(Form1Header, FollowsTheMatrix) {
-    HeaderRig rig;
-    const auto values = [&rig] { return rig.Shown("ComboBox2", "Edit13", "Edit18", "Edit15"); };
-    rig.Enter("ComboBox2", "soil");
-    EXPECT_EQ(values(), "|soil|N/A|N/A|N/A");
-    rig.Enter("ComboBox2", "SOIL");
-    EXPECT_EQ(values(), "|SOIL|0|0|0");
-    rig.Enter("Edit13", "12");
-    rig.Get("ComboBox2").setFocus();
-    rig.Press(Qt::Key_Down);
-    EXPECT_EQ(values(), "|SED|12|N/A|N/A");
-}
-
-TEST(Form1Header, KeepsTheLaboratorysDefaults) {
-    HeaderRig rig;
-    rig.Click("Button4");
-    ASSERT_EQ(rig.log.shown.size(), 1U);
-    EXPECT_EQ(rig.log.shown[0].title, "FileError");
-    EXPECT_TRUE(rig.log.shown[0].offerCancel);
-
-    rig.Click("Button3");
-    EXPECT_EQ(rig.Read("DefaultInfo.txt"),
-              "Fairhaven\nContract#\nXXX\ncase001\nMod00\nNo123\nVocol\n.3\n30\n1\nN/A\nN/A\n5\n");
-    rig.dir.Write("DefaultInfo.txt", "Other Lab\n  C2  \n");
-    rig.Click("Button4");
-    EXPECT_EQ(rig.Shown("Edit1", "Edit2", "Edit4"), "|Other Lab|C2|XXX");
-
-    rig.chooser.answers = {{Example("Laboratory.txt")}};
-    rig.Type("&l");
-    EXPECT_EQ(rig.Shown("Edit4", "Edit17"), "|FHAV|0.25");
-    EXPECT_EQ(rig.chooser.opened[0].filter, 5);
-    EXPECT_EQ(rig.chooser.opened[0].directory, "/texts");
-}
-
 TEST(Form1Header, PrintsTheSampleShownOnTheFormOfItsMode) {
     const std::tuple<int, const char*, const char*, const char*, const char*> cases[] = {
         {kFormIVoa, "Form 1 Header", "Edit7", "", "Form 1 VBLK01"},

@@ -74,22 +74,6 @@ TEST(MainForm, SavesAndRestoresABatchWithItsState) {
     EXPECT_EQ(rig.chooser.saved.at(0).directory, TextOf(ExampleDir()));
 }
 
-TEST(MainForm, KeepsTheBatchWhenAFileCannotBeRestored) {
-    WindowRig rig;
-    rig.dir.Write("other.txt", "something else\n");
-    for (const std::string& file : {rig.Path("other.txt"), TextOf(rig.dir.Path())}) {
-        rig.form.Batch().SampleList.emplace(2);
-        rig.form.Batch().Files.LabBlank = "blank.prn";
-        rig.log.answers = {false};
-        rig.chooser.answers = {{file}};
-        rig.Type("^r");
-        EXPECT_EQ(rig.log.shown.front().text, kSaveQuestion);
-        EXPECT_EQ(rig.log.shown.back().title, "Improper File Type");
-        EXPECT_EQ(rig.Samples().size(), 2U);
-        EXPECT_EQ(rig.form.Batch().Files.LabBlank, "blank.prn");
-    }
-}
-
 TEST(MainForm, OpensEachFormByItsKey) {
     WindowRig rig;
     rig.Type("^1");
@@ -118,14 +102,6 @@ TEST(MainForm, OpensEachFormByItsKey) {
         EXPECT_FALSE(rig.form.isVisible());
         header.close();
     }
-}
-
-TEST(MainForm, HelpsAndChoosesThePrinter) {
-    WindowRig rig;
-    rig.Press(Qt::Key_F1);
-    rig.Use("^p", "The help file QFRHelp.chm could not be found.");
-    EXPECT_EQ(rig.topics.at(0), 10);
-    EXPECT_EQ(rig.setups, 1);
 }
 
 }  // namespace

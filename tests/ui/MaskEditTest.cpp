@@ -64,11 +64,5 @@ TEST_F(MaskEditTyping, PastesADateAndErasesItsPlacesOneByOne) {
     EXPECT_EQ(edit_.MaskText(), kEmptyDateTimeMask);
 }
 
-TEST_F(MaskEditTyping, AClickIntoTheEmptyMaskStartsAtItsFront) {
-    QTest::mouseClick(&edit_, Qt::LeftButton, {}, QPoint(60, edit_.height() / 2));
-    Type("12252005");
-    EXPECT_EQ(edit_.MaskText(), "12/25/2005   :  ");
-}
-
 }  // namespace
 }  // namespace qfr::test

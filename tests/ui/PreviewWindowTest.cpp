@@ -56,43 +56,5 @@ TEST_F(Preview, KeysPageThroughTheJob) {
     }
 }
 
-TEST_F(Preview, ShowsTheChosenPageAtTheTop) {
-    Get<QSpinBox>("PageEdit").setValue(12);
-    const QImage seen = view_.viewport()->grab().toImage();
-    const int paperTop = 6;  // half of the gap between two pages
-    const double left = (seen.width() - 8.5 * DotsPerInch()) / 2;
-    const auto greyAt = [&](double x) {
-        return qGray(seen.pixel(static_cast<int>(left + x * DotsPerInch()),
-                                static_cast<int>(paperTop + 0.5 * DotsPerInch())));
-    };
-    EXPECT_LT(greyAt(3), 50);
-    EXPECT_EQ(greyAt(3.25), 255);
-}
-
-TEST_F(Preview, ZoomsByListAndKeys) {
-    const double fitted = DotsPerInch();
-    EXPECT_EQ(view_.horizontalScrollBar()->maximum(), 0) << "fits the width";
-    preview_.resize(preview_.width() - 150, preview_.height());
-    QTest::qWait(1);
-    EXPECT_LT(DotsPerInch(), fitted) << "and follows the window";
-    ChooseZoom("Fit page");
-    EXPECT_LE(DotsPerInch() * 11, view_.viewport()->height());
-    ChooseZoom("150 %");
-    const std::pair<const char*, int> steps[] = {{"", 150},  {"^+", 200},  {"^0", 100},
-                                                 {"^-", 75}, {"^-^-", 50}, {"^+^+^+^+^+^+^+", 400}};
-    for (const auto& [keys, percent] : steps) {
-        Type(keys);
-        EXPECT_NEAR(view_.Percent(), percent, 0.01);
-        EXPECT_EQ(Shown("ZoomCombo"), "|" + std::to_string(percent) + " %");
-    }
-}
-
-TEST_F(Preview, SavesTheJobAsPdf) {
-    const TempDir directory;
-    chooser_.answers = {{TextOf(directory.Path() / "saved.pdf")}};
-    Type("&s");
-    EXPECT_EQ(PagesOf(ReadAll(directory.Path() / "saved.pdf")), 20);
-}
-
 }  // namespace
 }  // namespace qfr::test
