@@ -135,7 +135,7 @@ TEST_F(BatchCommand, RefusesWrongUsage) {
 }
 
 TEST_F(BatchCommand, LoadsABatchThatRestores) {
-    dir_.Write("Defaults.txt", "Lab\nC#1\n\nCase 7\n");
+    dir_.Write("Defaults.txt", "Lab\nC#1\n\nCase 7\n\n\n\n\n\n\nonly for soil\n");
     Report("Sub/Z.PRN", "Z");
     EXPECT_EQ(Run("load -o x.qff --defaults Defaults.txt --check day.check --cal day.cal --blank "
                   "blank.prn Sub/../Sub/Z.PRN a.prn ./a.prn"),
@@ -173,6 +173,9 @@ TEST_F(BatchCommand, LoadsTheRestOfRejectedFiles) {
               "qfrbatch: x.qff has no lab blank and cannot be restored\n"
               "qfrbatch: x.qff has no calibration report and cannot be restored\n"
               "qfrbatch: x.qff has no check report and cannot be restored\n[1]");
+    EXPECT_THAT(
+        Run("load --blank blank.prn --cal day.cal --check day.check -o x.qff a.prn old.prn"),
+        testing::EndsWith("not be processed.\n[1]"));
     EXPECT_THAT(Run("load -o no/x.qff a.prn"),
                 StartsWith("File Error: x.qff could not be written.\nqfrbatch: "));
 }
