@@ -9,7 +9,7 @@ packagesFor() {
     case "$1" in
         build) echo cmake ninja-build g++ ccache qt6-base-dev fonts-liberation ;;
         test) echo libgtest-dev libgmock-dev poppler-utils ;;
-        check) echo git clang-format clang-tidy ;;
+        check) echo git clang clang-format clang-tidy libclang-rt-14-dev ;;
         *)
             echo "$0: no such task: $1" >&2
             exit 2

@@ -1,0 +1,19 @@
+// A continuing calibration report: checked, then printed with the forms that read it.
+#include "data/CheckReport.h"
+
+#include "data/CalibrationReports.h"
+#include "forms/Form6.h"
+#include "forms/Form7.h"
+#include "forms/Form8.h"
+#include "fuzz/Laboratory.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const qfr::fuzz::Laboratory laboratory("vstd050c.check");
+    laboratory.Put(data, size);
+
+    qfr::fuzz::Silence silence;
+    qfr::FileSet files;
+    ValidateCheckReport(laboratory.Name(), files, silence);
+    laboratory.Print({qfr::Form7CCDClick, qfr::Form8ARTClick});
+    return 0;
+}

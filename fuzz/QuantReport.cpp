@@ -1,0 +1,33 @@
+// A quantitation report: checked and taken as sample and as lab blank, then printed.
+#include "data/QuantReport.h"
+
+#include "data/LoadFiles.h"
+#include "forms/Form2.h"
+#include "forms/Form4.h"
+#include "forms/Form8.h"
+#include "fuzz/Laboratory.h"
+
+namespace {
+
+class NoDialogs : public qfr::BatchOwner {
+  public:
+    void ResetEntryDialogs() override {}
+};
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const qfr::fuzz::Laboratory laboratory("za101.prn");
+    laboratory.Put(data, size);
+
+    qfr::fuzz::Silence silence;
+    NoDialogs owner;
+    qfr::Batch taken;
+    TakeLabBlank(taken, laboratory.Name(), silence, owner);
+    AddQuantReports(taken, {laboratory.Name()}, silence, owner);
+    BuildSampleList(taken);
+    laboratory.Print({taken, laboratory.Example().Entries}, {qfr::fuzz::PrintDataSheets});
+
+    laboratory.Print({qfr::Form2MCRClick, qfr::Form4MBSClick, qfr::Form8ARTClick});
+    return 0;
+}

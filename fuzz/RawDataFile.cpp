@@ -1,0 +1,14 @@
+// The raw data file of the first calibration standard.
+#include "data/RawDataFile.h"
+
+#include "forms/Form6.h"
+#include "fuzz/Laboratory.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const qfr::fuzz::Laboratory laboratory("vstd005.d");
+    laboratory.Put(data, size);
+
+    qfr::ReadRawDataFile(laboratory.Name(), "");
+    laboratory.Print({qfr::Form6CIDClick});
+    return 0;
+}

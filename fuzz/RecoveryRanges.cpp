@@ -1,0 +1,19 @@
+// A recovery ranges file, for each kind of limits.
+#include "data/RecoveryRanges.h"
+
+#include "forms/Form2.h"
+#include "fuzz/Laboratory.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static const qfr::fuzz::Laboratory laboratory("ranges.txt");
+    laboratory.Put(data, size);
+
+    qfr::CheckRangesFile(laboratory.Name());
+    qfr::SavedBatch batch = laboratory.Example();
+    for (const auto limits :
+         {qfr::RecoveryLimits::kWater, qfr::RecoveryLimits::kSoil, qfr::RecoveryLimits::kOil}) {
+        batch.Entries.Ranges = {laboratory.Name(), limits};
+        laboratory.Print(batch, {qfr::Form2MCRClick});
+    }
+    return 0;
+}
