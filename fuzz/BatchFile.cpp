@@ -1,5 +1,7 @@
 // A batch file: what can be restored can be printed, and what is saved of it restores to the same.
+
 #include "app/BatchFile.h"
+
 #include <cstdlib>
 #include <variant>
 
