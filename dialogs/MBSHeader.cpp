@@ -15,7 +15,6 @@ namespace qfr {
 namespace {
 
 constexpr int kHelpTopic = 122;
-constexpr int kMaxLength = 256;  // characters, line breaks among them
 constexpr int kPrintedLines = 2;
 constexpr int kBoxWidth = 369;  // pixels
 constexpr int kBoxLetters = 50;
@@ -49,7 +48,10 @@ void TMBSHeader::ShowEntry(const BlankComments& entry) {
     for (const std::string& line : entry.Lines) {
         lines << QString::fromStdString(line);
     }
-    ui_->RichEdit1->setPlainText(lines.join('\n'));
+    const QString text = lines.join('\n');
+    // Comments of a batch file that was edited elsewhere are not cut, they only do not grow.
+    room_ = std::max(kMaxLength, static_cast<int>(text.size()));
+    ui_->RichEdit1->setPlainText(text);
     ui_->RichEdit1->moveCursor(QTextCursor::End);
     ui_->RichEdit1->horizontalScrollBar()->setValue(0);
     ui_->RichEdit1->setFocus();
@@ -66,11 +68,11 @@ BlankComments TMBSHeader::Entry() const {
 
 void TMBSHeader::CutToLength() {
     const int length = ui_->RichEdit1->document()->characterCount() - 1;
-    if (length <= kMaxLength) {
+    if (length <= room_) {
         return;
     }
     // The end of what came in is where the caret is.
-    const int excess = length - kMaxLength;
+    const int excess = length - room_;
     QTextCursor cursor = ui_->RichEdit1->textCursor();
     const int end = cursor.position() >= excess ? cursor.position() : length;
     cursor.joinPreviousEditBlock();

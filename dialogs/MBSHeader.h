@@ -30,6 +30,8 @@ class TMBSHeader : public QDialog {
     void changeEvent(QEvent* event) override;
 
   private:
+    static constexpr int kMaxLength = 256;  // characters, line breaks among them
+
     void ShowEntry(const BlankComments& entry);
     BlankComments Entry() const;
     // Takes back what was typed or pasted beyond the room for comments.
@@ -38,6 +40,7 @@ class TMBSHeader : public QDialog {
 
     FormHost& host_;
     std::unique_ptr<Ui::TMBSHeader> ui_;
+    int room_ = kMaxLength;  // characters that the box takes
 };
 
 }  // namespace qfr

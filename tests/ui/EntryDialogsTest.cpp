@@ -51,7 +51,8 @@ TEST(MBSHeader, HasRoomFor256Characters) {
     const std::tuple<Lines, Qt::Key, std::string, Lines> cases[] = {
         {{a, b}, Qt::Key_End, "yz", {a, b}},
         {{a, b}, Qt::Key_Home, "y\nz", {a, b}},
-        {{"Note: "}, Qt::Key_End, a + "\n" + b, {"Note: " + a, b.substr(6)}}};
+        {{"Note: "}, Qt::Key_End, a + "\n" + b, {"Note: " + a, b.substr(6)}},
+        {{a, b, a}, Qt::Key_End, "yz", {a, b, a}}};
     for (const auto& [before, goTo, pasted, after] : cases) {
         DialogRig<TMBSHeader> rig;
         rig.form.Entries().Comments.Lines = before;
