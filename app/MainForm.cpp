@@ -1,6 +1,8 @@
 #include "app/MainForm.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 #include <vector>
 
 #include <QCloseEvent>
@@ -217,20 +219,40 @@ void TQFRForm::RestoreFilesClick() {
     }
 }
 
-void TQFRForm::RestoreFile(const std::string& fileName) {
+void TQFRForm::OpenArguments(const std::vector<std::string>& arguments) {
+    if (arguments.empty()) {
+        return;
+    }
+    if (arguments.size() > 1) {
+        Show({"Only one batch can be opened at a time.", "QFR Forms"});
+        return;
+    }
+    // Wherever the program was started, the file's folder is known from now on.
+    std::error_code failed;
+    const std::string file =
+        TextOf(std::filesystem::absolute(PathOf(arguments.front()), failed).lexically_normal());
+    if (RestoreFile(file)) {
+        // The other lines of the paths file stay; reading them takes them over.
+        paths_.ReadPath(kBatchSlot);
+        paths_.RememberDir(file, FileKind::kBatch);
+    }
+}
+
+bool TQFRForm::RestoreFile(const std::string& fileName) {
     const WaitCursor wait;
     std::optional<LineReader> file = LineReader::Open(PathOf(fileName));
     // A file that cannot be read is told as one that holds nothing.
     auto restored = RestoreBatch(file ? std::move(*file) : LineReader(""), fileName, entries_);
     if (const auto* const refusal = std::get_if<Message>(&restored)) {
         Show(*refusal);
-        return;
+        return false;
     }
     auto& saved = std::get<SavedBatch>(restored);
     Batch() = std::move(saved.Batch);
     entries_ = std::move(saved.Entries);
     filesDlg_->ShowFileSet();
     ShowBatchState();
+    return true;
 }
 
 void TQFRForm::FormIClick(int mode) {

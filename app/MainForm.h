@@ -4,6 +4,8 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include <QLabel>
 #include <QMainWindow>
@@ -50,9 +52,13 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
     explicit TQFRForm(const DesktopServices& services);
     ~TQFRForm() override;
 
-    // Replaces the batch by a saved one; a file that cannot be restored changes nothing and is
-    // reported.
-    void RestoreFile(const std::string& fileName);
+    // Opens what the program was started with: a single name (UTF-8) is that of a saved batch,
+    // which is restored as if Restore Batch had chosen it; more than one are reported.
+    void OpenArguments(const std::vector<std::string>& arguments);
+
+    // Replaces the batch by a saved one; a file that cannot be restored changes nothing, is
+    // reported, and the result is false.
+    bool RestoreFile(const std::string& fileName);
 
     // FormHost
     void Show(const Message& message) override;

@@ -1,8 +1,12 @@
 // The desktop program.
+#include <string>
+#include <vector>
+
 #include <QApplication>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QTimer>
 
 #include "app/MainForm.h"
 #include "platform/FileLookup.h"
@@ -13,12 +17,13 @@
 #include "platform/qt/QtMessages.h"
 #include "platform/qt/QtTextMetrics.h"
 
-int main(int, char** argv) {
+int main(int argc, char** argv) {
     // There are no options: the toolkit gets the program's name only.
     int count = 1;
     char* names[] = {argv[0], nullptr};
     QApplication application(count, names);
     QApplication::setApplicationName("QFR Forms");
+    QApplication::setDesktopFileName("qfrforms");
     // The main window hides while another one takes its place; only its exit sequence ends the run.
     QApplication::setQuitOnLastWindowClosed(false);
 
@@ -55,5 +60,9 @@ int main(int, char** argv) {
         .OpenHelp = nullptr,
     });
     mainWindow.show();
+    // With the window in sight, where what is told about the file belongs.
+    QTimer::singleShot(0, &mainWindow, [&] {
+        mainWindow.OpenArguments(std::vector<std::string>(argv + 1, argv + argc));
+    });
     return QApplication::exec();
 }

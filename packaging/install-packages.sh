@@ -1,15 +1,18 @@
 #!/bin/sh
 # Installs what is missing of the Debian packages that a task needs: "build" the programs, "test" them,
-# "check" the sources. Asks for nothing, and needs neither root nor the network when nothing is missing.
+# "check" the sources, make the "package". Asks for nothing, and needs neither root nor the network when nothing is missing.
 #
-#     packaging/install-packages.sh build [test] [check]
+#     packaging/install-packages.sh build [test] [check] [package]
 set -eu
 
 packagesFor() {
     case "$1" in
-        build) echo cmake ninja-build g++ ccache qt6-base-dev fonts-liberation ;;
+        build) echo cmake ninja-build g++ ccache qt6-base-dev fonts-dejavu-core fonts-liberation ;;
         test) echo libgtest-dev libgmock-dev poppler-utils ;;
         check) echo git clang clang-format clang-tidy libclang-rt-14-dev ;;
+        package)
+            echo dpkg-dev file fakeroot lintian desktop-file-utils appstream shared-mime-info \
+                libglib2.0-bin man-db poppler-utils ;;
         *)
             echo "$0: no such task: $1" >&2
             exit 2

@@ -7,6 +7,8 @@
 namespace qfr::test {
 namespace {
 
+namespace fs = std::filesystem;
+
 const char* const kSaveQuestion =
     "There is file information which may\nneed to be saved. Save it now?";
 
@@ -72,6 +74,35 @@ TEST(MainForm, SavesAndRestoresABatchWithItsState) {
     EXPECT_EQ(rig.chooser.opened.at(0).filter, 4);
     EXPECT_EQ(rig.chooser.opened.at(0).directory, "/batches");
     EXPECT_EQ(rig.chooser.saved.at(0).directory, TextOf(ExampleDir()));
+}
+
+TEST(MainForm, OpensTheOneBatchItWasStartedWith) {
+    const std::string kPaths = "/reports\n/calibrations\n/texts\n";
+    const std::string kNoBatch = "-x.qff is not a\nQFRForm saved file.";
+    TempDir folder;
+    folder.Write("-Größe.qff", ReadAll(Example("example.qff")));
+    const std::string text = folder.Write("notes.txt", "QFRForms \n");
+    const auto before = fs::current_path();
+    fs::current_path(folder.Path());
+    using Texts = std::vector<std::string>;
+    // The arguments; whether a batch is restored; the texts that are told.
+    const std::tuple<Texts, bool, Texts> cases[] = {
+        {Texts(), false, {}},
+        {{"-Größe.qff"}, true, {}},
+        {{"-x.qff"}, false, {TextOf(folder.Path() / kNoBatch)}},
+        {{""}, false, {" is not a\nQFRForm saved file."}},
+        {{text}, false, {text + " is not a\nQFRForm saved file."}},
+        {{"-Größe.qff", text}, false, {"Only one batch can be opened at a time."}},
+    };
+    for (const auto& [arguments, restored, told] : cases) {
+        WindowRig rig;
+        rig.form.OpenArguments(arguments);
+        EXPECT_EQ(State(rig.form).empty(), !restored);
+        EXPECT_EQ(rig.log.TakeTexts(), told);
+        EXPECT_EQ(rig.Read("QFRpaths.txt"),
+                  kPaths + (restored ? TextOf(folder.Path()) : "/batches") + "\n");
+    }
+    fs::current_path(before);
 }
 
 TEST(MainForm, OpensEachFormByItsKey) {
