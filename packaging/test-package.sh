@@ -68,6 +68,7 @@ done
 # Runs a command as a user who owns nothing here but a home directory.
 chmod -R a-w "$tree"
 chmod 755 "$work"
+chmod 700 "$home"
 asUser() {
     set -- env -i HOME="$home" XDG_RUNTIME_DIR="$home" PATH="$tree/usr/bin:$PATH" LC_ALL="$LC_ALL" QT_QPA_PLATFORM=offscreen \
         "$@"
