@@ -15,16 +15,9 @@
 
 #include "app/BatchFile.h"
 #include "app/HeadlessHost.h"
+#include "app/Package.h"
 #include "data/LabFiles.h"
 #include "data/LoadFiles.h"
-#include "forms/Form1Tic.h"
-#include "forms/Form1Voa.h"
-#include "forms/Form2.h"
-#include "forms/Form4.h"
-#include "forms/Form5.h"
-#include "forms/Form6.h"
-#include "forms/Form7.h"
-#include "forms/Form8.h"
 #include "platform/DateTime.h"
 #include "platform/FileLookup.h"
 #include "platform/FileReplace.h"
@@ -115,31 +108,6 @@ Exit status: 0, 1 when standard output cannot be written, 2 for wrong usage or a
 that cannot be restored.
 )";
 
-// The forms, in the order in which they print.
-struct FormRow {
-    std::string_view name;
-    std::string_view caption;
-    // One of the two: for each sample, or once for the batch.
-    void (*printSample)(FormHost& host, std::size_t record) = nullptr;
-    void (*printBatch)(FormHost& host) = nullptr;
-    // Unless it is asked for by name, only for samples that have TICs.
-    bool onlyWithTics = false;
-};
-
-constexpr std::array<FormRow, 8> kForms = {{
-    {.name = "1", .caption = "Form I VOA, for each sample", .printSample = PrintFormIVoa},
-    {.name = "tic",
-     .caption = "Form I VOA-TIC, for each sample",
-     .printSample = PrintFormITic,
-     .onlyWithTics = true},
-    {.name = "2", .caption = "Form II, monitoring compound recovery", .printBatch = Form2MCRClick},
-    {.name = "4", .caption = "Form IV, method blank summary", .printBatch = Form4MBSClick},
-    {.name = "5", .caption = "Form V, instrument performance check", .printBatch = Form5IPCClick},
-    {.name = "6", .caption = "Form VI, initial calibration data", .printBatch = Form6CIDClick},
-    {.name = "7", .caption = "Form VII, continuing calibration data", .printBatch = Form7CCDClick},
-    {.name = "8", .caption = "Form VIII, internal standard summary", .printBatch = Form8ARTClick},
-}};
-
 struct Arguments {
     std::map<std::string, std::vector<std::string>, std::less<>> options;
     std::vector<std::string> operands;
@@ -217,6 +185,28 @@ std::variant<Arguments, std::string> ParseArguments(std::span<const std::string>
     }
     return arguments;
 }
+
+// "TITLE: text" as one line; a message without a title is its text alone.
+void WriteMessage(std::ostream& out, const Message& message) {
+    if (!message.title.empty()) {
+        out << message.title << ": ";
+    }
+    out << OneLine(message.text) << '\n';
+}
+
+// Nobody is there to answer: a question is a line too.
+class MessageLines : public Messages {
+  public:
+    explicit MessageLines(std::ostream& out) : out_(out) {}
+    void Show(const Message& message) override { WriteMessage(out_, message); }
+    bool AskYesNo(const Message& question) override {
+        Show(question);
+        return false;
+    }
+
+  private:
+    std::ostream& out_;
+};
 
 bool WriteFailed(const Context& context, const std::string& fileName, const std::string& reason) {
     WriteMessage(context.err, CouldNotBeWritten(fileName));
@@ -400,14 +390,15 @@ constexpr std::string_view kPrintOptions[] = {"--forms", kSampleOption, "-o", "-
 void PrintHelp(std::ostream& out) {
     out << kPrintHelp;
     for (const FormRow& form : kForms) {
-        out << "  " << std::left << std::setw(5) << form.name << form.caption << '\n';
+        out << "  " << std::left << std::setw(5) << form.name << form.caption
+            << (form.printSample ? ", for each sample" : "") << '\n';
     }
     out << kPrintStatus;
 }
 
-// The names of the forms asked for, or what is wrong with the list.
-std::variant<std::set<std::string>, std::string> ParseForms(const std::string& list) {
-    std::set<std::string> names;
+// The forms asked for, or what is wrong with the list.
+std::variant<decltype(PackageChoice::forms), std::string> ParseForms(const std::string& list) {
+    decltype(PackageChoice::forms) chosen{};
     for (std::size_t start = 0; start <= list.size();) {
         const std::size_t end = std::min(list.find(',', start), list.size());
         const std::string name = LowerCase(Trim(list.substr(start, end - start)));
@@ -416,10 +407,10 @@ std::variant<std::set<std::string>, std::string> ParseForms(const std::string& l
         if (form == kForms.end()) {
             return "there is no form \"" + name + "\"";
         }
-        names.insert(name);
+        chosen[static_cast<std::size_t>(form - kForms.begin())] = true;
         start = end + 1;
     }
-    return names;
+    return chosen;
 }
 
 // Which records of SampleList are to be printed; absent after the message that names an unknown
@@ -447,39 +438,6 @@ std::optional<std::vector<bool>> ChooseSamples(const Context& context, const Arg
         }
     }
     return chosen;
-}
-
-// Each returns whether the driver printed its job; a refusing driver has said why.
-bool PrintSample(HeadlessHost& host, const FormRow& form, std::size_t record) {
-    const std::size_t before = host.Jobs().size();
-    host.Page().testPrinter();
-    form.printSample(host, record);
-    return host.Jobs().size() > before;
-}
-
-bool PrintForBatch(HeadlessHost& host, const FormRow& form) {
-    const std::size_t before = host.Jobs().size();
-    form.printBatch(host);
-    return host.Jobs().size() > before;
-}
-
-bool PrintForSamples(HeadlessHost& host, const FormRow& form, const std::vector<bool>& chosen,
-                     bool askedFor) {
-    if (!host.Batch().SampleList) {
-        if (!askedFor && form.onlyWithTics) {
-            return true;
-        }
-        host.Show({std::string(kSpecifyFiles), kFilesNotSpecifiedTitle});
-        return false;
-    }
-    bool all = true;
-    for (std::size_t i = 0; i < chosen.size(); ++i) {
-        const bool due = askedFor || !form.onlyWithTics || (*host.Batch().SampleList)[i].TicList;
-        if (chosen[i] && due) {
-            all = PrintSample(host, form, i) && all;
-        }
-    }
-    return all;
 }
 
 bool WriteJobs(const Context& context, const std::vector<PrintJob>& jobs, const std::string& title,
@@ -548,14 +506,15 @@ int Print(const Arguments& arguments, const Context& context) {
     if (file && (IsReportName(*file) || EndsWith(*file, ".qff"))) {
         return context.WrongUsage(*file + " is not the name of a PDF file");
     }
-    std::set<std::string> forms;
-    const std::string* list = arguments.Value("--forms");
-    if (list) {
-        auto parsed = ParseForms(*list);
+    PackageChoice choice;
+    choice.forms.fill(true);
+    if (const std::string* list = arguments.Value("--forms")) {
+        const auto parsed = ParseForms(*list);
         if (const auto* trouble = std::get_if<std::string>(&parsed)) {
             return context.WrongUsage(*trouble);
         }
-        forms = std::get<std::set<std::string>>(std::move(parsed));
+        choice.forms = std::get<decltype(choice.forms)>(parsed);
+        choice.byName = true;
     }
 
     std::optional<SavedBatch> saved = ReadBatch(context, batchName);
@@ -563,11 +522,12 @@ int Print(const Arguments& arguments, const Context& context) {
         return kUnusable;
     }
     const SampleListType none;
-    const auto chosen = ChooseSamples(context, arguments,
-                                      saved->Batch.SampleList ? *saved->Batch.SampleList : none);
-    if (!chosen) {
+    auto samples = ChooseSamples(context, arguments,
+                                 saved->Batch.SampleList ? *saved->Batch.SampleList : none);
+    if (!samples) {
         return kUnusable;
     }
+    choice.samples = *std::move(samples);
     if (const auto reason = context.platform.Start()) {
         context.Complain() << *reason << '\n';
         return kIncomplete;
@@ -576,19 +536,18 @@ int Print(const Arguments& arguments, const Context& context) {
         return kUnusable;
     }
 
-    HeadlessHost host(std::move(*saved), context.platform.Metrics(), context.err,
-                      EntryDialogRules());
+    MessageLines messages(context.err);
+    const std::vector<PackageWork> works = PlanPackage(saved->Batch, choice);
+    HeadlessHost host(std::move(*saved), context.platform.Metrics(), messages, EntryDialogRules());
+    std::vector<PrintJob> jobs;
     bool all = true;
-    for (const FormRow& form : kForms) {
-        if (list && !forms.contains(std::string(form.name))) {
-            continue;
+    for (const PackageWork& work : works) {
+        if (auto job = PrintWork(host, work)) {
+            jobs.push_back(*std::move(job));
+        } else {
+            all = false;
         }
-        all = (form.printBatch ? PrintForBatch(host, form)
-                               : PrintForSamples(host, form, *chosen, list != nullptr)) &&
-              all;
     }
-
-    const std::vector<PrintJob>& jobs = host.Jobs();
     if (jobs.empty()) {
         return kIncomplete;
     }

@@ -1,20 +1,10 @@
 #include "app/HeadlessHost.h"
 
-#include <utility>
-
 #include "data/CalibrationEntryRules.h"
 #include "data/RecoveryRanges.h"
 #include "data/TuneRules.h"
-#include "platform/Text.h"
 
 namespace qfr {
-
-void WriteMessage(std::ostream& out, const Message& message) {
-    if (!message.title.empty()) {
-        out << message.title << ": ";
-    }
-    out << OneLine(message.text) << '\n';
-}
 
 std::vector<DialogRules> EntryDialogRules() {
     return {
@@ -49,7 +39,7 @@ std::vector<DialogRules> EntryDialogRules() {
     };
 }
 
-HeadlessHost::HeadlessHost(SavedBatch saved, TextMetrics& metrics, std::ostream& messages,
+HeadlessHost::HeadlessHost(SavedBatch saved, TextMetrics& metrics, Messages& messages,
                            std::vector<DialogRules> rules)
     : saved_(std::move(saved)),
       messages_(messages),
@@ -57,12 +47,8 @@ HeadlessHost::HeadlessHost(SavedBatch saved, TextMetrics& metrics, std::ostream&
       printer_(metrics, *this),
       page_(printer_, [] {}) {}
 
-void HeadlessHost::Show(const Message& message) {
-    WriteMessage(messages_, message);
-}
-
 bool HeadlessHost::AskYesNo(const Message& question) {
-    WriteMessage(messages_, question);
+    messages_.Show(question);
     return false;
 }
 

@@ -1,10 +1,10 @@
-// The program around the form drivers when nobody sits before a screen: messages are lines of a
-// stream, the entry dialogs answer with what was saved.
+// The program around the form drivers when nobody is asked anything: messages are passed on, the
+// entry dialogs answer with what was entered before.
 #pragma once
 
 #include <cstddef>
 #include <optional>
-#include <ostream>
+#include <utility>
 #include <vector>
 
 #include "app/BatchFile.h"
@@ -14,9 +14,6 @@
 #include "platform/Printer.h"
 
 namespace qfr {
-
-// "TITLE: text" as one line; a message without a title is its text alone.
-void WriteMessage(std::ostream& out, const Message& message);
 
 // What an entry dialog does without its user.
 struct DialogRules {
@@ -33,15 +30,15 @@ std::vector<DialogRules> EntryDialogRules();
 
 class HeadlessHost : public FormHost, private JobSink {
   public:
-    // Messages go to `messages`. A dialog that has no rules closes with OK as it stands.
-    HeadlessHost(SavedBatch saved, TextMetrics& metrics, std::ostream& messages,
+    // A dialog that has no rules closes with OK as it stands.
+    HeadlessHost(SavedBatch saved, TextMetrics& metrics, Messages& messages,
                  std::vector<DialogRules> rules);
 
-    // The whole jobs so far, in the order in which they were printed.
-    const std::vector<PrintJob>& Jobs() const { return jobs_; }
+    // The job that a driver has printed since the last call; absent when it has refused.
+    std::optional<PrintJob> CollectJob() { return std::exchange(job_, std::nullopt); }
 
-    void Show(const Message& message) override;
-    // Writes the question; the answer is No.
+    void Show(const Message& message) override { messages_.Show(message); }
+    // Shows the question; the answer is No.
     bool AskYesNo(const Message& question) override;
 
     qfr::Page& Page() override { return page_; }
@@ -53,13 +50,13 @@ class HeadlessHost : public FormHost, private JobSink {
 
   private:
     bool BeginJob(int, const std::string&) override { return true; }
-    void TakeJob(int, PrintJob job) override { jobs_.push_back(std::move(job)); }
+    void TakeJob(int, PrintJob job) override { job_ = std::move(job); }
 
     SavedBatch saved_;
     BatchFlags flags_;
-    std::ostream& messages_;
+    Messages& messages_;
     std::vector<DialogRules> rules_;
-    std::vector<PrintJob> jobs_;
+    std::optional<PrintJob> job_;
     TPrinter printer_;
     qfr::Page page_;
 };

@@ -56,6 +56,9 @@ struct PrintJob {
     std::string title;  // form and sample, for queues, preview and the proposed file name
     Paper paper = kLetterPaper;
     std::vector<JobPage> pages;
+    // Where the job stands among others; both are empty for a job of its own.
+    std::string form = {};
+    std::string sample = {};  // empty for a form that is printed once for the batch
     bool operator==(const PrintJob&) const = default;
 };
 

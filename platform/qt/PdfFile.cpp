@@ -12,6 +12,7 @@
 #include "platform/FileReplace.h"
 #include "platform/qt/PagePainter.h"
 #include "platform/qt/PaperSize.h"
+#include "platform/qt/PdfOutline.h"
 
 namespace qfr {
 
@@ -42,9 +43,14 @@ QByteArray RenderPdf(const std::vector<PrintJob>& jobs, const std::string& title
 
 std::optional<std::string> WritePdf(const std::vector<PrintJob>& jobs, const std::string& title,
                                     const std::string& fileName, FormFonts& fonts) {
-    const QByteArray content = RenderPdf(jobs, title, fonts);
+    QByteArray content = RenderPdf(jobs, title, fonts);
     if (content.isEmpty()) {
         return "There is no page to write.";
+    }
+    if (jobs.size() > 1) {
+        if (auto reason = AddOutline(content, jobs)) {
+            return reason;
+        }
     }
     return ReplaceFile(
         PathOf(fileName),

@@ -15,7 +15,8 @@ namespace qfr {
 // All pages of the jobs, in order, as one PDF document.
 QByteArray RenderPdf(const std::vector<PrintJob>& jobs, const std::string& title, FormFonts& fonts);
 
-// Renders and replaces the file whole (UTF-8 name). The reason of a failure, absent on success.
+// Renders, adds an outline where there are several jobs, and replaces the file whole (UTF-8 name).
+// The reason of a failure, absent on success.
 std::optional<std::string> WritePdf(const std::vector<PrintJob>& jobs, const std::string& title,
                                     const std::string& fileName, FormFonts& fonts);
 

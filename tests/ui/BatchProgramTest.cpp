@@ -35,6 +35,10 @@ TEST_F(BatchProgram, PrintsTheExampleJoinedAndApart) {
         pages += PagesOf(ReadAll(file.path()));
     }
     EXPECT_EQ(PagesOf(ReadAll(Name("all.pdf"))), pages);
+    EXPECT_THAT(
+        OutlineOf(ReadAll(Name("all.pdf"))),
+        testing::MatchesRegex("Form I VOA 1 \\[VBLK01 1 .*\\]Form I VOA-TIC 31 .*, internal "
+                              "standard summary 46 "));
     EXPECT_TRUE(fs::exists(dir_.Path() / "apart" / "Form 1 VBLK01.pdf"));
 }
 

@@ -25,9 +25,9 @@ TEST(RenderPdf, TextsCanBeFoundInASubsetOfTheOneTypeface) {
         "fi ffl AV To office 1,1-Dichloroethene \xC3\xA4\xC3\xB6\xC3\xBC \xC2\xB5g/L \xCE\xB1";
     const std::string pdf =
         Render({JobOf({TextAt(1, 1, text), TextAt(1, 2, text, 14), TextAt(1, 3, text, 8)})});
-    const QList<QByteArray> found = Poppler("pdftotext", {}, pdf).split('\n');
+    const QList<QByteArray> found = DescribedBy("pdftotext", {}, pdf).split('\n');
     EXPECT_EQ(found.count(QByteArray::fromStdString(text)), 3) << "without ligatures";
-    const QList<QByteArray> fonts = Poppler("pdffonts", {}, pdf).trimmed().split('\n');
+    const QList<QByteArray> fonts = DescribedBy("pdffonts", {}, pdf).trimmed().split('\n');
     ASSERT_EQ(fonts.size(), 3) << "two lines of head, one font";
     EXPECT_THAT(fonts[2].toStdString(),
                 testing::MatchesRegex(".*Serif.*TrueType.* yes +(no|yes) +yes .*"));
@@ -48,7 +48,7 @@ TEST(RenderPdf, InchesAreInches) {
         << "as wide as it was measured: not kerned";
 
     const auto image = QImage::fromData(
-        Poppler("pdftoppm", {"-png", "-gray", "-singlefile", "-r", "100"}, pdf), "png");
+        DescribedBy("pdftoppm", {"-png", "-gray", "-singlefile", "-r", "100"}, pdf), "png");
     EXPECT_EQ(image.size(), QSize(850, 1100));
     for (const auto& [x, black] : {std::pair(87, false), {92, true}, {783, true}, {788, false}}) {
         EXPECT_EQ(qGray(image.pixel(x, 500)) < 128, black) << x;
@@ -59,7 +59,7 @@ TEST(RenderPdf, InchesAreInches) {
 TEST(RenderPdf, ACoveredTextCannotBeFound) {
     const std::string pdf = Render({JobOf({TextAt(1, 1, "old"), TextAt(1, 1, "newer"),
                                            TextAt(1, 2, "partly covered"), TextAt(1, 2, "part")})});
-    const std::string found = Poppler("pdftotext", {}, pdf).toStdString();
+    const std::string found = DescribedBy("pdftotext", {}, pdf).toStdString();
     EXPECT_THAT(found, testing::Not(HasSubstr("old")));
     EXPECT_THAT(found, testing::AllOf(HasSubstr("newer"), HasSubstr("covered")));
 }
@@ -71,7 +71,7 @@ TEST(RenderPdf, PapersAndTurnedPagesMixInOneDocument) {
     PrintJob a4 = JobOf({TextAt(0.9, 1, "metric")});
     a4.paper = {"A4", 8.27, 11.69};
     const std::string pdf = Render({turned, a4, upright});
-    const std::string info = Poppler("pdfinfo", {"-f", "1", "-l", "9"}, pdf).toStdString();
+    const std::string info = DescribedBy("pdfinfo", {"-f", "1", "-l", "9"}, pdf).toStdString();
     int page = 0;
     for (const char* const size : {"792 x 612", "612 x 792", "595 x 842", "612 x 792"}) {
         EXPECT_THAT(info, ContainsRegex("Page +" + std::to_string(++page) + " size: +" + size));
@@ -84,6 +84,32 @@ TEST(RenderPdf, PapersAndTurnedPagesMixInOneDocument) {
     }
 }
 
+TEST(WritePdf, ListsSeveralJobsByFormAndSample) {
+    const TempDir directory;
+    const std::string file = directory.Write("package.pdf", "");
+    FormFonts fonts;
+    const auto job = [](const char* form, const char* sample, std::size_t pages) {
+        PrintJob made = JobOf({TextAt(1, 1, "text")}, *sample == '\0');
+        made.pages.resize(pages, made.pages.front());
+        made.form = form;
+        made.sample = sample;
+        return made;
+    };
+    std::vector<PrintJob> jobs = {job("Form I", "MW-1", 2),
+                                  job("Form I", "Gr\xC3\xBCn \xCE\xB1", 1), job("TIC", "MW-1", 1),
+                                  job("Form II", "", 2), job("Form IV", "", 1)};
+    jobs[3].pages[0].items.clear();
+    ASSERT_EQ(WritePdf(jobs, "Package", file, fonts), std::nullopt);
+    const std::string pdf = ReadAll(PathOf(file));
+    EXPECT_EQ(OutlineOf(pdf),
+              "Form I 1 [MW-1 1 Gr\xC3\xBCn \xCE\xB1 3 ]TIC 4 [MW-1 4 ]Form II 6 Form IV 7 ")
+        << "no entry leads to an empty page";
+    EXPECT_THAT(pdf, HasSubstr("/PageMode /UseOutlines"));
+    jobs.resize(1);
+    ASSERT_EQ(WritePdf(jobs, "Form 1 MW-1", file, fonts), std::nullopt);
+    EXPECT_EQ(OutlineOf(ReadAll(PathOf(file))), "");
+}
+
 TEST(WritePdf, ReplacesTheFileUnlessThereIsNoPage) {
     const TempDir directory;
     const std::string file = directory.Write("Form 1 \xC3\xA4.pdf", "an older one");
@@ -91,7 +117,7 @@ TEST(WritePdf, ReplacesTheFileUnlessThereIsNoPage) {
     EXPECT_NE(WritePdf({}, "none", file, fonts), std::nullopt);
     EXPECT_EQ(ReadAll(PathOf(file)), "an older one");
     EXPECT_EQ(WritePdf({JobOf({})}, "Form 1 \xC3\xA4", file, fonts), std::nullopt);
-    const std::string info = Poppler("pdfinfo", {}, ReadAll(PathOf(file))).toStdString();
+    const std::string info = DescribedBy("pdfinfo", {}, ReadAll(PathOf(file))).toStdString();
     EXPECT_THAT(info, ContainsRegex("Title: +Form 1 \xC3\xA4\nCreator: +QFR Forms\n"));
 }
 

@@ -1,6 +1,8 @@
 // What other programs see in a PDF document, and jobs to make one of.
 #pragma once
 
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QProcess>
 #include <QRegularExpression>
 
@@ -10,8 +12,9 @@
 
 namespace qfr::test {
 
-// What poppler's program writes about the document.
-inline QByteArray Poppler(const QString& program, QStringList arguments, const std::string& pdf) {
+// What a program of poppler's or qpdf's writes about the document.
+inline QByteArray DescribedBy(const QString& program, QStringList arguments,
+                              const std::string& pdf) {
     const TempDir directory;
     arguments << QString::fromStdString(directory.Write("document.pdf", pdf));
     if (program == "pdftotext") {
@@ -19,14 +22,35 @@ inline QByteArray Poppler(const QString& program, QStringList arguments, const s
     }
     QProcess process;
     process.start(program, arguments);
-    EXPECT_TRUE(process.waitForFinished()) << program.toStdString() << " (poppler-utils)";
+    EXPECT_TRUE(process.waitForFinished()) << program.toStdString() << " (poppler-utils, qpdf)";
     EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().toStdString();
     return process.readAllStandardOutput();
 }
 
 inline int PagesOf(const std::string& pdf) {
     const QRegularExpression pattern("Pages: +(\\d+)");
-    return pattern.match(Poppler("pdfinfo", {}, pdf)).captured(1).toInt();
+    return pattern.match(DescribedBy("pdfinfo", {}, pdf)).captured(1).toInt();
+}
+
+// The outline of a document without faults, as "Form I VOA 1 [MW-1 1][MW-2 4]Form II 7 ", each
+// entry with its page.
+inline std::string OutlineOf(const std::string& pdf) {
+    DescribedBy("qpdf", {"--check"}, pdf);
+    const auto entries = [](const auto& self, const QJsonArray& list) -> QString {
+        QString text;
+        for (const QJsonValue& entry : list) {
+            const QJsonArray below = entry["kids"].toArray();
+            EXPECT_FALSE(entry["open"].toBool() && !below.isEmpty());
+            text += QString("%1 %2 ")
+                        .arg(entry["title"].toString())
+                        .arg(entry["destpageposfrom1"].toInt());
+            text += below.isEmpty() ? "" : "[" + self(self, below) + "]";
+        }
+        return text;
+    };
+    const auto json =
+        QJsonDocument::fromJson(DescribedBy("qpdf", {"--json", "--json-key=outlines"}, pdf));
+    return entries(entries, json["outlines"].toArray()).toStdString();
 }
 
 // A word and its place on its page, in inches from the page's top-left corner.
@@ -42,7 +66,7 @@ inline std::vector<Word> WordsOf(const std::string& pdf) {
     const QRegularExpression pattern(
         "<word xMin=\"(.*)\" yMin=\"(.*)\" xMax=\"(.*)\" yMax=\"(.*)\">(.*)</word>");
     std::vector<Word> words;
-    auto matches = pattern.globalMatch(Poppler("pdftotext", {"-bbox"}, pdf));
+    auto matches = pattern.globalMatch(DescribedBy("pdftotext", {"-bbox"}, pdf));
     while (matches.hasNext()) {
         const auto match = matches.next();
         const auto inches = [&match](int group) { return match.captured(group).toDouble() / 72; };
