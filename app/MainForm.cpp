@@ -5,6 +5,7 @@
 #include <system_error>
 #include <vector>
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QIcon>
 #include <QMenu>
@@ -14,6 +15,7 @@
 #include <QStatusBar>
 
 #include "app/BatchFile.h"
+#include "dialogs/EntryDialogs.h"
 #include "forms/Form2.h"
 #include "forms/Form4.h"
 #include "forms/Form5.h"
@@ -143,9 +145,7 @@ void TQFRForm::OnCreate() {
     RegisterIcons();
     setObjectName("TQFRForm");
     setWindowTitle("QFR Forms");
-    setWindowIcon(ProgramIcon());
-    filesDlg_->setWindowIcon(windowIcon());
-    form1Header_->setWindowIcon(windowIcon());
+    QApplication::setWindowIcon(ProgramIcon());
 
     for (const Menu& menu : kMenus) {
         AddCommands(*menuBar()->addMenu(menu.caption), menu.commands.data(),
@@ -163,6 +163,7 @@ void TQFRForm::OnCreate() {
         statusBar()->addWidget(label);
     }
     ShowBatchState();
+    ConnectHelp(*aboutBox_, *this, kHelpTopic);
 
     resize(kWindowSize);
     const QRect place(QPoint(), size());

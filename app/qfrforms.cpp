@@ -12,6 +12,7 @@
 #include "platform/FileLookup.h"
 #include "platform/SettingsDir.h"
 #include "platform/qt/DesktopSink.h"
+#include "platform/qt/HelpViewer.h"
 #include "platform/qt/PrinterSetupDialog.h"
 #include "platform/qt/QtFileChooser.h"
 #include "platform/qt/QtMessages.h"
@@ -44,6 +45,7 @@ int main(int argc, char** argv) {
     qfr::FormFonts fonts;
     qfr::QtTextMetrics metrics(fonts);
     qfr::DesktopSink sink(fonts, chooser, messages);
+    qfr::HelpViewer help(qfr::PathOf(settings.ProgramDir() + "QFRHelp.chm"));
 
     qfr::TQFRForm mainWindow({
         .Messages = messages,
@@ -57,7 +59,7 @@ int main(int argc, char** argv) {
                 qfr::PrinterSetupDialog(printer, QApplication::activeWindow()).exec();
             },
         .Quit = [] { QCoreApplication::exit(0); },
-        .OpenHelp = nullptr,
+        .OpenHelp = [&help](int topic) { return help.Open(topic); },
     });
     mainWindow.show();
     // With the window in sight, where what is told about the file belongs.

@@ -1,0 +1,32 @@
+// The viewer of the help file: a window of the program's own, on Windows the system's.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string_view>
+
+namespace qfr {
+
+class HelpViewer {
+  public:
+    // Nothing is read before help is asked for.
+    explicit HelpViewer(std::filesystem::path file);
+    ~HelpViewer();
+    HelpViewer(const HelpViewer&) = delete;
+    HelpViewer& operator=(const HelpViewer&) = delete;
+
+    // Opens the help file at the page of a context number, or at its first page when the number has
+    // none. False when there is no such file, or when it is damaged.
+    bool Open(int topic);
+
+    // The library that reads the help file, empty where the system does.
+    static std::string_view Library();
+
+  private:
+    struct Viewer;
+
+    const std::filesystem::path file_;
+    std::unique_ptr<Viewer> viewer_;
+};
+
+}  // namespace qfr

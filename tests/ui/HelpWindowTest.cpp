@@ -1,0 +1,147 @@
+// The help file as it is built, through the viewer and its window; the about box.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QDialog>
+#include <QLabel>
+#include <QRegularExpression>
+#include <QTextBlock>
+#include <QTextBrowser>
+#include <QTreeWidget>
+#include <QWindow>
+
+#include "app/AboutBox.h"
+#include "app/Revision.h"
+#include "platform/qt/HelpFile.h"
+#include "platform/qt/HelpViewer.h"
+#include "tests/Support.h"
+#include "tests/ui/WindowUser.h"
+
+namespace qfr {
+namespace {
+
+using namespace test;
+using testing::AllOf;
+using testing::HasSubstr;
+
+struct Help : testing::Test, WindowUser {
+    void Show(int topic) {
+        ASSERT_TRUE(viewer.Open(topic));
+        for (QWidget* const top : QApplication::topLevelWidgets()) {
+            if (top->objectName() == "HelpWindow") {
+                Face(*top);
+            }
+        }
+    }
+    QTextBrowser& Page() { return Get<QTextBrowser>("Page"); }
+    std::string Heading() { return Page().document()->firstBlock().text().toStdString(); }
+    std::string Selected() { return Page().textCursor().selectedText().toStdString(); }
+
+    HelpViewer viewer{QFR_HELP_FILE};
+};
+
+TEST_F(Help, HasAPageForEveryWindow) {
+    // The last one is no window's.
+    std::string headings;
+    for (const int topic : {10, 105, 110, 120, 420, 121, 122, 130, 140, 150, 160, 170, 180, 999}) {
+        Show(topic);
+        headings += Heading() + "|";
+    }
+    EXPECT_EQ(
+        headings,
+        "QFR Forms|Load Files|Form 1 Header|Form 1 TIC Header|Tentatively Identified Compound "
+        "Input|Form 2 Advisory Recovery Ranges|Method Blank Summary Comment|Instrument "
+        "Performance Check|Initial Calibration Data|Continuing Calibration Data Input|Internal "
+        "Standard Summary Input|Print All Forms|Printing|QFR Forms|");
+}
+
+TEST_F(Help, HoldsWhatItsPagesReferTo) {
+    const auto help = HelpFile::Open(QFR_HELP_FILE);
+    ASSERT_NE(help, nullptr);
+    static const QRegularExpression reference("(?:href|src)=\"([^\"#]+)");
+    QStringList paths;
+    for (const HelpChapter& chapter : help->Contents()) {
+        paths += chapter.page;
+    }
+    for (qsizetype i = 0; i < paths.size(); ++i) {
+        const auto bytes = help->Read(paths[i]);
+        ASSERT_TRUE(bytes && !bytes->isEmpty()) << paths[i].toStdString();
+        for (auto found = reference.globalMatch(*bytes); found.hasNext();) {
+            paths += found.next().captured(1);
+        }
+        paths.removeDuplicates();
+    }
+    EXPECT_THAT(paths, testing::Contains(QString("pictures/load-files.png")));
+}
+
+TEST_F(Help, GoesBackAndForward) {
+    Show(10);
+    Page().setSource(QUrl("load-files.html"));
+    Page().setSource(QUrl("http://example.com/"));
+    EXPECT_EQ(Heading(), "Load Files");
+    EXPECT_EQ(Get<QTreeWidget>("Contents").currentItem()->text(0), "Loading files");
+    Press(Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(Heading(), "QFR Forms");
+    Click("ForwardButton");
+    EXPECT_EQ(Heading(), "Load Files");
+    Type("&h");
+    EXPECT_EQ(Heading(), "QFR Forms");
+}
+
+TEST_F(Help, FindsInThePage) {
+    Show(105);
+    Type("^f");
+    Type("CLEAR all");
+    EXPECT_EQ(Selected(), "Clear All");
+    const int first = Page().textCursor().position();
+    Press(Qt::Key_F3);
+    EXPECT_GT(Page().textCursor().position(), first);
+    Press(Qt::Key_F3, Qt::ShiftModifier);
+    EXPECT_EQ(Page().textCursor().position(), first);
+    Type("ergy");
+    EXPECT_EQ(Get<QLabel>("FindState").text(), "Not found");
+}
+
+TEST_F(Help, TakesInputAboveAModalDialog) {
+    Show(10);
+    for (const bool opened : {false, true}) {
+        QDialog dialog;
+        QTimer::singleShot(0, &dialog, [&] {
+            if (opened) {
+                Show(150);
+            }
+            Face(*window);
+            QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {},
+                              Get("HomeButton").mapTo(window, QPoint(5, 5)));
+            EXPECT_EQ(Heading(), "QFR Forms");
+            QTest::keyClick(window->windowHandle(), Qt::Key_Escape);
+            EXPECT_FALSE(window->isVisible());
+            EXPECT_TRUE(dialog.isVisible());
+            dialog.reject();
+        });
+        dialog.exec();
+    }
+}
+
+TEST_F(Help, RefusesADamagedFile) {
+    TempDir dir;
+    const std::string whole = ReadAll(QFR_HELP_FILE);
+    std::string scrambled = whole;
+    std::fill(scrambled.begin() + 0x200, scrambled.end(), '\x5a');
+    for (const std::string& bytes :
+         {std::string(), whole.substr(0, 100), whole.substr(0, whole.size() - 1), scrambled}) {
+        dir.Write("QFRHelp.chm", bytes);
+        EXPECT_FALSE(HelpViewer(dir.Path() / "QFRHelp.chm").Open(10)) << bytes.size();
+    }
+    EXPECT_FALSE(HelpViewer(dir.Path() / "none.chm").Open(10));
+}
+
+TEST(AboutBox, TellsWhatTheProgramIsMadeOf) {
+    const TAboutBox box(nullptr);
+    const std::string text = box.findChild<QLabel*>("Comments")->text().toStdString();
+    const std::string revision(Revision().empty() ? "source archive" : Revision());
+    EXPECT_THAT(text, AllOf(HasSubstr(revision), HasSubstr(qVersion()), HasSubstr("libchm")));
+}
+
+}  // namespace
+}  // namespace qfr
