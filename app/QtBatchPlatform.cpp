@@ -2,6 +2,7 @@
 
 #include <iostream>
 
+#include "platform/HostSystem.h"
 #include "platform/qt/PdfFile.h"
 #include "platform/qt/PdfSaver.h"
 #include "platform/qt/PrinterQueue.h"
@@ -60,8 +61,7 @@ std::optional<std::string> QtBatchPlatform::PrintOnQueue(const PrintJob& job,
 int RunQfrBatch(int argc, char** argv) {
     std::ios_base::sync_with_stdio(false);
     QtBatchPlatform platform;
-    return RunBatchCommand(std::vector<std::string>(argv + 1, argv + argc), std::cout, std::cerr,
-                           platform);
+    return RunBatchCommand(ProgramArguments(argc, argv), std::cout, std::cerr, platform);
 }
 
 }  // namespace qfr

@@ -1,7 +1,4 @@
 // The desktop program.
-#include <string>
-#include <vector>
-
 #include <QApplication>
 #include <QSettings>
 #include <QStandardPaths>
@@ -10,6 +7,7 @@
 
 #include "app/MainForm.h"
 #include "platform/FileLookup.h"
+#include "platform/HostSystem.h"
 #include "platform/SettingsDir.h"
 #include "platform/qt/DesktopSink.h"
 #include "platform/qt/HelpViewer.h"
@@ -63,8 +61,7 @@ int main(int argc, char** argv) {
     });
     mainWindow.show();
     // With the window in sight, where what is told about the file belongs.
-    QTimer::singleShot(0, &mainWindow, [&] {
-        mainWindow.OpenArguments(std::vector<std::string>(argv + 1, argv + argc));
-    });
+    QTimer::singleShot(0, &mainWindow,
+                       [&] { mainWindow.OpenArguments(qfr::ProgramArguments(argc, argv)); });
     return QApplication::exec();
 }

@@ -22,13 +22,22 @@ bool Exists(const fs::path& path) {
 
 }  // namespace
 
+// Where names are of wide characters, not every text is a name, nor every name a text.
 fs::path PathOf(std::string_view utf8) {
-    return {std::u8string(utf8.begin(), utf8.end())};
+    try {
+        return {std::u8string(utf8.begin(), utf8.end())};
+    } catch (const std::system_error&) {
+        return {};
+    }
 }
 
 std::string TextOf(const fs::path& path) {
-    const std::u8string text = path.u8string();
-    return {text.begin(), text.end()};
+    try {
+        const std::u8string text = path.u8string();
+        return {text.begin(), text.end()};
+    } catch (const std::system_error&) {
+        return {};
+    }
 }
 
 const FileFinder::Listing& FileFinder::ListingOf(const fs::path& folder) {

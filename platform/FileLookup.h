@@ -13,7 +13,7 @@
 
 namespace qfr {
 
-// UTF-8 text and paths, both ways.
+// UTF-8 text and paths, both ways; empty when the one has no form as the other.
 std::filesystem::path PathOf(std::string_view utf8);
 std::string TextOf(const std::filesystem::path& path);
 

@@ -3,39 +3,11 @@
 #include <system_error>
 
 #include "platform/FileLookup.h"
-
-#ifdef _WIN32
-#include <optional>
-
-#include "platform/FileReplace.h"
-#else
-#include <fcntl.h>
-#include <unistd.h>
-#endif
+#include "platform/HostSystem.h"
 
 namespace qfr {
 
 namespace fs = std::filesystem;
-
-namespace {
-
-bool IsWritable(const fs::path& folder) {
-    std::error_code error;
-    if (!fs::is_directory(folder, error)) {
-        return false;
-    }
-#ifdef _WIN32
-    // Access lists decide, and only an attempt tells.
-    const fs::path probe = folder / "qfr-probe.tmp";
-    const bool written = !ReplaceFile(probe, "").has_value();
-    fs::remove(probe, error);
-    return written;
-#else
-    return ::faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
-#endif
-}
-
-}  // namespace
 
 std::string SettingsDir::ProgramDir() const {
     return TextOf(programDir_ / "");

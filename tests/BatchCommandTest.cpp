@@ -87,7 +87,7 @@ class BatchCommand : public testing::Test {
     }
     // As the batch stores it.
     std::string Stored(const std::string& file) const {
-        return LowerCase(TextOf(dir_.Path() / file));
+        return LowerCase(TextOf((dir_.Path() / file).make_preferred()));
     }
     // The transcript of a print command, and the content of x.pdf, which is removed.
     std::string Print(const std::string& arguments) {

@@ -21,7 +21,7 @@ class LoadFiles : public testing::Test, public BatchOwner {
     bool Add(const Names& names) {
         Names files;
         for (const std::string& name : names) {
-            files.push_back(name.starts_with('/') ? name : Report(name));
+            files.push_back(std::filesystem::path(name).is_absolute() ? name : Report(name));
         }
         return AddQuantReports(batch_, files, log_, *this);
     }

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
+#include <random>
 #include <sstream>
-#include <unistd.h>
 
 #include "platform/FileLookup.h"
 #include "platform/PrintJob.h"
@@ -33,8 +33,9 @@ std::vector<std::string> MessageLog::Take(std::string Message::*part) {
 }
 
 TempDir::TempDir() {
-    std::string name = (fs::temp_directory_path() / "qfr-test-XXXXXX").string();
-    path_ = ::mkdtemp(name.data());
+    do {
+        path_ = fs::temp_directory_path() / ("qfr-test-" + std::to_string(std::random_device()()));
+    } while (!fs::create_directory(path_));
     fs::permissions(path_, fs::perms(0755));
 }
 
@@ -48,13 +49,6 @@ std::string TempDir::Write(std::string_view name, std::string_view content) cons
     fs::create_directories(file.parent_path());
     std::ofstream(file, std::ios::binary) << content;
     return TextOf(file);
-}
-
-std::shared_ptr<void> OrdinaryUser() {
-    constexpr uid_t kNobody = 65534;
-    const uid_t before = ::geteuid();
-    EXPECT_EQ(before == 0 ? ::seteuid(kNobody) : 0, 0);
-    return {nullptr, [before](void*) { EXPECT_EQ(::seteuid(before), 0); }};
 }
 
 std::string ReportText::Text() const {

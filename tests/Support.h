@@ -50,10 +50,6 @@ class TempDir {
     std::filesystem::path path_;
 };
 
-// Gives up the rights of an administrator while the result lives, so that what may not be read or
-// written cannot be. TempDir's directories stay readable.
-[[nodiscard]] std::shared_ptr<void> OrdinaryUser();
-
 // A valid quantitation report; a test changes what it is about.
 struct ReportText {
     std::string header =

@@ -1,0 +1,66 @@
+#include "platform/HostSystem.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
+#include <io.h>
+#include <memory>
+#include <sys/stat.h>
+
+// clang-format off
+#include <windows.h>
+#include <shellapi.h>
+// clang-format on
+
+#include "platform/FileLookup.h"
+
+namespace qfr {
+
+namespace fs = std::filesystem;
+
+std::vector<std::string> ProgramArguments(int, const char* const*) {
+    // Those of main have lost what the system's code page lacks.
+    int count = 0;
+    const std::unique_ptr<LPWSTR, decltype(&::LocalFree)> all(
+        ::CommandLineToArgvW(::GetCommandLineW(), &count), &::LocalFree);
+    std::vector<std::string> arguments;
+    for (int i = 1; all && i < count; ++i) {
+        arguments.push_back(TextOf(all.get()[i]));
+    }
+    return arguments;
+}
+
+bool IsWritable(const fs::path& folder) {
+    std::error_code error;
+    if (!fs::is_directory(folder, error)) {
+        return false;
+    }
+    // Access lists decide, and only an attempt tells.
+    const fs::path probe = folder / "qfr-probe.tmp";
+    const bool written = !WriteNewFile(probe, fs::path(), "");
+    fs::remove(probe, error);
+    return written;
+}
+
+std::error_code WriteNewFile(const fs::path& file, const fs::path&, std::string_view content) {
+    const int out =
+        ::_wopen(file.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY, _S_IREAD | _S_IWRITE);
+    if (out < 0) {
+        return {errno, std::generic_category()};
+    }
+    bool whole = true;
+    while (whole && !content.empty()) {
+        constexpr std::size_t kAtOnce = 1 << 20;
+        const int written =
+            ::_write(out, content.data(), static_cast<unsigned>(std::min(content.size(), kAtOnce)));
+        whole = written > 0;
+        content.remove_prefix(whole ? static_cast<std::size_t>(written) : 0);
+    }
+    whole = whole && ::_commit(out) == 0;
+    const std::error_code error(whole ? 0 : errno, std::generic_category());
+    return ::_close(out) == 0 || error ? error : std::make_error_code(std::errc::io_error);
+}
+
+void FlushFolder(const fs::path&) {}
+
+}  // namespace qfr

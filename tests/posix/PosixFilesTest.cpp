@@ -1,0 +1,100 @@
+// What only systems with permissions, pipes and names in two cases can show of the program's files.
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "platform/FileLookup.h"
+#include "platform/FileReplace.h"
+#include "platform/LineReader.h"
+#include "platform/SettingsDir.h"
+#include "tests/Support.h"
+
+namespace qfr::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Gives up the rights of an administrator while the result lives, so that what may not be read or
+// written cannot be. TempDir's directories stay readable.
+[[nodiscard]] std::shared_ptr<void> OrdinaryUser() {
+    constexpr uid_t kNobody = 65534;
+    const uid_t before = ::geteuid();
+    EXPECT_EQ(before == 0 ? ::seteuid(kNobody) : 0, 0);
+    return {nullptr, [before](void*) { EXPECT_EQ(::seteuid(before), 0); }};
+}
+
+TEST(PosixFiles, AreNotReadWhenForbiddenOrEndless) {
+    const TempDir dir;
+    const fs::path secret = dir.Write("secret.txt", "a\n");
+    fs::permissions(secret, fs::perms::none);
+    const fs::path pipe = dir.Path() / "pipe";
+    ASSERT_EQ(::mkfifo(pipe.c_str(), 0666), 0);
+
+    const auto user = OrdinaryUser();
+    for (const fs::path& file : {secret, pipe, fs::path("/dev/zero")}) {
+        EXPECT_FALSE(LineReader::Open(file)) << file;
+    }
+}
+
+TEST(PosixFiles, AreFoundByTheFirstOfTwoNamesThatDifferInCase) {
+    const TempDir dir;
+    dir.Write("A.prn", "x");
+    dir.Write("a.PRN", "x");
+    EXPECT_EQ(FindFile(TextOf(dir.Path() / "a.prn")), dir.Path() / "A.prn");
+}
+
+TEST(PosixFiles, KeepTheirPermissionsWhenTheyAreReplaced) {
+    const TempDir dir;
+    const fs::path file = dir.Path() / std::string(255, 'n');
+    const fs::perms usual = fs::status(dir.Write("usual", "")).permissions();
+    EXPECT_EQ(ReplaceFile(file, "old"), std::nullopt);
+    EXPECT_EQ(fs::status(file).permissions(), usual);
+    fs::permissions(file, fs::perms(0640));
+    EXPECT_EQ(ReplaceFile(file, "new"), std::nullopt);
+    EXPECT_EQ(fs::status(file).permissions(), fs::perms(0640));
+}
+
+// A save that fails leaves the old file whole and nothing beside it.
+void ExpectOldFileKept(const fs::path& file, std::string_view content) {
+    EXPECT_NE(ReplaceFile(file, content).value_or(""), "");
+    EXPECT_EQ(ReadAll(file), "old");
+    EXPECT_EQ(std::distance(fs::directory_iterator(file.parent_path()), {}), 1);
+}
+
+TEST(PosixFiles, StayWhenNotAllOfTheNewCanBeWritten) {
+    const TempDir dir;
+    const std::string file = dir.Write("batch.qff", "old");
+    struct rlimit usual {};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &usual), 0);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const struct rlimit small { 10'000, usual.rlim_max };
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    ExpectOldFileKept(file, std::string(1'000'000, 'x'));
+    ::setrlimit(RLIMIT_FSIZE, &usual);
+    std::signal(SIGXFSZ, handler);
+
+    fs::permissions(file, fs::perms(0666));
+    fs::permissions(dir.Path(), fs::perms(0555));
+    const auto user = OrdinaryUser();
+    ExpectOldFileKept(file, "new");
+}
+
+TEST(PosixFiles, OfAProgramThatMayNotWriteThemAreTheUsersOwnCopies) {
+    const TempDir dir;
+    const fs::path program = fs::path(dir.Write("program/p.txt", "shipped")).parent_path();
+    const fs::path home = dir.Path() / "home";
+    dir.Write("home/.qfr/p.txt", "user's");
+    fs::permissions(program, fs::perms(0555));
+    fs::permissions(home, fs::perms(0777));
+    const auto user = OrdinaryUser();
+    EXPECT_EQ(ReadAll(SettingsDir(program, home / ".qfr").ForReading("p.txt")), "user's");
+    const SettingsDir fresh(program / "", home / ".config" / "qfr");
+    EXPECT_EQ(fresh.ProgramDir(), TextOf(program) + "/");
+    EXPECT_EQ(ReadAll(fresh.ForReading("p.txt")), "shipped");
+    EXPECT_EQ(fresh.ForWriting("p.txt"), home / ".config" / "qfr" / "p.txt");
+    EXPECT_TRUE(fs::is_directory(home / ".config" / "qfr"));
+}
+
+}  // namespace
+}  // namespace qfr::test
