@@ -9,7 +9,9 @@
 #include "platform/FileLookup.h"
 #include "platform/HostSystem.h"
 #include "platform/SettingsDir.h"
+#include "platform/qt/ControlNames.h"
 #include "platform/qt/DesktopSink.h"
+#include "platform/qt/FrameStyle.h"
 #include "platform/qt/HelpViewer.h"
 #include "platform/qt/PrinterSetupDialog.h"
 #include "platform/qt/QtFileChooser.h"
@@ -23,6 +25,8 @@ int main(int argc, char** argv) {
     QApplication application(count, names);
     QApplication::setApplicationName("QFR Forms");
     QApplication::setDesktopFileName("qfrforms");
+    QApplication::setStyle(new qfr::FrameStyle);  // the toolkit owns it
+    qfr::NameControls(application);
     // The main window hides while another one takes its place; only its exit sequence ends the run.
     QApplication::setQuitOnLastWindowClosed(false);
 

@@ -16,6 +16,7 @@
 #include "platform/FileLookup.h"
 #include "platform/Text.h"
 #include "platform/qt/MaskEdit.h"
+#include "platform/qt/WaitCursor.h"
 #include "ui_Form1Header.h"
 
 namespace qfr {
@@ -415,6 +416,7 @@ void TForm1Header::PrintButtonClick() {
     if (Record() == nullptr) {
         return;
     }
+    const WaitCursor wait;
     host_.Page().testPrinter();
     if (ui_->EnterButton->isEnabled()) {
         PrintFormITic(host_, currentRecord_);

@@ -34,6 +34,7 @@ TInitCalInput::TInitCalInput(FormHost& host, WindowServices& services, QWidget* 
     checks_->Watch({ui_->CalStartMaskEdit, ui_->CalEndMaskEdit});
 
     for (std::size_t level = 0; level < kLevels; ++level) {
+        OfLevel<QLineEdit>("CalFileEdit", level).setAccessibleDescription(ui_->IdsLabel->text());
         connect(&OfLevel<QPushButton>("BrowseButton", level), &QPushButton::clicked, this,
                 [this, level] { OnBrowseClick(level); });
     }

@@ -12,6 +12,7 @@ namespace qfr {
 
 const std::vector<std::string>& DesktopSink::Printers() {
     if (printers_.empty()) {
+        const WaitCursor wait;
         printers_ = InstalledPrinters();
         printers_.push_back(kPdfPrinter);
         printers_.push_back(kPreviewPrinter);

@@ -23,6 +23,13 @@ QString RightAligned(const QString& part, QChar unfilled) {
     return digits.rightJustified(part.size(), unfilled);
 }
 
+// How a date or time is to be typed, for who sees no mask.
+QString Shape(const QString& empty) {
+    const QStringList parts = {empty.contains(u'/') ? "MM/DD/YYYY" : "",
+                               empty.contains(u':') ? "HH:MI" : ""};
+    return parts.join(u' ').trimmed();
+}
+
 }  // namespace
 
 MaskEdit::MaskEdit(QWidget* parent) : QLineEdit(parent) {}
@@ -41,6 +48,7 @@ void MaskEdit::SetMask(const std::string& mask) {
         toolkitMask += place ? QStringLiteral("0") : QStringLiteral("\\") + c;
     }
     setInputMask(toolkitMask + u';' + unfilled_);
+    setToolTip(Shape(empty_));
 }
 
 std::string MaskEdit::MaskText() const {

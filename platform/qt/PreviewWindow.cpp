@@ -158,10 +158,14 @@ void PreviewWindow::ZoomBy(int steps) {
 }
 
 void PreviewWindow::Print() {
-    QStringList printers;
-    for (const std::string& name : InstalledPrinters()) {
-        printers += QString::fromStdString(name);
-    }
+    const QStringList printers = [] {
+        const WaitCursor wait;
+        QStringList names;
+        for (const std::string& name : InstalledPrinters()) {
+            names += QString::fromStdString(name);
+        }
+        return names;
+    }();
     bool chosen = false;
     const QString printer =
         QInputDialog::getItem(this, "Print", "&Printer:", printers, 0, false, &chosen);

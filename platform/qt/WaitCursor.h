@@ -13,24 +13,24 @@ class WaitCursor {
     WaitCursor& operator=(const WaitCursor&) = delete;
 };
 
-// Shows the ordinary cursor for as long as the user is asked something in the midst of a wait.
+// Shows the windows' own cursors for as long as the user is asked something in the midst of a wait.
 class AskingCursor {
   public:
-    AskingCursor() : waiting_(QGuiApplication::overrideCursor() != nullptr) {
-        if (waiting_) {
-            QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
+    AskingCursor() {
+        for (; QGuiApplication::overrideCursor() != nullptr; ++waits_) {
+            QGuiApplication::restoreOverrideCursor();
         }
     }
     ~AskingCursor() {
-        if (waiting_) {
-            QGuiApplication::restoreOverrideCursor();
+        for (; waits_ > 0; --waits_) {
+            QGuiApplication::setOverrideCursor(Qt::WaitCursor);
         }
     }
     AskingCursor(const AskingCursor&) = delete;
     AskingCursor& operator=(const AskingCursor&) = delete;
 
   private:
-    const bool waiting_;
+    int waits_ = 0;
 };
 
 }  // namespace qfr

@@ -4,6 +4,8 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
+#include "platform/qt/ControlNames.h"
+
 int main(int argc, char** argv) {
     // The tests need no screen and leave no trace in the user's settings.
     qputenv("QT_QPA_PLATFORM", "offscreen");
@@ -21,6 +23,7 @@ int main(int argc, char** argv) {
             }
         });
     testing::InitGoogleTest(&argc, argv);
-    const QApplication application(argc, argv);
+    QApplication application(argc, argv);
+    qfr::NameControls(application);
     return RUN_ALL_TESTS();
 }

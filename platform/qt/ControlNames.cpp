@@ -1,0 +1,149 @@
+#include "platform/qt/ControlNames.h"
+
+#include <QAbstractItemView>
+#include <QAccessibleWidget>
+#include <QApplication>
+#include <QComboBox>
+#include <QEvent>
+#include <QLabel>
+#include <QLayout>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace qfr {
+
+namespace {
+
+// The toolkit's own, on X11, is named by its choice and has no other place for a name.
+class DropDown : public QAccessibleWidget {
+  public:
+    explicit DropDown(QComboBox& box) : QAccessibleWidget(&box, QAccessible::ComboBox), box_(box) {}
+
+    QString text(QAccessible::Text kind) const override {
+        const bool choice =
+            kind == QAccessible::Value || (kind == QAccessible::Description && DescribedByChoice());
+        return choice ? box_.currentText() : QAccessibleWidget::text(kind);
+    }
+
+    // The list, and the entry if there is one.
+    int childCount() const override { return box_.isEditable() ? 2 : 1; }
+    QAccessibleInterface* child(int index) const override {
+        return QAccessible::queryAccessibleInterface(ChildWidget(index));
+    }
+    int indexOfChild(const QAccessibleInterface* child) const override {
+        for (int index = 0; index < childCount(); ++index) {
+            if (child->object() == ChildWidget(index)) {
+                return index;
+            }
+        }
+        return -1;
+    }
+    QAccessibleInterface* childAt(int x, int y) const override {
+        return box_.isEditable() && child(1)->rect().contains(x, y) ? child(1) : nullptr;
+    }
+
+    QStringList actionNames() const override { return {showMenuAction(), pressAction()}; }
+    void doAction(const QString& action) override {
+        if (!actionNames().contains(action)) {
+            QAccessibleWidget::doAction(action);
+        } else if (box_.view()->isVisible()) {
+            box_.hidePopup();
+        } else {
+            box_.showPopup();
+        }
+    }
+
+  private:
+    bool DescribedByChoice() const {
+        return !box_.isEditable() && box_.accessibleDescription().isEmpty();
+    }
+    QWidget* ChildWidget(int index) const {
+        return index == 0 ? static_cast<QWidget*>(box_.view()) : box_.lineEdit();
+    }
+
+    QComboBox& box_;
+};
+
+// The toolkit owns what it gets.
+QAccessibleInterface* MakeDropDown(const QString& /*className*/, QObject* object) {
+    auto* const box = qobject_cast<QComboBox*>(object);
+    if (box == nullptr) {
+        return nullptr;
+    }
+    QObject::connect(box, &QComboBox::currentTextChanged, box, [box] {
+        QAccessibleEvent changed(box, QAccessible::DescriptionChanged);
+        QAccessible::updateAccessibility(&changed);
+    });
+    return new DropDown(*box);
+}
+
+// The layout that holds the widget, looked for from the given one down.
+const QLayout* LayoutOf(const QLayout* layout, const QWidget* widget) {
+    if (layout == nullptr || layout->indexOf(widget) >= 0) {
+        return layout;
+    }
+    for (int i = 0; i < layout->count(); ++i) {
+        const QLayout* const inner = layout->itemAt(i)->layout();
+        if (const QLayout* const found = inner ? LayoutOf(inner, widget) : nullptr) {
+            return found;
+        }
+    }
+    return nullptr;
+}
+
+// Without the mark of the mnemonic, as one line.
+QString Caption(const QLabel& label) {
+    QString caption = label.text();
+    caption.replace(u'\n', u' ');
+    return caption.remove(u'&').trimmed();
+}
+
+void NameByLabels(const QWidget& window) {
+    for (const QLabel* const label : window.findChildren<QLabel*>()) {
+        QWidget* const control = label->buddy();
+        if (control != nullptr && control->accessibleName().isEmpty()) {
+            control->setAccessibleName(Caption(*label));
+        }
+    }
+    for (const QComboBox* const box : window.findChildren<QComboBox*>()) {
+        if (box->isEditable()) {
+            box->lineEdit()->setAccessibleName(box->accessibleName());
+        }
+    }
+}
+
+void DescribeButtonsByFields(const QWidget& window) {
+    for (QPushButton* const button : window.findChildren<QPushButton*>()) {
+        const QWidget* const field = button->previousInFocusChain();
+        const QLayout* const layout = LayoutOf(button->parentWidget()->layout(), button);
+        if (button->accessibleDescription().isEmpty() && layout != nullptr &&
+            layout->indexOf(field) >= 0 && qobject_cast<const QPushButton*>(field) == nullptr) {
+            button->setAccessibleDescription(field->accessibleName());
+        }
+    }
+}
+
+class ControlNamer : public QObject {
+  public:
+    using QObject::QObject;
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Show && watched->isWidgetType()) {
+            if (const auto& window = *static_cast<QWidget*>(watched); window.isWindow()) {
+                NameByLabels(window);
+                DescribeButtonsByFields(window);
+            }
+        }
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+}  // namespace
+
+void NameControls(QApplication& application) {
+    QAccessible::installFactory(MakeDropDown);
+    application.installEventFilter(new ControlNamer(&application));
+}
+
+}  // namespace qfr
