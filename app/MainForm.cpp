@@ -39,6 +39,7 @@ namespace {
 
 constexpr int kHelpTopic = 10;
 constexpr QSize kWindowSize(800, 500);
+constexpr int kStateLetters = 130;  // that the status bar has room for
 
 // Lines of the paths file.
 constexpr int kBatchSlot = 4;
@@ -165,7 +166,7 @@ void TQFRForm::OnCreate() {
     ShowBatchState();
     ConnectHelp(*aboutBox_, *this, kHelpTopic);
 
-    resize(kWindowSize);
+    resize(kWindowSize.expandedTo({kStateLetters * fontMetrics().averageCharWidth(), 0}));
     const QRect place(QPoint(), size());
     move(place.translated(screen()->availableGeometry().center() - place.center()).topLeft());
 }
@@ -191,6 +192,7 @@ TQFRForm::SaveResult TQFRForm::Save() {
     if (!chosen) {
         return SaveResult::kCancelled;
     }
+    const WaitCursor wait;
     const std::string& file = chosen->files.front();
     if (ReplaceFile(PathOf(file), SaveBatch(Batch(), entries_))) {
         Show(CouldNotBeWritten(file));
@@ -336,9 +338,13 @@ std::optional<ChosenFiles> TQFRForm::ChooseFiles(int filter, int pathSlot, bool 
     std::optional<ChosenFiles> chosen =
         services_.Chooser.Open({filter, paths_.ReadPath(pathSlot), multiSelect});
     if (chosen) {
-        paths_.RememberDir(chosen->files.front(), static_cast<FileKind>(chosen->filter));
+        RememberChoice(*chosen);
     }
     return chosen;
+}
+
+void TQFRForm::RememberChoice(const ChosenFiles& chosen) {
+    paths_.RememberDir(chosen.files.front(), static_cast<FileKind>(chosen.filter));
 }
 
 std::optional<std::string> TQFRForm::ChooseLaboratoryFile() {

@@ -76,6 +76,7 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
 
     // WindowServices
     std::optional<ChosenFiles> ChooseFiles(int filter, int pathSlot, bool multiSelect) override;
+    void RememberChoice(const ChosenFiles& chosen) override;
     std::optional<std::string> ChooseLaboratoryFile() override;
     const SettingsDir& Settings() const override { return services_.Settings; }
     void EnterTics(std::size_t record, const std::string& sampleNo) override;

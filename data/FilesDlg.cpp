@@ -2,7 +2,12 @@
 
 #include <algorithm>
 
+#include <QDir>
+#include <QDropEvent>
+#include <QFileInfo>
+#include <QMimeData>
 #include <QShortcut>
+#include <QUrl>
 
 #include "platform/Text.h"
 #include "platform/qt/WaitCursor.h"
@@ -13,7 +18,10 @@ namespace qfr {
 namespace {
 
 constexpr int kHelpTopic = 105;
-constexpr QSize kDialogSize(598, 456);  // at 100 %; larger where the fonts need it
+constexpr int kReportFilter = 1;        // of kOpenFilters, from 1
+constexpr QSize kDialogSize(598, 456);  // at 100 %; larger where the fonts need it:
+constexpr int kLettersAcross = 80;
+constexpr int kLinesDown = 28;
 
 // What a Browse or Add button sets the open dialog to.
 struct OpenSetting {
@@ -22,11 +30,25 @@ struct OpenSetting {
     bool multiSelect;
 };
 constexpr OpenSetting kOpenSettings[] = {
-    {1, 1, false},  // lab blank
-    {1, 1, true},   // quantitation reports
-    {2, 2, false},  // calibration report
-    {3, 1, false},  // check report: on purpose from the quantitation reports' directory
+    {kReportFilter, 1, false},  // lab blank
+    {kReportFilter, 1, true},   // quantitation reports
+    {2, 2, false},              // calibration report
+    {3, 1, false},              // check report: on purpose from the quantitation reports' directory
 };
+
+// The reports among the files of a drag, full paths. What else comes along stays where it is.
+std::vector<std::string> ReportsIn(const QMimeData& dragged) {
+    const std::string_view patterns = kOpenFilters[kReportFilter - 1].patterns;
+    const QString pattern = QString::fromStdString(std::string(patterns));
+    std::vector<std::string> reports;
+    for (const QUrl& url : dragged.urls()) {
+        const QFileInfo file(url.toLocalFile());  // empty for what is not of this machine
+        if (file.isFile() && QDir::match(pattern, file.fileName())) {
+            reports.push_back(QDir::toNativeSeparators(file.absoluteFilePath()).toStdString());
+        }
+    }
+    return reports;
+}
 
 // Paths are told apart by their ends.
 void ShowPath(QLineEdit* edit, const std::string& path) {
@@ -47,7 +69,9 @@ TFilesDlg::TFilesDlg(FilesDlgOwner& owner, WindowServices& services, Messages& m
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
     ui_->setupUi(this);
     ensurePolished();
-    setFixedSize(sizeHint().expandedTo(kDialogSize));
+    const QSize forLetters(kLettersAcross * fontMetrics().averageCharWidth(),
+                           kLinesDown * fontMetrics().height());
+    setFixedSize(sizeHint().expandedTo(kDialogSize).expandedTo(forLetters));
 
     for (QLineEdit* edit : findChildren<QLineEdit*>()) {
         if (edit->isReadOnly()) {
@@ -74,6 +98,9 @@ TFilesDlg::TFilesDlg(FilesDlgOwner& owner, WindowServices& services, Messages& m
     connect(deleteKey, &QShortcut::activated, this, &TFilesDlg::DeleteButtonClick);
     connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this,
             &TFilesDlg::Button1Click);
+
+    ui_->QFilesList->setAcceptDrops(true);
+    ui_->QFilesList->viewport()->installEventFilter(this);
 
     ui_->BrowseLabBlank->setFocus();
 
@@ -106,15 +133,35 @@ void TFilesDlg::OpenFiles(Choice choice) {
     if (!chosen) {
         return;
     }
-    owner_.Flags().Form8DataReady = false;
-    const WaitCursor wait;
     Take(choice, chosen->files);
-    // Also after a rejection, which may have taken the names of the library and the like, or
-    // cleared the batch.
-    ShowFileSet();
+}
+
+void TFilesDlg::AddDropped(const std::vector<std::string>& reports) {
+    activateWindow();
+    services_.RememberChoice({reports, kReportFilter});
+    Take(Choice::kQuantReports, reports);
+}
+
+bool TFilesDlg::eventFilter(QObject* watched, QEvent* event) {
+    const bool dropped = event->type() == QEvent::Drop;
+    if (!dropped && event->type() != QEvent::DragEnter && event->type() != QEvent::DragMove) {
+        return QDialog::eventFilter(watched, event);
+    }
+    auto& drag = *static_cast<QDropEvent*>(event);
+    const std::vector<std::string> reports = ReportsIn(*drag.mimeData());
+    drag.setDropAction(Qt::CopyAction);
+    drag.setAccepted(!reports.empty());
+    if (dropped && !reports.empty()) {
+        // A message must not keep the program waiting from which the files came.
+        QMetaObject::invokeMethod(
+            this, [this, reports] { AddDropped(reports); }, Qt::QueuedConnection);
+    }
+    return true;
 }
 
 void TFilesDlg::Take(Choice choice, const std::vector<std::string>& files) {
+    owner_.Flags().Form8DataReady = false;
+    const WaitCursor wait;
     switch (choice) {
         case Choice::kLabBlank:
             TakeLabBlank(batch_, files.front(), messages_, owner_);
@@ -129,6 +176,9 @@ void TFilesDlg::Take(Choice choice, const std::vector<std::string>& files) {
             TakeCheckReport(batch_, files.front(), messages_);
             break;
     }
+    // Also after a rejection, which may have taken the names of the library and the like, or
+    // cleared the batch.
+    ShowFileSet();
 }
 
 void TFilesDlg::OkButtonClick() {

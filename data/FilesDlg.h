@@ -40,11 +40,17 @@ class TFilesDlg : public QDialog {
     // Escape and the window manager's close: the dialog has no Cancel.
     void reject() override { OkButtonClick(); }
 
+  protected:
+    // Reports that are dragged onto QFilesList.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
     // What a Browse or Add button chooses.
     enum class Choice { kLabBlank, kQuantReports, kCalReport, kCheckReport };
 
     void OpenFiles(Choice choice);
+    // As if they had been chosen with "Add Files".
+    void AddDropped(const std::vector<std::string>& reports);
     void Take(Choice choice, const std::vector<std::string>& files);
     void OkButtonClick();
     void DeleteButtonClick();

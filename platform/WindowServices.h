@@ -25,6 +25,9 @@ class WindowServices {
     // Absent when the user cancelled.
     virtual std::optional<ChosenFiles> ChooseFiles(int filter, int pathSlot, bool multiSelect) = 0;
 
+    // Remembers where files came from that were chosen without that dialog.
+    virtual void RememberChoice(const ChosenFiles& chosen) = 0;
+
     // Runs the program's save dialog for a laboratory file, starting where text files were last,
     // and remembers the directory. A full path (UTF-8), or absent when the user cancelled.
     virtual std::optional<std::string> ChooseLaboratoryFile() = 0;

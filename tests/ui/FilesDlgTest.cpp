@@ -1,4 +1,5 @@
 #include <QListWidget>
+#include <QMimeData>
 
 #include "data/FilesDlg.h"
 #include "platform/Text.h"
@@ -65,6 +66,27 @@ TEST(FilesDlg, AssemblesABatch) {
     rig.Open();
     rig.Choose("AddButton", {"VHBLK01.PRN"});
     EXPECT_THAT(rig.Recorded(), ElementsAre("vblk01.prn", "vhblk01.prn", "za101.prn", "za102.prn"));
+}
+
+TEST(FilesDlg, TakesTheReportsOfADrag) {
+    for (const auto& [other, report] : {std::pair(".", "ZA101.PRN"), {"VOA0516.CAL", "X.PRN"}}) {
+        FilesRig rig;
+        const bool taken = QFile::exists(QString::fromStdString(Example(report)));
+        rig.form.Flags().Form8DataReady = true;
+        QMimeData files;
+        files.setUrls({QUrl("http://laboratory/ZA103.PRN"),
+                       QUrl::fromLocalFile(QString::fromStdString(Example(other))),
+                       QUrl::fromLocalFile(QString::fromStdString(Example(report)))});
+        QDragEnterEvent enter({9, 9}, Qt::CopyAction, &files, Qt::LeftButton, {});
+        QApplication::sendEvent(rig.list.viewport(), &enter);
+        EXPECT_EQ(enter.isAccepted(), taken);
+        QDropEvent drop({9, 9}, Qt::CopyAction, &files, Qt::LeftButton, {});
+        QApplication::sendEvent(rig.list.viewport(), &drop);
+        QTest::qWait(0);
+        EXPECT_EQ(rig.Listed().size(), taken ? 1U : 0U);
+        EXPECT_EQ(rig.form.Flags().Form8DataReady, !taken);
+        EXPECT_EQ(rig.Read("QFRpaths.txt").rfind("/reports", 0) == 0, !taken);
+    }
 }
 
 TEST(FilesDlg, StartsEachChoiceWhereItsKindOfFileWasLast) {
