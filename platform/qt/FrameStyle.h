@@ -11,8 +11,6 @@ namespace qfr {
 
 // At 150 % a frame one pixel wide lies half outside its widget and half under what it frames.
 class FrameStyle : public QProxyStyle {
-    Q_OBJECT
-
   public:
     int pixelMetric(PixelMetric metric, const QStyleOption* option,
                     const QWidget* widget) const override {
