@@ -2,6 +2,7 @@
 
 #include "app/Revision.h"
 #include "platform/qt/HelpViewer.h"
+#include "platform/qt/PdfOutline.h"
 #include "ui_AboutBox.h"
 
 namespace qfr {
@@ -18,7 +19,8 @@ QString BuiltFrom() {
 }
 
 QStringList Libraries() {
-    QStringList libraries = {QString("Qt ") + qVersion(), TextOf(HelpViewer::Library())};
+    QStringList libraries = {QString("Qt ") + qVersion(), TextOf(OutlineLibrary()),
+                             TextOf(HelpViewer::Library())};
     libraries.removeAll("");
     return libraries;
 }

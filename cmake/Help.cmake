@@ -19,8 +19,11 @@ set(QFR_HELP_TOPICS ${CMAKE_BINARY_DIR}/HelpTopics.cpp)
 configure_file(platform/qt/HelpTopics.cpp.in ${QFR_HELP_TOPICS} @ONLY)
 
 find_program(QFR_CHMCMD chmcmd DOC "Compiler of the help file (Debian: fp-utils)")
+set(QFR_HELP_DIGEST_SOURCE ${CMAKE_BINARY_DIR}/HelpDigest.cpp)
 if(NOT QFR_CHMCMD)
   message(WARNING "chmcmd was not found: the programs are built without their help file.")
+  set(QFR_HELP_DIGEST "")
+  configure_file(platform/qt/HelpDigest.cpp.in ${QFR_HELP_DIGEST_SOURCE} @ONLY)
   return()
 endif()
 
@@ -31,12 +34,14 @@ set(QFR_HELP_FILE ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/QFRHelp.chm)
 
 # The compiler writes beside what it reads, so it works on a copy.
 add_custom_command(
-  OUTPUT ${QFR_HELP_FILE}
+  OUTPUT ${QFR_HELP_FILE} ${QFR_HELP_DIGEST_SOURCE}
   COMMAND ${CMAKE_COMMAND} -E rm -rf help
   COMMAND ${CMAKE_COMMAND} -E copy_directory ${CMAKE_SOURCE_DIR}/help help
   COMMAND ${CMAKE_COMMAND} -E chdir help ${QFR_CHMCMD} --verbosity 0 QFRHelp.hhp
   COMMAND ${CMAKE_COMMAND} -E copy help/QFRHelp.chm ${QFR_HELP_FILE}
-  DEPENDS ${QFR_HELP_SOURCES}
+  COMMAND ${CMAKE_COMMAND} -DQFR_SOURCE_DIR=${CMAKE_SOURCE_DIR} -DQFR_HELP_FILE=${QFR_HELP_FILE}
+          -P ${CMAKE_SOURCE_DIR}/cmake/HelpDigest.cmake
+  DEPENDS ${QFR_HELP_SOURCES} platform/qt/HelpDigest.cpp.in cmake/HelpDigest.cmake
   WORKING_DIRECTORY ${CMAKE_BINARY_DIR}
   COMMENT "Compiling the help file"
   VERBATIM)

@@ -1,40 +1,30 @@
 #include "platform/qt/HelpFile.h"
 
 #include <algorithm>
-#include <array>
 #include <chm_lib.h>
-#include <fstream>
 
+#include <QCryptographicHash>
+#include <QFile>
 #include <QRegularExpression>
 #include <QTextDocumentFragment>
-#include <QtEndian>
+
+#include "platform/qt/HelpDigest.h"
 
 namespace qfr {
 
 namespace {
 
-constexpr std::uintmax_t kMostBytes = 64 << 20;
 constexpr LONGUINT64 kMostBytesOfOne = 8 << 20;
 constexpr int kMostDepth = 10;
 
 const QString kContentsFile = "QFRHelp.hhc";
 
-// Where the file's head holds its signature and the file's length.
-constexpr std::string_view kSignature = "ITSF";
-constexpr std::size_t kLengthAt = 0x68;
-
-// A file that was not written to its end would send libchm beyond it.
-bool IsWhole(const std::filesystem::path& path) {
-    std::error_code error;
-    const std::uintmax_t length = std::filesystem::file_size(path, error);
-    if (error || length > kMostBytes) {
-        return false;
-    }
-    std::array<char, kLengthAt + sizeof(std::uint64_t)> head{};
-    std::ifstream file(path, std::ios::binary);
-    return file.read(head.data(), head.size()) &&
-           std::string_view(head.data(), kSignature.size()) == kSignature &&
-           qFromLittleEndian<std::uint64_t>(head.data() + kLengthAt) == length;
+// libchm does not survive every damaged file, so it reads none but the one built with the program.
+bool IsOurs(const std::filesystem::path& path) {
+    QFile file(path);
+    QCryptographicHash digest(QCryptographicHash::Sha256);
+    return file.open(QIODevice::ReadOnly) && digest.addData(&file) &&
+           digest.result().toHex() == QByteArrayView(HelpDigest());
 }
 
 }  // namespace
@@ -44,7 +34,7 @@ void HelpFile::Close::operator()(chmFile* file) const {
 }
 
 std::unique_ptr<HelpFile> HelpFile::Open(const std::filesystem::path& file) {
-    chmFile* const opened = IsWhole(file) ? chm_open(file.c_str()) : nullptr;
+    chmFile* const opened = IsOurs(file) ? chm_open(file.c_str()) : nullptr;
     if (opened == nullptr) {
         return nullptr;
     }

@@ -27,7 +27,7 @@ class HelpFile {
     static std::unique_ptr<HelpFile> Open(const std::filesystem::path& file);
 
     // What stands in the file under this path, "pictures/form1.png" for instance; absent when
-    // nothing does, or when it cannot be read.
+    // nothing does, when it has more than 8 MB, or when it cannot be read.
     std::optional<QByteArray> Read(const QString& path) const;
 
     // In the order of the contents; never empty.

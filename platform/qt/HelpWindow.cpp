@@ -20,6 +20,7 @@ namespace qfr {
 namespace {
 
 const QString kScheme = "help";
+constexpr int kPictureMargin = 60;  // of the page, a list and a scroll bar
 
 }  // namespace
 
@@ -37,7 +38,10 @@ class HelpPage : public QTextBrowser {
             case QTextDocument::ImageResource: {
                 QPixmap picture;
                 picture.loadFromData(bytes);
-                return picture;
+                const int room = viewport()->width() - kPictureMargin;
+                return picture.width() > room && room > 0
+                           ? picture.scaledToWidth(room, Qt::SmoothTransformation)
+                           : picture;
             }
             case QTextDocument::HtmlResource:
             case QTextDocument::StyleSheetResource:

@@ -108,4 +108,8 @@ std::optional<std::string> AddOutline(QByteArray& pdf, const std::vector<PrintJo
     return std::nullopt;
 }
 
+std::string OutlineLibrary() {
+    return "qpdf " + QPDF::QPDFVersion();
+}
+
 }  // namespace qfr

@@ -16,4 +16,7 @@ namespace qfr {
 // The reason of a failure, absent on success; after a failure `pdf` is as it was.
 std::optional<std::string> AddOutline(QByteArray& pdf, const std::vector<PrintJob>& jobs);
 
+// Name and version of the library that does it.
+std::string OutlineLibrary();
+
 }  // namespace qfr
