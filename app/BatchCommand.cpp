@@ -485,6 +485,9 @@ bool HasPrinter(const Context& context, const std::string& printer) {
         return true;
     }
     context.Complain() << "there is no printer \"" << printer << "\"";
+    if (printers.empty()) {
+        context.err << "; none is installed, or the print service does not answer";
+    }
     for (const std::string& name : printers) {
         context.err << (name == printers.front() ? "; there is " : ", ") << name;
     }

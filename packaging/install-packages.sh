@@ -9,8 +9,8 @@ set -eu
 packagesFor() {
     case "$1" in
         build)
-            echo cmake ninja-build g++ ccache qt6-base-dev libqpdf-dev libchm-dev fp-utils \
-                fonts-dejavu-core fonts-liberation ;;
+            echo cmake ninja-build g++ ccache qt6-base-dev libcups2-dev libqpdf-dev libchm-dev \
+                fp-utils fonts-dejavu-core fonts-liberation ;;
         test) echo libgtest-dev libgmock-dev poppler-utils qpdf ;;
         check) echo git clang clang-format clang-tidy libclang-rt-14-dev ;;
         package)

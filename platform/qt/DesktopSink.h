@@ -23,7 +23,6 @@ class DesktopSink : public JobSink {
     // Installed printers, then "PDF file", then "Screen preview". Indexes of the jobs refer to it,
     // so it stays the same for the run.
     const std::vector<std::string>& Printers();
-    // The window that preview windows belong to while no window is active.
 
     bool BeginJob(int printerIndex, const std::string& title) override;
     void TakeJob(int printerIndex, PrintJob job) override;

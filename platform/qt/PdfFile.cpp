@@ -16,8 +16,8 @@
 
 namespace qfr {
 
-QByteArray RenderPdf(const std::vector<PrintJob>& jobs, const std::string& title,
-                     FormFonts& fonts) {
+QByteArray RenderPdf(const std::vector<PrintJob>& jobs, const std::string& title, FormFonts& fonts,
+                     Landscape landscape) {
     QByteArray content;
     QBuffer buffer(&content);
     buffer.open(QIODevice::WriteOnly);
@@ -28,11 +28,20 @@ QByteArray RenderPdf(const std::vector<PrintJob>& jobs, const std::string& title
     QPainter painter;
     for (const PrintJob& job : jobs) {
         for (const JobPage& page : job.pages) {
-            writer.setPageLayout(LayoutOf(job.paper, page.orientation));
+            const bool turned = landscape == Landscape::kTurnedOntoPaper &&
+                                page.orientation == PageOrientation::kLandscape;
+            writer.setPageLayout(
+                LayoutOf(job.paper, turned ? PageOrientation::kPortrait : page.orientation));
             if (painter.isActive() ? !writer.newPage() : !painter.begin(&writer)) {
                 return {};
             }
+            painter.save();
+            if (turned) {
+                painter.translate(0, page.width);
+                painter.rotate(-90);
+            }
             PaintPage(painter, page, fonts);
+            painter.restore();
         }
     }
     if (!painter.isActive() || !painter.end()) {

@@ -12,8 +12,13 @@
 
 namespace qfr {
 
-// All pages of the jobs, in order, as one PDF document.
-QByteArray RenderPdf(const std::vector<PrintJob>& jobs, const std::string& title, FormFonts& fonts);
+// How the landscape pages of a document lie: to be read, or on the paper as it goes through a
+// printer, upright, with their top along its left edge.
+enum class Landscape { kUpright, kTurnedOntoPaper };
+
+// All pages of the jobs, in order, as one PDF document; empty when there is none.
+QByteArray RenderPdf(const std::vector<PrintJob>& jobs, const std::string& title, FormFonts& fonts,
+                     Landscape landscape = Landscape::kUpright);
 
 // Renders, adds an outline where there are several jobs, and replaces the file whole (UTF-8 name).
 // The reason of a failure, absent on success.
