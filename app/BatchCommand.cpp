@@ -186,12 +186,8 @@ std::variant<Arguments, std::string> ParseArguments(std::span<const std::string>
     return arguments;
 }
 
-// "TITLE: text" as one line; a message without a title is its text alone.
 void WriteMessage(std::ostream& out, const Message& message) {
-    if (!message.title.empty()) {
-        out << message.title << ": ";
-    }
-    out << OneLine(message.text) << '\n';
+    out << AsLine(message) << '\n';
 }
 
 // Nobody is there to answer: a question is a line too.

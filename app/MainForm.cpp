@@ -15,6 +15,7 @@
 #include <QStatusBar>
 
 #include "app/BatchFile.h"
+#include "app/PrintAll.h"
 #include "dialogs/EntryDialogs.h"
 #include "forms/Form2.h"
 #include "forms/Form4.h"
@@ -109,6 +110,7 @@ const std::array<TQFRForm::Menu, 3> TQFRForm::kMenus = {{
     {"&Reports",
      {
          {"Select &Printer", "Ctrl+P", &TQFRForm::SelectPrinter1Click},
+         {"Print &All Forms...", "Ctrl+Shift+P", &TQFRForm::PrintAllClick},
      }},
 }};
 
@@ -272,6 +274,10 @@ void TQFRForm::PrintFormClick() {
     const WaitCursor wait;
     driver(*this);
     ShowBatchState();
+}
+
+void TQFRForm::PrintAllClick() {
+    PrintAll(*this, services_.Metrics, services_.Packages);
 }
 
 void TQFRForm::Help1Click() {

@@ -36,6 +36,7 @@ struct DesktopServices {
     FileChooser& Chooser;
     TextMetrics& Metrics;
     JobSink& Sink;
+    PackageSink& Packages;
     const SettingsDir& Settings;
     // Lets the user change printer and paper; fills the printer's list first.
     std::function<void(TPrinter&)> ShowPrinterSetup;
@@ -107,6 +108,7 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
     template <void (*driver)(FormHost&)>
     void PrintFormClick();
     void SelectPrinter1Click() { page_.getPrinter(); }
+    void PrintAllClick();
     void Help1Click();
     void About1Click();
     void OnExit();

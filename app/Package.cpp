@@ -1,8 +1,28 @@
 #include "app/Package.h"
 
+#include <utility>
+
 #include "platform/Text.h"
 
 namespace qfr {
+
+namespace {
+
+// Keeps messages until somebody asks for them.
+class MessageKeeper : public Messages {
+  public:
+    void Show(const Message& message) override { kept_.push_back(AsLine(message)); }
+    bool AskYesNo(const Message& question) override {
+        Show(question);
+        return false;
+    }
+    std::vector<std::string> Take() { return std::exchange(kept_, {}); }
+
+  private:
+    std::vector<std::string> kept_;
+};
+
+}  // namespace
 
 std::vector<PackageWork> PlanPackage(const Batch& batch, const PackageChoice& choice) {
     std::vector<PackageWork> works;
@@ -49,6 +69,43 @@ std::optional<PrintJob> PrintWork(HeadlessHost& host, const PackageWork& work) {
         job->sample = std::move(sample);
     }
     return job;
+}
+
+PackageOutcome PrintPackage(FormHost& program, TextMetrics& metrics,
+                            const std::vector<PackageWork>& works, JobPackage& package,
+                            const std::function<bool(std::size_t job)>& goesOn) {
+    MessageKeeper messages;
+    // On copies. The dialogs take values over from each other when they show, and a form empties
+    // what a missing file leaves open; nobody has seen any of it here, so none of it may stay. But
+    // each form finds what the forms and dialogs before it have left: the milestones of the batch
+    // and the calibration tables go along.
+    HeadlessHost host({program.Batch(), program.Entries()}, metrics, messages, EntryDialogRules());
+    host.Flags() = program.Flags();
+    host.Calibration() = program.Calibration();
+    const TPrinter& chosen = program.Page().Printer();
+    host.Page().Printer().PaperSize = chosen.PaperSize;
+    host.Page().Printer().Orientation = chosen.Orientation;
+
+    PackageOutcome outcome;
+    for (std::size_t i = 0; i < works.size() && !outcome.failed; ++i) {
+        if (!goesOn(i)) {
+            outcome.cancelled = true;
+            return outcome;
+        }
+        std::optional<PrintJob> job = PrintWork(host, works[i]);
+        for (std::string& text : messages.Take()) {
+            outcome.notes.push_back({&works[i], std::move(text), job.has_value()});
+        }
+        if (!job) {
+            continue;
+        }
+        if (const auto refusal = package.Take(*std::move(job))) {
+            outcome.notes.push_back({&works[i], AsLine(*refusal), false});
+            outcome.failed = true;
+        }
+    }
+    outcome.cancelled = !outcome.failed && !goesOn(works.size());
+    return outcome;
 }
 
 }  // namespace qfr

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -11,7 +12,10 @@
 #include "app/FormList.h"
 #include "app/HeadlessHost.h"
 #include "data/Batch.h"
+#include "forms/FormHost.h"
+#include "platform/JobSink.h"
 #include "platform/PrintJob.h"
+#include "platform/TextMetrics.h"
 
 namespace qfr {
 
@@ -42,5 +46,26 @@ std::string SampleName(const SampleRecord& record);
 // Runs the form's driver, which finds the dialogs answered. The job, named by form and sample;
 // absent when the driver has refused it with a message.
 std::optional<PrintJob> PrintWork(HeadlessHost& host, const PackageWork& work);
+
+// What a form had to say while it was printed, or why it was not.
+struct PackageNote {
+    const PackageWork* work = nullptr;
+    std::string text;      // one line
+    bool printed = false;  // the form was drawn all the same
+};
+
+struct PackageOutcome {
+    std::vector<PackageNote> notes;  // about `works`
+    bool cancelled = false;          // by the user
+    bool failed = false;             // the last job could not be printed
+};
+
+// Runs the works on what `program` holds at the moment and hands each job to the package, which is
+// left unfinished. `goesOn` comes before each job, with its number from 0, and once more behind the
+// last one; where it answers no, or the package cannot take a job, the run stops. The program is
+// left as it was.
+PackageOutcome PrintPackage(FormHost& program, TextMetrics& metrics,
+                            const std::vector<PackageWork>& works, JobPackage& package,
+                            const std::function<bool(std::size_t job)>& goesOn);
 
 }  // namespace qfr

@@ -54,6 +54,7 @@ int main(int argc, char** argv) {
         .Chooser = chooser,
         .Metrics = metrics,
         .Sink = sink,
+        .Packages = sink,
         .Settings = settings,
         .ShowPrinterSetup =
             [&sink](qfr::TPrinter& printer) {

@@ -1,8 +1,12 @@
-// Where finished print jobs go.
+// Where finished print jobs go, one by one or as a package.
 #pragma once
 
+#include <cstddef>
+#include <memory>
+#include <optional>
 #include <string>
 
+#include "platform/Messages.h"
 #include "platform/PrintJob.h"
 
 namespace qfr {
@@ -15,6 +19,29 @@ class JobSink {
     virtual bool BeginJob(int printerIndex, const std::string& title) = 0;
     // Takes the whole job. The sink reports its own failures to the user.
     virtual void TakeJob(int printerIndex, PrintJob job) = 0;
+};
+
+// Jobs that belong together, taken one at a time. A package that is dropped before it is finished
+// leaves behind only what is printed already.
+class JobPackage {
+  public:
+    virtual ~JobPackage() = default;
+    // Why the job could not be printed, and the next ones would not be either; absent on success.
+    virtual std::optional<Message> Take(PrintJob job) = 0;
+    // Comes after the last job; jobs that are to be seen together are joined now. The package
+    // reports its own failures to the user.
+    virtual void Finish() = 0;
+    // Jobs that have reached paper, a file or the user's eyes so far.
+    virtual std::size_t Printed() const = 0;
+};
+
+class PackageSink {
+  public:
+    virtual ~PackageSink() = default;
+    // Called before anything is drawn, with the index of the chosen printer and what the whole is
+    // called. Null: the user gave it up (no file chosen).
+    virtual std::unique_ptr<JobPackage> BeginPackage(int printerIndex,
+                                                     const std::string& title) = 0;
 };
 
 }  // namespace qfr

@@ -12,4 +12,8 @@ Message CouldNotBeRead(std::string_view fileName) {
     return {FileNameOnly(fileName) + " could not be read.", kFileErrorTitle};
 }
 
+std::string AsLine(const Message& message) {
+    return (message.title.empty() ? "" : message.title + ": ") + OneLine(message.text);
+}
+
 }  // namespace qfr

@@ -25,6 +25,9 @@ struct Message {
 Message CouldNotBeWritten(std::string_view fileName);
 Message CouldNotBeRead(std::string_view fileName);
 
+// "TITLE: text" as one line; a message without a title is its text alone.
+std::string AsLine(const Message& message);
+
 class Messages {
   public:
     virtual ~Messages() = default;

@@ -1,6 +1,8 @@
 // A scripted program around the forms, and a sink that keeps their jobs.
 #pragma once
 
+#include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -10,7 +12,7 @@
 
 namespace qfr::test {
 
-class JobLog : public JobSink {
+class JobLog : public JobSink, public PackageSink {
   public:
     bool BeginJob(int /*printerIndex*/, const std::string& title) override {
         begun.push_back(title);
@@ -18,9 +20,34 @@ class JobLog : public JobSink {
     }
     void TakeJob(int /*printerIndex*/, PrintJob job) override { jobs.push_back(std::move(job)); }
 
+    std::unique_ptr<JobPackage> BeginPackage(int /*printerIndex*/,
+                                             const std::string& title) override {
+        return BeginJob(0, title) ? std::make_unique<Package>(*this) : nullptr;
+    }
+
     bool accept = true;
     std::vector<std::string> begun;
     std::vector<PrintJob> jobs;
+    // Of a package: what is done while a job is taken, and the job that fails.
+    std::function<void()> onTake = [] {};
+    std::string failing;
+    bool finished = false;
+
+  private:
+    struct Package : JobPackage {
+        explicit Package(JobLog& sink) : log(sink) {}
+        std::optional<Message> Take(PrintJob job) override {
+            log.onTake();
+            if (job.title == log.failing) {
+                return Message{"The printer is\nstopped.", "Printer Error"};
+            }
+            log.jobs.push_back(std::move(job));
+            return std::nullopt;
+        }
+        void Finish() override { log.finished = true; }
+        std::size_t Printed() const override { return log.jobs.size(); }
+        JobLog& log;
+    };
 };
 
 // Closes every entry dialog with the same button.

@@ -1,6 +1,7 @@
 // Takes the desktop program's print jobs to the chosen printer, to a PDF file or to the preview.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -15,7 +16,7 @@ namespace qfr {
 inline const std::string kPdfPrinter = "PDF file";
 inline const std::string kPreviewPrinter = "Screen preview";
 
-class DesktopSink : public JobSink {
+class DesktopSink : public JobSink, public PackageSink {
   public:
     DesktopSink(FormFonts& fonts, FileChooser& chooser, Messages& messages)
         : fonts_(fonts), messages_(messages), pdfSaver_(fonts, chooser, messages) {}
@@ -26,9 +27,13 @@ class DesktopSink : public JobSink {
 
     bool BeginJob(int printerIndex, const std::string& title) override;
     void TakeJob(int printerIndex, PrintJob job) override;
+    // A printer gets each job at once; the PDF file, chosen now, and the preview show all jobs
+    // together when the package is finished.
+    std::unique_ptr<JobPackage> BeginPackage(int printerIndex, const std::string& title) override;
 
   private:
     const std::string& PrinterAt(int index);
+    void Preview(std::vector<PrintJob> jobs, const std::string& title);
 
     FormFonts& fonts_;
     Messages& messages_;

@@ -21,11 +21,11 @@ constexpr double kMinScale = 0.01;
 
 }  // namespace
 
-PageView::PageView(const std::vector<JobPage>& pages, FormFonts& fonts, QWidget* parent)
-    : QAbstractScrollArea(parent), pages_(pages), fonts_(fonts) {
-    for (const JobPage& page : pages_) {
-        widest_ = std::max(widest_, static_cast<double>(page.width));
-        tallest_ = std::max(tallest_, static_cast<double>(page.height));
+PageView::PageView(std::vector<const JobPage*> pages, FormFonts& fonts, QWidget* parent)
+    : QAbstractScrollArea(parent), pages_(std::move(pages)), fonts_(fonts) {
+    for (const JobPage* const page : pages_) {
+        widest_ = std::max(widest_, static_cast<double>(page->width));
+        tallest_ = std::max(tallest_, static_cast<double>(page->height));
     }
     setFocusPolicy(Qt::StrongFocus);
     // Were it to come and go, the width to fit would follow it back and forth.
@@ -81,8 +81,8 @@ void PageView::LayOut() {
         scale_ = std::max(scale_, kMinScale);
     }
     tops_.assign(1, kGap);
-    for (const JobPage& page : pages_) {
-        tops_.push_back(tops_.back() + page.height * scale_ + kGap);
+    for (const JobPage* const page : pages_) {
+        tops_.push_back(tops_.back() + page->height * scale_ + kGap);
     }
     moving_ = true;
     verticalScrollBar()->setPageStep(viewport()->height());
@@ -99,13 +99,13 @@ void PageView::LayOut() {
 }
 
 QRectF PageView::PageRect(std::size_t page) const {
-    const double width = pages_[page].width * scale_;
+    const double width = pages_[page]->width * scale_;
     const double all =
         std::max(widest_ * scale_ + 2 * kGap, static_cast<double>(viewport()->width()));
     // On whole pixels the paper's edges and most rules are sharp.
     return {std::round((all - width) / 2 - horizontalScrollBar()->value()),
             std::round(tops_[page] - verticalScrollBar()->value()), width,
-            pages_[page].height * scale_};
+            pages_[page]->height * scale_};
 }
 
 void PageView::paintEvent(QPaintEvent* event) {
@@ -122,7 +122,7 @@ void PageView::paintEvent(QPaintEvent* event) {
         painter.setClipRect(paper);
         painter.translate(paper.topLeft());
         painter.scale(scale_, scale_);
-        PaintPage(painter, pages_[i], fonts_);
+        PaintPage(painter, *pages_[i], fonts_);
         painter.restore();
     }
 }

@@ -1,4 +1,4 @@
-// Shows the pages of a job one below the other. Only those in sight are painted.
+// Shows the pages of jobs one below the other. Only those in sight are painted.
 #pragma once
 
 #include <vector>
@@ -17,11 +17,11 @@ class PageView : public QAbstractScrollArea {
     enum class Fit { kWidth, kPage, kNone };
 
     // The pages outlive the view.
-    PageView(const std::vector<JobPage>& pages, FormFonts& fonts, QWidget* parent);
+    PageView(std::vector<const JobPage*> pages, FormFonts& fonts, QWidget* parent);
 
     // Pages count from 0.
     int CurrentPage() const { return current_; }
-    // Shows the page's top edge; a number outside the job means its first or last page.
+    // Shows the page's top edge; a number outside the pages means the first or the last one.
     void GoTo(int page);
 
     // The zoom that follows the window's size, or stays at SetPercent's.
@@ -47,7 +47,7 @@ class PageView : public QAbstractScrollArea {
     void SetCurrent(int page);
     int MostVisible() const;
 
-    const std::vector<JobPage>& pages_;
+    const std::vector<const JobPage*> pages_;
     FormFonts& fonts_;
     Fit fit_ = Fit::kWidth;
     double scale_ = 0.1;        // logical pixels for one of kResolution

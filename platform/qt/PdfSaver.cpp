@@ -35,10 +35,13 @@ std::optional<std::string> PdfSaver::ChooseFile(const std::string& title) {
     return chosen->files.front();
 }
 
-void PdfSaver::Write(const PrintJob& job, const std::string& file) {
-    if (WritePdf({job}, job.title, file, fonts_)) {
+bool PdfSaver::Write(const std::vector<PrintJob>& jobs, const std::string& title,
+                     const std::string& file) {
+    if (WritePdf(jobs, title, file, fonts_)) {
         messages_.Show(CouldNotBeWritten(file));
+        return false;
     }
+    return true;
 }
 
 std::string FileNameForTitle(const std::string& title) {

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/FileChooser.h"
 #include "platform/Messages.h"
@@ -16,11 +17,12 @@ class PdfSaver {
     PdfSaver(FormFonts& fonts, FileChooser& chooser, Messages& messages)
         : fonts_(fonts), chooser_(chooser), messages_(messages) {}
 
-    // Proposes a name made of the job's title. The full path (UTF-8), absent when the user
+    // Proposes a name made of the title. The full path (UTF-8), absent when the user
     // cancelled.
     std::optional<std::string> ChooseFile(const std::string& title);
-    // Tells the user when the file could not be written.
-    void Write(const PrintJob& job, const std::string& file);
+    // Writes the jobs as one document. False after the message that the file could not be written.
+    bool Write(const std::vector<PrintJob>& jobs, const std::string& title,
+               const std::string& file);
 
   private:
     FormFonts& fonts_;

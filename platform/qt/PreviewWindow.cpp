@@ -40,30 +40,53 @@ QLabel* AddLabel(QHBoxLayout* row, const QString& caption, QWidget* buddy) {
     return label;
 }
 
+std::vector<const JobPage*> PagesOf(const std::vector<PrintJob>& jobs) {
+    std::vector<const JobPage*> pages;
+    for (const PrintJob& job : jobs) {
+        for (const JobPage& page : job.pages) {
+            pages.push_back(&page);
+        }
+    }
+    return pages;
+}
+
 }  // namespace
 
-PreviewWindow::PreviewWindow(PrintJob job, FormFonts& fonts, PdfSaver& pdfSaver, Messages& messages,
-                             QWidget* parent)
+PreviewWindow::PreviewWindow(std::vector<PrintJob> jobs, const std::string& title, FormFonts& fonts,
+                             PdfSaver& pdfSaver, Messages& messages, QWidget* parent)
     : QDialog(parent, Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                           Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
-      job_(std::move(job)),
+      jobs_(std::move(jobs)),
+      title_(title),
       fonts_(fonts),
       pdfSaver_(pdfSaver),
       messages_(messages),
-      view_(new PageView(job_.pages, fonts, this)),
+      view_(new PageView(PagesOf(jobs_), fonts, this)),
       pageEdit_(new QSpinBox),
-      zoomCombo_(new QComboBox) {
-    setWindowTitle("Print Preview - " + QString::fromStdString(job_.title));
-    const auto pages = static_cast<int>(job_.pages.size());
+      zoomCombo_(new QComboBox),
+      formCombo_(new QComboBox(this)) {
+    setWindowTitle("Print Preview - " + QString::fromStdString(title_));
+    formCombo_->setObjectName("FormCombo");
+    for (const PrintJob& job : jobs_) {
+        firstPages_.push_back(pageCount_);
+        pageCount_ += static_cast<int>(job.pages.size());
+        formCombo_->addItem(QString::fromStdString(job.title));
+    }
 
     auto* const row = new QHBoxLayout;
     QPushButton* const printButton = AddButton(row, "&Print...", "PrintButton");
     QPushButton* const saveButton = AddButton(row, "&Save as PDF...", "SaveButton");
     row->addStretch();
+    formCombo_->hide();
+    if (jobs_.size() > 1) {
+        AddLabel(row, "&Form:", formCombo_);
+        formCombo_->show();
+        row->addStretch();
+    }
     previousButton_ = AddButton(row, "P&revious", "PreviousButton");
     pageEdit_->setObjectName("PageEdit");
-    pageEdit_->setRange(1, std::max(1, pages));
-    pageEdit_->setSuffix(QString(" of %1").arg(pages));
+    pageEdit_->setRange(1, std::max(1, pageCount_));
+    pageEdit_->setSuffix(QString(" of %1").arg(pageCount_));
     pageEdit_->setKeyboardTracking(false);
     AddLabel(row, "Pa&ge:", pageEdit_);
     nextButton_ = AddButton(row, "&Next", "NextButton");
@@ -87,7 +110,7 @@ PreviewWindow::PreviewWindow(PrintJob job, FormFonts& fonts, PdfSaver& pdfSaver,
         printButton->setEnabled(false);
         printButton->setToolTip("No printer is installed.");
     }
-    saveButton->setEnabled(pages > 0);
+    saveButton->setEnabled(pageCount_ > 0);
     connect(printButton, &QPushButton::clicked, this, &PreviewWindow::Print);
     connect(saveButton, &QPushButton::clicked, this, &PreviewWindow::SaveAsPdf);
     connect(closeButton, &QPushButton::clicked, this, &QDialog::reject);
@@ -97,6 +120,8 @@ PreviewWindow::PreviewWindow(PrintJob job, FormFonts& fonts, PdfSaver& pdfSaver,
             [this] { view_->GoTo(view_->CurrentPage() + 1); });
     connect(pageEdit_, &QSpinBox::valueChanged, this, [this](int page) { view_->GoTo(page - 1); });
     connect(zoomCombo_, &QComboBox::activated, this, &PreviewWindow::ZoomChosen);
+    connect(formCombo_, &QComboBox::activated, this,
+            [this](int job) { view_->GoTo(firstPages_[static_cast<std::size_t>(job)]); });
     connect(view_, &PageView::CurrentPageChanged, this, &PreviewWindow::ShowPageNumber);
     connect(view_, &PageView::ZoomWished, this, &PreviewWindow::ZoomBy);
     AddKeys();
@@ -116,7 +141,7 @@ void PreviewWindow::AddKeys() {
     add(Qt::Key_PageUp, [this] { view_->GoTo(view_->CurrentPage() - 1); });
     add(Qt::Key_PageDown, [this] { view_->GoTo(view_->CurrentPage() + 1); });
     add(Qt::Key_Home, [this] { view_->GoTo(0); });
-    add(Qt::Key_End, [this] { view_->GoTo(static_cast<int>(job_.pages.size()) - 1); });
+    add(Qt::Key_End, [this] { view_->GoTo(pageCount_ - 1); });
     add(Qt::CTRL | Qt::Key_Plus, [this] { ZoomBy(1); });
     add(Qt::CTRL | Qt::Key_Equal, [this] { ZoomBy(1); });  // "+" without Shift on many keyboards
     add(Qt::CTRL | Qt::Key_Minus, [this] { ZoomBy(-1); });
@@ -130,7 +155,9 @@ void PreviewWindow::ShowPageNumber(int page) {
     const QSignalBlocker quiet(pageEdit_);
     pageEdit_->setValue(page + 1);
     previousButton_->setEnabled(page > 0);
-    nextButton_->setEnabled(page + 1 < static_cast<int>(job_.pages.size()));
+    nextButton_->setEnabled(page + 1 < pageCount_);
+    const auto behind = std::upper_bound(firstPages_.begin(), firstPages_.end(), page);
+    formCombo_->setCurrentIndex(static_cast<int>(behind - firstPages_.begin()) - 1);
 }
 
 void PreviewWindow::ZoomChosen(int index) {
@@ -172,19 +199,23 @@ void PreviewWindow::Print() {
     if (!chosen || printer.isEmpty()) {
         return;
     }
-    const auto reason = [&] {
-        const WaitCursor wait;
-        return PrintOnQueue(job_, printer.toStdString(), fonts_);
-    }();
-    if (reason) {
-        messages_.Show(CouldNotBePrinted(job_.title, printer.toStdString(), *reason));
+    for (const PrintJob& job : jobs_) {
+        const auto reason = [&] {
+            const WaitCursor wait;
+            return PrintOnQueue(job, printer.toStdString(), fonts_);
+        }();
+        if (reason) {
+            // The next ones would fail for the same reason.
+            messages_.Show(CouldNotBePrinted(job.title, printer.toStdString(), *reason));
+            return;
+        }
     }
 }
 
 void PreviewWindow::SaveAsPdf() {
-    if (const auto file = pdfSaver_.ChooseFile(job_.title)) {
+    if (const auto file = pdfSaver_.ChooseFile(title_)) {
         const WaitCursor wait;
-        pdfSaver_.Write(job_, *file);
+        pdfSaver_.Write(jobs_, title_, *file);
     }
 }
 

@@ -1,5 +1,8 @@
-// The preview of a print job: its pages, zoom, paging, printing and saving as PDF.
+// The preview of print jobs: their pages, zoom, paging, printing and saving as PDF.
 #pragma once
+
+#include <string>
+#include <vector>
 
 #include <QComboBox>
 #include <QDialog>
@@ -19,18 +22,22 @@ class PreviewWindow : public QDialog {
     Q_OBJECT
 
   public:
-    PreviewWindow(PrintJob job, FormFonts& fonts, PdfSaver& pdfSaver, Messages& messages,
-                  QWidget* parent);
+    // `title` is what the jobs are called together. At least one job; none is without pages.
+    PreviewWindow(std::vector<PrintJob> jobs, const std::string& title, FormFonts& fonts,
+                  PdfSaver& pdfSaver, Messages& messages, QWidget* parent);
 
   private:
     void AddKeys();
-    void ShowPageNumber(int page);  // from 0
+    void ShowPageNumber(int page);  // from 0; and the form that it belongs to
     void ZoomChosen(int index);     // in the list
     void ZoomBy(int steps);         // of the list's percentages
     void Print();
     void SaveAsPdf();
 
-    const PrintJob job_;
+    const std::vector<PrintJob> jobs_;
+    std::vector<int> firstPages_;  // of the jobs, from 0
+    int pageCount_ = 0;
+    const std::string title_;
     FormFonts& fonts_;
     PdfSaver& pdfSaver_;
     Messages& messages_;
@@ -39,6 +46,7 @@ class PreviewWindow : public QDialog {
     QPushButton* nextButton_;
     QSpinBox* pageEdit_;
     QComboBox* zoomCombo_;
+    QComboBox* formCombo_;  // a job a line
 };
 
 }  // namespace qfr

@@ -33,7 +33,7 @@ class Preview : public testing::Test, protected WindowUser {
     ChooserScript chooser_;
     MessageLog messages_;
     PdfSaver saver_{fonts_, chooser_, messages_};
-    PreviewWindow preview_{Job(), fonts_, saver_, messages_, nullptr};
+    PreviewWindow preview_{{Job()}, "Form 1 VBLK01", fonts_, saver_, messages_, nullptr};
     PageView& view_ = *preview_.findChild<PageView*>("PageView");
 };
 

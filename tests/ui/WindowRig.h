@@ -93,6 +93,7 @@ struct WindowRig : WindowUser {
                    .Chooser = chooser,
                    .Metrics = metrics,
                    .Sink = sink,
+                   .Packages = sink,
                    .Settings = settings,
                    .ShowPrinterSetup = [this](TPrinter&) { ++setups; },
                    .Quit = [this] { ++quits; },

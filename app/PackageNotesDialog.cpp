@@ -1,0 +1,45 @@
+#include "app/PackageNotesDialog.h"
+
+#include <string>
+
+#include <QHeaderView>
+
+#include "ui_PackageNotesDialog.h"
+
+namespace qfr {
+
+PackageNotesDialog::PackageNotesDialog(const std::vector<PackageNote>& notes, const Batch& batch,
+                                       const QString& summary, QWidget* parent)
+    : QDialog(parent), ui_(std::make_unique<Ui::PackageNotesDialog>()) {
+    ui_->setupUi(this);
+    ui_->NotesLabel->setText(summary + " &Messages:");
+    QTableWidget& table = *ui_->NotesTable;
+    table.setRowCount(static_cast<int>(notes.size()));
+    for (int row = 0; row < table.rowCount(); ++row) {
+        const PackageNote& note = notes[static_cast<std::size_t>(row)];
+        const auto& record = note.work->record;
+        int column = 0;
+        for (const std::string& text :
+             {std::string(note.work->form->caption),
+              record ? SampleName((*batch.SampleList)[*record]) : std::string(), note.text,
+              std::string(note.printed ? "Yes" : "No")}) {
+            auto* const cell = new QTableWidgetItem(QString::fromStdString(text));
+            cell->setTextAlignment(Qt::AlignLeft | Qt::AlignTop);
+            table.setItem(row, column++, cell);
+        }
+    }
+    QHeaderView& columns = *table.horizontalHeader();
+    columns.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    columns.setSectionResizeMode(QHeaderView::ResizeToContents);
+    columns.setSectionResizeMode(2, QHeaderView::Stretch);
+    // Long messages wrap.
+    table.verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    table.verticalHeader()->hide();
+    table.setCurrentCell(0, 0);
+    connect(ui_->OkButton, &QPushButton::clicked, this, &QDialog::accept);
+    ui_->OkButton->setFocus();
+}
+
+PackageNotesDialog::~PackageNotesDialog() = default;
+
+}  // namespace qfr

@@ -1,0 +1,113 @@
+#include "app/PrintAll.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <QProgressDialog>
+#include <QStatusBar>
+
+#include "app/MainForm.h"
+#include "app/Package.h"
+#include "app/PackageNotesDialog.h"
+#include "app/PrintAllDialog.h"
+#include "platform/Text.h"
+#include "platform/qt/WaitCursor.h"
+
+namespace qfr {
+
+namespace {
+
+const char* const kTitle = "Print All Forms";
+constexpr int kProgressDelay = 250;  // ms; what is done sooner needs no telling
+constexpr int kClosingNote = 8000;   // ms
+
+std::string ChosenPrinter(const Page& page, const TPrinter& printer) {
+    const auto index = static_cast<std::size_t>(printer.PrinterIndex);
+    return page.PrinterChosen && index < printer.Printers.size() ? printer.Printers[index] : "";
+}
+
+// What the laboratory calls the sample delivery group.
+std::string PackageTitle(const Batch& batch) {
+    const std::string title = "Data Package";
+    for (const SampleRecord& record : batch.SampleList.value_or(SampleListType())) {
+        if (const std::string group = Trim(record.Header[HeaderField::kSdgNo]); !group.empty()) {
+            return title + " " + group;
+        }
+    }
+    return title;
+}
+
+std::string NameOf(const PackageWork& work, const Batch& batch) {
+    const std::string form(work.form->caption);
+    return work.record ? form + ", " + SampleName((*batch.SampleList)[*work.record]) : form;
+}
+
+// Shows the jobs going by until they are done or the user cancels.
+PackageOutcome PrintWithProgress(TQFRForm& window, TextMetrics& metrics,
+                                 const std::vector<PackageWork>& works, JobPackage& package) {
+    const auto count = static_cast<int>(works.size());
+    QProgressDialog progress("", "&Cancel", 0, count, &window);
+    progress.setObjectName("PrintAllProgress");
+    progress.setWindowTitle(kTitle);
+    progress.setWindowModality(Qt::WindowModal);
+    progress.setMinimumDuration(kProgressDelay);
+    progress.setAutoReset(false);
+    progress.setAutoClose(false);
+    progress.setMinimumWidth(progress.fontMetrics().averageCharWidth() * 60);
+    std::optional<WaitCursor> wait(std::in_place);
+    return PrintPackage(window, metrics, works, package, [&](std::size_t job) {
+        if (job < works.size()) {
+            progress.setLabelText(
+                QString("%1\n%2 of %3")
+                    .arg(QString::fromStdString(NameOf(works[job], window.Batch())))
+                    .arg(job + 1)
+                    .arg(count));
+        }
+        progress.setValue(static_cast<int>(job));
+        if (progress.isVisible()) {
+            wait.reset();
+        }
+        return !progress.wasCanceled();
+    });
+}
+
+}  // namespace
+
+void PrintAll(TQFRForm& window, TextMetrics& metrics, PackageSink& sink) {
+    const Batch& batch = window.Batch();
+    if (!FilesSpecified(batch)) {
+        window.Show({std::string(kSpecifyFiles), kFilesNotSpecifiedTitle});
+        return;
+    }
+    Page& page = window.Page();
+    PrintAllDialog dialog(batch, ChosenPrinter(page, page.Printer()), window, &window);
+    if (dialog.exec() != QDialog::Accepted) {
+        return;
+    }
+    page.testPrinter();
+    const std::unique_ptr<JobPackage> package =
+        sink.BeginPackage(page.Printer().PrinterIndex, PackageTitle(batch));
+    if (!package) {
+        return;
+    }
+    const std::vector<PackageWork> works = dialog.Works();
+    PackageOutcome outcome = PrintWithProgress(window, metrics, works, *package);
+    if (!outcome.cancelled && !outcome.failed) {
+        package->Finish();
+    }
+    const QString summary =
+        QString("%1 of %2 jobs printed.").arg(package->Printed()).arg(works.size());
+    // Of a package that the user gave up with nothing printed, he need not hear more.
+    if (!outcome.notes.empty() && (!outcome.cancelled || package->Printed() > 0)) {
+        for (PackageNote& note : outcome.notes) {
+            note.printed = note.printed && package->Printed() > 0;
+        }
+        PackageNotesDialog(outcome.notes, batch, summary, &window).exec();
+    }
+    window.statusBar()->showMessage(
+        QString(kTitle) + (outcome.cancelled ? ", cancelled: " : ": ") + summary, kClosingNote);
+}
+
+}  // namespace qfr

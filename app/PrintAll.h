@@ -1,0 +1,13 @@
+// Reports | Print All Forms: asks what to print, prints it, and tells what came up, all at the end.
+#pragma once
+
+#include "platform/JobSink.h"
+#include "platform/TextMetrics.h"
+
+namespace qfr {
+
+class TQFRForm;
+
+void PrintAll(TQFRForm& window, TextMetrics& metrics, PackageSink& sink);
+
+}  // namespace qfr
