@@ -42,6 +42,7 @@ fakeroot dpkg --root="$tree" --log="$work/dpkg.log" --force-depends --force-not-
     fail "it cannot be installed"
 }
 
+[ -s "$tree/usr/lib/qfrforms/QFRHelp.chm" ] || fail "it has no help file"
 desktop-file-validate "$tree/usr/share/applications/qfrforms.desktop"
 appstreamcli validate --no-net --no-color "$tree"/usr/share/metainfo/*.metainfo.xml
 export XDG_DATA_HOME="$home" XDG_DATA_DIRS="$tree/usr/share"
