@@ -49,5 +49,29 @@ TEST_F(DesktopSinkTest, ShowsAPreviewWithoutAskingForAFile) {
     EXPECT_TRUE(chooser_.saved.empty());
 }
 
+TEST_F(DesktopSinkTest, JoinsAPackageWhenItIsFinished) {
+    EXPECT_EQ(sink_.BeginPackage(pdf_, "Package"), nullptr) << "cancelled";
+    PrintJob second = job_;
+    second.form = "Form II";
+    second.pages = {LetterPage({RuleBetween(1, 1, 2, 1)})};
+    for (const bool finished : {false, true}) {
+        chooser_.answers = {{Path("all.pdf")}};
+        const auto package = sink_.BeginPackage(pdf_, "Package");
+        EXPECT_EQ(chooser_.saved.back().fileName, "Package.pdf");
+        EXPECT_FALSE(package->Take(job_) || package->Take(second));
+        EXPECT_EQ(package->Printed(), 0U);
+        if (finished) {
+            package->Finish();
+        }
+        EXPECT_EQ(package->Printed(), finished ? 2U : 0U);
+        EXPECT_EQ(std::filesystem::exists(Path("all.pdf")), finished);
+    }
+    EXPECT_EQ(OutlineOf(ReadAll(Path("all.pdf"))), "Form II 2 ");
+
+    const auto package = sink_.BeginPackage(preview_, "Package");
+    EXPECT_FALSE(package->Take(job_) || package->Take(second));
+    EXPECT_EQ(WindowUser::Opened([&] { package->Finish(); }), "Print Preview - Package");
+}
+
 }  // namespace
 }  // namespace qfr::test

@@ -1,0 +1,44 @@
+#include "app/Package.h"
+#include "tests/FormSupport.h"
+
+namespace qfr::test {
+namespace {
+
+TEST(PrintPackage, RunsOnACopyInOrderAndListsWhatIsRefused) {
+    CalibratedRun run(1, 1, 2);
+    ScriptedHost& host = run.host;
+    host.batch.SampleList->back().TicList.emplace(1);
+    host.printer.PaperSize.name = "A4";
+    // Without the file, only an entry that the user accepted before is left as it is.
+    std::filesystem::remove(run.dir.Path() / "STD1.D");
+    host.entries.InitialCalibration = {"05/16/2005 01:00", "05/16/2005 01:00", {"TYPED.D"}};
+    host.flags.InitCalEntered = true;
+    const Entries before = host.entries;
+
+    PackageChoice choice{.samples = {true, true}};
+    choice.forms.fill(true);
+    const std::vector<PackageWork> works = PlanPackage(host.batch, choice);
+    JobLog sink;
+    const auto package = sink.BeginPackage(0, "Package");
+    const auto goesOn = [](std::size_t) { return true; };
+    const PackageOutcome outcome = PrintPackage(host, host.metrics, works, *package, goesOn);
+    std::string told;
+    for (const PrintJob& job : sink.jobs) {
+        EXPECT_EQ(job.paper.name, "A4");
+        told += job.title + "=" + job.form.substr(0, job.form.find(',')) + "/" + job.sample + "|";
+    }
+    for (const PackageNote& note : outcome.notes) {
+        told += std::string(note.work->form->name) + (note.printed ? " did: " : ": ") + note.text;
+    }
+    EXPECT_EQ(told,
+              "Form 1 S1=Form I VOA/S1|Form 1 S2=Form I VOA/S2|Form 1 TIC S2=Form I VOA-TIC/S2|"
+              "Form 4 S1=Form IV/|Form 5 BFB01=Form V/|Form 6=Form VI/|"
+              "2: No File Specified: Please select a file for ranges."
+              "7: Required Input Missing: Please enter an appropriate value."
+              "8: Required Input Missing: Please enter an appropriate value.");
+    EXPECT_EQ(host.entries, before);
+    EXPECT_TRUE(host.dialogs.empty() && host.messages.shown.empty() && host.sink.begun.empty());
+}
+
+}  // namespace
+}  // namespace qfr::test
