@@ -11,7 +11,9 @@ packagesFor() {
         build)
             echo cmake ninja-build g++ ccache qt6-base-dev libcups2-dev libqpdf-dev libchm-dev \
                 fp-utils fonts-dejavu-core fonts-liberation ;;
-        test) echo libgtest-dev libgmock-dev poppler-utils qpdf cups printer-driver-cups-pdf ;;
+        test)
+            echo libgtest-dev libgmock-dev poppler-utils qpdf cups printer-driver-cups-pdf xvfb \
+                openbox dbus at-spi2-core python3-pyatspi imagemagick ;;
         check) echo git clang clang-format clang-tidy libclang-rt-14-dev ;;
         package)
             echo dpkg-dev file fakeroot lintian desktop-file-utils appstream shared-mime-info \

@@ -64,17 +64,22 @@ class DropDown : public QAccessibleWidget {
     QComboBox& box_;
 };
 
-// The toolkit owns what it gets.
-QAccessibleInterface* MakeDropDown(const QString& /*className*/, QObject* object) {
+// The toolkit asks for each class of an object, the derived ones first, and owns what it gets.
+QAccessibleInterface* MakeInterface(const QString& className, QObject* object) {
     auto* const box = qobject_cast<QComboBox*>(object);
-    if (box == nullptr) {
-        return nullptr;
+    if (box != nullptr) {
+        QObject::connect(box, &QComboBox::currentTextChanged, box, [box] {
+            QAccessibleEvent changed(box, QAccessible::DescriptionChanged);
+            QAccessible::updateAccessibility(&changed);
+        });
+        return new DropDown(*box);
     }
-    QObject::connect(box, &QComboBox::currentTextChanged, box, [box] {
-        QAccessibleEvent changed(box, QAccessible::DescriptionChanged);
-        QAccessible::updateAccessibility(&changed);
-    });
-    return new DropDown(*box);
+    auto* const widget = qobject_cast<QWidget*>(object);
+    if (widget != nullptr && widget->isWindow() && className == "QWidget") {
+        // A window of no class of its own would be taken for a group of controls.
+        return new QAccessibleWidget(widget, QAccessible::Window);
+    }
+    return nullptr;
 }
 
 // The layout that holds the widget, looked for from the given one down.
@@ -142,7 +147,7 @@ class ControlNamer : public QObject {
 }  // namespace
 
 void NameControls(QApplication& application) {
-    QAccessible::installFactory(MakeDropDown);
+    QAccessible::installFactory(MakeInterface);
     application.installEventFilter(new ControlNamer(&application));
 }
 

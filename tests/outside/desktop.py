@@ -1,0 +1,138 @@
+"""A desktop of its own with the program on it, and somebody before it who goes by what a screen reader says."""
+
+import contextlib
+import os
+import shutil
+import signal
+import subprocess
+import time
+
+DEADLINE = 20  # seconds, for anything that is waited for
+WINDOW = ("dialog", "alert", "frame")
+
+
+class Unavailable(Exception):
+    """This machine cannot give the program a desktop."""
+
+
+def wait_for(what, look):
+    """What look() finds; it is tried again until it finds something."""
+    end = time.monotonic() + DEADLINE
+    while time.monotonic() < end:
+        with contextlib.suppress(RuntimeError):  # what was looked at has gone meanwhile
+            if found := look():
+                return found
+        time.sleep(0.05)
+    raise TimeoutError(f"{what} did not come within {DEADLINE} seconds")
+
+
+class Desktop:
+    """Screen, session bus and window manager, and everything that runs there."""
+
+    def __init__(self, home, pictures):
+        self._processes = []
+        self._pictures = pictures
+        (home / "run").mkdir(mode=0o700)
+        os.environ.update(HOME=str(home), XDG_RUNTIME_DIR=str(home / "run"), LC_ALL="C.UTF-8", QT_QPA_PLATFORM="xcb",
+                          QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", NO_AT_BRIDGE="1")
+        os.environ.pop("XDG_CONFIG_HOME", None)
+
+    def start(self):
+        for tool in ("Xvfb", "dbus-daemon", "openbox", "import"):
+            if not shutil.which(tool):
+                raise Unavailable(f"{tool} is not installed")
+        os.environ["DISPLAY"] = ":" + self._answer_of(
+            "Xvfb", "-displayfd", "1", "-screen", "0", "1280x1024x24", "-nolisten", "tcp")
+        os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._answer_of(
+            "dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address")
+        self.run("openbox", stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+    def end(self):
+        for process in reversed(self._processes):
+            for end in (signal.SIGTERM, signal.SIGKILL):
+                with contextlib.suppress(ProcessLookupError, subprocess.TimeoutExpired):
+                    os.killpg(process.pid, end)
+                    process.wait(timeout=5)
+
+    def run(self, *command, **more):
+        self._processes.append(subprocess.Popen(command, start_new_session=True, **more))
+        return self._processes[-1]
+
+    def _answer_of(self, *command):
+        process = self.run(*command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+        if not (answer := process.stdout.readline().strip()):
+            raise Unavailable(f"{command[0]} does not start")
+        return answer
+
+    def picture(self, name):
+        subprocess.run(["import", "-window", "root", self._pictures / f"{name}.png"], check=True)
+
+
+class Program:
+    """The program, as assistive technology sees it."""
+
+    def __init__(self, desktop, path):
+        import pyatspi  # looks for the desktop at once
+
+        self._atspi = pyatspi
+        self._desktop = desktop
+        try:
+            running = pyatspi.Registry.getDesktop(0)
+        except RuntimeError as error:
+            raise Unavailable(error) from error
+        self._process = desktop.run(str(path))
+        self._root = wait_for("the program", lambda: next(
+            (each for each in running if each is not None and each.name == "QFR Forms"), None))
+        self._root.setCacheMask(0)
+
+    def _look(self, roles, name, inside):
+        for child in (each for each in inside if each is not None):
+            showing = child.getState().contains(self._atspi.STATE_SHOWING)
+            if showing and child.getRoleName() in roles and child.name == name:
+                return child
+            if showing and (found := self._look(roles, name, child)):
+                return found
+        return None
+
+    def find(self, role, name, inside=None):
+        return wait_for(f"{role} {name}", lambda: self._look([role], name, inside or self._root))
+
+    def window(self, title):
+        found = wait_for(title, lambda: self._look(WINDOW, title, self._root))
+        self._desktop.picture(title)
+        return found
+
+    def gone(self, title):
+        wait_for(f"the end of {title}", lambda: not self._look(WINDOW, title, self._root))
+
+    def menu(self, *captions):
+        for caption in captions:
+            self._click(self.find("menu item", caption))
+
+    def press(self, caption, window):
+        self._act(self.find("push button", caption, window), "Press")
+
+    def choose(self, caption, item, window):
+        box = self.find("combo box", caption, window)
+        self._act(box, "ShowMenu")
+        self._click(self.find("list item", item, box))
+
+    def text(self, caption, window):
+        return self.find("text", caption, window).queryText().getText(0, -1)
+
+    def enter(self, caption, text, window):
+        self.find("text", caption, window).queryEditableText().setTextContents(text)
+
+    def ended(self):
+        return self._process.wait(timeout=DEADLINE)
+
+    def _act(self, thing, name):
+        actions = thing.queryAction()
+        actions.doAction([actions.getName(i) for i in range(actions.nActions)].index(name))
+
+    def _click(self, thing):
+        def place():
+            e = thing.queryComponent().getExtents(self._atspi.DESKTOP_COORDS)
+            return e.x + e.width // 2, e.y + e.height // 2
+        wait_for(f"rest of {thing.name}", lambda: place() == place())
+        self._atspi.Registry.generateMouseEvent(*place(), "b1c")
