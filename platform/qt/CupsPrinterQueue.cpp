@@ -1,5 +1,6 @@
 // Printing with CUPS itself: the toolkit's printing drops a job that CUPS refuses without a word.
 #include <algorithm>
+#include <cmath>
 #include <cups/cups.h>
 #include <cups/pwg.h>
 #include <memory>
@@ -71,8 +72,8 @@ std::string JobName(std::string_view title) {
 ipp_t* RequestToPrint(const PrintJob& job, std::string_view queueUri) {
     constexpr double kUnits = 2540;  // of an inch
     const pwg_media_t* const media =
-        pwgMediaForSize(static_cast<int>(job.paper.width * kUnits + 0.5),
-                        static_cast<int>(job.paper.height * kUnits + 0.5));
+        pwgMediaForSize(static_cast<int>(std::lround(job.paper.width * kUnits)),
+                        static_cast<int>(std::lround(job.paper.height * kUnits)));
     ipp_t* const request = ippNewRequest(IPP_OP_PRINT_JOB);
     const auto add = [request](ipp_tag_t group, ipp_tag_t kind, const char* name,
                                const std::string& value) {
