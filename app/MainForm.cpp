@@ -16,7 +16,6 @@
 
 #include "app/BatchFile.h"
 #include "app/PrintAll.h"
-#include "dialogs/EntryDialogs.h"
 #include "forms/Form2.h"
 #include "forms/Form4.h"
 #include "forms/Form5.h"
@@ -166,7 +165,8 @@ void TQFRForm::OnCreate() {
         statusBar()->addWidget(label);
     }
     ShowBatchState();
-    ConnectHelp(*aboutBox_, *this, kHelpTopic);
+    aboutBox_->setProperty(kHelpTopicProperty, kHelpTopic);
+    qApp->installEventFilter(this);
 
     resize(kWindowSize.expandedTo({kStateLetters * fontMetrics().averageCharWidth(), 0}));
     const QRect place(QPoint(), size());
@@ -300,6 +300,19 @@ void TQFRForm::OnExit() {
 void TQFRForm::closeEvent(QCloseEvent* event) {
     OnExit();
     event->accept();
+}
+
+bool TQFRForm::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && watched->isWidgetType() &&
+        static_cast<QKeyEvent*>(event)->matches(QKeySequence::HelpContents)) {
+        const QVariant topic =
+            static_cast<QWidget*>(watched)->window()->property(kHelpTopicProperty);
+        if (topic.isValid()) {
+            ShowHelp(topic.toInt());
+            return true;
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
 }
 
 void TQFRForm::Show(const Message& message) {

@@ -87,6 +87,8 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
   protected:
     // The close box and the system menu.
     void closeEvent(QCloseEvent* event) override;
+    // F1 in the windows that name their help topic.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     struct Command;

@@ -16,6 +16,10 @@ inline constexpr int kAnyFilter = 6;
 inline constexpr int kCalibrationPathSlot = 2;
 inline constexpr int kTextPathSlot = 3;
 
+// A window that knows no WindowServices names the context number of its help in this property.
+inline constexpr const char* kHelpTopicProperty = "helpTopic";
+inline constexpr int kPrintingHelpTopic = 180;
+
 class WindowServices {
   public:
     virtual ~WindowServices() = default;

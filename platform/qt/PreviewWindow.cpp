@@ -11,6 +11,7 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include "platform/WindowServices.h"
 #include "platform/qt/PrinterQueue.h"
 #include "platform/qt/WaitCursor.h"
 
@@ -66,6 +67,7 @@ PreviewWindow::PreviewWindow(std::vector<PrintJob> jobs, const std::string& titl
       zoomCombo_(new QComboBox),
       formCombo_(new QComboBox(this)) {
     setWindowTitle("Print Preview - " + QString::fromStdString(title_));
+    setProperty(kHelpTopicProperty, kPrintingHelpTopic);
     formCombo_->setObjectName("FormCombo");
     for (const PrintJob& job : jobs_) {
         firstPages_.push_back(pageCount_);

@@ -8,6 +8,8 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 
+#include "platform/WindowServices.h"
+
 namespace qfr {
 
 namespace {
@@ -33,6 +35,7 @@ PrinterSetupDialog::PrinterSetupDialog(TPrinter& printer, QWidget* parent)
       paperCombo_(new QComboBox(this)),
       landscapeButton_(new QRadioButton("&Landscape")) {
     setWindowTitle("Printer Setup");
+    setProperty(kHelpTopicProperty, kPrintingHelpTopic);
 
     printerCombo_->setObjectName("PrinterCombo");
     for (const std::string& name : printer_.Printers) {

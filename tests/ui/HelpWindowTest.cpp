@@ -1,5 +1,4 @@
 // The help file as it is built, through the viewer and its window; the about box.
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <QDialog>
@@ -14,6 +13,7 @@
 #include "app/Revision.h"
 #include "platform/qt/HelpFile.h"
 #include "platform/qt/HelpViewer.h"
+#include "platform/qt/HelpWindow.h"
 #include "tests/Support.h"
 #include "tests/ui/WindowUser.h"
 
@@ -21,30 +21,22 @@ namespace qfr {
 namespace {
 
 using namespace test;
-using testing::AllOf;
-using testing::HasSubstr;
 
 struct Help : testing::Test, WindowUser {
     void Show(int topic) {
-        ASSERT_TRUE(viewer.Open(topic));
-        for (QWidget* const top : QApplication::topLevelWidgets()) {
-            if (top->objectName() == "HelpWindow") {
-                Face(*top);
-            }
-        }
+        help.ShowTopic(topic);
+        Face(help);
     }
     QTextBrowser& Page() { return Get<QTextBrowser>("Page"); }
     std::string Heading() { return Page().document()->firstBlock().text().toStdString(); }
-    std::string Selected() { return Page().textCursor().selectedText().toStdString(); }
 
-    HelpViewer viewer{QFR_HELP_FILE};
+    HelpWindow help{HelpFile::Open(QFR_HELP_FILE)};
 };
 
 TEST_F(Help, HasAPageForEveryWindow) {
-    // The last one is no window's.
     std::string headings;
     for (const int topic : {10, 105, 110, 120, 420, 121, 122, 130, 140, 150, 160, 170, 180, 999}) {
-        Show(topic);
+        Show(topic);  // 999 is no window's
         headings += Heading() + "|";
     }
     EXPECT_EQ(
@@ -56,22 +48,21 @@ TEST_F(Help, HasAPageForEveryWindow) {
 }
 
 TEST_F(Help, HoldsWhatItsPagesReferTo) {
-    const auto help = HelpFile::Open(QFR_HELP_FILE);
-    ASSERT_NE(help, nullptr);
+    const auto file = HelpFile::Open(QFR_HELP_FILE);
     static const QRegularExpression reference("(?:href|src)=\"([^\"#]+)");
     QStringList paths;
-    for (const HelpChapter& chapter : help->Contents()) {
+    for (const HelpChapter& chapter : file->Contents()) {
         paths += chapter.page;
     }
     for (qsizetype i = 0; i < paths.size(); ++i) {
-        const auto bytes = help->Read(paths[i]);
+        const auto bytes = file->Read(paths[i]);
         ASSERT_TRUE(bytes && !bytes->isEmpty()) << paths[i].toStdString();
         for (auto found = reference.globalMatch(*bytes); found.hasNext();) {
             paths += found.next().captured(1);
         }
         paths.removeDuplicates();
     }
-    EXPECT_THAT(paths, testing::Contains(QString("pictures/load-files.png")));
+    EXPECT_TRUE(paths.contains("pictures/load-files.png"));
 }
 
 TEST_F(Help, GoesBackAndForward) {
@@ -92,12 +83,10 @@ TEST_F(Help, FindsInThePage) {
     Show(105);
     Type("^f");
     Type("CLEAR all");
-    EXPECT_EQ(Selected(), "Clear All");
+    EXPECT_EQ(Page().textCursor().selectedText(), "Clear All");
     const int first = Page().textCursor().position();
     Press(Qt::Key_F3);
     EXPECT_GT(Page().textCursor().position(), first);
-    Press(Qt::Key_F3, Qt::ShiftModifier);
-    EXPECT_EQ(Page().textCursor().position(), first);
     Type("ergy");
     EXPECT_EQ(Get<QLabel>("FindState").text(), "Not found");
 }
@@ -110,12 +99,12 @@ TEST_F(Help, TakesInputAboveAModalDialog) {
             if (opened) {
                 Show(150);
             }
-            Face(*window);
-            QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {},
-                              Get("HomeButton").mapTo(window, QPoint(5, 5)));
+            Face(help);
+            QTest::mouseClick(help.windowHandle(), Qt::LeftButton, {},
+                              Get("HomeButton").mapTo(&help, QPoint(5, 5)));
             EXPECT_EQ(Heading(), "QFR Forms");
-            QTest::keyClick(window->windowHandle(), Qt::Key_Escape);
-            EXPECT_FALSE(window->isVisible());
+            QTest::keyClick(help.windowHandle(), Qt::Key_Escape);
+            EXPECT_FALSE(help.isVisible());
             EXPECT_TRUE(dialog.isVisible());
             dialog.reject();
         });
@@ -126,9 +115,7 @@ TEST_F(Help, TakesInputAboveAModalDialog) {
 TEST_F(Help, ReadsNoFileButItsOwn) {
     const TempDir dir;
     const std::string whole = ReadAll(QFR_HELP_FILE);
-    std::string damaged = whole;
-    damaged[whole.size() / 2] ^= 1;
-    for (const std::string& bytes : {std::string(), whole.substr(1), damaged, whole}) {
+    for (const std::string& bytes : {std::string(), whole.substr(1), whole + '\0', whole}) {
         dir.Write("QFRHelp.chm", bytes);
         EXPECT_EQ(HelpViewer(dir.Path() / "QFRHelp.chm").Open(10), bytes == whole);
     }
@@ -139,7 +126,8 @@ TEST(AboutBox, TellsWhatTheProgramIsMadeOf) {
     const TAboutBox box(nullptr);
     const std::string text = box.findChild<QLabel*>("Comments")->text().toStdString();
     const std::string revision(Revision().empty() ? "source archive" : Revision());
-    EXPECT_THAT(text, AllOf(HasSubstr(revision), HasSubstr(qVersion()), HasSubstr("libchm")));
+    EXPECT_NE(text.find(revision), std::string::npos) << text;
+    EXPECT_NE(text.find(std::string("Qt ") + qVersion() + ", qpdf 1"), std::string::npos) << text;
 }
 
 }  // namespace

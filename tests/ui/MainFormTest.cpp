@@ -118,7 +118,8 @@ TEST(MainForm, OpensEachFormByItsKey) {
         {"^5", "Instrument Performance Check", 130},
         {"^6", "Initial Calibration Data", 140},
         {"^7", "Continuing Calibration Data Input", 150},
-        {"^8", "Internal Standard Summary Input", 160}};
+        {"^8", "Internal Standard Summary Input", 160},
+        {"&a", "About QFRForms", 10}};
     for (const auto& [key, title, topic] : dialogs) {
         rig.Face(rig.form);
         EXPECT_EQ(rig.Opened([&rig, key = key] { rig.Type(key); }), title);
