@@ -3,6 +3,7 @@
 #include "app/Revision.h"
 #include "platform/qt/HelpViewer.h"
 #include "platform/qt/PdfOutline.h"
+#include "platform/qt/PrinterQueue.h"
 #include "ui_AboutBox.h"
 
 namespace qfr {
@@ -19,8 +20,8 @@ QString BuiltFrom() {
 }
 
 QStringList Libraries() {
-    QStringList libraries = {QString("Qt ") + qVersion(), TextOf(OutlineLibrary()),
-                             TextOf(HelpViewer::Library())};
+    QStringList libraries = {QString("Qt ") + qVersion(), TextOf(PrintingLibrary()),
+                             TextOf(OutlineLibrary()), TextOf(HelpViewer::Library())};
     libraries.removeAll("");
     return libraries;
 }
@@ -31,8 +32,8 @@ TAboutBox::TAboutBox(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui
     ui_->setupUi(this);
     ui_->Image->setPixmap(QPixmap(":/icons/qfrforms-64.png"));
     ui_->Comments->setText(
-        QString("Report forms of TQW04.2 (5/2005)\nfor volatile organics by GC/MS\n\n%1\nUses %2")
-            .arg(BuiltFrom(), Libraries().join(", ")));
+        QString("Report forms of TQW04.2 (5/2005)\nfor volatile organics by GC/MS\n\n%1\n%2")
+            .arg(BuiltFrom(), Libraries().join('\n')));
     ui_->OkButton->setFocus();
     connect(ui_->OkButton, &QPushButton::clicked, this, &QDialog::accept);
 }

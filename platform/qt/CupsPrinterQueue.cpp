@@ -157,4 +157,9 @@ std::optional<std::string> PrintOnQueue(const PrintJob& job, const std::string& 
     return std::nullopt;
 }
 
+std::string PrintingLibrary() {
+    return "CUPS " + std::to_string(CUPS_VERSION_MAJOR) + "." + std::to_string(CUPS_VERSION_MINOR) +
+           "." + std::to_string(CUPS_VERSION_PATCH);
+}
+
 }  // namespace qfr

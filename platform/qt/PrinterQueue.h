@@ -19,6 +19,9 @@ std::vector<std::string> InstalledPrinters();
 std::optional<std::string> PrintOnQueue(const PrintJob& job, const std::string& printer,
                                         FormFonts& fonts);
 
+// Name and version of the library that does it; empty where that is the toolkit.
+std::string PrintingLibrary();
+
 // Tells the user of such a failure.
 Message CouldNotBePrinted(const std::string& title, const std::string& printer,
                           const std::string& reason);

@@ -67,4 +67,8 @@ std::optional<std::string> PrintOnQueue(const PrintJob& job, const std::string& 
     return std::nullopt;
 }
 
+std::string PrintingLibrary() {
+    return {};
+}
+
 }  // namespace qfr
