@@ -30,13 +30,12 @@ std::string ChosenPrinter(const Page& page, const TPrinter& printer) {
 
 // What the laboratory calls the sample delivery group.
 std::string PackageTitle(const Batch& batch) {
-    const std::string title = "Data Package";
     for (const SampleRecord& record : batch.SampleList.value_or(SampleListType())) {
         if (const std::string group = Trim(record.Header[HeaderField::kSdgNo]); !group.empty()) {
-            return title + " " + group;
+            return "Data Package " + group;
         }
     }
-    return title;
+    return "Data Package";
 }
 
 std::string NameOf(const PackageWork& work, const Batch& batch) {

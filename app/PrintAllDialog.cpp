@@ -47,9 +47,11 @@ PrintAllDialog::PrintAllDialog(const Batch& batch, const std::string& printer,
         AddChecked(*ui_->FormsList, FormLine(form));
     }
     for (const SampleRecord& record : batch_.SampleList.value_or(SampleListType())) {
-        const std::string name = SampleName(record);
-        const std::string file = FileNameOnly(record.FileName);
-        AddChecked(*ui_->SamplesList, name == file ? name : name + " (" + file + ")");
+        std::string line = SampleName(record);
+        if (const std::string file = FileNameOnly(record.FileName); line != file) {
+            line.append(" (").append(file).append(")");
+        }
+        AddChecked(*ui_->SamplesList, line);
     }
     const auto connectList = [this](QListWidget& list, QPushButton& all, QPushButton& none) {
         list.setCurrentRow(0);

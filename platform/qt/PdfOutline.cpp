@@ -2,11 +2,10 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <exception>
+#include <memory>
+#include <utility>
 
-#include <qpdf/QPDF.hh>
-#include <qpdf/QPDFPageObjectHelper.hh>
-#include <qpdf/QPDFWriter.hh>
+#include <qpdf/qpdf-c.h>
 
 namespace qfr {
 
@@ -16,6 +15,7 @@ namespace {
 struct Entry {
     std::string title;
     std::size_t page = 0;  // from 0
+    double top = 0;        // of the page, points
     std::vector<Entry> below;
 };
 
@@ -32,49 +32,109 @@ std::vector<Entry> EntriesOf(const std::vector<PrintJob>& jobs) {
         }
         const std::size_t first = page + static_cast<std::size_t>(shown - job.pages.begin());
         const std::string& form = job.form.empty() ? job.title : job.form;
+        const double top = shown->height * 72.0 / kResolution;
         if (job.sample.empty() || forms.empty() || forms.back().title != form) {
-            forms.push_back({form, first, {}});
+            forms.push_back({form, first, top, {}});
         }
         if (!job.sample.empty()) {
-            forms.back().below.push_back({job.sample, first, {}});
+            forms.back().below.push_back({job.sample, first, top, {}});
         }
         page += job.pages.size();
     }
     return forms;
 }
 
-// The page's top edge, at the size at which the reader reads.
-QPDFObjectHandle TopOf(const QPDFObjectHandle& page) {
-    const auto box = QPDFPageObjectHelper(page).getMediaBox().getArrayAsRectangle();
-    return QPDFObjectHandle::newArray(
-        {page, QPDFObjectHandle::newName("/XYZ"), QPDFObjectHandle::newReal(box.llx),
-         QPDFObjectHandle::newReal(box.ury), QPDFObjectHandle::newNull()});
-}
-
-// Links the entries to each other and to what they stand below.
-void Link(QPDF& document, QPDFObjectHandle above, const std::vector<Entry>& entries) {
-    const std::vector<QPDFObjectHandle>& pages = document.getAllPages();
-    QPDFObjectHandle last;
-    for (const Entry& entry : entries) {
-        QPDFObjectHandle item = document.makeIndirectObject(QPDFObjectHandle::newDictionary());
-        item.replaceKey("/Title", QPDFObjectHandle::newUnicodeString(entry.title));
-        item.replaceKey("/Parent", above);
-        item.replaceKey("/Dest", TopOf(pages.at(entry.page)));
-        if (last.isInitialized()) {
-            item.replaceKey("/Prev", last);
-            last.replaceKey("/Next", item);
-        } else {
-            above.replaceKey("/First", item);
-        }
-        last = item;
-        if (!entry.below.empty()) {
-            Link(document, item, entry.below);
-            // Folded, so that all forms are in sight however many samples there are.
-            item.replaceKey("/Count", QPDFObjectHandle::newInteger(-std::ssize(entry.below)));
-        }
+// The document as the library's C interface has it, which its C++ headers do not offer to every
+// compiler. A failed call leaves an error behind and does nothing.
+class Document {
+  public:
+    explicit Document(const QByteArray& pdf) {
+        qpdf_read_memory(data_.get(), "pages", pdf.constData(),
+                         static_cast<unsigned long long>(pdf.size()), nullptr);
     }
-    above.replaceKey("/Last", last);
-}
+
+    void AddOutline(const std::vector<Entry>& entries) {
+        const qpdf_oh outline = NewObject();
+        Put(outline, "/Type", qpdf_oh_new_name(Data(), "/Outlines"));
+        Put(outline, "/Count", Integer(std::ssize(entries)));
+        Link(outline, entries);
+        const qpdf_oh root = qpdf_get_root(Data());
+        Put(root, "/Outlines", outline);
+        Put(root, "/PageMode", qpdf_oh_new_name(Data(), "/UseOutlines"));
+    }
+
+    // Null after a failure.
+    QByteArray Content() {
+        if (qpdf_has_error(Data()) || qpdf_init_write_memory(Data()) != QPDF_SUCCESS) {
+            return {};
+        }
+        // The pages are compressed already.
+        qpdf_set_stream_data_mode(Data(), qpdf_s_preserve);
+        qpdf_set_deterministic_ID(Data(), QPDF_TRUE);
+        if ((qpdf_write(Data()) & QPDF_ERRORS) != 0) {
+            return {};
+        }
+        return {reinterpret_cast<const char*>(qpdf_get_buffer(Data())),
+                static_cast<qsizetype>(qpdf_get_buffer_length(Data()))};
+    }
+
+    std::string Failure() {
+        return qpdf_has_error(Data())
+                   ? qpdf_get_error_message_detail(Data(), qpdf_get_error(Data()))
+                   : "";
+    }
+
+  private:
+    struct Release {
+        void operator()(qpdf_data data) const { qpdf_cleanup(&data); }
+    };
+
+    qpdf_data Data() const { return data_.get(); }
+    qpdf_oh NewObject() {
+        return qpdf_make_indirect_object(Data(), qpdf_oh_new_dictionary(Data()));
+    }
+    qpdf_oh Integer(std::ptrdiff_t value) { return qpdf_oh_new_integer(Data(), value); }
+    void Put(qpdf_oh object, const char* key, qpdf_oh value) {
+        qpdf_oh_replace_key(Data(), object, key, value);
+    }
+
+    // The page's top edge, at the size at which the reader reads.
+    qpdf_oh TopOf(const Entry& entry) {
+        const qpdf_oh place = qpdf_oh_new_array(Data());
+        for (const qpdf_oh part :
+             {qpdf_get_page_n(Data(), entry.page), qpdf_oh_new_name(Data(), "/XYZ"), Integer(0),
+              qpdf_oh_new_real_from_double(Data(), entry.top, 2), qpdf_oh_new_null(Data())}) {
+            qpdf_oh_append_item(Data(), place, part);
+        }
+        return place;
+    }
+
+    // Links the entries to each other and to what they stand below.
+    void Link(qpdf_oh above, const std::vector<Entry>& entries) {
+        qpdf_oh last = 0;
+        for (const Entry& entry : entries) {
+            const qpdf_oh item = NewObject();
+            Put(item, "/Title", qpdf_oh_new_unicode_string(Data(), entry.title.c_str()));
+            Put(item, "/Parent", above);
+            Put(item, "/Dest", TopOf(entry));
+            if (last == 0) {
+                Put(above, "/First", item);
+            } else {
+                Put(item, "/Prev", last);
+                Put(last, "/Next", item);
+            }
+            last = item;
+            if (!entry.below.empty()) {
+                Link(item, entry.below);
+                // Folded, so that all forms are in sight however many samples there are.
+                Put(item, "/Count", Integer(-std::ssize(entry.below)));
+            }
+        }
+        Put(above, "/Last", last);
+    }
+
+    std::unique_ptr<_qpdf_data, Release> data_{qpdf_init()};
+};
 
 }  // namespace
 
@@ -83,33 +143,18 @@ std::optional<std::string> AddOutline(QByteArray& pdf, const std::vector<PrintJo
     if (entries.empty()) {
         return std::nullopt;
     }
-    try {
-        QPDF document;
-        document.processMemoryFile("pages", pdf.constData(), static_cast<std::size_t>(pdf.size()));
-        QPDFObjectHandle outline = document.makeIndirectObject(QPDFObjectHandle::newDictionary());
-        outline.replaceKey("/Type", QPDFObjectHandle::newName("/Outlines"));
-        outline.replaceKey("/Count", QPDFObjectHandle::newInteger(std::ssize(entries)));
-        Link(document, outline, entries);
-        document.getRoot().replaceKey("/Outlines", outline);
-        document.getRoot().replaceKey("/PageMode", QPDFObjectHandle::newName("/UseOutlines"));
-
-        QPDFWriter writer(document);
-        writer.setOutputMemory();
-        // The pages are compressed already.
-        writer.setStreamDataMode(qpdf_s_preserve);
-        writer.setDeterministicID(true);
-        writer.write();
-        const auto content = writer.getBufferSharedPointer();
-        pdf = QByteArray(reinterpret_cast<const char*>(content->getBuffer()),
-                         static_cast<qsizetype>(content->getSize()));
-    } catch (const std::exception& failure) {
-        return std::string("The outline could not be made: ") + failure.what();
+    Document document(pdf);
+    document.AddOutline(entries);
+    QByteArray content = document.Content();
+    if (content.isNull()) {
+        return "The outline could not be made. " + document.Failure();
     }
+    pdf = std::move(content);
     return std::nullopt;
 }
 
 std::string OutlineLibrary() {
-    return "qpdf " + QPDF::QPDFVersion();
+    return std::string("qpdf ") + qpdf_get_qpdf_version();
 }
 
 }  // namespace qfr
