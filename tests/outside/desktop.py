@@ -1,4 +1,4 @@
-"""A desktop of its own with the program on it, and somebody before it who goes by what a screen reader says."""
+"""A desktop of its own for the program, and somebody before it who goes by what a screen reader says."""
 
 import contextlib
 import os
@@ -33,18 +33,20 @@ class Desktop:
         self._processes = []
         self._pictures = pictures
         (home / "run").mkdir(mode=0o700)
-        os.environ.update(HOME=str(home), XDG_RUNTIME_DIR=str(home / "run"), LC_ALL="C.UTF-8", QT_QPA_PLATFORM="xcb",
+        os.environ.update(HOME=str(home), XDG_RUNTIME_DIR=str(home / "run"), LC_ALL="C.UTF-8",
+                          XDG_CONFIG_HOME=str(home / ".config"), QT_QPA_PLATFORM="xcb",
                           QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", NO_AT_BRIDGE="1")
-        os.environ.pop("XDG_CONFIG_HOME", None)
 
     def start(self):
-        for tool in ("Xvfb", "dbus-daemon", "openbox", "import"):
-            if not shutil.which(tool):
-                raise Unavailable(f"{tool} is not installed")
+        if missing := [tool for tool in ("Xvfb", "dbus-daemon", "openbox", "import") if not shutil.which(tool)]:
+            raise Unavailable(f"{' '.join(missing)} not installed")
         os.environ["DISPLAY"] = ":" + self._answer_of(
             "Xvfb", "-displayfd", "1", "-screen", "0", "1280x1024x24", "-nolisten", "tcp")
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._answer_of(
             "dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address")
+        ask = "dbus-send --print-reply --dest=org.a11y.Bus /org/a11y/bus org.a11y.Bus.GetAddress"
+        if subprocess.run(ask.split(), capture_output=True, check=False).returncode:
+            raise Unavailable("no accessibility bus")
         self.run("openbox", stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
     def end(self):
@@ -76,10 +78,7 @@ class Program:
 
         self._atspi = pyatspi
         self._desktop = desktop
-        try:
-            running = pyatspi.Registry.getDesktop(0)
-        except RuntimeError as error:
-            raise Unavailable(error) from error
+        running = pyatspi.Registry.getDesktop(0)
         self._process = desktop.run(str(path))
         self._root = wait_for("the program", lambda: next(
             (each for each in running if each is not None and each.name == "QFR Forms"), None))
