@@ -392,16 +392,14 @@ void TQFRForm::ShowBatchState() {
     const FileSet& files = batch.Files;
     const bool loaded = batch.SampleList || FilesSpecified(batch) || !files.Calib.empty() ||
                         !files.CheckCal.empty();
-    std::array<QString, 4> texts;
+    std::array<QString, 5> texts;
     if (loaded) {
         const SampleListType none;
         const SampleListType& samples = batch.SampleList ? *batch.SampleList : none;
         const auto complete = std::count_if(samples.begin(), samples.end(), IsComplete);
         texts = {QString("Lab blank: ") + NameOrNone(files.LabBlank),
-                 QString("Samples: %1 (headers complete: %2 of %3)")
-                     .arg(files.QFiles.size())
-                     .arg(complete)
-                     .arg(samples.size()),
+                 QString("Samples: %1").arg(files.QFiles.size()),
+                 QString("Headers complete: %1 of %2").arg(complete).arg(samples.size()),
                  QString("Calibration: ") + NameOrNone(files.Calib),
                  QString("Check: ") + NameOrNone(files.CheckCal)};
     }

@@ -124,7 +124,7 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
     qfr::Page page_;
     BatchFlags flags_;
     qfr::Entries entries_;
-    std::array<QLabel*, 4> state_{};  // of the batch, in the status bar
+    std::array<QLabel*, 5> state_{};  // of the batch, in the status bar
     bool exiting_ = false;
 
     // Windows of their own: this one hides while they show.

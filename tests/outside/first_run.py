@@ -28,7 +28,7 @@ def restore_example(program):
     dialog = program.window("Open")
     program.enter("File name:", "example.qff", dialog)
     program.press("Open", dialog)
-    program.find("label", "Samples: 9 (headers complete: 10 of 10)")
+    program.find("label", "Headers complete: 10 of 10")
 
 
 def choose_printer(program, printer):

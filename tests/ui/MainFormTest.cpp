@@ -62,7 +62,7 @@ TEST(MainForm, SavesAndRestoresABatchWithItsState) {
     rig.chooser.answers = {{Example("example.qff")}, {rig.Path("copy.qff")}};
     rig.Type("^r");
     EXPECT_EQ(State(rig.form),
-              "Lab blank: vblk01.prn|Samples: 9 (headers complete: 10 of 10)|"
+              "Lab blank: vblk01.prn|Samples: 9|Headers complete: 10 of 10|"
               "Calibration: voa0516.cal|Check: vstd050c.check|");
     EXPECT_EQ(rig.Find<QWidget>("TFilesDlg").findChild<QListWidget*>("QFilesList")->count(), 9);
 
