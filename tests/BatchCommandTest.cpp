@@ -1,13 +1,9 @@
-#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 
 #include "app/BatchCommand.h"
 #include "app/BatchFile.h"
-#include "app/HeadlessHost.h"
-#include "data/TuneRules.h"
-#include "forms/SampleChecks.h"
 #include "platform/FileLookup.h"
 #include "platform/Text.h"
 #include "tests/Support.h"
@@ -212,14 +208,11 @@ TEST_F(BatchCommand, PrintsWhatIsAskedFor) {
 
 TEST_F(BatchCommand, SaysWhatItCannotPrint) {
     dir_.Write("empty.qff", "QFRForms\n\n\n\n/b.prn\n0\n/d.cal\n/d.check\n0\n0\n\n;1;\n");
-    dir_.Write("cut.qff", "QFRForms\n\n\n\n\n");
     EXPECT_EQ(Print("day.qff --forms 1 -o full.pdf"),
               "File Error: full.pdf could not be written.\nqfrbatch: No space left on device\n[1]");
     EXPECT_EQ(Print("no.qff -o x.pdf"), "qfrbatch: no.qff could not be found\n[2]");
     EXPECT_EQ(Print("a.prn -o x.pdf"),
               "Improper File Type: a.prn is not a QFRForm saved file.\n[2]");
-    EXPECT_EQ(Print("cut.qff -o x.pdf"),
-              "File Not Found:  does not exist. Restore will be aborted\n[2]");
     EXPECT_EQ(Print("empty.qff --forms 1 -o x.pdf"),
               "Files Not Specified: Please use Data Files|Load Files menu selections to specify "
               "files.\n[1]");
@@ -232,61 +225,6 @@ TEST_F(BatchCommand, SaysWhatItCannotPrint) {
     EXPECT_EQ(Print("day.qff --forms 1 -o x.pdf --sample S2"), refusal);
     platform_.startFailure = "no typeface";
     EXPECT_EQ(Print("day.qff -o x.pdf"), "qfrbatch: no typeface\n[1]");
-}
-
-// The example is what a new user meets first: it loads and prints without a message, and its
-// dilution was injected late on purpose, so that Forms IV and V have something to mark.
-TEST_F(BatchCommand, TheExampleIsWhole) {
-    const std::string folder = TextOf(ExampleDir()) + "/";
-    std::string load = "load -o x.qff --blank " + folder + "VBLK01.PRN --cal " + folder +
-                       "VOA0516.CAL --check " + folder + "VSTD050C.CHECK";
-    for (const auto& entry : fs::directory_iterator(folder)) {
-        const std::string name = TextOf(entry.path());
-        load += EndsWith(name, ".prn") && !EndsWith(name, "vblk01.prn") ? " " + name : "";
-    }
-    EXPECT_EQ(Run(load), "[0]");
-    const qfr::Batch loaded = Restored("x.qff").Batch;
-    const SavedBatch saved = Restored(folder + "example.qff");
-    EXPECT_EQ(SaveBatch(saved.Batch, saved.Entries), ReadAll(folder + "example.qff"));
-    EXPECT_EQ(loaded.BlankHitFlags, saved.Batch.BlankHitFlags);
-    const DateTime tune = InjectionDateTime(saved.Entries.Tune).value();
-    ASSERT_EQ(loaded.SampleList->size(), saved.Batch.SampleList->size());
-    for (std::size_t i = 0; i < loaded.SampleList->size(); ++i) {
-        const SampleHeader& header = loaded.SampleList->at(i).Header;
-        const SampleHeader& typed = saved.Batch.SampleList->at(i).Header;
-        EXPECT_EQ(header[HeaderField::kZovSampleNo], typed[HeaderField::kZovSampleNo]);
-        EXPECT_EQ(header[HeaderField::kDateAnalyzed], typed[HeaderField::kDateAnalyzed]);
-        EXPECT_EQ(TwelveHourFlag(header[HeaderField::kDateAnalyzed], tune),
-                  header[HeaderField::kZovSampleNo] == "ZA103DL" ? "*" : "");
-    }
-    const std::string transcript = Print(folder + "example.qff -o x.pdf");
-    EXPECT_THAT(transcript, StartsWith("[0]example: "));
-    for (const std::string form : {"1 TIC ", "1 ", "2 ", "4 ", "5 ", "6 ", "7 ", "8 "}) {
-        EXPECT_THAT(transcript, HasSubstr("[Form " + form));
-    }
-}
-
-TEST(HeadlessHost, AnswersDialogsByTheirRules) {
-    SquareMetrics metrics;
-    MessageLog log;
-    SavedBatch saved;
-    saved.Batch.SampleList.emplace(2)[1].Header[HeaderField::kInstrumentId] = "GC2";
-    saved.Entries.InitialCalibration.FirstStandard = "05/16/2005 09:41";
-    HeadlessHost host(saved, metrics, log, EntryDialogRules());
-    EXPECT_TRUE(host.ShowEntryDialog(EntryDialog::kBlankComments, 1));
-    EXPECT_TRUE(host.ShowEntryDialog(EntryDialog::kInitialCalibration, 1));
-    EXPECT_TRUE(host.Flags().InitCalEntered);
-    EXPECT_EQ(host.Entries().ContinuingCalibration.FirstStandard, "05/16/2005 09:41");
-    for (const EntryDialog dialog :
-         {EntryDialog::kRecoveryRanges, EntryDialog::kTune, EntryDialog::kContinuingCalibration,
-          EntryDialog::kStandardSummary}) {
-        EXPECT_FALSE(host.ShowEntryDialog(dialog, 1));
-    }
-    EXPECT_EQ(host.Entries().Tune.InstrumentId, "GC2");
-    EXPECT_FALSE(host.Flags().ContCalEntered || host.AskYesNo({"", "Save it\nnow?"}));
-    EXPECT_THAT(log.TakeTitles(),
-                ElementsAre("No File Specified", "All Fields Are Required",
-                            "Required Input Missing", "Required Input Missing", "Save it\nnow?"));
 }
 
 }  // namespace

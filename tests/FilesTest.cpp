@@ -2,7 +2,6 @@
 #include "platform/FileLookup.h"
 #include "platform/FileReplace.h"
 #include "platform/LineReader.h"
-#include "platform/SettingsDir.h"
 #include "platform/Text.h"
 #include "tests/Support.h"
 
@@ -77,16 +76,6 @@ TEST(FileReplace, WritesNewFilesAndReplacesOldOnes) {
         EXPECT_EQ(ReadAll(file), content);
     }
     EXPECT_EQ(CountIn(dir.Path()), 1);
-}
-
-TEST(SettingsDir, HoldsSettingsBesideAWritableProgram) {
-    const TempDir dir;
-    const fs::path program = fs::path(dir.Write("program/p.txt", "shipped")).parent_path();
-    dir.Write("home/p.txt", "user's");
-    const SettingsDir settings(program, dir.Path() / "home");
-    EXPECT_EQ(settings.ProgramDir(), TextOf(program / ""));
-    EXPECT_EQ(settings.ForReading("p.txt"), program / "p.txt");
-    EXPECT_EQ(settings.ForWriting("p.txt"), program / "p.txt");
 }
 
 }  // namespace

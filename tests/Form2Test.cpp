@@ -152,22 +152,15 @@ TEST(Form2, EightCompoundsOfThirtyOneSamples) {
     EXPECT_THAT(TextsAt(pages[5], 6.1), ElementsAre("(80-108)"));
 }
 
-TEST(Form2, WithoutTheFirstReportNothingIsNamedAndWithoutRangesNothingPrints) {
+TEST(Form2, WithoutRangesNothingPrints) {
     Recoveries form(2, 2);
     form.host.ok = false;
     Form2MCRClick(form.host);
     form.host.ok = true;
-    const std::string ranges = std::exchange(form.host.entries.Ranges.FileName, "c:\\gone.txt");
+    form.host.entries.Ranges.FileName = "c:\\gone.txt";
     Form2MCRClick(form.host);
     EXPECT_THAT(form.host.messages.TakeTitles(), ElementsAre("Incorrect File Type"));
     EXPECT_THAT(form.host.sink.begun, IsEmpty());
-
-    form.host.entries.Ranges.FileName = ranges;
-    form.host.batch.SampleList->front().FileName = "c:\\gone\\r.prn";
-    const JobPage& page = form.Pages().at(1);
-    EXPECT_THAT(TextsEndingAt(page, 3.25), ElementsAre("102"));
-    EXPECT_TRUE(HasText(page, "VMC2 = "));
-    EXPECT_THAT(TextsAt(page, 3.45), ElementsAre("#"));
 }
 
 }  // namespace

@@ -9,6 +9,7 @@ TEST(PrintPackage, RunsOnACopyInOrderAndListsWhatIsRefused) {
     ScriptedHost& host = run.host;
     host.batch.SampleList->back().TicList.emplace(1);
     host.printer.PaperSize.name = "A4";
+    host.entries.Tune.InstrumentId.clear();  // as the sample's header has it
     // Without the file, only an entry that the user accepted before is left as it is.
     std::filesystem::remove(run.dir.Path() / "STD1.D");
     host.entries.InitialCalibration = {"05/16/2005 01:00", "05/16/2005 01:00", {"TYPED.D"}};

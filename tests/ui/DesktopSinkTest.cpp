@@ -41,14 +41,6 @@ TEST_F(DesktopSinkTest, APdfJobAsksForItsFileFirst) {
     EXPECT_THAT(messages_.TakeTexts(), testing::ElementsAre("two.pdf could not be written."));
 }
 
-TEST_F(DesktopSinkTest, ShowsAPreviewWithoutAskingForAFile) {
-    EXPECT_EQ(sink_.Printers().back(), "Screen preview");
-    EXPECT_TRUE(sink_.BeginJob(preview_, job_.title));
-    EXPECT_EQ(WindowUser::Opened([this] { sink_.TakeJob(preview_, job_); }),
-              "Print Preview - Form 1 VBLK01");
-    EXPECT_TRUE(chooser_.saved.empty());
-}
-
 TEST_F(DesktopSinkTest, JoinsAPackageWhenItIsFinished) {
     EXPECT_EQ(sink_.BeginPackage(pdf_, "Package"), nullptr) << "cancelled";
     PrintJob second = job_;

@@ -19,9 +19,10 @@ struct HeaderRig : WindowRig {
         samples[0].Header[HeaderField::kLabName] = "Fairhaven";
         Open();
     }
-    void Open() {
+    void Open(const char* key = "^1") {
         Face(form);
-        Type("^1");
+        Type(key);
+        EXPECT_FALSE(form.isVisible());
         Face(dialog);
     }
     std::string Stored(std::size_t record, HeaderField field) {
@@ -123,15 +124,16 @@ TEST(Form1Header, HoldsTheUserAtAWrongDate) {
 }
 
 TEST(Form1Header, PrintsTheSampleShownOnTheFormOfItsMode) {
-    const std::tuple<int, const char*, const char*, const char*, const char*> cases[] = {
-        {kFormIVoa, "Form 1 Header", "Edit7", "", "Form 1 VBLK01"},
-        {kFormITic, "Form 1 TIC Header", "Edit1", "Tentatively Identified Compound Input",
+    const std::tuple<const char*, const char*, const char*, const char*, const char*> cases[] = {
+        {"^1", "Form 1 Header", "Edit7", "", "Form 1 VBLK01"},
+        {"^t", "Form 1 TIC Header", "Edit1", "Tentatively Identified Compound Input",
          "Form 1 TIC VBLK01"}};
     HeaderRig rig;
     rig.Samples()[0].TicList.emplace(1);
     rig.form.SetPendingFocus(HeaderField::kSdgNo);
-    for (const auto& [mode, title, wanted, tics, job] : cases) {
-        rig.dialog.Open(mode);
+    for (const auto& [key, title, wanted, tics, job] : cases) {
+        rig.dialog.close();
+        rig.Open(key);
         EXPECT_EQ(rig.dialog.windowTitle().toStdString(), title);
         EXPECT_EQ(rig.Focus(), wanted);
         EXPECT_EQ(rig.Opened([&] { rig.Get<QAbstractButton>("EnterButton").click(); }), tics);
@@ -140,9 +142,7 @@ TEST(Form1Header, PrintsTheSampleShownOnTheFormOfItsMode) {
         EXPECT_TRUE(rig.dialog.isVisible()) << "Enter is for buttons";
         rig.Type("&p");
         EXPECT_EQ(rig.sink.jobs.back().title, job);
-        for (const char* const text : {"VBLK01", "C-99", "Fairhaven"}) {
-            EXPECT_TRUE(HasText(rig.sink.jobs.back().pages[0], text)) << text;
-        }
+        EXPECT_TRUE(HasText(rig.sink.jobs.back().pages[0], "C-99"));
         rig.Click("Button5");
     }
     EXPECT_EQ(rig.sink.jobs.size(), 2U);

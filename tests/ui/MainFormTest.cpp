@@ -68,9 +68,6 @@ TEST(MainForm, SavesAndRestoresABatchWithItsState) {
 
     rig.Type("^s");
     EXPECT_EQ(rig.Read("copy.qff"), ReadAll(Example("example.qff")));
-    ASSERT_EQ(rig.log.shown.size(), 1U);
-    EXPECT_EQ(rig.log.shown[0].title, "");
-    EXPECT_EQ(rig.log.shown[0].icon, MessageIcon::kInformation);
     EXPECT_EQ(rig.chooser.opened.at(0).filter, 4);
     EXPECT_EQ(rig.chooser.opened.at(0).directory, "/batches");
     EXPECT_EQ(rig.chooser.saved.at(0).directory, TextOf(ExampleDir()));
@@ -124,15 +121,6 @@ TEST(MainForm, OpensEachFormByItsKey) {
         rig.Face(rig.form);
         EXPECT_EQ(rig.Opened([&rig, key = key] { rig.Type(key); }), title);
         EXPECT_EQ(rig.topics.back(), topic) << title;
-    }
-    auto& header = rig.Find<QDialog>("TForm1Header");
-    for (const auto& [key, title] :
-         {std::pair("^1", "Form 1 Header"), {"^t", "Form 1 TIC Header"}}) {
-        rig.Face(rig.form);
-        rig.Type(key);
-        EXPECT_EQ(header.windowTitle(), title);
-        EXPECT_FALSE(rig.form.isVisible());
-        header.close();
     }
 }
 

@@ -13,13 +13,9 @@ class Preview : public testing::Test, protected WindowUser {
         preview_.show();
         Face(preview_);
     }
-    // Page n shows a black spot n quarters of an inch from the left.
     static PrintJob Job() {
         PrintJob job{"Form 1 VBLK01", kLetterPaper, {}};
-        for (int i = 1; i <= 20; ++i) {
-            const double x = i * 0.25;
-            job.pages.push_back(LetterPage({RuleBetween(x - 0.02, 0.5, x + 0.02, 0.5, 100)}));
-        }
+        job.pages.resize(20, LetterPage());
         return job;
     }
     void ChooseZoom(const char* text) {
@@ -27,7 +23,6 @@ class Preview : public testing::Test, protected WindowUser {
         combo.setCurrentText(text);
         emit combo.activated(combo.currentIndex());
     }
-    double DotsPerInch() const { return view_.Percent() / 100 * view_.logicalDpiX(); }
 
     FormFonts fonts_;
     ChooserScript chooser_;
