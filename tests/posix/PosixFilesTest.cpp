@@ -1,4 +1,4 @@
-// What only systems with permissions, pipes and names in two cases can show of the program's files.
+// What only systems with permissions and pipes can show of the program's files.
 #include <csignal>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -35,13 +35,6 @@ TEST(PosixFiles, AreNotReadWhenForbiddenOrEndless) {
     for (const fs::path& file : {secret, pipe, fs::path("/dev/zero")}) {
         EXPECT_FALSE(LineReader::Open(file)) << file;
     }
-}
-
-TEST(PosixFiles, AreFoundByTheFirstOfTwoNamesThatDifferInCase) {
-    const TempDir dir;
-    dir.Write("A.prn", "x");
-    dir.Write("a.PRN", "x");
-    EXPECT_EQ(FindFile(TextOf(dir.Path() / "a.prn")), dir.Path() / "A.prn");
 }
 
 TEST(PosixFiles, KeepTheirPermissionsWhenTheyAreReplaced) {

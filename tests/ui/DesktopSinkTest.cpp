@@ -18,7 +18,6 @@ class DesktopSinkTest : public testing::Test {
     TempDir directory_;
     DesktopSink sink_{fonts_, chooser_, messages_};
     const int pdf_ = static_cast<int>(InstalledPrinters().size());
-    const int preview_ = pdf_ + 1;
     const PrintJob job_{"Form 1 VBLK01", kLetterPaper, {LetterPage()}};
 };
 
@@ -59,10 +58,6 @@ TEST_F(DesktopSinkTest, JoinsAPackageWhenItIsFinished) {
         EXPECT_EQ(std::filesystem::exists(Path("all.pdf")), finished);
     }
     EXPECT_EQ(OutlineOf(ReadAll(Path("all.pdf"))), "Form II 2 ");
-
-    const auto package = sink_.BeginPackage(preview_, "Package");
-    EXPECT_FALSE(package->Take(job_) || package->Take(second));
-    EXPECT_EQ(WindowUser::Opened([&] { package->Finish(); }), "Print Preview - Package");
 }
 
 }  // namespace
