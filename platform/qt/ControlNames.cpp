@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QAccessibleWidget>
 #include <QApplication>
+#include <QBoxLayout>
 #include <QComboBox>
 #include <QEvent>
 #include <QLabel>
@@ -117,12 +118,19 @@ void NameByLabels(const QWidget& window) {
     }
 }
 
+// In a plain row, a space or a control between the two keeps them apart.
+bool IsBeside(const QWidget& field, const QWidget& button) {
+    const QLayout* const layout = LayoutOf(button.parentWidget()->layout(), &button);
+    const int place = layout != nullptr ? layout->indexOf(&field) : -1;
+    return place >= 0 && (qobject_cast<const QBoxLayout*>(layout) == nullptr ||
+                          layout->indexOf(&button) == place + 1);
+}
+
 void DescribeButtonsByFields(const QWidget& window) {
     for (QPushButton* const button : window.findChildren<QPushButton*>()) {
         const QWidget* const field = button->previousInFocusChain();
-        const QLayout* const layout = LayoutOf(button->parentWidget()->layout(), button);
-        if (button->accessibleDescription().isEmpty() && layout != nullptr &&
-            layout->indexOf(field) >= 0 && qobject_cast<const QPushButton*>(field) == nullptr) {
+        if (button->accessibleDescription().isEmpty() && IsBeside(*field, *button) &&
+            qobject_cast<const QPushButton*>(field) == nullptr) {
             button->setAccessibleDescription(field->accessibleName());
         }
     }

@@ -9,8 +9,8 @@ namespace qfr {
 // - a control is named by the label that is its buddy;
 // - a drop-down, too, is named by its label, not by its choice. Where the choice cannot be typed
 //   over, it is the drop-down's description;
-// - a button beside a control of its row, after it in the tab order, is described by the control's
-//   name: so several "Browse" buttons can be told apart.
+// - a button right beside a control of its row, after it in the tab order, is described by the
+//   control's name: so several "Browse" buttons can be told apart.
 // Names and descriptions that a window gives itself stay.
 void NameControls(QApplication& application);
 

@@ -107,6 +107,7 @@ PreviewWindow::PreviewWindow(std::vector<PrintJob> jobs, const std::string& titl
     auto* const layout = new QVBoxLayout(this);
     layout->addLayout(row);
     layout->addWidget(view_);
+    setTabOrder(saveButton, formCombo_);
 
     if (InstalledPrinters().empty()) {
         printButton->setEnabled(false);

@@ -1,8 +1,11 @@
 #include "platform/qt/QtFileChooser.h"
 
+#include <utility>
+
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QLabel>
 #include <QStringList>
 
 #include "platform/qt/WaitCursor.h"
@@ -66,6 +69,16 @@ QString StartIn(const std::string& directory) {
     return QDir::homePath();
 }
 
+// Two of the dialog's lists stand beside labels that do not name them.
+void NameLists(const QFileDialog& dialog) {
+    for (const auto& [label, list] :
+         {std::pair("lookInLabel", "lookInCombo"), std::pair("fileTypeLabel", "fileTypeCombo")}) {
+        if (auto* const found = dialog.findChild<QLabel*>(label)) {
+            found->setBuddy(dialog.findChild<QWidget*>(list));
+        }
+    }
+}
+
 std::optional<ChosenFiles> Run(QFileDialog& dialog, const QStringList& filters, int filter) {
     // One dialog everywhere: it sorts, filters and asks alike on every desktop.
     dialog.setOption(QFileDialog::DontUseNativeDialog);
@@ -73,6 +86,7 @@ std::optional<ChosenFiles> Run(QFileDialog& dialog, const QStringList& filters, 
     dialog.setNameFilters(filters);
     const qsizetype first = filter >= 1 && filter <= filters.size() ? filter - 1 : 0;
     dialog.selectNameFilter(filters[first]);
+    NameLists(dialog);
     const AskingCursor asking;
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
         return std::nullopt;
