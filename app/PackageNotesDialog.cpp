@@ -4,6 +4,7 @@
 
 #include <QHeaderView>
 
+#include "platform/WindowServices.h"
 #include "ui_PackageNotesDialog.h"
 
 namespace qfr {
@@ -12,6 +13,7 @@ PackageNotesDialog::PackageNotesDialog(const std::vector<PackageNote>& notes, co
                                        const QString& summary, QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::PackageNotesDialog>()) {
     ui_->setupUi(this);
+    setProperty(kHelpTopicProperty, kPrintAllHelpTopic);
     ui_->NotesLabel->setText(summary + " &Messages:");
     QTableWidget& table = *ui_->NotesTable;
     table.setRowCount(static_cast<int>(notes.size()));

@@ -50,6 +50,7 @@ PackageOutcome PrintWithProgress(TQFRForm& window, TextMetrics& metrics,
     QProgressDialog progress("", "&Cancel", 0, count, &window);
     progress.setObjectName("PrintAllProgress");
     progress.setWindowTitle(kTitle);
+    progress.setProperty(kHelpTopicProperty, kPrintAllHelpTopic);
     progress.setWindowModality(Qt::WindowModal);
     progress.setMinimumDuration(kProgressDelay);
     progress.setAutoReset(false);

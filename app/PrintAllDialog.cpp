@@ -8,8 +8,6 @@ namespace qfr {
 
 namespace {
 
-constexpr int kHelpTopic = 170;
-
 void AddChecked(QListWidget& list, const std::string& text) {
     auto* const item = new QListWidgetItem(QString::fromStdString(text), &list);
     item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
@@ -63,7 +61,7 @@ PrintAllDialog::PrintAllDialog(const Batch& batch, const std::string& printer,
     connectList(*ui_->SamplesList, *ui_->AllSamplesButton, *ui_->NoSamplesButton);
     connect(ui_->PrintButton, &QPushButton::clicked, this, &QDialog::accept);
     connect(ui_->CancelButton, &QPushButton::clicked, this, &QDialog::reject);
-    ConnectHelp(*this, services, kHelpTopic, ui_->HelpButton);
+    ConnectHelp(*this, services, kPrintAllHelpTopic, ui_->HelpButton);
     ShowCount();
     ui_->FormsList->setFocus();
 }

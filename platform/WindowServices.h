@@ -18,6 +18,7 @@ inline constexpr int kTextPathSlot = 3;
 
 // A window that knows no WindowServices names the context number of its help in this property.
 inline constexpr const char* kHelpTopicProperty = "helpTopic";
+inline constexpr int kPrintAllHelpTopic = 170;
 inline constexpr int kPrintingHelpTopic = 180;
 
 class WindowServices {
