@@ -69,7 +69,7 @@ class HelpPage : public QTextBrowser {
 namespace {
 
 constexpr std::array<int, 6> kPercents = {75, 100, 125, 150, 200, 300};
-constexpr QSize kUsualSize(1000, 720);
+constexpr QSize kUsualSize(1040, 720);  // its pictures, up to 690 wide, show at their own size
 constexpr int kContentsWidth = 250;
 constexpr int kFrame = 16;  // room for it at the edge of the screen
 constexpr int kPageRole = Qt::UserRole;
