@@ -16,7 +16,8 @@ std::vector<std::string> ProgramArguments(int argc, const char* const* argv);
 bool IsWritable(const std::filesystem::path& folder);
 
 // Writes a file that is not there yet and brings it to the disk. Where files have owners and
-// permissions, those of the file that it is to replace (it need not exist) are taken over.
+// permissions, those of the file that it is to replace (it need not exist) are taken over as far as
+// the user may set them.
 std::error_code WriteNewFile(const std::filesystem::path& file,
                              const std::filesystem::path& replaced, std::string_view content);
 

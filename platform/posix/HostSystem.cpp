@@ -58,12 +58,11 @@ std::error_code WriteNewFile(const fs::path& file, const fs::path& replaced,
     }
     if (replaces) {
         // The owner can be kept only by those who may give files away; the others own the new file.
-        if (::fchown(out.Value(), old.st_uid, old.st_gid) != 0) {
-            errno = 0;
-        }
-        if (::fchmod(out.Value(), old.st_mode & kPermissions) != 0) {
-            return LastError();
-        }
+        // A share that shows all files as somebody else's has the same permissions for all of them,
+        // and refuses to set any.
+        [[maybe_unused]] const bool ownerKept = ::fchown(out.Value(), old.st_uid, old.st_gid) == 0;
+        [[maybe_unused]] const bool permissionsKept =
+            ::fchmod(out.Value(), old.st_mode & kPermissions) == 0;
     }
     while (!content.empty()) {
         const ssize_t written = ::write(out.Value(), content.data(), content.size());
