@@ -1,9 +1,9 @@
 #!/bin/sh
 # Installs what is missing of the Debian packages that a task needs: "build" the programs, "test" them,
-# "check" the sources, make the "package", build the core for "windows". Asks for nothing, and needs
-# neither root nor the network when nothing is missing.
+# "check" the sources, make the "package", build the core for "windows", measure with "bench". Asks for
+# nothing, and needs neither root nor the network when nothing is missing.
 #
-#     packaging/install-packages.sh build [test] [check] [package] [windows]
+#     packaging/install-packages.sh build [test] [check] [package] [windows] [bench]
 set -eu
 
 packagesFor() {
@@ -19,6 +19,7 @@ packagesFor() {
             echo dpkg-dev file fakeroot lintian desktop-file-utils appstream shared-mime-info \
                 libglib2.0-bin man-db poppler-utils ;;
         windows) echo g++-mingw-w64-x86-64-posix googletest ;;
+        bench) echo libbenchmark-dev ;;
         *)
             echo "$0: no such task: $1" >&2
             exit 2
