@@ -2,7 +2,6 @@
 
 #include <cstdlib>
 #include <fstream>
-#include <ostream>
 #include <utility>
 #include <variant>
 
@@ -74,9 +73,9 @@ std::string Laboratory::Name() const {
 }
 
 void Laboratory::Print(const SavedBatch& batch, const std::vector<FormDriver>& forms) {
-    std::ostream nowhere(nullptr);
+    Silence silence;
     BlockMetrics metrics;
-    HeadlessHost host(batch, metrics, nowhere, EntryDialogRules());
+    HeadlessHost host(batch, metrics, silence, EntryDialogRules());
     for (const FormDriver form : forms) {
         form(host);
     }
