@@ -51,6 +51,16 @@ std::vector<const JobPage*> PagesOf(const std::vector<PrintJob>& jobs) {
     return pages;
 }
 
+// The print service may take its time.
+QStringList PrinterNames() {
+    const WaitCursor wait;
+    QStringList names;
+    for (const std::string& name : InstalledPrinters()) {
+        names += QString::fromStdString(name);
+    }
+    return names;
+}
+
 }  // namespace
 
 PreviewWindow::PreviewWindow(std::vector<PrintJob> jobs, const std::string& title, FormFonts& fonts,
@@ -109,7 +119,7 @@ PreviewWindow::PreviewWindow(std::vector<PrintJob> jobs, const std::string& titl
     layout->addWidget(view_);
     setTabOrder(saveButton, formCombo_);
 
-    if (InstalledPrinters().empty()) {
+    if (PrinterNames().empty()) {
         printButton->setEnabled(false);
         printButton->setToolTip("No printer is installed.");
     }
@@ -188,17 +198,9 @@ void PreviewWindow::ZoomBy(int steps) {
 }
 
 void PreviewWindow::Print() {
-    const QStringList printers = [] {
-        const WaitCursor wait;
-        QStringList names;
-        for (const std::string& name : InstalledPrinters()) {
-            names += QString::fromStdString(name);
-        }
-        return names;
-    }();
     bool chosen = false;
     const QString printer =
-        QInputDialog::getItem(this, "Print", "&Printer:", printers, 0, false, &chosen);
+        QInputDialog::getItem(this, "Print", "&Printer:", PrinterNames(), 0, false, &chosen);
     if (!chosen || printer.isEmpty()) {
         return;
     }
