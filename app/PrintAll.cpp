@@ -28,7 +28,7 @@ std::string ChosenPrinter(const Page& page, const TPrinter& printer) {
     return page.PrinterChosen && index < printer.Printers.size() ? printer.Printers[index] : "";
 }
 
-// What the laboratory calls the sample delivery group.
+// Named after the sample delivery group, once a header tells it.
 std::string PackageTitle(const Batch& batch) {
     for (const SampleRecord& record : batch.SampleList.value_or(SampleListType())) {
         if (const std::string group = Trim(record.Header[HeaderField::kSdgNo]); !group.empty()) {

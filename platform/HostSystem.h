@@ -17,7 +17,7 @@ bool IsWritable(const std::filesystem::path& folder);
 
 // Writes a file that is not there yet and brings it to the disk. Where files have owners and
 // permissions, those of the file that it is to replace (it need not exist) are taken over as far as
-// the user may set them.
+// the user may set them. After a failure the caller removes what there is of the file.
 std::error_code WriteNewFile(const std::filesystem::path& file,
                              const std::filesystem::path& replaced, std::string_view content);
 
