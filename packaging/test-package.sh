@@ -71,8 +71,8 @@ chmod -R a-w "$tree"
 chmod 755 "$work"
 chmod 700 "$home"
 asUser() {
-    set -- env -i HOME="$home" XDG_RUNTIME_DIR="$home" PATH="$tree/usr/bin:$PATH" LC_ALL="$LC_ALL" QT_QPA_PLATFORM=offscreen \
-        "$@"
+    set -- env -i HOME="$home" TMPDIR="$home" XDG_RUNTIME_DIR="$home" PATH="$tree/usr/bin:$PATH" \
+        LC_ALL="$LC_ALL" QT_QPA_PLATFORM=offscreen "$@"
     [ "$(id -u)" -ne 0 ] || set -- setpriv --reuid=65534 --regid=65534 --clear-groups "$@"
     exec "$@"
 }
