@@ -9,6 +9,7 @@ import time
 
 DEADLINE = 20  # seconds, for anything that is waited for
 WINDOW = ("dialog", "alert", "frame")
+SCALE = float(os.environ.get("QT_SCALE_FACTOR", "1"))
 
 
 class Unavailable(Exception):
@@ -41,7 +42,8 @@ class Desktop:
         if missing := [tool for tool in ("Xvfb", "dbus-daemon", "openbox", "import") if not shutil.which(tool)]:
             raise Unavailable(f"{' '.join(missing)} not installed")
         os.environ["DISPLAY"] = ":" + self._answer_of(
-            "Xvfb", "-displayfd", "1", "-screen", "0", "1280x1024x24", "-nolisten", "tcp")
+            "Xvfb", "-displayfd", "1", "-screen", "0", f"{1280 * SCALE:.0f}x{1024 * SCALE:.0f}x24",
+            "-nolisten", "tcp")
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._answer_of(
             "dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address")
         ask = "dbus-send --print-reply --dest=org.a11y.Bus /org/a11y/bus org.a11y.Bus.GetAddress"
@@ -132,6 +134,6 @@ class Program:
     def _click(self, thing):
         def place():
             e = thing.queryComponent().getExtents(self._atspi.DESKTOP_COORDS)
-            return e.x + e.width // 2, e.y + e.height // 2
+            return int(SCALE * (e.x + e.width // 2)), int(SCALE * (e.y + e.height // 2))
         wait_for(f"rest of {thing.name}", lambda: place() == place())
         self._atspi.Registry.generateMouseEvent(*place(), "b1c")
