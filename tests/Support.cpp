@@ -1,6 +1,7 @@
 #include "tests/Support.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <fstream>
 #include <random>
@@ -12,6 +13,27 @@
 namespace qfr::test {
 
 namespace fs = std::filesystem;
+
+namespace {
+
+// Of Times New Roman and Liberation Serif, in units of which an em has 2048; advance widths from
+// " " to "~".
+constexpr int kUnitsPerEm = 2048;
+constexpr int kAscent = 1825;
+constexpr int kDescent = 443;
+constexpr int kAdvances[] = {
+    512,  682,  836,  1024, 1024, 1706, 1593, 369,  682,  682,  1024, 1155, 512,  682,  512,  569,
+    1024, 1024, 1024, 1024, 1024, 1024, 1024, 1024, 1024, 1024, 569,  569,  1155, 1155, 1155, 909,
+    1886, 1479, 1366, 1366, 1479, 1251, 1139, 1479, 1479, 682,  797,  1479, 1251, 1821, 1479, 1479,
+    1139, 1479, 1366, 1139, 1251, 1479, 1479, 1933, 1479, 1479, 1251, 682,  569,  682,  961,  1024,
+    682,  909,  1024, 909,  1024, 909,  682,  1024, 1024, 569,  569,  1024, 569,  1593, 1024, 1024,
+    1024, 1024, 682,  797,  569,  1024, 1024, 1479, 1024, 1024, 909,  983,  410,  983,  1108};
+
+double PixelsPerUnit(int points) {
+    return points * kResolution / 72.0 / kUnitsPerEm;
+}
+
+}  // namespace
 
 bool MessageLog::AskYesNo(const Message& question) {
     shown.push_back(question);
@@ -86,6 +108,27 @@ int SquareMetrics::TextWidth(std::string_view utf8, int points) {
 
 int SquareMetrics::TextHeight(int points) {
     return points * kResolution / 72;
+}
+
+int TimesMetrics::TextWidth(std::string_view utf8, int points) {
+    constexpr std::string_view kAccented = "\u00e9";
+    int units = 0;
+    while (!utf8.empty()) {
+        const bool accented = utf8.starts_with(kAccented);
+        const auto index = static_cast<std::size_t>(accented ? 'e' : utf8.front()) - ' ';
+        if (index >= std::size(kAdvances)) {
+            ADD_FAILURE() << "the typeface lacks a character: " << utf8;
+            break;
+        }
+        units += kAdvances[index];
+        utf8.remove_prefix(accented ? kAccented.size() : 1);
+    }
+    return static_cast<int>(std::lround(units * PixelsPerUnit(points)));
+}
+
+int TimesMetrics::TextHeight(int points) {
+    return static_cast<int>(std::lround(kAscent * PixelsPerUnit(points)) +
+                            std::lround(kDescent * PixelsPerUnit(points)));
 }
 
 }  // namespace qfr::test

@@ -87,4 +87,11 @@ class SquareMetrics : public TextMetrics {
     int TextHeight(int points) override;
 };
 
+// The forms' typeface without its font file: ASCII, and "é" for the names that are not.
+class TimesMetrics : public TextMetrics {
+  public:
+    int TextWidth(std::string_view utf8, int points) override;
+    int TextHeight(int points) override;
+};
+
 }  // namespace qfr::test

@@ -15,6 +15,17 @@ TEST(TextMetrics, AreThoseOfTheTypeface) {
     EXPECT_EQ(metrics.TextHeight(10), 92);
     EXPECT_EQ(metrics.TextHeight(8), 73);
     EXPECT_EQ(metrics.TextWidth("a\nb\tc", 10), metrics.TextWidth("a b c", 10));
+    // What the approved pages are measured with.
+    TimesMetrics approved;
+    for (const int points : {5, 8, 10, 14}) {
+        EXPECT_EQ(metrics.TextHeight(points), approved.TextHeight(points));
+        for (char character = ' '; character <= '~'; ++character) {
+            const std::string text(points, character);
+            EXPECT_EQ(metrics.TextWidth(text, points), approved.TextWidth(text, points)) << text;
+        }
+        const char name[] = "G\u00e9nie: AVAILABLE, fi To 1,1-VOLATILE (mm)";
+        EXPECT_EQ(metrics.TextWidth(name, points), approved.TextWidth(name, points));
+    }
 }
 
 TEST(PaintPage, CoversInTheOrderOfTheItems) {

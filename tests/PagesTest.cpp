@@ -1,0 +1,160 @@
+// Every form of three batches as it prints, text by text and rule by rule, against the pages in
+// tests/pages that somebody has looked at. tests/renew-pages.sh writes them anew.
+#include <cstdlib>
+#include <fstream>
+#include <map>
+#include <sstream>
+
+#include "app/Package.h"
+#include "platform/FileLookup.h"
+#include "platform/Numbers.h"
+#include "tests/Support.h"
+
+namespace qfr::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct PagesBatch {
+    const char* name;  // of its folder in tests/pages
+    fs::path file;
+    std::size_t samples;  // of the forms that print for each sample, only the first so many
+    // Without its continuing calibration report, which a batch file cannot do without.
+    bool uncheckedCalibration = false;
+};
+
+fs::path TestsDir() {
+    return fs::path(QFR_SOURCE_DIR) / "tests";
+}
+
+// In inches; a pixel more or less shows.
+std::string Inches(int pixels) {
+    const std::string text = FormatFixed(static_cast<double>(pixels) / kResolution, 3);
+    return std::string(8 - std::min<std::size_t>(text.size(), 8), ' ') + text;
+}
+
+std::string Dump(const TextItem& item) {
+    return "text" + Inches(item.x) + " -" + Inches(item.x + item.width) + Inches(item.y) +
+           (item.size < 10 ? "     " : "    ") + std::to_string(item.size) + "  \"" + item.text +
+           "\"\n";
+}
+
+std::string Dump(const RuleItem& item) {
+    return "rule" + Inches(item.x1) + Inches(item.y1) + " -" + Inches(item.x2) + Inches(item.y2) +
+           "  pen " + std::to_string(item.penWidth) + "\n";
+}
+
+std::string Dump(const PrintJob& job) {
+    std::ostringstream dump;
+    dump << job.form << (job.sample.empty() ? "" : " of " + job.sample) << "\ntitle \"" << job.title
+         << "\" on " << job.paper.name << "\ntext from x to x, y, points; rule from x, y to x, y\n";
+    for (std::size_t i = 0; i < job.pages.size(); ++i) {
+        const JobPage& page = job.pages[i];
+        dump << "\npage " << i + 1
+             << (page.orientation == PageOrientation::kPortrait ? " portrait" : " landscape")
+             << Inches(page.width) << " x" << Inches(page.height) << "\n";
+        for (const PageItem& item : page.items) {
+            dump << std::visit([](const auto& kind) { return Dump(kind); }, item);
+        }
+    }
+    return dump.str();
+}
+
+// Prints the batch as the companion command does. The pages of each job by the name of their file,
+// and what the forms had to say.
+std::map<std::string, std::string> PrintedPages(const PagesBatch& batch) {
+    SavedBatch saved = std::get<SavedBatch>(
+        RestoreBatch(LineReader::Open(batch.file).value(), TextOf(batch.file), Entries()));
+    if (batch.uncheckedCalibration) {
+        saved.Batch.Files.CheckCal.clear();
+    }
+    PackageChoice choice{.samples = std::vector<bool>(batch.samples, true)};
+    choice.forms.fill(true);
+    const std::vector<PackageWork> works = PlanPackage(saved.Batch, choice);
+    TimesMetrics metrics;
+    MessageLog messages;
+    HeadlessHost host(std::move(saved), metrics, messages, EntryDialogRules());
+    std::map<std::string, std::string> pages;
+    for (const PackageWork& work : works) {
+        const std::string form = "form-" + std::string(work.form->name);
+        if (const auto job = PrintWork(host, work)) {
+            pages[form + (job->sample.empty() ? "" : "-" + job->sample) + ".txt"] = Dump(*job);
+        }
+        for (const Message& message : std::exchange(messages.shown, {})) {
+            pages["messages.txt"] += form + ": " + AsLine(message) + "\n";
+        }
+    }
+    return pages;
+}
+
+void WritePages(const fs::path& folder, const std::map<std::string, std::string>& pages) {
+    fs::remove_all(folder);
+    fs::create_directories(folder);
+    for (const auto& [name, content] : pages) {
+        std::ofstream(folder / name, std::ios::binary) << content;
+    }
+}
+
+// The first few lines that differ, each with its page and its number in the file.
+std::string Differences(const std::string& approved, const std::string& printed) {
+    std::istringstream was(approved);
+    std::istringstream is(printed);
+    std::string differences;
+    std::string page;
+    for (int line = 1, left = 3; left > 0 && (was || is); ++line) {
+        std::string old;
+        std::string now;
+        std::getline(was, old);
+        std::getline(is, now);
+        page = old.starts_with("page") ? old.substr(0, old.find(' ', 5)) + ", " : page;
+        if (old != now) {
+            differences += page + "line " + std::to_string(line) + "\n  approved: " + old +
+                           "\n  printed:  " + now + "\n";
+            --left;
+        }
+    }
+    return differences;
+}
+
+TEST(Pages, AreTheApprovedOnes) {
+    const PagesBatch batches[] = {
+        {"example", ExampleDir() / "example.qff", 4},
+        {"wrapped", TestsDir() / "data/wrapped/wrapped.qff", 4},
+        {"landscape", TestsDir() / "data/landscape/landscape.qff", 3, true},
+    };
+    for (const PagesBatch& batch : batches) {
+        const fs::path folder = TestsDir() / "pages" / batch.name;
+        const auto printed = PrintedPages(batch);
+        if (std::getenv("QFR_RENEW_PAGES") != nullptr) {
+            WritePages(folder, printed);
+        }
+        struct Both {
+            std::string approved = "no such file";
+            std::string printed = "no such pages";
+        };
+        std::map<std::string, Both> pages;
+        for (const auto& file : fs::directory_iterator(folder)) {
+            pages[TextOf(file.path().filename())].approved = ReadAll(file.path());
+        }
+        for (const auto& [name, content] : printed) {
+            pages[name].printed = content;
+        }
+        std::string others;
+        int shown = 0;
+        for (const auto& [name, both] : pages) {
+            if (both.approved == both.printed) {
+                continue;
+            }
+            if (++shown <= 3) {
+                ADD_FAILURE() << "tests/pages/" << batch.name << "/" << name << ", "
+                              << Differences(both.approved, both.printed);
+            } else {
+                others += " " + name;
+            }
+        }
+        EXPECT_EQ(others, "") << "these of " << batch.name << " differ as well";
+    }
+}
+
+}  // namespace
+}  // namespace qfr::test
