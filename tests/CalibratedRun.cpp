@@ -34,7 +34,9 @@ CalibratedRun::CalibratedRun(int levels, int compounds, int samples) {
         calibration += Block(name, levels, "A");
         check += Number(i) + ";" + name + ";12.5;x;50.00;x;x;11.4;-8.8;77.0;1.5\n";
     }
+    std::string sample = "----------     Internal Standard Data     ----------\nName;Area;RT\n";
     for (const std::string_view standard : InternalStandardNames) {
+        sample += std::string(standard) + ";1000.9;7.25\n";
         calibration += Block(std::string(standard), levels, "I");
         check += "0;" + std::string(standard) + ";1;x;50.00;x;x;1;0.0;1000.9;7.25\n";
     }
@@ -45,7 +47,7 @@ CalibratedRun::CalibratedRun(int levels, int compounds, int samples) {
     host.batch.SampleList.emplace();
     for (int i = 1; i <= samples; ++i) {
         const std::string name = "S" + Number(i);
-        files.QFiles.push_back(dir.Write(name + ".PRN", SampleText("1000.9", "7.25")));
+        files.QFiles.push_back(dir.Write(name + ".PRN", sample));
         host.batch.SampleList->push_back(CompleteRecord(name, files.QFiles.back()));
         host.batch.SampleList->back().Header[HeaderField::kDateAnalyzed] =
             i == 1 ? "05/18/2005 09:00" : "05/18/2005 21:01";
@@ -65,14 +67,6 @@ std::vector<std::string> CalibratedRun::Run(void (*driver)(FormHost&)) {
 const JobPage& CalibratedRun::FirstPage(void (*driver)(FormHost&)) {
     EXPECT_EQ(Run(driver), std::vector<std::string>());
     return host.sink.jobs.at(0).pages.at(0);
-}
-
-std::string SampleText(const std::string& area, const std::string& rt) {
-    std::string text = "----------     Internal Standard Data     ----------\nName;Area;RT\n";
-    for (const std::string_view name : InternalStandardNames) {
-        text += std::string(name) + ";" + area + ";" + rt + "\n";
-    }
-    return text;
 }
 
 }  // namespace qfr::test

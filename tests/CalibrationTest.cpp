@@ -153,6 +153,10 @@ TEST(InternalStandards, OfTheStandardHaveNoLimitsWithoutNumbers) {
     EXPECT_THAT(StandardFromCheckReport(other),
                 ElementsAre(FieldsAre("many", "late", "", "", "", ""), none, none));
     EXPECT_FALSE(OutsideLimits("3", "", ""));
+    const auto flag = [](const char* area) {
+        return OutsideLimits(area, "500", "2000") ? "*" : "";
+    };
+    EXPECT_EQ(Joined({"499", "500", "2000", "2001", "n/a", ""}, flag), "*|||*||");
     EXPECT_EQ(ScaleText("1001", 0.5, 0), "500") << "to even, as ever";
 }
 

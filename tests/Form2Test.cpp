@@ -122,7 +122,6 @@ TEST(Form2, PagesOfSamplesAndOfCompounds) {
         for (const JobPage& page : form.Pages()) {
             const Texts lines = TextsAt(page, 3.6);
             summary += lines.empty() ? "- " : lines[0].substr(1, 1) + lines[0].substr(17) + " ";
-            EXPECT_EQ(RulesAcross(page, 0.9, 7.6).size(), lines.empty() ? 0U : 31U);
         }
         return summary + TextsAt(form.Pages().at(1), 0.9).back();
     };
@@ -132,24 +131,6 @@ TEST(Form2, PagesOfSamplesAndOfCompounds) {
     EXPECT_EQ(pages(31, 8), "- A1 A2 - B1 B2 - Page 1 of 2");
     EXPECT_EQ(pages(1, 15), "- A1 - B1 - C1 - Page 1 of 1");
     EXPECT_EQ(pages(1, 22), "- A1 - B1 - C1 - Page 1 of 1");
-}
-
-TEST(Form2, EightCompoundsOfThirtyOneSamples) {
-    Recoveries form(31, 8);
-    const std::vector<JobPage>& pages = form.Pages();
-    EXPECT_THAT(TextsEndingAt(pages[2], 3.25), ElementsAre("102"));
-    EXPECT_THAT(TextsAt(pages[2], 3.45), ElementsAre("#", "*"));
-    EXPECT_TRUE(HasText(pages[2], "31") && HasText(pages[2], "60"));
-    EXPECT_TRUE(HasText(pages[2], "VMC1 = c1")) << "without limits, but listed";
-    EXPECT_THAT(TextsAt(pages[2], 6.1), ElementsAre("(82.5-101)"));
-    // Rows are as high as ten points and 0.05 inch; eight points are 67 pixels.
-    const double bottom = RulesAcross(pages[2], 0.9, 7.6).back();
-    EXPECT_NEAR(bottom, 2.2375 + 32 * 83 / 600.0 + 30 * 0.05, 0.003);
-    EXPECT_NEAR(FindText(pages[2], "QC LIMITS").y / 600.0, bottom + 0.2 - 67 / 600.0, 0.003);
-    EXPECT_TRUE(HasText(pages[5], "VMC14")) << "all heads, one compound";
-    EXPECT_THAT(TextsEndingAt(pages[5], 2.45), ElementsAre("108"));
-    EXPECT_THAT(TextsAt(pages[5], 2.65), ElementsAre("#")) << "a limit itself is inside";
-    EXPECT_THAT(TextsAt(pages[5], 6.1), ElementsAre("(80-108)"));
 }
 
 TEST(Form2, WithoutRangesNothingPrints) {

@@ -104,17 +104,8 @@ struct CalibratedRun {
     const JobPage& FirstPage(void (*driver)(FormHost&));
 };
 
-// A quantitation report with this area and retention time for each internal standard.
-std::string SampleText(const std::string& area, const std::string& rt);
-
-// The item of the page with exactly this text; fails the test when there is none.
-TextItem FindText(const JobPage& page, std::string_view text);
 bool HasText(const JobPage& page, std::string_view text);
 // Texts whose left edge is at this x (inches, to the pixel), from top to bottom as drawn.
 std::vector<std::string> TextsAt(const JobPage& page, double x);
-// Texts whose right edge is within a pixel of this x (inches).
-std::vector<std::string> TextsEndingAt(const JobPage& page, double x);
-// Levels, in inches, of the horizontal rules from x1 to x2 (inches).
-std::vector<double> RulesAcross(const JobPage& page, double x1, double x2);
 
 }  // namespace qfr::test

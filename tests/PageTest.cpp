@@ -28,26 +28,6 @@ TEST(Page, AsksForThePrinterOnceAndAgainWhenItChanged) {
     EXPECT_EQ(host.printerSetups, 2);
 }
 
-TEST(Page, LabelledFieldStandsOnItsUnderline) {
-    ScriptedHost host;
-    host.printer.BeginDoc();
-    // Ten points are 83 pixels, and 250 pixels are the label's six characters in this typeface.
-    host.page.PrintLabelledField("Label:", "val", 1.0, 2.0, 0.5);
-    host.page.PrintLabelledField("Empty:", "  /  /       :  ", 1.0, 3.0, 0.5);
-    host.printer.EndDoc();
-    const JobPage& page = host.sink.jobs.at(0).pages.at(0);
-    ASSERT_EQ(page.items.size(), 5U) << "the empty mask is not printed";
-    EXPECT_EQ(FindText(page, "Label:"), (TextItem{600, 1117, 250, 83, 10, "Label:"}));
-    const RuleItem rule = std::get<RuleItem>(page.items[1]);
-    EXPECT_NEAR(rule.x1, 600 + 250 + 60, 1);
-    EXPECT_NEAR(rule.x2 - rule.x1, 300, 1);
-    EXPECT_EQ(rule.y1, 1200);
-    EXPECT_EQ(rule.penWidth, kRulePen);
-    const TextItem value = FindText(page, "val");
-    EXPECT_NEAR(value.x + value.width / 2.0, (rule.x1 + rule.x2) / 2.0, 2);
-    EXPECT_NEAR(value.y, 1117 - 30, 1);
-}
-
 TEST(Page, SplitsNamesAfterHyphensOnly) {
     ScriptedHost host;
     const auto split = [&host](const std::string& name, double width = 2.6) {

@@ -10,17 +10,13 @@ TEST(TextMetrics, AreThoseOfTheTypeface) {
     ASSERT_FALSE(FormTypeface().empty()) << kNoTypeface;
     FormFonts fonts;
     QtTextMetrics metrics(fonts);
-    // Digits are half an em wide, an em is 83.33 pixels at 10 points.
-    EXPECT_EQ(metrics.TextWidth("0123456789", 10), 417);
-    EXPECT_EQ(metrics.TextHeight(10), 92);
-    EXPECT_EQ(metrics.TextHeight(8), 73);
     EXPECT_EQ(metrics.TextWidth("a\nb\tc", 10), metrics.TextWidth("a b c", 10));
     // What the approved pages are measured with.
     TimesMetrics approved;
     for (const int points : {5, 8, 10, 14}) {
         EXPECT_EQ(metrics.TextHeight(points), approved.TextHeight(points));
         for (char character = ' '; character <= '~'; ++character) {
-            const std::string text(points, character);
+            const std::string text(60, character);  // a unit more or less shows
             EXPECT_EQ(metrics.TextWidth(text, points), approved.TextWidth(text, points)) << text;
         }
         const char name[] = "G\u00e9nie: AVAILABLE, fi To 1,1-VOLATILE (mm)";
