@@ -182,9 +182,14 @@ TEST(BatchFile, RestoresEntries) {
     const SampleHeader header = Restored(Saved(shifted)).Batch.SampleList->front().Header;
     EXPECT_EQ(header[HeaderField::kLabName] + header[HeaderField::kContract], "ab");
     EXPECT_EQ(header[HeaderField::kLabCode], "/d/vblk.prn4");
-    for (const char* line : {"S", ";;;;;;;;", ";;;;;;;;10;", ";;;;;;;;-7;", ";;;;;;;;x;"}) {
-        EXPECT_EQ(with(kSummary, line).StandardSummary.LevelIndex, -1) << line;
-    }
+    const auto level = [&with](const char* saved) {
+        const std::string line = "VSTD050" + std::string(saved);
+        return std::to_string(with(kSummary, line.c_str()).StandardSummary.LevelIndex);
+    };
+    EXPECT_EQ(Joined({";;;;;;;;0;", ";;;;;;;;4;", ";;;;;;;;5;", ";;;;;;;;9;"}, level), "0|4|5|9");
+    EXPECT_EQ(
+        Joined({"", ";;;;;;;;", ";;;;;;;;-1;", ";;;;;;;;-7;", ";;;;;;;;10;", ";;;;;;;;x;"}, level),
+        "-1|-1|-1|-1|-1|-1");
 }
 
 }  // namespace

@@ -32,10 +32,15 @@ TEST(CheckReport, SixthLineNamesTheStandardsDataFile) {
         ReadCheckStandardInfo(report, dir.Path().string(), entry);
         return entry.AnalysisDateTime + " " + entry.LabFileId;
     };
-    EXPECT_EQ(Joined({"Data File: C:\\RUN\\GOOD.D ", "GOOD.D"}, read),
-              "05/18/2005 08:46 VSTD050.D|05/18/2005 08:46 VSTD050.D");
-    EXPECT_EQ(Joined({"Data File: UNDATED.D", "Data File: GONE.D", ""}, read),
-              "before VSTD100.D|before id|before id");
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {"a path of another computer", "Data File: C:\\RUN\\GOOD.D ", "05/18/2005 08:46 VSTD050.D"},
+        {"a name alone", "GOOD.D", "05/18/2005 08:46 VSTD050.D"},
+        {"a file without date", "Data File: UNDATED.D", "before VSTD100.D"},
+        {"a file that is gone", "Data File: GONE.D", "before id"},
+        {"no name", "", "before id"}};
+    for (const auto& [what, line, taken] : cases) {
+        EXPECT_EQ(read(line), taken) << what;
+    }
 }
 
 // Benzene, three levels: RFs 10.4, 11.5 and 14.49 round to 10, 12 and 14. n = 3, sum = 36 and
@@ -73,78 +78,113 @@ TEST(CalibrationTables, UseTheLevelsThatTheMaskNames) {
         LineReader report("title\n\nheads\n\n" + line + "\nline 2\nA\n");
         const auto table = BuildRFTable(report, 3, messages);
         const CalibrationRecord record = table ? table->at(0) : CalibrationRecord();
-        return record.RF[0] + "," + record.RF[1] + "," + record.RF[2] + "," + record.MeanRF + "," +
-               record.RSD;
+        return record.RF[0] + "," + record.RF[1] + "," + record.RF[2] + " mean " + record.MeanRF +
+               " RSD " + record.RSD;
     };
-    EXPECT_EQ(build("a;;;;1;;;;;;2;;;;;;3;;;101;c"), "1,,3,2,50.00");
-    EXPECT_EQ(build("a;;;;1;;;;;;2;;;;;;3;;;1;c"), "1,,,1,0.00");
-    EXPECT_EQ(build("a;;;;1;;;;;;2;;;;;;x;;;;c"), ",,,,");
-    EXPECT_EQ(build("a;;;;1;;;111;c"), "1,,,1,0.00");
-    EXPECT_EQ(build("a;;;;0.4;;;;;;0;;;;;;;;;111;c"), "0,0,,0,") << "no mean to be relative to";
-    EXPECT_EQ(build("a"), ",,,,");
+    // The response factor is the fourth of a level's six fields.
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {"a level out of use", "xylene;;;;1;;;;;;2;;;;;;3;;;101;CAS", "1,,3 mean 2 RSD 50.00"},
+        {"a mask that is too short", "xylene;;;;1;;;;;;2;;;;;;3;;;1;CAS", "1,, mean 1 RSD 0.00"},
+        {"no mask", "xylene;;;;1;;;;;;2;;;;;;x;;;;CAS", ",, mean  RSD "},
+        {"fewer levels than the report has", "xylene;;;;1;;;111;CAS", "1,, mean 1 RSD 0.00"},
+        {"no mean to be relative to", "xylene;;;;0.4;;;;;;0;;;;;;;;;111;CAS", "0,0, mean 0 RSD "},
+        {"a name alone", "xylene", ",, mean  RSD "}};
+    for (const auto& [what, line, numbers] : cases) {
+        EXPECT_EQ(build(line), numbers) << what;
+    }
     EXPECT_THAT(messages.shown, IsEmpty());
-    build("a;;;;1;;;;;;2;;;;;;x;;;111;c");
+    build("xylene;;;;1;;;;;;2;;;;;;x;;;111;CAS");
     EXPECT_THAT(messages.TakeTexts(),
-                ElementsAre("The response factor \"x\" of\na\nis not a number."));
+                ElementsAre("The response factor \"x\" of\nxylene\nis not a number."));
 }
 
 TEST(CalibrationTables, HeadALevelWithTheAmountThatMostAnalytesShare) {
-    const auto choose = [](std::string_view amounts) {
-        std::vector<CalibrationRecord> table;
-        while (!amounts.empty()) {
-            table.emplace_back().Amount[3] = TakeField(amounts);
-            table.back().Type = table.back().Amount[3].starts_with("sur") ? 'S' : 'A';
+    // Compounds, each as the letter of its kind and its amount.
+    const std::tuple<const char*, std::vector<std::string>, const char*> cases[] = {
+        {"without compounds", {}, ""},
+        {"a surrogate alone", {"S7"}, "7"},
+        {"an analyte outvotes the surrogate before it", {"S7", "A 2.50 "}, "2.5"},
+        {"a surrogate has no vote of its own", {"A5", "S7"}, "5"},
+        {"and agrees with no analyte", {"A5", "A7", "S5", "S5", "S5"}, "7"},
+        {"two of three agree", {"A5.000", "A5.000", "A9"}, "5"},
+        {"nobody agrees: the last", {"A5", "A7", "A9"}, "9"},
+        {"agreements of all candidates count: at the third", {"A1", "A2", "A1", "A2"}, "1"},
+        {"three of four agree", {"A5.0", "A5.0", "A5.0", "A9"}, "5"},
+        {"zeros before the point go too", {"A100"}, "1"},
+        {"down to nothing", {"A0"}, ""},
+        {"a point at the end", {"A50."}, "50"},
+        {"nothing but zeros", {"A0.0"}, "0"},
+        {"what is no number", {"Ax00"}, "x"}};
+    for (const auto& [what, compounds, head] : cases) {
+        std::vector<CalibrationRecord> table(compounds.size());
+        for (std::size_t i = 0; i < table.size(); ++i) {
+            table[i].Type = compounds[i].front();
+            table[i].Amount[3] = compounds[i].substr(1);
         }
-        return ChooseLevelAmount(table, 3);
-    };
-    EXPECT_EQ(
-        Joined({"", "sur7", "sur7; 2.50 ", "5.000;5.000;9", "5;7;9", "5.0;5.0;5.0;9"}, choose),
-        "|sur7|2.5|5|9|5");
-    // The agreements of all candidates count: 1, 2, and 3 of 4 at the third.
-    EXPECT_EQ(choose("1;2;1;2"), "1");
-    EXPECT_EQ(Joined({"100", "0", "50.", "0.0", "x00"}, choose), "1||50|0|x");
+        EXPECT_EQ(ChooseLevelAmount(table, 3), head) << what;
+    }
+    LineReader report("N;Comp\n------\n1;Benzene;;;50.0;\n2;Toluene-d8;;;30.0;\n");
+    std::vector<CalibrationRecord> compounds(2);
+    compounds[0].Type = 'A';
+    compounds[1].Type = 'S';
+    EXPECT_EQ(ChooseLevelAmount(ReadCheckTable(report, compounds), kCheckAmount), "50");
 }
 
 TEST(CalibrationTables, LeaveMissingDataFilesForTheUserToComplete) {
     CalibratedRun run(3, 0);
     run.dir.Write("OTHER.D", "OTHER FILE\n05/16/2005 11:00\nC:\\OTHER.D\n");
     run.dir.Write("UNDATED.D", "Data File\nyesterday\nC:\\SEEN.D");
-    const auto read = [&run](const std::string& list, bool entered = false) {
-        InitialCalibrationEntry entry{"f", "l", {"a", "b", "c"}};
-        LineReader report("Date\n Data File(s): \n" + list + "\n");
+    const struct {
+        const char* what;
+        const char* list;
+        bool entered;       // by the user, in the dialog
+        const char* entry;  // levels; their IDs; the first and the last standard; messages
+    } cases[] = {
+        {"no files", "", false, "0: id1 id2 id3, first to last, 0"},
+        {"two of three levels", "STD3.D;STD1.D", false, "2: STD3.D STD1.D id3, 01:00 to 03:00, 0"},
+        {"a file is missing", "GONE.D;STD1.D;GONE2.D;", false, "3:   , : to :, 1"},
+        {"a missing one was entered", "GONE.D;STD1.D;", true,
+         "2: STD1.D id2 id3, 01:00 to last, 0"},
+        {"no names", "; ;", false, "2:   , : to :, 1"},
+        {"no data file, and no date", "STD2.D;OTHER.D;UNDATED.D;", false,
+         "3: STD2.D id2 SEEN.D, 02:00 to last, 0"},
+        {"the first has no date", "UNDATED.D;STD2.D;", false,
+         "2: SEEN.D STD2.D id3, first to 02:00, 0"},
+        {"more levels than fit", "1;2;3;4;5;6;7;8;9;10;11;", true,
+         "10: id1 id2 id3, first to last, 1"}};
+    for (const auto& [what, list, entered, expected] : cases) {
+        InitialCalibrationEntry entry{"first", "last", {"id1", "id2", "id3"}};
+        LineReader report("Date\n Data File(s): \n" + std::string(list) + "\n");
         const int levels =
             ReadCalibrationDataFiles(report, run.dir.Path().string(), entered, entry, run.host);
         const auto hour = [](const std::string& text) {
-            return " " + text.substr(text.size() < 16 ? 0 : 11);
+            return Trim(text.size() < 16 ? text : text.substr(11));
         };
-        return std::to_string(levels) + " " + entry.LabFileIds[0] + entry.LabFileIds[1] +
-               entry.LabFileIds[2] + hour(entry.FirstStandard) + hour(entry.LastStandard) + " " +
-               std::to_string(run.host.messages.TakeTexts().size());
-    };
-    // Levels, IDs, hours of the first and the last standard, messages.
-    EXPECT_EQ(read(""), "0 abc f l 0");
-    EXPECT_EQ(read("STD3.D;STD1.D"), "2 STD3.DSTD1.Dc 01:00 03:00 0");
-    EXPECT_EQ(read("GONE.D;STD1.D;GONE2.D;"), "3    :     :   1");
-    EXPECT_EQ(read("GONE.D;STD1.D;", true), "2 STD1.Dbc 01:00 l 0");
-    EXPECT_EQ(read("; ;"), "2    :     :   1");
-    EXPECT_EQ(read("STD2.D;OTHER.D;UNDATED.D;"), "3 STD2.DbSEEN.D 02:00 l 0");
-    EXPECT_EQ(read("UNDATED.D;STD2.D;"), "2 SEEN.DSTD2.Dc f 02:00 0");
-    EXPECT_EQ(read("1;2;3;4;5;6;7;8;9;10;11;", true), "10 abc f l 1");
+        EXPECT_EQ(std::to_string(levels) + ": " + entry.LabFileIds[0] + " " + entry.LabFileIds[1] +
+                      " " + entry.LabFileIds[2] + ", " + hour(entry.FirstStandard) + " to " +
+                      hour(entry.LastStandard) + ", " +
+                      std::to_string(run.host.messages.TakeTexts().size()),
+                  expected)
+            << what;
+    }
 }
 
 TEST(InternalStandards, OfASampleAreBelowTheirHeading) {
     const std::string row = "Chlorobenzene-D5 (IS);1234.9; 8.84 \n";
-    const auto read = [](const std::string& text) {
-        LineReader report(text);
+    const std::tuple<const char*, const char*, bool> cases[] = {
+        {"dashes before it alone", "---------- Internal Standard Data\nheads\n", true},
+        {"blanks before it", "          INTERNAL STANDARD DATA          ----\n\n", true},
+        {"too far left", "---------Internal Standard Data\nheads\n", false},
+        {"dashes behind it are too near", "---------- Internal Standard Data ----\nheads\n", false},
+        {"no line of heads", "---------- Internal Standard Data\n", false},
+        {"a name that is indented", "---------- Internal Standard Data\nheads\n ", false}};
+    for (const auto& [what, before, found] : cases) {
+        LineReader report(before + row);
         const SampleISData data = ReadISBlock(report);
-        return data.Area[0] + " " + data.RT[0] + data.Area[1] + data.RT[2];
-    };
-    EXPECT_EQ(read("---------- Internal Standard Data\nheads\n" + row), "1234 8.84");
-    EXPECT_EQ(read("          INTERNAL STANDARD DATA          ----\n\n" + row), "1234 8.84");
-    EXPECT_EQ(read("---------Internal Standard Data\nheads\n" + row), " ") << "too far left";
-    EXPECT_EQ(read("---------- Internal Standard Data ----\nheads\n" + row), " ");
-    EXPECT_EQ(read("---------- Internal Standard Data\n" + row), " ");
-    EXPECT_EQ(read("---------- Internal Standard Data\nheads\n " + row), " ");
+        EXPECT_EQ(data.Area[0] + " " + data.RT[0] + data.Area[1] + data.RT[2],
+                  found ? "1234 8.84" : " ")
+            << what;
+    }
 }
 
 TEST(InternalStandards, OfTheStandardHaveNoLimitsWithoutNumbers) {

@@ -12,7 +12,7 @@ using namespace ::testing;
 using Values = std::vector<std::string>;
 
 const std::string kFirst = "05/16/2005 09:41";
-const std::string kLast = "05/16/2005 11:49";
+const std::string kLast = "05/17/2005 11:49";
 
 std::string Control(const std::optional<EntryFault>& fault) {
     return fault ? fault->Control : "";
@@ -57,136 +57,196 @@ TEST(TuneRules, OkNamesTheFirstFault) {
     const TuneEntry good = {"B1",    "G1",
                             "B.D",   " 5/18/2005",
                             " 8:30", {"18.1", "45", "0", "6", "0", " 7 ", "7", "9e1", "-1"}};
-    const auto expectFault = [&good](void (*spoil)(TuneEntry&), const char* control, int row,
-                                     const char* text) {
+    EXPECT_FALSE(CheckTune(good));
+    constexpr char kDate[] = "Enter the date/time format as\n MM/DD/YYYY or HH:MI";
+    constexpr char kNumber[] = "Entry must be a valid real number.";
+    constexpr char kValue[] = "Please enter a value.";
+    using Tune = TuneEntry&;
+    const struct {
+        const char* what;
+        void (*spoil)(Tune);
+        const char* control;
+        int row;  // of the grid, from 1
+        const char* text;
+    } cases[] = {
+        {"nothing is entered", [](Tune t) { t = {}; }, "SampleEdit", 0, kValue},
+        {"no instrument, no date", [](Tune t) { t.InstrumentId = t.InjectionDate = " "; },
+         "InstrEdit", 0, kValue},
+        {"no date, no file", [](Tune t) { t.InjectionDate = t.LabFileId = ""; }, "MaskEdit1", 0,
+         kDate},
+        {"no such day", [](Tune t) { t.InjectionDate = "02/30/2005"; }, "MaskEdit1", 0, kDate},
+        {"no file, no time", [](Tune t) { t.LabFileId = t.InjectionTime = ""; }, "FileEdit", 0,
+         kValue},
+        {"an empty time, a wrong value",
+         [](Tune t) { t.InjectionTime = t.Abundances[0] = "  :  "; }, "MaskEdit2", 0, kDate},
+        {"two wrong values", [](Tune t) { t.Abundances[2] = t.Abundances[8] = "1,5"; },
+         "StringGrid1", 3, kNumber},
+        {"no last value", [](Tune t) { t.Abundances[8] = ""; }, "StringGrid1", 9, kNumber}};
+    for (const auto& [what, spoil, control, row, text] : cases) {
+        SCOPED_TRACE(what);
         TuneEntry tune = good;
         spoil(tune);
         const EntryFault fault = CheckTune(tune).value();
         EXPECT_EQ(fault.Control + std::to_string(fault.Row), control + std::to_string(row));
         EXPECT_EQ(fault.Message.text, text);
         // The same box complains when it is left; the grid is checked on OK alone.
-        EXPECT_EQ(CheckTuneBox(tune, control).has_value(), row == 0) << control;
-    };
-    EXPECT_FALSE(CheckTune(good));
-    constexpr char kDate[] = "Enter the date/time format as\n MM/DD/YYYY or HH:MI";
-    constexpr char kNumber[] = "Entry must be a valid real number.";
-    constexpr char kValue[] = "Please enter a value.";
-    using Tune = TuneEntry&;
-    expectFault([](Tune t) { t = {}; }, "SampleEdit", 0, kValue);
-    expectFault([](Tune t) { t.InstrumentId = t.InjectionDate = " "; }, "InstrEdit", 0, kValue);
-    expectFault([](Tune t) { t.InjectionDate = t.LabFileId = ""; }, "MaskEdit1", 0, kDate);
-    expectFault([](Tune t) { t.InjectionDate = "02/30/2005"; }, "MaskEdit1", 0, kDate);
-    expectFault([](Tune t) { t.LabFileId = t.InjectionTime = ""; }, "FileEdit", 0, kValue);
-    expectFault([](Tune t) { t.InjectionTime = t.Abundances[0] = "  :  "; }, "MaskEdit2", 0, kDate);
-    expectFault([](Tune t) { t.Abundances[2] = t.Abundances[8] = "1,5"; }, "StringGrid1", 3,
-                kNumber);
-    expectFault([](Tune t) { t.Abundances[8] = ""; }, "StringGrid1", 9, kNumber);
+        EXPECT_EQ(CheckTuneBox(tune, control).has_value(), row == 0);
+    }
+}
+
+TEST(TicRules, OnlyTheQualifierMayBeMissing) {
+    const TicEntry row{{" 71-43-2 ", "BENZENE", "10.25", "12", "JN"}};
+    const char* const cells[] = {"CAS number", "name", "retention time", "concentration",
+                                 "qualifier"};
+    for (std::size_t i = 0; i < std::size(cells); ++i) {
+        TicEntry kept{{"71-43-2", "benzene", "10.25", "12", "JN"}};
+        TicEntry incomplete = row;
+        incomplete.cells[i] = " ";
+        kept.cells[i] = "";
+        const bool keeps = cells[i] == std::string("qualifier");
+        EXPECT_EQ(TicListFromRows({incomplete}),
+                  keeps ? std::optional(TicListType{kept}) : std::nullopt)
+            << "without its " << cells[i];
+    }
 }
 
 TEST(CalibrationEntryRules, OkAsksInItsOrder) {
     Entries entries;
     BatchFlags flags;
     Batch batch;
-    auto& [ranges, comments, tune, six, seven, eight] = entries;
-    six = {kFirst, "13/16/2005 11:49", {"a", " "}};
-    seven.AnalysisDateTime = "05/16/2005 24:00";
-    eight.Levels = {""};
-    eight.LevelIndex = 0;
-    // The entry is filled after the dialogs have told of its control.
-    const auto fill = [&](std::string& entry, const char* control, const std::string& value) {
-        auto fault = AcceptInitialCalibration(entries, 2, flags);
-        fault = fault ? fault : AcceptContinuingCalibration(entries, flags);
-        fault = fault ? fault : AcceptStandardSummary(entries, batch);
-        EXPECT_EQ(Control(fault), control);
-        entry = value;
+    InitialCalibrationEntry& initial = entries.InitialCalibration;
+    ContinuingCalibrationEntry& continuing = entries.ContinuingCalibration;
+    StandardSummaryEntry& standard = entries.StandardSummary;
+    initial = {kFirst, "13/16/2005 11:49", {"STD005.D", " "}};
+    continuing.AnalysisDateTime = "05/16/2005 24:00";
+    standard.Levels = {""};
+    standard.LevelIndex = 0;
+    const auto fault = [&] {
+        auto found = AcceptInitialCalibration(entries, 2, flags);
+        found = found ? found : AcceptContinuingCalibration(entries, flags);
+        return Control(found ? found : AcceptStandardSummary(entries, batch));
     };
-    fill(six.LastStandard, "CalEndMaskEdit", kLast);
-    fill(six.LabFileIds[1], "CalFileEdit2", "b");
-    fill(seven.LabFileId, "LabFileEdit", "c");
-    fill(seven.CriteriaFile, "LimitEdit", "d");
-    fill(seven.SampleNo, "ZOV_IDEdit", "e");
-    fill(seven.InstrumentId, "InstrEdit", "f");
-    fill(seven.AnalysisDateTime, "MaskEdit1", kLast);
-    fill(eight.SampleNo, "SampleEdit", "VSTDX50");
-    fill(eight.LabFileId, "LabFileEdit", "g");
-    fill(eight.AnalysisDateTime, "MaskEdit1", kLast);
-    for (std::size_t i = 0; i < 3; ++i) {
-        fill(eight.RetentionTimes[i], std::array{"RTEdit1", "RTEdit2", "RTEdit3"}[i], "1");
+    // The control that is asked for, and what is entered there then.
+    const std::tuple<const char*, std::string&, std::string> steps[] = {
+        {"CalEndMaskEdit", initial.LastStandard, kLast},
+        {"CalFileEdit2", initial.LabFileIds[1], "STD020.D"},
+        {"LabFileEdit", continuing.LabFileId, "CHECK.D"},
+        {"LimitEdit", continuing.CriteriaFile, "criteria.txt"},
+        {"ZOV_IDEdit", continuing.SampleNo, "VSTD050CC"},
+        {"InstrEdit", continuing.InstrumentId, "GCMS2"},
+        {"MaskEdit1", continuing.AnalysisDateTime, kLast},
+        {"SampleEdit", standard.SampleNo, "VSTDX50"},
+        {"LabFileEdit", standard.LabFileId, "VSTD050.D"},
+        {"MaskEdit1", standard.AnalysisDateTime, kLast},
+        {"RTEdit1", standard.RetentionTimes[0], "6.01"},
+        {"RTEdit2", standard.RetentionTimes[1], "8.84"},
+        {"RTEdit3", standard.RetentionTimes[2], "11.82"},
+        {"ConcCombo", standard.Levels[0], "50"},
+        {"SampleEdit", standard.SampleNo, "VSTD050"}};
+    for (const auto& [control, entry, value] : steps) {
+        EXPECT_EQ(fault(), control) << "before " << value;
+        entry = value;
     }
-    fill(eight.Levels[0], "ConcCombo", "50");
-    fill(eight.SampleNo, "SampleEdit", "VSTD050");
-    EXPECT_EQ(Control(AcceptStandardSummary(entries, batch)), "");
+    EXPECT_EQ(fault(), "");
     EXPECT_TRUE(flags.InitCalEntered && flags.ContCalEntered);
-    EXPECT_EQ(seven.FirstStandard + seven.LastStandard, kFirst + kLast) << "handed on by Form VI";
-    EXPECT_EQ(eight.FirstCalibrationDate + eight.LastCalibrationDate, "05/16/200505/16/2005");
-    eight.RetentionTimes = {};
+    EXPECT_EQ(continuing.FirstStandard + " " + continuing.LastStandard, kFirst + " " + kLast)
+        << "handed on by Form VI";
+    EXPECT_EQ(standard.FirstCalibrationDate, "05/16/2005");
+    EXPECT_EQ(standard.LastCalibrationDate, "05/17/2005");
+    standard.RetentionTimes = {};
     batch.Files.CheckCal = "named";
-    EXPECT_EQ(Control(AcceptStandardSummary(entries, batch)), "") << "the check report has them";
+    EXPECT_EQ(fault(), "") << "the check report has them";
 }
 
 TEST(CalibrationEntryRules, ShowTakesWhatTheOtherDialogsHold) {
     CalibratedRun run(3, 2);
     ScriptedHost& host = run.host;
-    auto& [ranges, comments, tune, six, seven, eight] = host.entries;
-    seven.FirstStandard = kFirst;
-    six.LastStandard = kLast;
+    InitialCalibrationEntry& initial = host.entries.InitialCalibration;
+    ContinuingCalibrationEntry& continuing = host.entries.ContinuingCalibration;
+    StandardSummaryEntry& standard = host.entries.StandardSummary;
+    continuing.FirstStandard = kFirst;
+    initial.LastStandard = kLast;
     ShowInitialCalibration(host.entries);
-    EXPECT_EQ(six.FirstStandard + six.LastStandard, kFirst + kLast);
-    eight.SampleNo = "VSTD050A";
-    seven.LabFileId = "Typed.D";
+    EXPECT_EQ(initial.FirstStandard + " " + initial.LastStandard, kFirst + " " + kLast);
+    standard.SampleNo = "VSTD050A";
+    continuing.LabFileId = "Typed.D";
     ShowContinuingCalibration(host.entries, host.batch, host);
-    EXPECT_EQ(seven.SampleNo + seven.LabFileId + seven.LastStandard, "vstd050aTyped.D" + kLast);
-    const auto showEight = [&](int levelCount) {
+    EXPECT_EQ(continuing.SampleNo, "vstd050a");
+    EXPECT_EQ(continuing.LabFileId, "Typed.D");
+    EXPECT_EQ(continuing.LastStandard, kLast);
+    const auto showStandard = [&](int levelCount) {
         host.Calibration().LevelCount = levelCount;
         return ShowStandardSummary(host.entries, host.batch, host.Calibration(), host);
     };
-    six.LastStandard = "06/17/2005 10:00";
-    six.FirstStandard = std::string(kEmptyDateTimeMask);
-    eight.LevelIndex = 2;
-    EXPECT_TRUE(showEight(3));
-    EXPECT_EQ(eight.SampleNo + eight.LabFileId, "vstd050aTyped.D");
-    EXPECT_EQ(eight.FirstCalibrationDate + eight.LastCalibrationDate, "05/16/200506/17/2005");
-    EXPECT_EQ(ConcentrationText(eight), "30");
-    six = {};
-    seven = {};
-    EXPECT_TRUE(showEight(2));
-    EXPECT_EQ(eight.FirstCalibrationDate, "05/16/2005") << "empty sources change nothing";
-    EXPECT_THAT(eight.Levels, ElementsAre("10", "20"));
-    EXPECT_EQ(eight.LevelIndex, -1) << "the level is gone";
+    initial.LastStandard = "06/17/2005 10:00";
+    initial.FirstStandard = std::string(kEmptyDateTimeMask);
+    standard.LevelIndex = 2;
+    EXPECT_TRUE(showStandard(3));
+    EXPECT_EQ(standard.SampleNo, "vstd050a");
+    EXPECT_EQ(standard.LabFileId, "Typed.D");
+    EXPECT_EQ(standard.FirstCalibrationDate, "05/16/2005") << "of Form VII, where VI has none";
+    EXPECT_EQ(standard.LastCalibrationDate, "06/17/2005");
+    EXPECT_EQ(ConcentrationText(standard), "30");
+    initial = {};
+    continuing = {};
+    EXPECT_TRUE(showStandard(2));
+    EXPECT_EQ(standard.FirstCalibrationDate, "05/16/2005") << "empty sources change nothing";
+    EXPECT_THAT(standard.Levels, ElementsAre("10", "20"));
+    EXPECT_EQ(standard.LevelIndex, -1) << "the level is gone";
     host.batch.Files.CheckCal = run.dir.Write("BAD", "N;Com\n");
     ShowContinuingCalibration(host.entries, host.batch, host);
     EXPECT_THAT(host.messages.TakeTexts(),
                 ElementsAre("The check calibration file could not be read.\nRecreate the check "
                             "calibration file."));
     run.dir.Write("RUN.CAL", run.calibration.replace(run.calibration.find("12.4"), 4, "1x.4"));
-    EXPECT_FALSE(showEight(3)) << "a response factor that is no number";
+    EXPECT_FALSE(showStandard(3)) << "a response factor that is no number";
     EXPECT_THAT(host.messages.TakeTitles(), ElementsAre("Calibration File Error"));
 }
 
 TEST(CalibrationEntryRules, SampleNumberNamesTheLevelAndItsFile) {
+    constexpr char kNoFile[] =
+        "The appropriate raw data file could not be found.\nPlease enter and check all data "
+        "entries.";
+    constexpr char kNoLevel[] =
+        "A calibration concentration of 0.1 was not found.\nPlease re-enter the sample ID with a "
+        "calibration concentration.";
+    const struct {
+        const char* what;
+        const char* sampleNo;
+        std::string entry;  // level; file; hour of the analysis
+        std::vector<std::string> told;
+        bool accepted = true;
+    } cases[] = {{"the first level", "VSTD010A1", "0 STD1.D 01:00", {}},
+                 {"the second one, in letters of one's own", " xxxx020 ", "1 STD2.D 02:00", {}},
+                 {"no number", "", "-1 typed", {}},
+                 {"a letter in the concentration", "VSTDX50", "-1 typed", {}, false},
+                 {"two digits", "VSTD05", "-1 typed", {}, false},
+                 {"a letter in its middle", "VSTD0X0", "-1 typed", {}, false},
+                 {"a point at its end", "VSTD05.", "-1 typed", {}, false},
+                 {"a level without a file", "VSTD2.5A", "2 typed", {kNoFile}},
+                 {"no such level", "VSTD0.1", "-1 typed", {kNoLevel}}};
     CalibratedRun run(2, 0);
-    const auto leave = [&run](const char* sampleNo) {
-        StandardSummaryEntry entry;
+    const auto leave = [&run](StandardSummaryEntry& entry, const char* sampleNo) {
         entry.SampleNo = sampleNo;
         entry.LabFileId = "typed";
         entry.Levels = {"10", "20", "2.5", "20"};
-        const std::string control = Control(LeaveStandardSampleNo(entry, run.host.batch, run.host));
-        EXPECT_EQ(IsEmptyMask(entry.AnalysisDateTime),
-                  entry.LevelIndex < 0 || entry.LevelIndex > 1);
-        return control + std::to_string(entry.LevelIndex) + " " + entry.LabFileId;
+        return Control(LeaveStandardSampleNo(entry, run.host.batch, run.host));
     };
-    EXPECT_EQ(leave("VSTD010"), "0 typed") << "the check report knows better";
+    StandardSummaryEntry checked;
+    EXPECT_EQ(leave(checked, "VSTD010"), "");
+    EXPECT_EQ(checked.LabFileId, "typed") << "the check report knows better";
+    EXPECT_EQ(checked.AnalysisDateTime, "05/16/2005 01:00") << "but where nothing is known";
     run.host.batch.Files.CheckCal = "";
-    EXPECT_EQ(Joined({"VSTD010A1", " xxxx020 ", ""}, leave), "0 STD1.D|1 STD2.D|-1 typed");
-    EXPECT_EQ(Joined({"VSTDX50", "VSTD05", "VSTD0X0", "VSTD05."}, leave),
-              "SampleEdit-1 typed|SampleEdit-1 typed|SampleEdit-1 typed|SampleEdit-1 typed");
-    EXPECT_THAT(run.host.messages.shown, IsEmpty());
-    EXPECT_EQ(Joined({"VSTD2.5A", "VSTD0.1"}, leave), "2 typed|-1 typed");
-    EXPECT_THAT(run.host.messages.TakeTexts(),
-                ElementsAre("The appropriate raw data file could not be found.\nPlease enter and "
-                            "check all data entries.",
-                            "A calibration concentration of 0.1 was not found.\nPlease re-enter "
-                            "the sample ID with a calibration concentration."));
+    for (const auto& [what, sampleNo, expected, told, accepted] : cases) {
+        SCOPED_TRACE(what);
+        StandardSummaryEntry entry;
+        EXPECT_EQ(leave(entry, sampleNo), accepted ? "" : "SampleEdit");
+        const std::string date = PrintableDate(entry.AnalysisDateTime);
+        EXPECT_EQ(std::to_string(entry.LevelIndex) + " " + entry.LabFileId +
+                      (date.empty() ? "" : date.substr(10)),
+                  expected);
+        EXPECT_EQ(run.host.messages.TakeTexts(), told);
+    }
 }
 
 }  // namespace

@@ -91,6 +91,27 @@ TEST(TuneForm, IsFilledByKeyboardAlone) {
                          {"20.1", "45.2", "100", "6.5", "0.4", "80", "6", "98.5", "6.1"}}));
 }
 
+TEST(TuneForm, ShiftTabGoesBackFromValueToValueAndOutOfTheGrid) {
+    TuneRig rig;
+    rig.Run([&] {
+        rig.Get("MaskEdit2").setFocus();
+        rig.Use("\t18.1\t45.2\t", "", "StringGrid1");
+        // As a keyboard sends it.
+        const auto back = [&rig] { rig.Press(Qt::Key_Backtab, Qt::ShiftModifier); };
+        const auto& grid = rig.Get<EntryGrid>("StringGrid1");
+        EXPECT_EQ(grid.currentRow(), 2);
+        back();
+        rig.Type("^a46");
+        back();
+        EXPECT_EQ(grid.currentRow(), 0);
+        back();
+        EXPECT_EQ(rig.Focus(), "MaskEdit2");
+        rig.Type("\33");
+    });
+    EXPECT_EQ(rig.stored.Abundances[0], "18.1");
+    EXPECT_EQ(rig.stored.Abundances[1], "46");
+}
+
 TEST(TuneForm, HoldsTheUserAtAWrongEntryThatIsLeft) {
     const std::tuple<const char*, const char*, const char*> cases[] = {
         {"SampleEdit", " ", kNoValue},         {"InstrEdit", "\b", kNoValue},
