@@ -134,38 +134,31 @@ TEST(CalibrationTables, LeaveMissingDataFilesForTheUserToComplete) {
     CalibratedRun run(3, 0);
     run.dir.Write("OTHER.D", "OTHER FILE\n05/16/2005 11:00\nC:\\OTHER.D\n");
     run.dir.Write("UNDATED.D", "Data File\nyesterday\nC:\\SEEN.D");
-    const struct {
-        const char* what;
-        const char* list;
-        bool entered;       // by the user, in the dialog
-        const char* entry;  // levels; their IDs; the first and the last standard; messages
-    } cases[] = {
-        {"no files", "", false, "0: id1 id2 id3, first to last, 0"},
-        {"two of three levels", "STD3.D;STD1.D", false, "2: STD3.D STD1.D id3, 01:00 to 03:00, 0"},
-        {"a file is missing", "GONE.D;STD1.D;GONE2.D;", false, "3:   , : to :, 1"},
-        {"a missing one was entered", "GONE.D;STD1.D;", true,
-         "2: STD1.D id2 id3, 01:00 to last, 0"},
-        {"no names", "; ;", false, "2:   , : to :, 1"},
-        {"no data file, and no date", "STD2.D;OTHER.D;UNDATED.D;", false,
-         "3: STD2.D id2 SEEN.D, 02:00 to last, 0"},
-        {"the first has no date", "UNDATED.D;STD2.D;", false,
-         "2: SEEN.D STD2.D id3, first to 02:00, 0"},
-        {"more levels than fit", "1;2;3;4;5;6;7;8;9;10;11;", true,
-         "10: id1 id2 id3, first to last, 1"}};
+    // The list, and whether the user has entered the levels; then levels, their IDs, the hours of
+    // the first and the last standard, and messages.
+    const std::tuple<const char*, const char*, bool, const char*> cases[] = {
+        {"no files", "", false, "0: id1 id2 id3 first last 0"},
+        {"two of three levels", "STD3.D;STD1.D", false, "2: STD3.D STD1.D id3 01:00 03:00 0"},
+        {"a file is missing", "GONE.D;STD1.D;GONE2.D;", false, "3:    : : 1"},
+        {"one that was entered", "GONE.D;STD1.D;", true, "2: STD1.D id2 id3 01:00 last 0"},
+        {"no names", "; ;", false, "2:    : : 1"},
+        {"a file without title", "STD2.D;OTHER.D", false, "2: STD2.D id2 id3 02:00 last 0"},
+        {"no date at last", "STD2.D;UNDATED.D", false, "2: STD2.D SEEN.D id3 02:00 last 0"},
+        {"no date at first", "UNDATED.D;STD2.D;", false, "2: SEEN.D STD2.D id3 first 02:00 0"},
+        {"too many", "1;2;3;4;5;6;7;8;9;10;11;", true, "10: id1 id2 id3 first last 1"}};
     for (const auto& [what, list, entered, expected] : cases) {
         InitialCalibrationEntry entry{"first", "last", {"id1", "id2", "id3"}};
         LineReader report("Date\n Data File(s): \n" + std::string(list) + "\n");
-        const int levels =
-            ReadCalibrationDataFiles(report, run.dir.Path().string(), entered, entry, run.host);
-        const auto hour = [](const std::string& text) {
-            return Trim(text.size() < 16 ? text : text.substr(11));
-        };
-        EXPECT_EQ(std::to_string(levels) + ": " + entry.LabFileIds[0] + " " + entry.LabFileIds[1] +
-                      " " + entry.LabFileIds[2] + ", " + hour(entry.FirstStandard) + " to " +
-                      hour(entry.LastStandard) + ", " +
-                      std::to_string(run.host.messages.TakeTexts().size()),
-                  expected)
-            << what;
+        std::string read = std::to_string(ReadCalibrationDataFiles(report, run.dir.Path().string(),
+                                                                   entered, entry, run.host)) +
+                           ": ";
+        for (std::size_t i = 0; i < 3; ++i) {
+            read += entry.LabFileIds[i] + " ";
+        }
+        for (const std::string& text : {entry.FirstStandard, entry.LastStandard}) {
+            read += Trim(text.size() < 16 ? text : text.substr(11)) + " ";
+        }
+        EXPECT_EQ(read + std::to_string(run.host.messages.TakeTexts().size()), expected) << what;
     }
 }
 

@@ -57,56 +57,39 @@ TEST(TuneRules, OkNamesTheFirstFault) {
     const TuneEntry good = {"B1",    "G1",
                             "B.D",   " 5/18/2005",
                             " 8:30", {"18.1", "45", "0", "6", "0", " 7 ", "7", "9e1", "-1"}};
-    EXPECT_FALSE(CheckTune(good));
-    constexpr char kDate[] = "Enter the date/time format as\n MM/DD/YYYY or HH:MI";
-    constexpr char kNumber[] = "Entry must be a valid real number.";
-    constexpr char kValue[] = "Please enter a value.";
-    using Tune = TuneEntry&;
-    const struct {
-        const char* what;
-        void (*spoil)(Tune);
-        const char* control;
-        int row;  // of the grid, from 1
-        const char* text;
-    } cases[] = {
-        {"nothing is entered", [](Tune t) { t = {}; }, "SampleEdit", 0, kValue},
-        {"no instrument, no date", [](Tune t) { t.InstrumentId = t.InjectionDate = " "; },
-         "InstrEdit", 0, kValue},
-        {"no date, no file", [](Tune t) { t.InjectionDate = t.LabFileId = ""; }, "MaskEdit1", 0,
-         kDate},
-        {"no such day", [](Tune t) { t.InjectionDate = "02/30/2005"; }, "MaskEdit1", 0, kDate},
-        {"no file, no time", [](Tune t) { t.LabFileId = t.InjectionTime = ""; }, "FileEdit", 0,
-         kValue},
-        {"an empty time, a wrong value",
-         [](Tune t) { t.InjectionTime = t.Abundances[0] = "  :  "; }, "MaskEdit2", 0, kDate},
-        {"two wrong values", [](Tune t) { t.Abundances[2] = t.Abundances[8] = "1,5"; },
-         "StringGrid1", 3, kNumber},
-        {"no last value", [](Tune t) { t.Abundances[8] = ""; }, "StringGrid1", 9, kNumber}};
-    for (const auto& [what, spoil, control, row, text] : cases) {
-        SCOPED_TRACE(what);
+    const auto expectFault = [&good](void (*spoil)(TuneEntry&), const char* control, int row,
+                                     const char* text) {
         TuneEntry tune = good;
         spoil(tune);
         const EntryFault fault = CheckTune(tune).value();
         EXPECT_EQ(fault.Control + std::to_string(fault.Row), control + std::to_string(row));
         EXPECT_EQ(fault.Message.text, text);
         // The same box complains when it is left; the grid is checked on OK alone.
-        EXPECT_EQ(CheckTuneBox(tune, control).has_value(), row == 0);
-    }
+        EXPECT_EQ(CheckTuneBox(tune, control).has_value(), row == 0) << control;
+    };
+    EXPECT_FALSE(CheckTune(good));
+    constexpr char kDate[] = "Enter the date/time format as\n MM/DD/YYYY or HH:MI";
+    constexpr char kNumber[] = "Entry must be a valid real number.";
+    constexpr char kValue[] = "Please enter a value.";
+    using Tune = TuneEntry&;
+    expectFault([](Tune t) { t = {}; }, "SampleEdit", 0, kValue);
+    expectFault([](Tune t) { t.InstrumentId = t.InjectionDate = " "; }, "InstrEdit", 0, kValue);
+    expectFault([](Tune t) { t.InjectionDate = t.LabFileId = ""; }, "MaskEdit1", 0, kDate);
+    expectFault([](Tune t) { t.InjectionDate = "02/30/2005"; }, "MaskEdit1", 0, kDate);
+    expectFault([](Tune t) { t.LabFileId = t.InjectionTime = ""; }, "FileEdit", 0, kValue);
+    expectFault([](Tune t) { t.InjectionTime = t.Abundances[0] = "  :  "; }, "MaskEdit2", 0, kDate);
+    expectFault([](Tune t) { t.Abundances[2] = t.Abundances[8] = "1,5"; }, "StringGrid1", 3,
+                kNumber);
+    expectFault([](Tune t) { t.Abundances[8] = ""; }, "StringGrid1", 9, kNumber);
 }
 
 TEST(TicRules, OnlyTheQualifierMayBeMissing) {
-    const TicEntry row{{" 71-43-2 ", "BENZENE", "10.25", "12", "JN"}};
-    const char* const cells[] = {"CAS number", "name", "retention time", "concentration",
-                                 "qualifier"};
-    for (std::size_t i = 0; i < std::size(cells); ++i) {
-        TicEntry kept{{"71-43-2", "benzene", "10.25", "12", "JN"}};
-        TicEntry incomplete = row;
-        incomplete.cells[i] = " ";
-        kept.cells[i] = "";
-        const bool keeps = cells[i] == std::string("qualifier");
-        EXPECT_EQ(TicListFromRows({incomplete}),
-                  keeps ? std::optional(TicListType{kept}) : std::nullopt)
-            << "without its " << cells[i];
+    const TicEntry whole{{"71-43-2", "benzene", "10.25", "12", "JN"}};
+    const char* const names[] = {"CAS", "compound", "retention time", "concentration", "qualifier"};
+    for (std::size_t i = 0; i < std::size(names); ++i) {
+        TicEntry row = whole;
+        row.cells[i] = " ";
+        EXPECT_EQ(TicListFromRows({row}).has_value(), i == 4) << "without " << names[i];
     }
 }
 
@@ -204,49 +187,38 @@ TEST(CalibrationEntryRules, ShowTakesWhatTheOtherDialogsHold) {
 }
 
 TEST(CalibrationEntryRules, SampleNumberNamesTheLevelAndItsFile) {
-    constexpr char kNoFile[] =
-        "The appropriate raw data file could not be found.\nPlease enter and check all data "
-        "entries.";
-    constexpr char kNoLevel[] =
-        "A calibration concentration of 0.1 was not found.\nPlease re-enter the sample ID with a "
-        "calibration concentration.";
-    const struct {
-        const char* what;
-        const char* sampleNo;
-        std::string entry;  // level; file; hour of the analysis
-        std::vector<std::string> told;
-        bool accepted = true;
-    } cases[] = {{"the first level", "VSTD010A1", "0 STD1.D 01:00", {}},
-                 {"the second one, in letters of one's own", " xxxx020 ", "1 STD2.D 02:00", {}},
-                 {"no number", "", "-1 typed", {}},
-                 {"a letter in the concentration", "VSTDX50", "-1 typed", {}, false},
-                 {"two digits", "VSTD05", "-1 typed", {}, false},
-                 {"a letter in its middle", "VSTD0X0", "-1 typed", {}, false},
-                 {"a point at its end", "VSTD05.", "-1 typed", {}, false},
-                 {"a level without a file", "VSTD2.5A", "2 typed", {kNoFile}},
-                 {"no such level", "VSTD0.1", "-1 typed", {kNoLevel}}};
+    // Level, lab file ID and, where it is known, the date; before them the control that is at
+    // fault.
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {"the first level", "VSTD010A1", "0 STD1.D 05/16/2005 01:00"},
+        {"the second one, in letters of one's own", " xxxx020 ", "1 STD2.D 05/16/2005 02:00"},
+        {"no number", "", "-1 typed "},
+        {"a letter for its first digit", "VSTDX50", "SampleEdit -1 typed "},
+        {"a letter for its second digit", "VSTD0X0", "SampleEdit -1 typed "},
+        {"two digits", "VSTD05", "SampleEdit -1 typed "},
+        {"a point at its end", "VSTD05.", "SampleEdit -1 typed "},
+        {"a level without a file", "VSTD2.5A", "2 typed "},
+        {"no such level", "VSTD0.1", "-1 typed "}};
     CalibratedRun run(2, 0);
-    const auto leave = [&run](StandardSummaryEntry& entry, const char* sampleNo) {
+    const auto leave = [&run](const char* sampleNo) {
+        StandardSummaryEntry entry;
         entry.SampleNo = sampleNo;
         entry.LabFileId = "typed";
         entry.Levels = {"10", "20", "2.5", "20"};
-        return Control(LeaveStandardSampleNo(entry, run.host.batch, run.host));
+        const std::string control = Control(LeaveStandardSampleNo(entry, run.host.batch, run.host));
+        return control + (control.empty() ? "" : " ") + std::to_string(entry.LevelIndex) + " " +
+               entry.LabFileId + " " + PrintableDate(entry.AnalysisDateTime);
     };
-    StandardSummaryEntry checked;
-    EXPECT_EQ(leave(checked, "VSTD010"), "");
-    EXPECT_EQ(checked.LabFileId, "typed") << "the check report knows better";
-    EXPECT_EQ(checked.AnalysisDateTime, "05/16/2005 01:00") << "but where nothing is known";
+    EXPECT_EQ(leave("VSTD010"), "0 typed 05/16/2005 01:00") << "the check report knows its file";
     run.host.batch.Files.CheckCal = "";
-    for (const auto& [what, sampleNo, expected, told, accepted] : cases) {
-        SCOPED_TRACE(what);
-        StandardSummaryEntry entry;
-        EXPECT_EQ(leave(entry, sampleNo), accepted ? "" : "SampleEdit");
-        const std::string date = PrintableDate(entry.AnalysisDateTime);
-        EXPECT_EQ(std::to_string(entry.LevelIndex) + " " + entry.LabFileId +
-                      (date.empty() ? "" : date.substr(10)),
-                  expected);
-        EXPECT_EQ(run.host.messages.TakeTexts(), told);
+    for (const auto& [what, sampleNo, expected] : cases) {
+        EXPECT_EQ(leave(sampleNo), expected) << what;
     }
+    EXPECT_THAT(run.host.messages.TakeTexts(),
+                ElementsAre("The appropriate raw data file could not be found.\nPlease enter and "
+                            "check all data entries.",
+                            "A calibration concentration of 0.1 was not found.\nPlease re-enter "
+                            "the sample ID with a calibration concentration."));
 }
 
 }  // namespace

@@ -76,24 +76,14 @@ TEST_F(Preview, KeysPageThroughTheJobs) {
             Press(key);
             EXPECT_EQ(Shown("PageEdit", "FormCombo"), page) << zoom;
         }
+        for (const char* const chosen : {"|3|Form 6", "|1|Form 5 BFB01"}) {
+            Choose("FormCombo", chosen + 3);
+            EXPECT_EQ(Shown("PageEdit", "FormCombo"), chosen) << zoom;
+        }
         view_.verticalScrollBar()->setValue(view_.verticalScrollBar()->maximum());
         EXPECT_EQ(Shown("PageEdit"), "|20") << zoom;
         view_.verticalScrollBar()->setValue(0);
     }
-}
-
-TEST_F(Preview, ItsListGoesToTheFirstPageOfAForm) {
-    EXPECT_TRUE(Get("FormCombo").isVisible());
-    EXPECT_EQ(Get<QComboBox>("FormCombo").count(), 2);
-    for (const char* zoom : {"Fit page", "400 %"}) {
-        Choose("ZoomCombo", zoom);
-        Choose("FormCombo", "Form 6");
-        EXPECT_EQ(Shown("PageEdit", "FormCombo"), "|3|Form 6") << zoom;
-        Choose("FormCombo", "Form 5 BFB01");
-        EXPECT_EQ(Shown("PageEdit", "FormCombo"), "|1|Form 5 BFB01") << zoom;
-    }
-    const PreviewWindow single({Job("Form 6", 2)}, "Form 6", fonts_, saver_, messages_, nullptr);
-    EXPECT_TRUE(single.findChild<QComboBox*>("FormCombo")->isHidden());
 }
 
 TEST_F(Preview, PrintsAndSavesAllItsForms) {
