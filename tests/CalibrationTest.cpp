@@ -109,7 +109,6 @@ TEST(CalibrationTables, HeadALevelWithTheAmountThatMostAnalytesShare) {
         {"two of three agree", {"A5.000", "A5.000", "A9"}, "5"},
         {"nobody agrees: the last", {"A5", "A7", "A9"}, "9"},
         {"agreements of all candidates count: at the third", {"A1", "A2", "A1", "A2"}, "1"},
-        {"three of four agree", {"A5.0", "A5.0", "A5.0", "A9"}, "5"},
         {"zeros before the point go too", {"A100"}, "1"},
         {"down to nothing", {"A0"}, ""},
         {"a point at the end", {"A50."}, "50"},

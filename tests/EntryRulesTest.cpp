@@ -154,8 +154,7 @@ TEST(CalibrationEntryRules, ShowTakesWhatTheOtherDialogsHold) {
     standard.SampleNo = "VSTD050A";
     continuing.LabFileId = "Typed.D";
     ShowContinuingCalibration(host.entries, host.batch, host);
-    EXPECT_EQ(continuing.SampleNo, "vstd050a");
-    EXPECT_EQ(continuing.LabFileId, "Typed.D");
+    EXPECT_EQ(continuing.SampleNo + " " + continuing.LabFileId, "vstd050a Typed.D");
     EXPECT_EQ(continuing.LastStandard, kLast);
     const auto showStandard = [&](int levelCount) {
         host.Calibration().LevelCount = levelCount;
@@ -165,8 +164,7 @@ TEST(CalibrationEntryRules, ShowTakesWhatTheOtherDialogsHold) {
     initial.FirstStandard = std::string(kEmptyDateTimeMask);
     standard.LevelIndex = 2;
     EXPECT_TRUE(showStandard(3));
-    EXPECT_EQ(standard.SampleNo, "vstd050a");
-    EXPECT_EQ(standard.LabFileId, "Typed.D");
+    EXPECT_EQ(standard.SampleNo + " " + standard.LabFileId, "vstd050a Typed.D");
     EXPECT_EQ(standard.FirstCalibrationDate, "05/16/2005") << "of Form VII, where VI has none";
     EXPECT_EQ(standard.LastCalibrationDate, "06/17/2005");
     EXPECT_EQ(ConcentrationText(standard), "30");

@@ -162,29 +162,29 @@ TEST(QuantReport, GivesTheHeaderOfASample) {
               "05/12/2005 14:055.0");
     EXPECT_EQ(whole[HeaderField::kLabSampleId] + whole[HeaderField::kZovSampleNo], "C-17VBLK01");
     EXPECT_EQ(whole[HeaderField::kLabFileId] + whole[HeaderField::kInstrumentId], "ABC01.DGCMS2");
-    const auto read = [](HeaderField field) {
-        return [field](const char* line) { return ReadHeader(line).Header[field]; };
-    };
-    EXPECT_EQ(Joined({"  ACQUIS. Date:  1/2/05 ", "Acquisition Date: yesterday",
-                      "Acquisition date: 1/2/05"},
-                     read(HeaderField::kDateAnalyzed)),
-              "01/02/2005 00:00||");
-    EXPECT_EQ(
-        Joined({"Sample Size (mL): 5.0 : 25.0 ", "Sample Size"}, read(HeaderField::kSampleWtVol)),
-        "25.0|");
-    EXPECT_EQ(Joined({"Client Sample: M\xFCller", " COMPOUND#\nClient Sample: x"},
-                     read(HeaderField::kLabSampleId)),
-              "Müller|");
-    EXPECT_EQ(Joined({"sample ID: A:B", "Sample ID VBLK01: x"}, read(HeaderField::kZovSampleNo)),
-              "B|");
-    EXPECT_EQ(Joined({"Lab File ID: A:1.D ; x", "Lab File ID: ABC01.D", "Lab File ID; x: y"},
-                     read(HeaderField::kLabFileId)),
-              "A:1.D|ABC01.D|");
-    EXPECT_EQ(Joined({"Lab File ID: A; x; INSTRUMENT: x: MS 2", "Lab File ID: A;  Instrument: MS",
-                      "Lab File ID: A; Instrument",
-                      "Lab File ID: A; Instrument:", "Lab File ID: A; Instrument:éMS"},
-                     read(HeaderField::kInstrumentId)),
-              "MS 2||||MS");
+    using enum HeaderField;
+    const std::tuple<const char*, const char*, HeaderField, const char*> cases[] = {
+        {"an abbreviation, a short date", "  ACQUIS. Date:  1/2/05 ", kDateAnalyzed,
+         "01/02/2005 00:00"},
+        {"no date", "Acquisition Date: yesterday", kDateAnalyzed, ""},
+        {"another case", "Acquisition date: 1/2/05", kDateAnalyzed, ""},
+        {"behind the last colon", "Sample Size (mL): 5.0 : 25.0 ", kSampleWtVol, "25.0"},
+        {"no colon", "Sample Size", kSampleWtVol, ""},
+        {"a label that goes on, Windows-1252", "Client Sample: M\xFCller", kLabSampleId, "Müller"},
+        {"below the compound table's head", " COMPOUND#\nClient Sample: x", kLabSampleId, ""},
+        {"behind the last colon, any case", "sample ID: A:B", kZovSampleNo, "B"},
+        {"another label", "Sample ID VBLK01: x", kZovSampleNo, ""},
+        {"up to the semicolon", "Lab File ID: A:1.D ; x", kLabFileId, "A:1.D"},
+        {"no semicolon", "Lab File ID: ABC01.D", kLabFileId, "ABC01.D"},
+        {"a semicolon before the colon", "Lab File ID; x: y", kLabFileId, ""},
+        {"behind the last colon", "Lab File ID: A; x; INSTRUMENT: x: MS 2", kInstrumentId, "MS 2"},
+        {"two blanks before it", "Lab File ID: A;  Instrument: MS", kInstrumentId, ""},
+        {"no colon", "Lab File ID: A; Instrument", kInstrumentId, ""},
+        {"nothing behind it", "Lab File ID: A; Instrument:", kInstrumentId, ""},
+        {"a letter in the blank's place", "Lab File ID: A; Instrument:éMS", kInstrumentId, "MS"}};
+    for (const auto& [what, line, field, value] : cases) {
+        EXPECT_EQ(ReadHeader(line).Header[field], value) << what << ": " << line;
+    }
 }
 
 TEST(QuantReport, TellsWhatTheBlankContains) {

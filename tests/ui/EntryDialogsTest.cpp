@@ -43,6 +43,25 @@ TEST(Form2Dlg, TakesKindAndFileByKeyboardAlone) {
     }
 }
 
+TEST(Form2Dlg, EmptiesItsFileForOneThatIsRefused) {
+    DialogRig<TForm2Dlg> rig;
+    rig.form.Entries().Ranges.FileName = "typed";
+    const std::string notes = rig.dir.Write("notes.txt", "notes\n");
+    const std::string good = rig.dir.Write("Good.txt", "Recovery Ranges of May\n");
+    rig.chooser.answers = {{notes}, {good}};
+    rig.Run([&] {
+        rig.Click("BrowseButton");
+        const char* const kRefused = " is not a recovery ranges file.\nPlease select another file.";
+        rig.Use("", notes + kRefused, "FileEdit");
+        EXPECT_EQ(rig.Shown("FileEdit"), "|");
+        rig.Click("BrowseButton");
+        EXPECT_EQ(rig.Shown("FileEdit"), "|" + good);
+        rig.Use("\33");
+    });
+    EXPECT_EQ(rig.chooser.opened[0].filter, 5);
+    EXPECT_EQ(rig.chooser.opened[0].directory, "/texts");
+}
+
 TEST(MBSHeader, HasRoomFor256Characters) {
     const std::string a(100, 'a');
     const std::string b(155, 'b');
@@ -79,7 +98,14 @@ TEST(TuneForm, IsFilledByKeyboardAlone) {
     rig.stored = {};
     EXPECT_TRUE(rig.Run(1, [&] {
         rig.Use("BFB01\t\t05162005\tB0516.D\t0830\t", "", "StringGrid1");
-        rig.Use("20.1\t45.2\t100\t6.5\t0.4\t80\t6\t98.5\r6.1\t", "", "OkButton");
+        // Back to the second value, to the first one and out of the grid, as Shift+Tab arrives.
+        rig.Use("20.1\t44\t");
+        for (const char* const typed : {"^a45.2", "", ""}) {
+            rig.Press(Qt::Key_Backtab, Qt::ShiftModifier);
+            rig.Type(typed);
+        }
+        EXPECT_EQ(rig.Focus(), "MaskEdit2");
+        rig.Use("\t\t\t100\t6.5\t0.4\t80\t6\t98.5\r6.1\t", "", "OkButton");
         rig.Use("\r");
     }));
     EXPECT_EQ(rig.stored,
@@ -89,27 +115,6 @@ TEST(TuneForm, IsFilledByKeyboardAlone) {
                          "05/16/2005",
                          "08:30",
                          {"20.1", "45.2", "100", "6.5", "0.4", "80", "6", "98.5", "6.1"}}));
-}
-
-TEST(TuneForm, ShiftTabGoesBackFromValueToValueAndOutOfTheGrid) {
-    TuneRig rig;
-    rig.Run([&] {
-        rig.Get("MaskEdit2").setFocus();
-        rig.Use("\t18.1\t45.2\t", "", "StringGrid1");
-        // As a keyboard sends it.
-        const auto back = [&rig] { rig.Press(Qt::Key_Backtab, Qt::ShiftModifier); };
-        const auto& grid = rig.Get<EntryGrid>("StringGrid1");
-        EXPECT_EQ(grid.currentRow(), 2);
-        back();
-        rig.Type("^a46");
-        back();
-        EXPECT_EQ(grid.currentRow(), 0);
-        back();
-        EXPECT_EQ(rig.Focus(), "MaskEdit2");
-        rig.Type("\33");
-    });
-    EXPECT_EQ(rig.stored.Abundances[0], "18.1");
-    EXPECT_EQ(rig.stored.Abundances[1], "46");
 }
 
 TEST(TuneForm, HoldsTheUserAtAWrongEntryThatIsLeft) {
@@ -196,12 +201,16 @@ TEST(ChkCalForm, AsksForWhatIsMissingAndKeepsWhatWasTyped) {
     EXPECT_FALSE(rig.Run([&] {
         EXPECT_EQ(rig.Shown("ZOV_IDEdit"), "|vstd050cc");
         rig.Use("vstd050c.d\r", kRequired, "LimitEdit");
+        rig.Type("old");
         rig.Click("LimitEdit");
         rig.Use("", "other.txt is not a RF criteria file.\nPlease select another file.");
+        EXPECT_EQ(rig.Shown("LimitEdit"), "|");
         rig.Use("&w");
         EXPECT_EQ(rig.Shown("LimitEdit"), "|" + LowerCase(good));
         rig.Use("\33");
     }));
+    EXPECT_EQ(rig.chooser.opened[0].filter, 5);
+    EXPECT_EQ(rig.chooser.opened[0].directory, "/texts");
     EXPECT_EQ(entries.ContinuingCalibration.LabFileId, "vstd050c.d");
     EXPECT_FALSE(rig.form.Flags().ContCalEntered);
     EXPECT_TRUE(rig.Run([&] {

@@ -185,7 +185,11 @@ TEST(Form1Header, PrintsTheSampleShownOnTheFormOfItsMode) {
         EXPECT_TRUE(rig.dialog.isVisible()) << "Enter is for buttons";
         rig.Type("&p");
         EXPECT_EQ(rig.sink.jobs.back().title, job);
-        EXPECT_TRUE(HasText(rig.sink.jobs.back().pages[0], "C-99"));
+        const JobPage& page = rig.sink.jobs.back().pages[0];
+        const TextItem label = FindText(page, "Contract:");
+        const TextItem value = FindText(page, "C-99");
+        // Centred on the line of 2.1 inches behind its label.
+        EXPECT_NEAR(value.x + value.width / 2, label.x + label.width + 1.05 * kResolution, 60);
         rig.Click("Button5");
     }
     EXPECT_EQ(rig.sink.jobs.size(), 2U);
