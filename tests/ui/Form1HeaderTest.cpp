@@ -189,7 +189,7 @@ TEST(Form1Header, PrintsTheSampleShownOnTheFormOfItsMode) {
         const TextItem label = FindText(page, "Contract:");
         const TextItem value = FindText(page, "C-99");
         // Centred on the line of 2.1 inches behind its label.
-        EXPECT_NEAR(value.x + value.width / 2, label.x + label.width + 1.05 * kResolution, 60);
+        EXPECT_NEAR(value.x + value.width / 2.0, label.x + label.width + 1.05 * kResolution, 60);
         rig.Click("Button5");
     }
     EXPECT_EQ(rig.sink.jobs.size(), 2U);
