@@ -5,10 +5,10 @@ import os
 import shutil
 import signal
 import subprocess
+import sys
 import time
 
-DEADLINE = 20  # seconds, for anything that is waited for
-WINDOW = ("dialog", "alert", "frame")
+DEADLINE = 60  # seconds, for anything that is waited for; only a fault needs them all
 SCALE = float(os.environ.get("QT_SCALE_FACTOR", "1"))
 
 
@@ -27,29 +27,47 @@ def wait_for(what, look):
     raise TimeoutError(f"{what} did not come within {DEADLINE} seconds")
 
 
+def described(thing, depth=0):
+    """What shows, a line each, with where input goes."""
+    with contextlib.suppress(RuntimeError):
+        states = [str(state.value_nick) for state in thing.getState().getStates()] if depth else ["showing"]
+        if "showing" in states:
+            input_at = [state for state in ("active", "focused") if state in states]
+            yield "  " * depth + " ".join([thing.getRoleName(), repr(thing.name), *input_at])
+            for child in (each for each in thing if each is not None):
+                yield from described(child, depth + 1)
+
+
 class Desktop:
     """Screen, session bus and window manager, and everything that runs there."""
 
     def __init__(self, home, pictures):
         self._processes = []
         self._pictures = pictures
+        self._log = (pictures / "desktop.log").open("w", encoding="utf-8")
+        self._managed = home / "managed"
         (home / "run").mkdir(mode=0o700)
+        os.environ.pop("AT_SPI_BUS_ADDRESS", None)
         os.environ.update(HOME=str(home), XDG_RUNTIME_DIR=str(home / "run"), LC_ALL="C.UTF-8",
                           XDG_CONFIG_HOME=str(home / ".config"), QT_QPA_PLATFORM="xcb",
                           QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", NO_AT_BRIDGE="1")
 
     def start(self):
-        if missing := [tool for tool in ("Xvfb", "dbus-daemon", "openbox", "import") if not shutil.which(tool)]:
+        tools = ("Xvfb", "dbus-daemon", "openbox", "import", "setpriv")
+        if missing := [tool for tool in tools if not shutil.which(tool)]:
             raise Unavailable(f"{' '.join(missing)} not installed")
+        # Between its first clients there may be none, and it would start anew and drop the next one.
         os.environ["DISPLAY"] = ":" + self._answer_of(
             "Xvfb", "-displayfd", "1", "-screen", "0", f"{1280 * SCALE:.0f}x{1024 * SCALE:.0f}x24",
-            "-nolisten", "tcp")
+            "-noreset", "-nolisten", "tcp")
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._answer_of(
             "dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address")
         ask = "dbus-send --print-reply --dest=org.a11y.Bus /org/a11y/bus org.a11y.Bus.GetAddress"
         if subprocess.run(ask.split(), capture_output=True, check=False).returncode:
             raise Unavailable("no accessibility bus")
-        self.run("openbox", stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        # A window that is there before it would never become the active one.
+        self.run("openbox", "--startup", f"touch {self._managed}", stdout=self._log, stderr=self._log)
+        wait_for("the window manager", self._managed.exists)
 
     def end(self):
         for process in reversed(self._processes):
@@ -59,17 +77,32 @@ class Desktop:
                     process.wait(timeout=5)
 
     def run(self, *command, **more):
-        self._processes.append(subprocess.Popen(command, start_new_session=True, **more))
+        # Ends with this process, whatever ends that.
+        self._processes.append(subprocess.Popen(
+            ["setpriv", "--pdeathsig", "TERM", *command], start_new_session=True, **more))
         return self._processes[-1]
 
     def _answer_of(self, *command):
-        process = self.run(*command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+        process = self.run(*command, stdout=subprocess.PIPE, stderr=self._log, text=True)
         if not (answer := process.stdout.readline().strip()):
             raise Unavailable(f"{command[0]} does not start")
         return answer
 
     def picture(self, name):
-        subprocess.run(["import", "-window", "root", self._pictures / f"{name}.png"], check=True)
+        subprocess.run(["import", "-window", "root", self._pictures / f"{name}.png"], check=True,
+                       timeout=DEADLINE)
+
+    def report(self):
+        """What there is at a fault."""
+        import pyatspi
+
+        with contextlib.suppress(subprocess.SubprocessError):
+            self.picture("fault")
+        print("There were:", *described(pyatspi.Registry.getDesktop(0)), sep="\n", file=sys.stderr)
+        for process in self._processes:
+            if process.poll() is not None:
+                print(process.args[3], "ended with", process.returncode, file=sys.stderr)
+        print("See also", self._pictures / "fault.png", self._log.name, file=sys.stderr)
 
 
 class Program:
@@ -79,6 +112,7 @@ class Program:
         import pyatspi  # looks for the desktop at once
 
         self._atspi = pyatspi
+        pyatspi.setTimeout(DEADLINE * 1000, DEADLINE * 1000)  # it may be busy
         self._desktop = desktop
         running = pyatspi.Registry.getDesktop(0)
         self._process = desktop.run(str(path))
@@ -86,28 +120,37 @@ class Program:
             (each for each in running if each is not None and each.name == "QFR Forms"), None))
         self._root.setCacheMask(0)
 
-    def _look(self, roles, name, inside):
+    def _look(self, role, name, inside):
         for child in (each for each in inside if each is not None):
             showing = child.getState().contains(self._atspi.STATE_SHOWING)
-            if showing and child.getRoleName() in roles and child.name == name:
+            if showing and child.getRoleName() == role and child.name == name:
                 return child
-            if showing and (found := self._look(roles, name, child)):
+            if showing and (found := self._look(role, name, child)):
                 return found
         return None
 
     def find(self, role, name, inside=None):
-        return wait_for(f"{role} {name}", lambda: self._look([role], name, inside or self._root))
+        return wait_for(f"{role} {name}", lambda: self._look(role, name, inside or self._root))
+
+    def _window(self, title, state):
+        return next((each for each in self._root if each is not None and each.name == title
+                     and each.getState().contains(state)), None)
+
+    def _active(self, title):
+        """The window, when the window manager has put it in its place and made it the active one."""
+        return wait_for(f"{title} as active window", lambda: self._window(title, self._atspi.STATE_ACTIVE))
 
     def window(self, title):
-        found = wait_for(title, lambda: self._look(WINDOW, title, self._root))
+        found = self._active(title)
         self._desktop.picture(title)
         return found
 
     def gone(self, title):
-        wait_for(f"the end of {title}", lambda: not self._look(WINDOW, title, self._root))
+        wait_for(f"the end of {title}", lambda: not self._window(title, self._atspi.STATE_SHOWING))
 
     def menu(self, *captions):
         for caption in captions:
+            self._active("QFR Forms")  # a click before would miss it
             self._click(self.find("menu item", caption))
 
     def press(self, caption, window):
@@ -117,6 +160,7 @@ class Program:
         box = self.find("combo box", caption, window)
         self._act(box, "ShowMenu")
         self._click(self.find("list item", item, box))
+        wait_for(f"the choice of {item}", lambda: not self._look("list item", item, box))
 
     def text(self, caption, window):
         return self.find("text", caption, window).queryText().getText(0, -1)
@@ -132,8 +176,6 @@ class Program:
         actions.doAction([actions.getName(i) for i in range(actions.nActions)].index(name))
 
     def _click(self, thing):
-        def place():
-            e = thing.queryComponent().getExtents(self._atspi.DESKTOP_COORDS)
-            return int(SCALE * (e.x + e.width // 2)), int(SCALE * (e.y + e.height // 2))
-        wait_for(f"rest of {thing.name}", lambda: place() == place())
-        self._atspi.Registry.generateMouseEvent(*place(), "b1c")
+        place = thing.queryComponent().getExtents(self._atspi.DESKTOP_COORDS)
+        self._atspi.Registry.generateMouseEvent(int(SCALE * (place.x + place.width // 2)),
+                                                int(SCALE * (place.y + place.height // 2)), "b1c")

@@ -4,6 +4,7 @@ Everything is found by what a screen reader says of it, and the forms must be th
 
 import pathlib
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
@@ -95,6 +96,11 @@ def main(programs, pictures):
             for form in FORMS:
                 print_form(program, home, *form)
             look_around(program)
+        except (Unavailable, ImportError):
+            raise
+        except Exception:
+            desktop.report()
+            raise
         finally:
             desktop.end()
         subprocess.run([fresh / "qfrbatch", "print", fresh / "example" / "example.qff",
@@ -104,6 +110,7 @@ def main(programs, pictures):
 
 
 if __name__ == "__main__":
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit("Ended from outside"))
     try:
         main(*map(pathlib.Path, sys.argv[1:]))
     except (Unavailable, ImportError) as reason:
