@@ -1,5 +1,5 @@
 #!/bin/sh
-# Runs a command beside a CUPS daemon of its own, on loopback. Its queues "Lab" and "Spare" leave what
+# Runs a command beside a CUPS daemon of its own, on a socket file. Its queues "Lab" and "Spare" leave what
 # lies on the paper as PDF files in QFR_PRINTED. Ends with 77 where the daemon cannot be started.
 set -eu
 PATH=$PATH:/usr/sbin
@@ -22,9 +22,8 @@ for file in ServerBin/. ServerRoot/. CacheDir/cache RequestRoot/jobs StateDir/st
     AccessLog/access.log ErrorLog/error.log PageLog/page.log; do
     echo "${file%%/*} $root/${file#*/}"
 done >"$root/files.conf"
-port=$(perl -MIO::Socket -e 'print IO::Socket::INET->new(Listen => 1, LocalAddr => "127.0.0.1")->sockport')
-printf '%s\n' "Listen 127.0.0.1:$port" '<Policy default>' '<Limit All>' '</Limit>' '</Policy>' >"$root/cupsd.conf"
-export CUPS_SERVER="127.0.0.1:$port" QFR_PRINTED="$root/printed"
+export CUPS_SERVER="$root/socket" QFR_PRINTED="$root/printed"
+printf '%s\n' "Listen $CUPS_SERVER" '<Policy default>' '<Limit All>' '</Limit>' '</Policy>' >"$root/cupsd.conf"
 (cd "$root" && exec cupsd -f -c "$root/cupsd.conf" -s "$root/files.conf") &
 daemon=$!
 until lpstat -r 2>/dev/null | grep -q 'is running'; do
