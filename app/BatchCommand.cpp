@@ -16,6 +16,7 @@
 #include "app/BatchFile.h"
 #include "app/HeadlessHost.h"
 #include "app/Package.h"
+#include "data/EntryTables.h"
 #include "data/LabFiles.h"
 #include "data/LoadFiles.h"
 #include "platform/DateTime.h"
@@ -537,7 +538,7 @@ int Print(const Arguments& arguments, const Context& context) {
 
     MessageLines messages(context.err);
     const std::vector<PackageWork> works = PlanPackage(saved->Batch, choice);
-    HeadlessHost host(std::move(*saved), context.platform.Metrics(), messages, EntryDialogRules());
+    HeadlessHost host(std::move(*saved), context.platform.Metrics(), messages);
     std::vector<PrintJob> jobs;
     bool all = true;
     for (const PackageWork& work : works) {
@@ -670,49 +671,14 @@ void ShowFiles(BatchText& text, const Batch& batch) {
 }
 
 void ShowEntries(BatchText& text, const Entries& entries) {
-    constexpr std::array<std::string_view, 3> kLimits = {"water", "soil", "oil"};
-    text.Paragraph("Recovery ranges (Form II)");
-    text.Value("Ranges file", entries.Ranges.FileName);
-    text.Value("Limits", kLimits.at(static_cast<std::size_t>(entries.Ranges.Limits) - 1));
-
-    text.Paragraph("Method blank comments (Form IV)");
-    text.Values("Line", entries.Comments.Lines);
-
-    const TuneEntry& tune = entries.Tune;
-    text.Paragraph("BFB tune (Form V)");
-    text.Value("Sample no.", tune.SampleNo);
-    text.Value("Instrument ID", tune.InstrumentId);
-    text.Value("Lab file ID", tune.LabFileId);
-    text.Value("Injection date", tune.InjectionDate);
-    text.Value("Injection time", tune.InjectionTime);
-    text.Values("Abundance", tune.Abundances);
-
-    const InitialCalibrationEntry& initial = entries.InitialCalibration;
-    text.Paragraph("Initial calibration (Form VI)");
-    text.Value("First standard", initial.FirstStandard);
-    text.Value("Last standard", initial.LastStandard);
-    text.Values("Lab file ID", initial.LabFileIds);
-
-    const ContinuingCalibrationEntry& continuing = entries.ContinuingCalibration;
-    text.Paragraph("Continuing calibration (Form VII)");
-    text.Value("Sample no.", continuing.SampleNo);
-    text.Value("Lab file ID", continuing.LabFileId);
-    text.Value("RF criteria file", continuing.CriteriaFile);
-    text.Value("Instrument ID", continuing.InstrumentId);
-    text.Value("Date analyzed", continuing.AnalysisDateTime);
-    text.Value("First standard", continuing.FirstStandard);
-    text.Value("Last standard", continuing.LastStandard);
-
-    const StandardSummaryEntry& summary = entries.StandardSummary;
-    text.Paragraph("Internal standards (Form VIII)");
-    text.Value("Sample no.", summary.SampleNo);
-    text.Value("Lab file ID", summary.LabFileId);
-    text.Value("Date analyzed", summary.AnalysisDateTime);
-    text.Value("First calibration", summary.FirstCalibrationDate);
-    text.Value("Last calibration", summary.LastCalibrationDate);
-    text.Values("Retention time", summary.RetentionTimes);
-    text.Value("Level chosen",
-               summary.LevelIndex < 0 ? "" : std::to_string(summary.LevelIndex + 1));
+    for (const EntryTable* const table : kEntryTables) {
+        text.Paragraph(std::string(table->Caption));
+        for (const EntryField& field : table->Fields) {
+            for (std::size_t item = 0; item < ItemCount(field, entries); ++item) {
+                text.Value(NameOf(field.Label, field, item), ShownText(field, entries, item));
+            }
+        }
+    }
 }
 
 void ShowHelp(std::ostream& out) {

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "data/EntryTables.h"
 #include "data/QuantReport.h"
 #include "platform/DateTime.h"
 #include "platform/FileLookup.h"
@@ -18,9 +19,6 @@ namespace qfr {
 namespace {
 
 constexpr std::string_view kFirstLine = "QFRForms";
-// The file has room for this many lab file IDs of the initial calibration.
-constexpr std::size_t kSavedLevels = 5;
-
 class BatchWriter {
   public:
     // A line break that was pasted into an entry would end its line of the file too early.
@@ -65,42 +63,16 @@ void WriteRecord(BatchWriter& out, const SampleRecord& record) {
 }
 
 void WriteEntries(BatchWriter& out, const Entries& entries) {
-    const RangesEntry& ranges = entries.Ranges;
-    out.Values(ranges.FileName, std::to_string(static_cast<int>(ranges.Limits)));
-    out.EndLine();
-
-    // An empty box is one empty line: an empty line of the file would leave old comments in place.
-    out.Values(entries.Comments.Lines.empty() ? "" : Trim(entries.Comments.Lines.front()));
-    for (std::size_t i = 1; i < entries.Comments.Lines.size(); ++i) {
-        out.Values(Trim(entries.Comments.Lines[i]));
+    for (const EntryTable* const table : kEntryTables) {
+        for (const EntryField& field : table->Fields) {
+            const std::size_t count = std::min(ItemCount(field, entries), field.Texts.SavedItems);
+            for (std::size_t item = 0; item < count; ++item) {
+                const std::string text = field.Texts.Get(entries, item);
+                out.Values(field.Kind == EntryKind::kLines ? Trim(text) : text);
+            }
+        }
+        out.EndLine();
     }
-    out.EndLine();
-
-    const TuneEntry& tune = entries.Tune;
-    out.Values(tune.SampleNo, tune.InstrumentId, tune.LabFileId, tune.InjectionDate,
-               tune.InjectionTime);
-    out.ListValues(tune.Abundances);
-    out.EndLine();
-
-    const InitialCalibrationEntry& initial = entries.InitialCalibration;
-    out.Values(initial.FirstStandard, initial.LastStandard);
-    for (std::size_t level = 0; level < kSavedLevels; ++level) {
-        out.Values(initial.LabFileIds[level]);
-    }
-    out.EndLine();
-
-    const ContinuingCalibrationEntry& continuing = entries.ContinuingCalibration;
-    out.Values(continuing.SampleNo, continuing.LabFileId, continuing.CriteriaFile,
-               continuing.InstrumentId, continuing.AnalysisDateTime, continuing.FirstStandard,
-               continuing.LastStandard);
-    out.EndLine();
-
-    const StandardSummaryEntry& summary = entries.StandardSummary;
-    out.Values(summary.SampleNo, summary.LabFileId, summary.AnalysisDateTime,
-               summary.FirstCalibrationDate, summary.LastCalibrationDate);
-    out.ListValues(summary.RetentionTimes);
-    out.Values(std::to_string(summary.LevelIndex));
-    out.EndLine();
 }
 
 Message Aborted(std::string_view line, std::string_view trouble) {
@@ -213,73 +185,30 @@ void ParseFlags(std::int32_t count, std::string_view line, std::vector<bool>& fl
     }
 }
 
-// A masked entry always holds its literals. Those that open a line have lost their blanks.
-std::string TakeMasked(std::string_view& rest, std::string_view emptyMask) {
-    std::string text = TakeField(rest);
-    return Trim(text).empty() || IsEmptyMask(text) ? std::string(emptyMask) : text;
-}
-
-void ParseRanges(std::string_view rest, RangesEntry& ranges) {
-    ranges.FileName = TakeField(rest);
-    const std::int32_t kind = ParseInteger(TakeField(rest)).value_or(0);
-    // A saved oil choice comes back as soil, on purpose.
-    const bool soil = kind == static_cast<int>(RecoveryLimits::kSoil) ||
-                      kind == static_cast<int>(RecoveryLimits::kOil);
-    ranges.Limits = soil ? RecoveryLimits::kSoil : RecoveryLimits::kWater;
-}
-
-void ParseComments(std::string_view rest, BlankComments& comments) {
-    comments.Lines.clear();
-    while (!rest.empty()) {
-        comments.Lines.push_back(TakeField(rest));
+// The text that a field's next value comes back as. A masked entry always holds its literals; those
+// that open a line have lost their blanks.
+std::string TakeText(std::string_view& rest, const EntryField& field) {
+    const std::string text = TakeField(rest);
+    if (field.Texts.Restored) {
+        return field.Texts.Restored(text);
     }
+    const std::string_view emptyMask = EmptyMaskOf(field.Kind);
+    return emptyMask.empty() ? text : OrEmptyMask(text, emptyMask);
 }
 
-void ParseTune(std::string_view rest, TuneEntry& tune) {
-    tune.SampleNo = TakeField(rest);
-    tune.InstrumentId = TakeField(rest);
-    tune.LabFileId = TakeField(rest);
-    tune.InjectionDate = TakeMasked(rest, kEmptyDateMask);
-    tune.InjectionTime = TakeMasked(rest, kEmptyTimeMask);
-    TakeList(rest, tune.Abundances);
-}
-
-void ParseInitial(std::string_view rest, InitialCalibrationEntry& initial) {
-    initial = {};
-    initial.FirstStandard = TakeMasked(rest, kEmptyDateTimeMask);
-    initial.LastStandard = TakeMasked(rest, kEmptyDateTimeMask);
-    for (std::size_t level = 0; level < kSavedLevels; ++level) {
-        initial.LabFileIds[level] = TakeField(rest);
-    }
-}
-
-void ParseContinuing(std::string_view rest, ContinuingCalibrationEntry& continuing) {
-    continuing.SampleNo = TakeField(rest);
-    continuing.LabFileId = TakeField(rest);
-    continuing.CriteriaFile = TakeField(rest);
-    continuing.InstrumentId = TakeField(rest);
-    continuing.AnalysisDateTime = TakeMasked(rest, kEmptyDateTimeMask);
-    continuing.FirstStandard = TakeMasked(rest, kEmptyDateTimeMask);
-    continuing.LastStandard = TakeMasked(rest, kEmptyDateTimeMask);
-}
-
-void ParseSummary(std::string_view rest, StandardSummaryEntry& summary) {
-    summary = {};
-    summary.SampleNo = TakeField(rest);
-    summary.LabFileId = TakeField(rest);
-    summary.AnalysisDateTime = TakeMasked(rest, kEmptyDateTimeMask);
-    summary.FirstCalibrationDate = TakeMasked(rest, kEmptyDateMask);
-    summary.LastCalibrationDate = TakeMasked(rest, kEmptyDateMask);
-    TakeList(rest, summary.RetentionTimes);
-    const std::int32_t level = ParseInteger(TakeField(rest)).value_or(-1);
-    summary.LevelIndex = level >= 0 && level < kMaxLevels ? level : -1;
-}
-
-template <typename Entry>
-void ParseEntry(BatchParser& in, void (*parse)(std::string_view, Entry&), Entry& entry) {
+void ParseEntry(BatchParser& in, const EntryTable& table, Entries& entries) {
     const std::string line = Trim(in.Line());
-    if (!line.empty()) {
-        parse(line, entry);
+    if (line.empty()) {
+        return;
+    }
+    table.Clear(entries);
+    std::string_view rest = line;
+    for (const EntryField& field : table.Fields) {
+        const bool open = field.Kind == EntryKind::kLines;
+        const std::size_t count = std::min(ItemCount(field, entries), field.Texts.SavedItems);
+        for (std::size_t item = 0; open ? !rest.empty() : item < count; ++item) {
+            field.Texts.Set(entries, item, TakeText(rest, field));
+        }
     }
 }
 
@@ -359,13 +288,9 @@ std::variant<SavedBatch, Message> RestoreBatch(LineReader file, std::string_view
     const std::int32_t flags = in.Count();
     ParseFlags(flags, in.Line(), saved.Batch.BlankHitFlags);
 
-    Entries& entries = saved.Entries;
-    ParseEntry(in, ParseRanges, entries.Ranges);
-    ParseEntry(in, ParseComments, entries.Comments);
-    ParseEntry(in, ParseTune, entries.Tune);
-    ParseEntry(in, ParseInitial, entries.InitialCalibration);
-    ParseEntry(in, ParseContinuing, entries.ContinuingCalibration);
-    ParseEntry(in, ParseSummary, entries.StandardSummary);
+    for (const EntryTable* const table : kEntryTables) {
+        ParseEntry(in, *table, saved.Entries);
+    }
 
     if (in.Failure()) {
         return *in.Failure();

@@ -5,34 +5,17 @@
 #include <cstddef>
 #include <optional>
 #include <utility>
-#include <vector>
 
 #include "app/BatchFile.h"
-#include "data/EntryFault.h"
 #include "forms/FormHost.h"
 #include "platform/JobSink.h"
 #include "platform/Printer.h"
 
 namespace qfr {
 
-// What an entry dialog does without its user.
-struct DialogRules {
-    EntryDialog dialog = EntryDialog::kRecoveryRanges;
-    // On showing: takes over what is known elsewhere by now; false when the dialog cannot be shown,
-    // after a message. May be absent.
-    bool (*onShow)(FormHost& host, std::size_t headerRecord) = nullptr;
-    // On OK: why the dialog would stay open. Without it every entry is accepted.
-    std::optional<EntryFault> (*onOk)(FormHost& host) = nullptr;
-};
-
-// Those of the program's entry dialogs.
-std::vector<DialogRules> EntryDialogRules();
-
 class HeadlessHost : public FormHost, private JobSink {
   public:
-    // A dialog that has no rules closes with OK as it stands.
-    HeadlessHost(SavedBatch saved, TextMetrics& metrics, Messages& messages,
-                 std::vector<DialogRules> rules);
+    HeadlessHost(SavedBatch saved, TextMetrics& metrics, Messages& messages);
 
     // The job that a driver has printed since the last call; absent when it has refused.
     std::optional<PrintJob> CollectJob() { return std::exchange(job_, std::nullopt); }
@@ -55,7 +38,6 @@ class HeadlessHost : public FormHost, private JobSink {
     SavedBatch saved_;
     BatchFlags flags_;
     Messages& messages_;
-    std::vector<DialogRules> rules_;
     std::optional<PrintJob> job_;
     TPrinter printer_;
     qfr::Page page_;

@@ -16,12 +16,7 @@
 
 #include "app/BatchFile.h"
 #include "app/PrintAll.h"
-#include "forms/Form2.h"
-#include "forms/Form4.h"
-#include "forms/Form5.h"
-#include "forms/Form6.h"
-#include "forms/Form7.h"
-#include "forms/Form8.h"
+#include "dialogs/EntryFormDialog.h"
 #include "platform/FileLookup.h"
 #include "platform/FileReplace.h"
 #include "platform/LineReader.h"
@@ -40,9 +35,6 @@ namespace {
 constexpr int kHelpTopic = 10;
 constexpr QSize kWindowSize(800, 500);
 constexpr int kStateLetters = 130;  // that the status bar has room for
-
-// Lines of the paths file.
-constexpr int kBatchSlot = 4;
 
 QIcon ProgramIcon() {
     QIcon icon;
@@ -74,51 +66,6 @@ QString NameOrNone(const std::string& path) {
 
 }  // namespace
 
-// One line of a menu.
-struct TQFRForm::Command {
-    const char* caption;
-    const char* shortcut;
-    void (TQFRForm::*handler)();
-};
-
-struct TQFRForm::Menu {
-    const char* caption;
-    std::vector<Command> commands;
-};
-
-const std::array<TQFRForm::Menu, 3> TQFRForm::kMenus = {{
-    {"&Data Files",
-     {
-         {"&Load Files", "Ctrl+O", &TQFRForm::OpenClick},
-         {"&Save Batch", "Ctrl+S", &TQFRForm::SaveFilesClick},
-         {"&Restore Batch", "Ctrl+R", &TQFRForm::RestoreFilesClick},
-     }},
-    {"&Forms",
-     {
-         {"Form &1 Volatile Organics Analysis", "Ctrl+1", &TQFRForm::FormIVoaClick},
-         {"Form 1 &Tentative Identified Compounds", "Ctrl+T", &TQFRForm::FormITicClick},
-         {"Form &2 Monitoring Compound Recovery", "Ctrl+2",
-          &TQFRForm::PrintFormClick<Form2MCRClick>},
-         {"Form &4 Method Blank Summary", "Ctrl+4", &TQFRForm::PrintFormClick<Form4MBSClick>},
-         {"Form &5 Instrument Performance Check", "Ctrl+5",
-          &TQFRForm::PrintFormClick<Form5IPCClick>},
-         {"Form &6 Initial Calibration Data", "Ctrl+6", &TQFRForm::PrintFormClick<Form6CIDClick>},
-         {"Form &7 Cont. Cal. Data", "Ctrl+7", &TQFRForm::PrintFormClick<Form7CCDClick>},
-         {"Form &8 Internal Standard Summary", "Ctrl+8", &TQFRForm::PrintFormClick<Form8ARTClick>},
-     }},
-    {"&Reports",
-     {
-         {"Select &Printer", "Ctrl+P", &TQFRForm::SelectPrinter1Click},
-         {"Print &All Forms...", "Ctrl+Shift+P", &TQFRForm::PrintAllClick},
-     }},
-}};
-
-const std::array<TQFRForm::Command, 3> TQFRForm::kMenuBarCommands = {{
-    {"&Help", "F1", &TQFRForm::Help1Click},
-    {"&About", "", &TQFRForm::About1Click},
-    {"E&xit", "Ctrl+Q", &TQFRForm::OnExit},
-}};
-
 TQFRForm::TQFRForm(const DesktopServices& services)
     : services_(services),
       paths_(services.Settings, *this),
@@ -131,13 +78,13 @@ TQFRForm::TQFRForm(const DesktopServices& services)
       filesDlg_(std::make_unique<TFilesDlg>(*this, *this, *this)),
       form1Header_(std::make_unique<TForm1Header>(*this, *this)),
       ticForm_(std::make_unique<TTICForm>(*this, *this, form1Header_.get())),
-      form2Dlg_(std::make_unique<TForm2Dlg>(*this, *this, this)),
-      mbsHeader_(std::make_unique<TMBSHeader>(*this, *this, this)),
-      tuneForm_(std::make_unique<TTuneForm>(*this, *this, this)),
-      initCalInput_(std::make_unique<TInitCalInput>(*this, *this, this)),
-      chkCalForm_(std::make_unique<TChkCalForm>(*this, *this, this)),
-      artSummForm_(std::make_unique<TARTSummForm>(*this, *this, this)),
       aboutBox_(std::make_unique<TAboutBox>(this)) {
+    for (const FormRow& form : kForms) {
+        if (form.entry) {
+            const EntryDialog dialog = form.entry->dialog;
+            entryDialogs_[dialog] = MakeEntryDialog(dialog, *this, *this, this);
+        }
+    }
     OnCreate();
 }
 
@@ -149,12 +96,7 @@ void TQFRForm::OnCreate() {
     setWindowTitle("QFR Forms");
     QApplication::setWindowIcon(ProgramIcon());
 
-    for (const Menu& menu : kMenus) {
-        AddCommands(*menuBar()->addMenu(menu.caption), menu.commands.data(),
-                    menu.commands.data() + menu.commands.size());
-    }
-    AddCommands(*menuBar(), kMenuBarCommands.begin(), kMenuBarCommands.end());
-
+    AddMenus();
     auto* const emptyArea = new QLabel(this);
     emptyArea->setAlignment(Qt::AlignCenter);
     emptyArea->setPixmap(Watermark());
@@ -173,14 +115,33 @@ void TQFRForm::OnCreate() {
     move(place.translated(screen()->availableGeometry().center() - place.center()).topLeft());
 }
 
-void TQFRForm::AddCommands(QWidget& menu, const Command* first, const Command* last) {
-    for (const Command* command = first; command != last; ++command) {
-        auto* const action = new QAction(command->caption, &menu);
-        action->setShortcut(QKeySequence(command->shortcut));
-        action->setMenuRole(QAction::NoRole);
-        connect(action, &QAction::triggered, this, command->handler);
-        menu.addAction(action);
+void TQFRForm::AddMenus() {
+    QMenu& files = *menuBar()->addMenu("&Data Files");
+    AddCommand(files, "&Load Files", "Ctrl+O", [this] { OpenClick(); });
+    AddCommand(files, "&Save Batch", "Ctrl+S", [this] { Save(); });
+    AddCommand(files, "&Restore Batch", "Ctrl+R", [this] { RestoreFilesClick(); });
+    QMenu& forms = *menuBar()->addMenu("&Forms");
+    for (const FormRow& form : kForms) {
+        AddCommand(forms, form.menuCaption, form.shortcut, [this, &form] { FormClick(form); });
     }
+    QMenu& reports = *menuBar()->addMenu("&Reports");
+    AddCommand(reports, "Select &Printer", "Ctrl+P", [this] { page_.getPrinter(); });
+    AddCommand(reports, "Print &All Forms...", "Ctrl+Shift+P", [this] { PrintAllClick(); });
+    AddCommand(*menuBar(), "&Help", "F1", [this] { ShowHelp(kHelpTopic); });
+    AddCommand(*menuBar(), "&About", "", [this] { aboutBox_->exec(); });
+    AddCommand(*menuBar(), "E&xit", "Ctrl+Q", [this] { OnExit(); });
+}
+
+void TQFRForm::AddCommand(QWidget& menu, std::string_view caption, std::string_view shortcut,
+                          const std::function<void()>& handler) {
+    const auto text = [](std::string_view ascii) {
+        return QString::fromStdString(std::string(ascii));
+    };
+    auto* const action = new QAction(text(caption), &menu);
+    action->setShortcut(QKeySequence(text(shortcut)));
+    action->setMenuRole(QAction::NoRole);
+    connect(action, &QAction::triggered, this, handler);
+    menu.addAction(action);
 }
 
 void TQFRForm::OpenClick() {
@@ -190,7 +151,7 @@ void TQFRForm::OpenClick() {
 
 TQFRForm::SaveResult TQFRForm::Save() {
     const std::optional<ChosenFiles> chosen =
-        services_.Chooser.Save({SaveKind::kBatch, paths_.ReadPath(kBatchSlot), ""});
+        services_.Chooser.Save({SaveKind::kBatch, paths_.ReadPath(FileKind::kBatch), ""});
     if (!chosen) {
         return SaveResult::kCancelled;
     }
@@ -218,8 +179,7 @@ void TQFRForm::OfferSave() {
 
 void TQFRForm::RestoreFilesClick() {
     OfferSave();
-    if (const std::optional<ChosenFiles> chosen =
-            ChooseFiles(static_cast<int>(FileKind::kBatch), kBatchSlot, false)) {
+    if (const std::optional<ChosenFiles> chosen = ChooseFiles(FileKind::kBatch, false)) {
         RestoreFile(chosen->files.front());
     }
 }
@@ -238,7 +198,7 @@ void TQFRForm::OpenArguments(const std::vector<std::string>& arguments) {
         TextOf(std::filesystem::absolute(PathOf(arguments.front()), failed).lexically_normal());
     if (RestoreFile(file)) {
         // The other lines of the paths file stay; reading them takes them over.
-        paths_.ReadPath(kBatchSlot);
+        paths_.ReadPath(FileKind::kBatch);
         paths_.RememberDir(file, FileKind::kBatch);
     }
 }
@@ -246,7 +206,7 @@ void TQFRForm::OpenArguments(const std::vector<std::string>& arguments) {
 bool TQFRForm::RestoreFile(const std::string& fileName) {
     const WaitCursor wait;
     std::optional<LineReader> file = LineReader::Open(PathOf(fileName));
-    // A file that cannot be read is told as one that holds nothing.
+    // A file that cannot be read is treated as one that holds nothing.
     auto restored = RestoreBatch(file ? std::move(*file) : LineReader(""), fileName, entries_);
     if (const auto* const refusal = std::get_if<Message>(&restored)) {
         Show(*refusal);
@@ -260,32 +220,21 @@ bool TQFRForm::RestoreFile(const std::string& fileName) {
     return true;
 }
 
-void TQFRForm::FormIClick(int mode) {
-    if (!FilesSpecified(Batch())) {
+void TQFRForm::FormClick(const FormRow& form) {
+    if (form.printBatch != nullptr) {
+        const WaitCursor wait;
+        form.printBatch(*this);
+        ShowBatchState();
+    } else if (FilesSpecified(Batch())) {
+        hide();
+        form1Header_->Open(form.onlyWithTics ? kFormITic : kFormIVoa);
+    } else {
         Show({std::string(kSpecifyFiles), kFilesNotSpecifiedTitle});
-        return;
     }
-    hide();
-    form1Header_->Open(mode);
-}
-
-template <void (*driver)(FormHost&)>
-void TQFRForm::PrintFormClick() {
-    const WaitCursor wait;
-    driver(*this);
-    ShowBatchState();
 }
 
 void TQFRForm::PrintAllClick() {
     PrintAll(*this, services_.Metrics, services_.Packages);
-}
-
-void TQFRForm::Help1Click() {
-    ShowHelp(kHelpTopic);
-}
-
-void TQFRForm::About1Click() {
-    aboutBox_->exec();
 }
 
 void TQFRForm::OnExit() {
@@ -327,21 +276,7 @@ bool TQFRForm::AskYesNo(const Message& question) {
 
 bool TQFRForm::ShowEntryDialog(EntryDialog dialog, std::size_t headerRecord) {
     const AskingCursor asking;
-    switch (dialog) {
-        case EntryDialog::kRecoveryRanges:
-            return form2Dlg_->Run(headerRecord);
-        case EntryDialog::kBlankComments:
-            return mbsHeader_->Run(headerRecord);
-        case EntryDialog::kTune:
-            return tuneForm_->Run(headerRecord);
-        case EntryDialog::kInitialCalibration:
-            return initCalInput_->Run(headerRecord);
-        case EntryDialog::kContinuingCalibration:
-            return chkCalForm_->Run(headerRecord);
-        case EntryDialog::kStandardSummary:
-            return artSummForm_->Run(headerRecord);
-    }
-    return false;
+    return entryDialogs_.at(dialog)->Run(headerRecord);
 }
 
 void TQFRForm::EnterTics(std::size_t record, const std::string& sampleNo) {
@@ -353,9 +288,9 @@ void TQFRForm::ResetEntryDialogs() {
     ResetEntries(entries_);
 }
 
-std::optional<ChosenFiles> TQFRForm::ChooseFiles(int filter, int pathSlot, bool multiSelect) {
+std::optional<ChosenFiles> TQFRForm::ChooseFiles(FileKind kind, bool multiSelect) {
     std::optional<ChosenFiles> chosen =
-        services_.Chooser.Open({filter, paths_.ReadPath(pathSlot), multiSelect});
+        services_.Chooser.Open({kind, paths_.ReadPath(kind), multiSelect});
     if (chosen) {
         RememberChoice(*chosen);
     }
@@ -363,12 +298,12 @@ std::optional<ChosenFiles> TQFRForm::ChooseFiles(int filter, int pathSlot, bool 
 }
 
 void TQFRForm::RememberChoice(const ChosenFiles& chosen) {
-    paths_.RememberDir(chosen.files.front(), static_cast<FileKind>(chosen.filter));
+    paths_.RememberDir(chosen.files.front(), chosen.kind);
 }
 
 std::optional<std::string> TQFRForm::ChooseLaboratoryFile() {
     const std::optional<ChosenFiles> chosen =
-        services_.Chooser.Save({SaveKind::kLaboratoryFile, paths_.ReadPath(kTextPathSlot), ""});
+        services_.Chooser.Save({SaveKind::kLaboratoryFile, paths_.ReadPath(FileKind::kText), ""});
     if (!chosen) {
         return std::nullopt;
     }

@@ -3,8 +3,10 @@
 
 #include <array>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <QLabel>
@@ -13,15 +15,11 @@
 #include "app/AboutBox.h"
 #include "app/PathsFile.h"
 #include "data/FilesDlg.h"
-#include "dialogs/ARTSummForm.h"
-#include "dialogs/ChkCalForm.h"
+#include "dialogs/EntryDialogs.h"
 #include "dialogs/Form1Header.h"
-#include "dialogs/Form2Dlg.h"
-#include "dialogs/InitCalInput.h"
-#include "dialogs/MBSHeader.h"
 #include "dialogs/TicForm.h"
-#include "dialogs/TuneForm.h"
 #include "forms/FormHost.h"
+#include "forms/FormList.h"
 #include "platform/JobSink.h"
 #include "platform/Printer.h"
 #include "platform/SettingsDir.h"
@@ -76,7 +74,7 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
     void OfferSave() override;
 
     // WindowServices
-    std::optional<ChosenFiles> ChooseFiles(int filter, int pathSlot, bool multiSelect) override;
+    std::optional<ChosenFiles> ChooseFiles(FileKind kind, bool multiSelect) override;
     void RememberChoice(const ChosenFiles& chosen) override;
     std::optional<std::string> ChooseLaboratoryFile() override;
     const SettingsDir& Settings() const override { return services_.Settings; }
@@ -91,28 +89,16 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    struct Command;
-    struct Menu;
-    static const std::array<Menu, 3> kMenus;
-    static const std::array<Command, 3> kMenuBarCommands;
-
     enum class SaveResult { kSaved, kCancelled, kNotWritten };
 
     void OnCreate();
-    void AddCommands(QWidget& menu, const Command* first, const Command* last);
+    void AddMenus();
+    void AddCommand(QWidget& menu, std::string_view caption, std::string_view shortcut,
+                    const std::function<void()>& handler);
     void OpenClick();
-    void SaveFilesClick() { Save(); }
     void RestoreFilesClick();
-    void FormIVoaClick() { FormIClick(kFormIVoa); }
-    void FormITicClick() { FormIClick(kFormITic); }
-    void FormIClick(int mode);
-    // Runs the driver of a form that has no header dialog of its own.
-    template <void (*driver)(FormHost&)>
-    void PrintFormClick();
-    void SelectPrinter1Click() { page_.getPrinter(); }
+    void FormClick(const FormRow& form);
     void PrintAllClick();
-    void Help1Click();
-    void About1Click();
     void OnExit();
 
     SaveResult Save();
@@ -133,12 +119,7 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
 
     // Dialogs above this one or above the Form 1 header.
     std::unique_ptr<TTICForm> ticForm_;
-    std::unique_ptr<TForm2Dlg> form2Dlg_;
-    std::unique_ptr<TMBSHeader> mbsHeader_;
-    std::unique_ptr<TTuneForm> tuneForm_;
-    std::unique_ptr<TInitCalInput> initCalInput_;
-    std::unique_ptr<TChkCalForm> chkCalForm_;
-    std::unique_ptr<TARTSummForm> artSummForm_;
+    std::map<EntryDialog, std::unique_ptr<EntryWindow>> entryDialogs_;
     std::unique_ptr<TAboutBox> aboutBox_;
 };
 

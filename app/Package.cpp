@@ -79,7 +79,7 @@ PackageOutcome PrintPackage(FormHost& program, TextMetrics& metrics,
     // what a missing file leaves open; nobody has seen any of it here, so none of it may stay. But
     // each form finds what the forms and dialogs before it have left: the milestones of the batch
     // and the calibration tables go along.
-    HeadlessHost host({program.Batch(), program.Entries()}, metrics, messages, EntryDialogRules());
+    HeadlessHost host({program.Batch(), program.Entries()}, metrics, messages);
     host.Flags() = program.Flags();
     host.Calibration() = program.Calibration();
     const TPrinter& chosen = program.Page().Printer();

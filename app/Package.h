@@ -9,10 +9,10 @@
 #include <string>
 #include <vector>
 
-#include "app/FormList.h"
 #include "app/HeadlessHost.h"
 #include "data/Batch.h"
 #include "forms/FormHost.h"
+#include "forms/FormList.h"
 #include "platform/JobSink.h"
 #include "platform/PrintJob.h"
 #include "platform/TextMetrics.h"

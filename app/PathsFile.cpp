@@ -48,7 +48,7 @@ std::string ExpandFormat(std::string_view format) {
 
 }  // namespace
 
-std::string PathsFile::ReadPath(int slot) {
+std::string PathsFile::ReadPath(FileKind kind) {
     std::optional<LineReader> file = LineReader::Open(settings_.ForReading(kFileName));
     if (!file) {
         messages_.Show({"Pathfile missing.  Creating new pathfile.", ""});
@@ -57,7 +57,7 @@ std::string PathsFile::ReadPath(int slot) {
     }
     if (file) {
         std::string last;
-        for (std::string& text : slots_) {
+        for (std::string& text : lines_) {
             if (std::optional<std::string> line = file->NextPiece(kMaxLineLength)) {
                 last = Trim(*line);
             } else {
@@ -66,44 +66,29 @@ std::string PathsFile::ReadPath(int slot) {
             text = last;
         }
     }
-    const std::string& path = slots_.at(static_cast<std::size_t>(slot) - 1);
+    const std::string& path = LineAt(RowOf(kind).startsFrom);
     return path == kInstallPath ? settings_.ProgramDir() + "example" + settings_.ProgramDir().back()
                                 : path;
 }
 
-void PathsFile::RememberDir(std::string_view fileName, FileKind filter) {
-    const std::string folder(FolderOnly(fileName));
-    switch (filter) {
-        case FileKind::kQuantReport:
-        case FileKind::kCheckReport:
-            slots_[0] = folder;
-            break;
-        case FileKind::kCalibration:
-            slots_[1] = folder;
-            break;
-        case FileKind::kText:
-            slots_[2] = folder;
-            break;
-        case FileKind::kBatch:
-            slots_[3] = folder;
-            break;
-        case FileKind::kAny:
-            break;
+void PathsFile::RememberDir(std::string_view fileName, FileKind kind) {
+    if (const int line = RowOf(kind).remembered; line > 0) {
+        LineAt(line) = FolderOnly(fileName);
     }
-    for (std::string& text : slots_) {
+    for (std::string& text : lines_) {
         text = ExpandFormat(text);
     }
     Write();
 }
 
 void PathsFile::NewPathsFile() {
-    slots_.fill(settings_.ProgramDir());
+    lines_.fill(settings_.ProgramDir());
     Write();
 }
 
 void PathsFile::Write() {
     std::string content;
-    for (const std::string& text : slots_) {
+    for (const std::string& text : lines_) {
         content += text + "\n";
     }
     // A directory that is not remembered is a small loss; the choice just made goes on.

@@ -5,7 +5,7 @@
 
 #include "data/CheckReport.h"
 #include "data/CriteriaFile.h"
-#include "data/EntryChecks.h"
+#include "data/EntryTables.h"
 #include "data/OpenedFile.h"
 #include "data/RawDataFile.h"
 #include "platform/Numbers.h"
@@ -18,41 +18,10 @@ namespace {
 // The buffer of the calibration dialog's Browse (characters a line).
 constexpr std::size_t kBrowseLine = 99;
 
-bool IsUnfilled(std::string_view text) {
-    return Trim(text).empty() || IsEmptyMask(text);
-}
-
 void TakeWhenFilled(std::string& entry, const std::string& source) {
     if (!IsUnfilled(source)) {
         entry = source;
     }
-}
-
-EntryFault RequiredInputMissing(std::string_view control) {
-    return {{"Please enter an appropriate value.", "Required Input Missing"}, std::string(control)};
-}
-
-struct NamedText {
-    std::string_view text;
-    std::string_view control;
-};
-
-std::optional<EntryFault> RequireAll(std::initializer_list<NamedText> entries) {
-    for (const NamedText& entry : entries) {
-        if (IsUnfilled(entry.text)) {
-            return RequiredInputMissing(entry.control);
-        }
-    }
-    return std::nullopt;
-}
-
-std::optional<EntryFault> CheckDateEntries(std::initializer_list<NamedText> entries) {
-    for (const NamedText& entry : entries) {
-        if (auto fault = CheckDateTime(entry.text, entry.control)) {
-            return fault;
-        }
-    }
-    return std::nullopt;
 }
 
 // The raw data file that the user chose; absent after a message.
@@ -97,20 +66,6 @@ std::optional<double> ConcentrationOf(std::string_view sampleNo) {
         return std::nullopt;
     }
     return ParseNumber(digits);
-}
-
-std::optional<EntryFault> CheckStandardSampleNo(std::string_view sampleNo) {
-    if (Trim(sampleNo).empty() || ConcentrationOf(sampleNo)) {
-        return std::nullopt;
-    }
-    return EntryFault{{"The sample ID format appears to be incorrect.\n\n"
-                       "The format should be VSTD***## where:\n"
-                       "  *** represents the standard concentration and\n"
-                       "  ## is one or two unique characters.\n"
-                       "(See 'Statement of Work for Organics Analysis'\n"
-                       "Page B-40)",
-                       "Warning"},
-                      "SampleEdit"};
 }
 
 // Lab file ID and date from the raw data file of the chosen level.
@@ -181,14 +136,8 @@ void BrowseLevelFile(InitialCalibrationEntry& entry, std::size_t level, const st
 std::optional<EntryFault> AcceptInitialCalibration(Entries& entries, int levelCount,
                                                    BatchFlags& flags) {
     const InitialCalibrationEntry& entry = entries.InitialCalibration;
-    if (auto fault = CheckDateEntries(
-            {{entry.FirstStandard, "CalStartMaskEdit"}, {entry.LastStandard, "CalEndMaskEdit"}})) {
+    if (auto fault = CheckEntries(kInitialCalibrationTable, entries, {.LevelCount = levelCount})) {
         return fault;
-    }
-    for (int level = 0; level < levelCount; ++level) {
-        if (Trim(entry.LabFileIds.at(static_cast<std::size_t>(level))).empty()) {
-            return RequiredInputMissing("CalFileEdit" + std::to_string(level + 1));
-        }
     }
     flags.InitCalEntered = true;
     entries.ContinuingCalibration.FirstStandard = entry.FirstStandard;
@@ -240,16 +189,7 @@ void BrowseStandardFile(ContinuingCalibrationEntry& entry, const std::string& fi
 }
 
 std::optional<EntryFault> AcceptContinuingCalibration(const Entries& entries, BatchFlags& flags) {
-    const ContinuingCalibrationEntry& entry = entries.ContinuingCalibration;
-    if (auto fault = RequireAll({{entry.LabFileId, "LabFileEdit"},
-                                 {entry.CriteriaFile, "LimitEdit"},
-                                 {entry.SampleNo, "ZOV_IDEdit"},
-                                 {entry.InstrumentId, "InstrEdit"}})) {
-        return fault;
-    }
-    if (auto fault = CheckDateEntries({{entry.AnalysisDateTime, "MaskEdit1"},
-                                       {entry.FirstStandard, "MaskEdit2"},
-                                       {entry.LastStandard, "MaskEdit3"}})) {
+    if (auto fault = CheckEntries(kContinuingCalibrationTable, entries)) {
         return fault;
     }
     flags.ContCalEntered = true;
@@ -286,10 +226,24 @@ bool ShowStandardSummary(Entries& entries, const Batch& batch, CalibrationTables
     return true;
 }
 
+std::optional<Message> CheckStandardSampleNo(const std::string& sampleNo) {
+    if (Trim(sampleNo).empty() || ConcentrationOf(sampleNo)) {
+        return std::nullopt;
+    }
+    return Message{
+        "The sample ID format appears to be incorrect.\n\n"
+        "The format should be VSTD***## where:\n"
+        "  *** represents the standard concentration and\n"
+        "  ## is one or two unique characters.\n"
+        "(See 'Statement of Work for Organics Analysis'\n"
+        "Page B-40)",
+        "Warning"};
+}
+
 std::optional<EntryFault> LeaveStandardSampleNo(StandardSummaryEntry& entry, const Batch& batch,
                                                 Messages& messages) {
-    if (auto fault = CheckStandardSampleNo(entry.SampleNo)) {
-        return fault;
+    if (auto wrong = CheckStandardSampleNo(entry.SampleNo)) {
+        return EntryFault{*std::move(wrong), "SampleEdit"};
     }
     const auto concentration = ConcentrationOf(entry.SampleNo);
     if (!concentration) {
@@ -316,27 +270,8 @@ void BrowseStandardFile(StandardSummaryEntry& entry, const std::string& fileName
 }
 
 std::optional<EntryFault> AcceptStandardSummary(const Entries& entries, const Batch& batch) {
-    const StandardSummaryEntry& entry = entries.StandardSummary;
-    if (auto fault = RequireAll({{entry.SampleNo, "SampleEdit"},
-                                 {entry.LabFileId, "LabFileEdit"},
-                                 {entry.AnalysisDateTime, "MaskEdit1"}})) {
-        return fault;
-    }
-    if (Trim(batch.Files.CheckCal).empty()) {
-        // The initial calibration report knows no retention times of the standard.
-        if (auto fault = RequireAll({{entry.RetentionTimes[0], "RTEdit1"},
-                                     {entry.RetentionTimes[1], "RTEdit2"},
-                                     {entry.RetentionTimes[2], "RTEdit3"},
-                                     {ConcentrationText(entry), "ConcCombo"}})) {
-            return fault;
-        }
-    }
-    if (auto fault = CheckStandardSampleNo(entry.SampleNo)) {
-        return fault;
-    }
-    return CheckDateEntries({{entry.AnalysisDateTime, "MaskEdit1"},
-                             {entry.FirstCalibrationDate, "MaskEdit2"},
-                             {entry.LastCalibrationDate, "MaskEdit3"}});
+    return CheckEntries(kStandardSummaryTable, entries,
+                        {.CheckReport = !Trim(batch.Files.CheckCal).empty()});
 }
 
 std::string ConcentrationText(const StandardSummaryEntry& entry) {

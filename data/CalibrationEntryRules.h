@@ -1,8 +1,7 @@
-// What the entry dialogs of Forms VI, VII and VIII do with their entries: when they are shown, when
-// an entry is left, for Browse, and for OK. A dialog calls these with what it shows; the companion
-// command calls Show... and Accept... on the saved entries. A date entry is checked with
-// CheckDateTime when it is left. Faults name the control to focus, and
-// nothing is taken over while there is one.
+// What the entry dialogs of Forms VI, VII and VIII do with their entries besides what their tables
+// say: when they are shown, when an entry is left, for Browse, and for OK. A dialog calls these
+// with what it shows; the companion command calls Show... and Accept... on the saved entries.
+// Faults name the control to focus, and nothing is taken over while there is one.
 #pragma once
 
 #include <cstddef>
@@ -59,6 +58,9 @@ std::optional<EntryFault> AcceptContinuingCalibration(const Entries& entries, Ba
 // the dialog is then not shown, and the job is dropped.
 bool ShowStandardSummary(Entries& entries, const Batch& batch, CalibrationTables& tables,
                          Messages& messages);
+
+// What is wrong with a sample number that is not of the form VSTD***##; nothing with an empty one.
+std::optional<Message> CheckStandardSampleNo(const std::string& sampleNo);
 
 // Leaving SampleEdit: the sample number names the level, whose raw data file gives lab file ID and
 // date (with a continuing calibration report named, only where they are empty). Without a level of

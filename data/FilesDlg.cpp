@@ -18,27 +18,25 @@ namespace qfr {
 namespace {
 
 constexpr int kHelpTopic = 105;
-constexpr int kReportFilter = 1;        // of kOpenFilters, from 1
 constexpr QSize kDialogSize(598, 456);  // at 100 %; larger where the fonts need it:
 constexpr int kLettersAcross = 80;
 constexpr int kLinesDown = 28;
 
 // What a Browse or Add button sets the open dialog to.
 struct OpenSetting {
-    int filter;
-    int pathSlot;
+    FileKind kind;
     bool multiSelect;
 };
 constexpr OpenSetting kOpenSettings[] = {
-    {kReportFilter, 1, false},  // lab blank
-    {kReportFilter, 1, true},   // quantitation reports
-    {2, 2, false},              // calibration report
-    {3, 1, false},              // check report: on purpose from the quantitation reports' directory
+    {FileKind::kQuantReport, false},  // lab blank
+    {FileKind::kQuantReport, true},   // quantitation reports
+    {FileKind::kCalibration, false},
+    {FileKind::kCheckReport, false},
 };
 
 // The reports among the files of a drag, full paths. What else comes along stays where it is.
 std::vector<std::string> ReportsIn(const QMimeData& dragged) {
-    const std::string_view patterns = kOpenFilters[kReportFilter - 1].patterns;
+    const std::string_view patterns = RowOf(FileKind::kQuantReport).filter.patterns;
     const QString pattern = QString::fromStdString(std::string(patterns));
     std::vector<std::string> reports;
     for (const QUrl& url : dragged.urls()) {
@@ -129,7 +127,7 @@ void TFilesDlg::ShowFileSet() {
 void TFilesDlg::OpenFiles(Choice choice) {
     const OpenSetting& setting = kOpenSettings[static_cast<std::size_t>(choice)];
     const std::optional<ChosenFiles> chosen =
-        services_.ChooseFiles(setting.filter, setting.pathSlot, setting.multiSelect);
+        services_.ChooseFiles(setting.kind, setting.multiSelect);
     if (!chosen) {
         return;
     }
@@ -138,7 +136,7 @@ void TFilesDlg::OpenFiles(Choice choice) {
 
 void TFilesDlg::AddDropped(const std::vector<std::string>& reports) {
     activateWindow();
-    services_.RememberChoice({reports, kReportFilter});
+    services_.RememberChoice({reports, FileKind::kQuantReport});
     Take(Choice::kQuantReports, reports);
 }
 

@@ -91,11 +91,4 @@ std::optional<EntryFault> CheckRangesFile(const std::string& fileName) {
                       kFileEdit};
 }
 
-std::optional<EntryFault> CheckRanges(const RangesEntry& entry) {
-    if (!Trim(entry.FileName).empty()) {
-        return std::nullopt;
-    }
-    return EntryFault{{"Please select a file for ranges.", "No File Specified"}, kFileEdit};
-}
-
 }  // namespace qfr

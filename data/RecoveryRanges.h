@@ -38,7 +38,4 @@ const RecoveryRange* FindRange(const std::vector<RecoveryRange>& ranges, std::st
 // empties the named control and focuses it.
 std::optional<EntryFault> CheckRangesFile(const std::string& fileName);
 
-// What OK finds wrong.
-std::optional<EntryFault> CheckRanges(const RangesEntry& entry);
-
 }  // namespace qfr

@@ -1,5 +1,4 @@
-// The BFB tune: its nine ions with their acceptance ranges, and what its entry dialog shows and
-// checks.
+// The BFB tune: its nine ions with their acceptance ranges, and what its entry dialog shows.
 #pragma once
 
 #include <array>
@@ -10,7 +9,7 @@
 
 #include "data/Batch.h"
 #include "data/Entries.h"
-#include "data/EntryFault.h"
+#include "platform/DateTime.h"
 
 namespace qfr {
 
@@ -44,13 +43,6 @@ inline constexpr std::array<TuneIon, TuneEntry::kIons> kTuneIons = {{
 
 // Whenever the dialog is shown, the instrument is that of the form's header.
 void ShowTune(TuneEntry& entry, const SampleHeader& header);
-
-// The check of one box, by its control name; it also runs when the box is left. A name that is no
-// box of the dialog has no check.
-std::optional<EntryFault> CheckTuneBox(const TuneEntry& entry, std::string_view control);
-
-// What OK finds wrong first: the boxes in their order, then the abundances (control "StringGrid1").
-std::optional<EntryFault> CheckTune(const TuneEntry& entry);
 
 // Date and time of the injection; absent when they are none.
 std::optional<DateTime> InjectionDateTime(const TuneEntry& entry);

@@ -5,7 +5,6 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QDialog>
 #include <QFocusEvent>
 #include <QLineEdit>
 #include <QShortcut>
@@ -56,15 +55,8 @@ std::string EnteredIn(const QLineEdit& edit) {
     return EnteredText(edit.text().toStdString());
 }
 
-LeaveChecks::LeaveChecks(FormHost& host, QDialog& dialog, Check check,
-                         std::initializer_list<QWidget*> freeButtons)
-    : host_(host), dialog_(dialog), check_(std::move(check)), freeButtons_(freeButtons) {}
-
-void LeaveChecks::Watch(std::initializer_list<QWidget*> controls) {
-    for (QWidget* const control : controls) {
-        control->installEventFilter(this);
-    }
-}
+LeaveChecks::LeaveChecks(FormHost& host, QDialog& dialog, Check check)
+    : host_(host), dialog_(dialog), check_(std::move(check)) {}
 
 bool LeaveChecks::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusOut && dialog_.isVisible() && !returning_) {

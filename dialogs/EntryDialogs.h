@@ -1,13 +1,14 @@
-// What the entry dialogs have in common: how they tell what is wrong, and the checks that run when
+// What the entry dialogs have in common: how they say what is wrong, and the checks that run when
 // the focus leaves an entry.
 #pragma once
 
+#include <cstddef>
 #include <functional>
-#include <initializer_list>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include <QDialog>
 #include <QObject>
 
 #include "data/EntryFault.h"
@@ -15,14 +16,23 @@
 #include "platform/WindowServices.h"
 
 class QAbstractButton;
-class QDialog;
 class QLineEdit;
 class QWidget;
 
 namespace qfr {
 
-// Tells the fault and focuses the dialog's control, in a grid the cell of its row in the current
-// column. False when there is no fault.
+// A dialog that a form's driver shows.
+class EntryWindow : public QDialog {
+  public:
+    using QDialog::QDialog;
+
+    // Shows what was entered and stores what the dialog holds when it closes. `headerRecord` is the
+    // index in SampleList of the record whose header the form prints. True when it closed with OK.
+    virtual bool Run(std::size_t headerRecord) = 0;
+};
+
+// Shows the fault's message and focuses the dialog's control, in a grid the cell of its row in the
+// current column. False when there is no fault.
 bool ShowFault(FormHost& host, QDialog& dialog, const std::optional<EntryFault>& fault);
 
 // The dialog's Help button, if it has one, and F1 open the help at the topic.
@@ -43,11 +53,11 @@ class LeaveChecks : public QObject {
     // What is wrong with the control that was left. It may show messages of its own.
     using Check = std::function<std::optional<EntryFault>(QWidget& control)>;
 
-    // Nothing is checked when the focus goes to one of `freeButtons` (Cancel, Help).
-    LeaveChecks(FormHost& host, QDialog& dialog, Check check,
-                std::initializer_list<QWidget*> freeButtons);
+    LeaveChecks(FormHost& host, QDialog& dialog, Check check);
 
-    void Watch(std::initializer_list<QWidget*> controls);
+    void Watch(QWidget& control) { control.installEventFilter(this); }
+    // Nothing is checked when the focus goes to this button (Cancel, Help).
+    void Allow(QWidget& button) { freeButtons_.push_back(&button); }
 
     // Runs what was left and is not checked yet. True when that has sent the focus back: a button
     // that was pressed to leave a wrong entry then does nothing.

@@ -28,10 +28,6 @@ constexpr int kTicHelpTopic = 120;
 const char* const kDefaultsFile = "DefaultInfo.txt";
 const char* const kDateMask = "!99/99/9999 99:99;1;_";
 
-bool IsDate(std::string_view text) {
-    return IsEmptyMask(text) || ParseDateTime(text).has_value();
-}
-
 Message FileError() {
     Message message{"Can't perform one of the following file operations: Open, Seek, Read, Close",
                     "FileError"};
@@ -249,9 +245,9 @@ void TForm1Header::SaveAll() {
 
 void TForm1Header::OnDateExit(MaskEdit* date) {
     const std::string text = date->MaskText();
-    if (!IsDate(text)) {
+    if (!IsDateTimeOrUnfilled(text)) {
         RefuseDate(date);
-    } else if (!IsEmptyMask(text)) {
+    } else if (!IsUnfilled(text)) {
         Save(date == ui_->MaskEdit1 ? static_cast<int>(HeaderField::kDateReceived) - 1
                                     : static_cast<int>(HeaderField::kDateAnalyzed) - 1);
     }
@@ -263,7 +259,7 @@ bool TForm1Header::DateRefused() {
         return true;
     }
     auto* const date = qobject_cast<MaskEdit*>(focusWidget());
-    if (date == nullptr || IsDate(date->MaskText())) {
+    if (date == nullptr || IsDateTimeOrUnfilled(date->MaskText())) {
         return false;
     }
     RefuseDate(date);
@@ -381,8 +377,7 @@ void TForm1Header::Button1Click() {
 }
 
 void TForm1Header::Button2Click() {
-    const std::optional<ChosenFiles> chosen =
-        services_.ChooseFiles(kTextFilter, kTextPathSlot, false);
+    const std::optional<ChosenFiles> chosen = services_.ChooseFiles(FileKind::kText, false);
     if (!chosen) {
         return;
     }

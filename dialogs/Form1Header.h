@@ -43,9 +43,6 @@ class TForm1Header : public QDialog {
     // The field that has the focus when the dialog is next shown.
     void SetPendingFocus(HeaderField field);
 
-    // Index in SampleList of the sample shown.
-    std::size_t CurrentRecord() const { return currentRecord_; }
-
     // Escape and the close box.
     void reject() override { OkButtonClick(); }
 

@@ -7,7 +7,6 @@
 #include <QScrollBar>
 #include <QTextBlock>
 
-#include "dialogs/EntryDialogs.h"
 #include "ui_MBSHeader.h"
 
 namespace qfr {
@@ -23,7 +22,7 @@ constexpr int kSlack = 4;  // pixels; the box rounds each line up
 }  // namespace
 
 TMBSHeader::TMBSHeader(FormHost& host, WindowServices& services, QWidget* parent)
-    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
+    : EntryWindow(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
       host_(host),
       ui_(std::make_unique<Ui::TMBSHeader>()) {
     ui_->setupUi(this);

@@ -4,9 +4,8 @@
 #include <cstddef>
 #include <memory>
 
-#include <QDialog>
-
 #include "data/Entries.h"
+#include "dialogs/EntryDialogs.h"
 #include "forms/FormHost.h"
 #include "platform/WindowServices.h"
 
@@ -16,15 +15,14 @@ class TMBSHeader;
 
 namespace qfr {
 
-class TMBSHeader : public QDialog {
+class TMBSHeader : public EntryWindow {
     Q_OBJECT
 
   public:
     TMBSHeader(FormHost& host, WindowServices& services, QWidget* parent = nullptr);
     ~TMBSHeader() override;
 
-    // Shows the entry and stores what the dialog holds when it closes. True when it closed with OK.
-    bool Run(std::size_t headerRecord);
+    bool Run(std::size_t headerRecord) override;
 
   protected:
     void changeEvent(QEvent* event) override;

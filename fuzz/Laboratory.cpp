@@ -75,7 +75,7 @@ std::string Laboratory::Name() const {
 void Laboratory::Print(const SavedBatch& batch, const std::vector<FormDriver>& forms) {
     Silence silence;
     BlockMetrics metrics;
-    HeadlessHost host(batch, metrics, silence, EntryDialogRules());
+    HeadlessHost host(batch, metrics, silence);
     for (const FormDriver form : forms) {
         form(host);
     }

@@ -10,8 +10,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     qfr::fuzz::Silence silence;
     const qfr::SettingsDir settings(laboratory.Directory(), laboratory.Directory());
     qfr::PathsFile paths(settings, silence);
-    for (int slot = 1; slot <= 4; ++slot) {
-        paths.RememberDir(paths.ReadPath(slot) + "/a.prn", qfr::FileKind::kQuantReport);
+    for (const qfr::FileKindRow& row : qfr::kFileKinds) {
+        paths.RememberDir(paths.ReadPath(row.kind) + "/a.prn", qfr::FileKind::kQuantReport);
     }
     return 0;
 }

@@ -165,18 +165,30 @@ std::string FormatDateTime(DateTime when) {
     return std::string(buffer.data(), static_cast<std::size_t>(length));
 }
 
+bool IsDateTimeText(std::string_view text) {
+    return ParseDateTime(text).has_value();
+}
+
 bool IsEmptyMask(std::string_view text) {
     const std::string trimmed = Trim(text);
     return trimmed == Trim(kEmptyDateTimeMask) || trimmed == Trim(kEmptyDateMask) ||
            trimmed == Trim(kEmptyTimeMask);
 }
 
-std::string PrintableDate(std::string_view text) {
-    return std::string(IsEmptyMask(text) ? "" : text);
+bool IsUnfilled(std::string_view text) {
+    return Trim(text).empty() || IsEmptyMask(text);
 }
 
-bool IsDateTimeText(std::string_view text) {
-    return ParseDateTime(text).has_value();
+bool IsDateTimeOrUnfilled(std::string_view text) {
+    return IsUnfilled(text) || IsDateTimeText(text);
+}
+
+std::string OrEmptyMask(std::string_view text, std::string_view emptyMask) {
+    return std::string(IsUnfilled(text) ? emptyMask : text);
+}
+
+std::string PrintableDate(std::string_view text) {
+    return std::string(IsEmptyMask(text) ? "" : text);
 }
 
 }  // namespace qfr

@@ -32,12 +32,21 @@ std::optional<DateTime> ParseDateTime(std::string_view text);
 // "mm/dd/yyyy hh:nn", 24 hours.
 std::string FormatDateTime(DateTime when);
 
+bool IsDateTimeText(std::string_view text);
+
 // Whether the text, trimmed, is one of the empty masks.
 bool IsEmptyMask(std::string_view text);
 
+// Whether nobody has filled the entry: it is blank or an empty mask.
+bool IsUnfilled(std::string_view text);
+
+// A date or time that may be left open.
+bool IsDateTimeOrUnfilled(std::string_view text);
+
+// The text, or else the whole empty mask: one that a file holds may have lost its blanks.
+std::string OrEmptyMask(std::string_view text, std::string_view emptyMask);
+
 // The text as the forms print it: an empty mask prints as nothing.
 std::string PrintableDate(std::string_view text);
-
-bool IsDateTimeText(std::string_view text);
 
 }  // namespace qfr

@@ -1,7 +1,9 @@
 // How the user names files: the program's one open dialog and its one save dialog.
 #pragma once
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,15 +17,35 @@ struct FileFilter {
     std::string_view patterns;  // "*.prn", several with ";" between
 };
 
-// The open dialog's filters; their numbers, from 1, are the kinds of file.
-inline constexpr std::array<FileFilter, 6> kOpenFilters = {{
-    {"Quantitation Files (*.prn)", "*.prn"},
-    {"Calibration Files (*.cal)", "*.cal"},
-    {"Check Calib. Files (*.check)", "*.check"},
-    {"QFRForm File (*.qff)", "*.qff"},
-    {"Text Files (*.txt)", "*.txt"},
-    {"All Files (*.*)", "*.*"},
+// The kinds of file that the user opens, in the order of the open dialog's list.
+enum class FileKind { kQuantReport, kCalibration, kCheckReport, kBatch, kText, kAny };
+
+// Where the open dialog looks for a kind of file: its filter, and lines of the file of directories
+// last used (from 1).
+struct FileKindRow {
+    FileKind kind;
+    FileFilter filter;
+    int startsFrom;  // the line that tells the directory to start in
+    int remembered;  // the line that keeps the directory of the choice; 0: none
+};
+
+inline constexpr std::array<FileKindRow, 6> kFileKinds = {{
+    {FileKind::kQuantReport, {"Quantitation Files (*.prn)", "*.prn"}, 1, 1},
+    {FileKind::kCalibration, {"Calibration Files (*.cal)", "*.cal"}, 2, 2},
+    // On purpose: check reports share the quantitation reports' directory.
+    {FileKind::kCheckReport, {"Check Calib. Files (*.check)", "*.check"}, 1, 1},
+    {FileKind::kBatch, {"QFRForm File (*.qff)", "*.qff"}, 4, 4},
+    {FileKind::kText, {"Text Files (*.txt)", "*.txt"}, 3, 3},
+    // Raw data files, which have any name, are looked for beside the calibration.
+    {FileKind::kAny, {"All Files (*.*)", "*.*"}, 2, 0},
 }};
+
+constexpr const FileKindRow& RowOf(FileKind kind) {
+    return kFileKinds.at(static_cast<std::size_t>(kind));
+}
+
+static_assert(std::ranges::all_of(kFileKinds,
+                                  [](const FileKindRow& row) { return &RowOf(row.kind) == &row; }));
 
 inline constexpr std::array<FileFilter, 3> kSaveFilters = {{
     {"QFR Forms (*.qff)", "*.qff"},
@@ -32,7 +54,7 @@ inline constexpr std::array<FileFilter, 3> kSaveFilters = {{
 }};
 
 struct OpenRequest {
-    int filter = 1;         // of kOpenFilters, from 1
+    FileKind kind = FileKind::kQuantReport;
     std::string directory;  // to start in, UTF-8
     bool multiSelect = false;
 };
@@ -47,7 +69,8 @@ struct SaveRequest {
 
 struct ChosenFiles {
     std::vector<std::string> files;  // full paths, UTF-8; at least one
-    int filter = 1;                  // that the dialog ended with, from 1
+    // That the open dialog ended with; the save dialog has no kinds.
+    FileKind kind = FileKind::kQuantReport;
 };
 
 class FileChooser {

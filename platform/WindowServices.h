@@ -10,12 +10,6 @@
 
 namespace qfr {
 
-// Filters of kOpenFilters and lines of the paths file that the windows choose files with.
-inline constexpr int kTextFilter = 5;
-inline constexpr int kAnyFilter = 6;
-inline constexpr int kCalibrationPathSlot = 2;
-inline constexpr int kTextPathSlot = 3;
-
 // A window that knows no WindowServices names the context number of its help in this property.
 inline constexpr const char* kHelpTopicProperty = "helpTopic";
 inline constexpr int kPrintAllHelpTopic = 170;
@@ -25,10 +19,9 @@ class WindowServices {
   public:
     virtual ~WindowServices() = default;
 
-    // Runs the program's open dialog on this filter of kOpenFilters (from 1), starting in the
-    // directory on this line of the paths file (from 1), and remembers where the choice came from.
-    // Absent when the user cancelled.
-    virtual std::optional<ChosenFiles> ChooseFiles(int filter, int pathSlot, bool multiSelect) = 0;
+    // Runs the program's open dialog for this kind of file, starting in the kind's directory, and
+    // remembers where the choice came from. Absent when the user cancelled.
+    virtual std::optional<ChosenFiles> ChooseFiles(FileKind kind, bool multiSelect) = 0;
 
     // Remembers where files came from that were chosen without that dialog.
     virtual void RememberChoice(const ChosenFiles& chosen) = 0;

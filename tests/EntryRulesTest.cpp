@@ -1,8 +1,8 @@
 // What the entry dialogs take over on showing, and what their OK refuses.
 #include "data/CalibrationEntryRules.h"
+#include "data/EntryTables.h"
 #include "data/LabFiles.h"
 #include "data/TicRules.h"
-#include "data/TuneRules.h"
 #include "tests/FormSupport.h"
 
 namespace qfr::test {
@@ -59,15 +59,19 @@ TEST(TuneRules, OkNamesTheFirstFault) {
                             " 8:30", {"18.1", "45", "0", "6", "0", " 7 ", "7", "9e1", "-1"}};
     const auto expectFault = [&good](void (*spoil)(TuneEntry&), const char* control, int row,
                                      const char* text) {
-        TuneEntry tune = good;
-        spoil(tune);
-        const EntryFault fault = CheckTune(tune).value();
+        Entries entries;
+        entries.Tune = good;
+        spoil(entries.Tune);
+        const EntryFault fault = CheckEntries(kTuneTable, entries).value();
         EXPECT_EQ(fault.Control + std::to_string(fault.Row), control + std::to_string(row));
         EXPECT_EQ(fault.Message.text, text);
         // The same box complains when it is left; the grid is checked on OK alone.
-        EXPECT_EQ(CheckTuneBox(tune, control).has_value(), row == 0) << control;
+        const auto& box = *std::ranges::find(kTuneTable.Fields, control, &EntryField::Control);
+        EXPECT_EQ(CheckLeft(kTuneTable, box, 0, entries).has_value(), row == 0) << control;
     };
-    EXPECT_FALSE(CheckTune(good));
+    Entries entries;
+    entries.Tune = good;
+    EXPECT_FALSE(CheckEntries(kTuneTable, entries));
     constexpr char kDate[] = "Enter the date/time format as\n MM/DD/YYYY or HH:MI";
     constexpr char kNumber[] = "Entry must be a valid real number.";
     constexpr char kValue[] = "Please enter a value.";

@@ -1,4 +1,5 @@
 // Monitoring compound recoveries: their ranges, the sections of the reports, and Form II.
+#include "data/EntryTables.h"
 #include "data/MonitoringRecoveries.h"
 #include "data/RecoveryRanges.h"
 #include "forms/Form2.h"
@@ -48,7 +49,10 @@ TEST(RecoveryRanges, TakeTheChosenKindOnly) {
     EXPECT_EQ(CheckRangesFile(file).value().Message.text,
               file + " is not a recovery ranges file.\nPlease select another file.");
     EXPECT_FALSE(CheckRangesFile(dir.Write("r.txt", "recovery ranges")));
-    EXPECT_EQ(CheckRanges({"  "}).value().Message.text, "Please select a file for ranges.");
+    Entries entries;
+    entries.Ranges.FileName = "  ";
+    EXPECT_EQ(CheckEntries(kRangesTable, entries).value().Message.text,
+              "Please select a file for ranges.");
 }
 
 TEST(RecoveryFlag, MarksWhatIsOutsideTheFirstMatchingRange) {

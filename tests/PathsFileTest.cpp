@@ -24,27 +24,30 @@ TEST_F(Paths, AreFourLines) {
         {full + "yz\nb\nc\n", full + "|yz|b|c"},
         {"a\nb\n", "a|b|b|b"},
     };
-    for (const auto& [content, slots] : cases) {
+    for (const auto& [content, lines] : cases) {
         Write(content);
         messages_.shown.clear();
-        EXPECT_EQ(Joined({1, 2, 3, 4}, [&](int slot) { return paths_.ReadPath(slot); }), slots);
+        EXPECT_EQ(Joined({FileKind::kQuantReport, FileKind::kCalibration, FileKind::kText,
+                          FileKind::kBatch},
+                         [&](FileKind kind) { return paths_.ReadPath(kind); }),
+                  lines);
     }
     EXPECT_THAT(messages_.TakeTexts(), SizeIs(8)) << "two lines miss each time";
     Write("installPath\ninstallPath\ninstallPath\ninstallPath\n");
-    EXPECT_EQ(PathOf(paths_.ReadPath(3)), dir_.Path() / "example" / "");
+    EXPECT_EQ(PathOf(paths_.ReadPath(FileKind::kText)), dir_.Path() / "example" / "");
     EXPECT_THAT(messages_.shown, IsEmpty());
 }
 
 TEST_F(Paths, AreCreatedAfterAMessageWhenTheyAreMissing) {
-    EXPECT_EQ(paths_.ReadPath(1), settings_.ProgramDir());
+    EXPECT_EQ(paths_.ReadPath(FileKind::kQuantReport), settings_.ProgramDir());
     EXPECT_THAT(messages_.TakeTexts(), ElementsAre("Pathfile missing.  Creating new pathfile."));
-    EXPECT_EQ(paths_.ReadPath(4), settings_.ProgramDir());
+    EXPECT_EQ(paths_.ReadPath(FileKind::kBatch), settings_.ProgramDir());
     EXPECT_THAT(messages_.shown, IsEmpty());
 }
 
-TEST_F(Paths, AreRememberedByTheFilterOfTheirDialog) {
+TEST_F(Paths, AreRememberedByTheKindOfFile) {
     const struct {
-        FileKind filter;
+        FileKind kind;
         const char* file;
         const char* content;
     } cases[] = {
@@ -59,8 +62,8 @@ TEST_F(Paths, AreRememberedByTheFilterOfTheirDialog) {
     };
     for (const auto& c : cases) {
         Write("a\nb\ninstallPath\nd\n");
-        paths_.ReadPath(1);
-        paths_.RememberDir(c.file, c.filter);
+        paths_.ReadPath(FileKind::kQuantReport);
+        paths_.RememberDir(c.file, c.kind);
         EXPECT_EQ(ReadAll(dir_.Path() / "QFRpaths.txt"), c.content) << c.file;
     }
 }

@@ -1,5 +1,6 @@
 #include "platform/qt/QtFileChooser.h"
 
+#include <span>
 #include <utility>
 
 #include <QApplication>
@@ -20,22 +21,21 @@ constexpr std::array<FileFilter, 2> kPdfFilters = {{
 }};
 
 struct SaveShape {
-    const FileFilter* first;
-    std::size_t count;
-    int filter;  // shown first, from 1
+    std::span<const FileFilter> filters;
+    std::size_t filter;  // shown first
     const char* suffix;
 };
 
 SaveShape ShapeOf(SaveKind kind) {
     switch (kind) {
         case SaveKind::kLaboratoryFile:
-            return {kSaveFilters.data(), kSaveFilters.size(), 2, "txt"};
+            return {kSaveFilters, 1, "txt"};
         case SaveKind::kPdf:
-            return {kPdfFilters.data(), kPdfFilters.size(), 1, "pdf"};
+            return {kPdfFilters, 0, "pdf"};
         case SaveKind::kBatch:
             break;
     }
-    return {kSaveFilters.data(), kSaveFilters.size(), 1, "qff"};
+    return {kSaveFilters, 0, "qff"};
 }
 
 QString TextOf(std::string_view utf8) {
@@ -43,14 +43,14 @@ QString TextOf(std::string_view utf8) {
 }
 
 // The dialog hides the last parenthesis of each, so that the user reads the names as they stand.
-QStringList NameFilters(const FileFilter* first, std::size_t count) {
-    QStringList filters;
-    for (std::size_t i = 0; i < count; ++i) {
-        QString patterns = TextOf(first[i].patterns).replace(u';', u' ');
+QStringList NameFilters(std::span<const FileFilter> filters) {
+    QStringList names;
+    for (const FileFilter& filter : filters) {
+        QString patterns = TextOf(filter.patterns).replace(u';', u' ');
         // "*.*" means every file, with or without an extension.
-        filters += TextOf(first[i].name) + " (" + (patterns == "*.*" ? "*" : patterns) + ")";
+        names += TextOf(filter.name) + " (" + (patterns == "*.*" ? "*" : patterns) + ")";
     }
-    return filters;
+    return names;
 }
 
 // The directory, or the nearest one above it that is still there.
@@ -79,26 +79,31 @@ void NameLists(const QFileDialog& dialog) {
     }
 }
 
-std::optional<ChosenFiles> Run(QFileDialog& dialog, const QStringList& filters, int filter) {
+// What the user chose, and the filter that the dialog ended with; absent when he cancelled.
+struct Choice {
+    std::vector<std::string> files;
+    std::size_t filter = 0;
+};
+
+std::optional<Choice> Run(QFileDialog& dialog, const QStringList& filters, std::size_t filter) {
     // One dialog everywhere: it sorts, filters and asks alike on every desktop.
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(filters);
-    const qsizetype first = filter >= 1 && filter <= filters.size() ? filter - 1 : 0;
-    dialog.selectNameFilter(filters[first]);
+    dialog.selectNameFilter(filters[static_cast<qsizetype>(filter)]);
     NameLists(dialog);
     const AskingCursor asking;
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
         return std::nullopt;
     }
-    ChosenFiles chosen;
+    Choice chosen;
     for (const QString& file : dialog.selectedFiles()) {
         chosen.files.push_back(QDir::toNativeSeparators(file).toStdString());
     }
     // The dialog tells the name alone, as it shows it.
     for (qsizetype i = 0; i < filters.size(); ++i) {
         if (filters[i].startsWith(dialog.selectedNameFilter())) {
-            chosen.filter = static_cast<int>(i) + 1;
+            chosen.filter = static_cast<std::size_t>(i);
         }
     }
     return chosen;
@@ -112,7 +117,13 @@ std::optional<ChosenFiles> QtFileChooser::Open(const OpenRequest& request) {
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(request.multiSelect ? QFileDialog::ExistingFiles
                                            : QFileDialog::ExistingFile);
-    return Run(dialog, NameFilters(kOpenFilters.data(), kOpenFilters.size()), request.filter);
+    std::vector<FileFilter> filters;
+    for (const FileKindRow& row : kFileKinds) {
+        filters.push_back(row.filter);
+    }
+    const auto chosen = Run(dialog, NameFilters(filters), static_cast<std::size_t>(request.kind));
+    return chosen ? std::optional(ChosenFiles{chosen->files, kFileKinds.at(chosen->filter).kind})
+                  : std::nullopt;
 }
 
 std::optional<ChosenFiles> QtFileChooser::Save(const SaveRequest& request) {
@@ -123,7 +134,8 @@ std::optional<ChosenFiles> QtFileChooser::Save(const SaveRequest& request) {
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setDefaultSuffix(QString::fromLatin1(shape.suffix));
     dialog.selectFile(QString::fromStdString(request.fileName));
-    return Run(dialog, NameFilters(shape.first, shape.count), shape.filter);
+    const auto chosen = Run(dialog, NameFilters(shape.filters), shape.filter);
+    return chosen ? std::optional(ChosenFiles{chosen->files}) : std::nullopt;
 }
 
 }  // namespace qfr

@@ -75,7 +75,7 @@ struct QueueTest : testing::Test {
     FormFonts fonts;
     QtTextMetrics metrics{fonts};
     MessageLog messages;
-    HeadlessHost host{saved, metrics, messages, EntryDialogRules()};
+    HeadlessHost host{saved, metrics, messages};
     ChooserScript chooser;
     DesktopSink sink{fonts, chooser, messages};
 };

@@ -1,10 +1,6 @@
-#include "dialogs/ARTSummForm.h"
-#include "dialogs/ChkCalForm.h"
+#include "dialogs/EntryFormDialog.h"
 #include "dialogs/EntryGrid.h"
-#include "dialogs/Form2Dlg.h"
-#include "dialogs/InitCalInput.h"
 #include "dialogs/MBSHeader.h"
-#include "dialogs/TuneForm.h"
 #include "platform/Text.h"
 #include "tests/ui/WindowRig.h"
 

@@ -92,12 +92,12 @@ TEST(FilesDlg, TakesTheReportsOfADrag) {
 }
 
 TEST(FilesDlg, StartsEachChoiceWhereItsKindOfFileWasLast) {
-    const std::tuple<const char*, int, const char*, bool> cases[] = {
-        {"BrowseLabBlank", 1, "/reports", false},
-        {"AddButton", 1, "/reports", true},
-        {"BrowseCalibButton", 2, "/calibrations", false},
-        {"BrowseChkCalButton", 3, "/reports", false}};
-    for (const auto& [button, filter, directory, multiSelect] : cases) {
+    const std::tuple<const char*, FileKind, const char*, bool> cases[] = {
+        {"BrowseLabBlank", FileKind::kQuantReport, "/reports", false},
+        {"AddButton", FileKind::kQuantReport, "/reports", true},
+        {"BrowseCalibButton", FileKind::kCalibration, "/calibrations", false},
+        {"BrowseChkCalButton", FileKind::kCheckReport, "/reports", false}};
+    for (const auto& [button, kind, directory, multiSelect] : cases) {
         SCOPED_TRACE(button);
         FilesRig rig;
         rig.form.Flags().Form8DataReady = true;
@@ -107,7 +107,7 @@ TEST(FilesDlg, StartsEachChoiceWhereItsKindOfFileWasLast) {
         rig.Click(button);
         EXPECT_FALSE(rig.form.Flags().Form8DataReady);
         const OpenRequest& request = rig.chooser.opened.back();
-        EXPECT_EQ(request.filter, filter);
+        EXPECT_EQ(request.kind, kind);
         EXPECT_EQ(request.directory, directory);
         EXPECT_EQ(request.multiSelect, multiSelect);
         EXPECT_THAT(rig.Read("QFRpaths.txt"), testing::HasSubstr("/new\n"));

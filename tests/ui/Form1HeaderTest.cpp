@@ -56,22 +56,22 @@ TEST(Form1Header, CarriesValuesOverToTheNextSample) {
     EXPECT_FALSE(rig.dialog.isVisible());
     EXPECT_TRUE(rig.form.isVisible());
     rig.Open();
-    EXPECT_EQ(rig.dialog.CurrentRecord(), 0U);
+    EXPECT_EQ(rig.Get<QComboBox>("FileComboBox").currentIndex(), 0);
 }
 
 TEST(Form1Header, KeepsTheDropDownsInStepWithWhatIsTyped) {
     HeaderRig rig;
     rig.Enter("ZOVComboBox", "ZA102\r");  // as another sample's
-    EXPECT_EQ(rig.dialog.CurrentRecord(), 0U);
+    EXPECT_EQ(rig.Get<QComboBox>("FileComboBox").currentIndex(), 0);
     EXPECT_EQ(rig.Get<QComboBox>("ZOVComboBox").itemText(0), "ZA102");
     rig.Type("\t");
     EXPECT_EQ(rig.Stored(0, HeaderField::kZovSampleNo), "ZA102");
 
     rig.Get("FileComboBox").setFocus();
     rig.Type("s2");
-    EXPECT_EQ(rig.dialog.CurrentRecord(), 0U) << "typing chooses no file";
+    EXPECT_EQ(rig.Get<QComboBox>("FileComboBox").currentIndex(), 0) << "typing chooses no file";
     rig.Press(Qt::Key_Down);
-    EXPECT_EQ(rig.dialog.CurrentRecord(), 1U);
+    EXPECT_EQ(rig.Get<QComboBox>("FileComboBox").currentIndex(), 1);
     EXPECT_EQ(rig.Shown("LabComboBox"), "|L1");
 }
 

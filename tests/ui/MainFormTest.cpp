@@ -68,7 +68,7 @@ TEST(MainForm, SavesAndRestoresABatchWithItsState) {
 
     rig.Type("^s");
     EXPECT_EQ(rig.Read("copy.qff"), ReadAll(Example("example.qff")));
-    EXPECT_EQ(rig.chooser.opened.at(0).filter, 4);
+    EXPECT_EQ(rig.chooser.opened.at(0).kind, FileKind::kBatch);
     EXPECT_EQ(rig.chooser.opened.at(0).directory, "/batches");
     EXPECT_EQ(rig.chooser.saved.at(0).directory, TextOf(ExampleDir()));
 }

@@ -18,11 +18,11 @@ class ChooserScript : public FileChooser {
   public:
     std::optional<ChosenFiles> Open(const OpenRequest& request) override {
         opened.push_back(request);
-        return Answer(request.filter);
+        return Answer(request.kind);
     }
     std::optional<ChosenFiles> Save(const SaveRequest& request) override {
         saved.push_back(request);
-        return Answer(1);
+        return Answer(FileKind::kBatch);
     }
 
     std::deque<std::vector<std::string>> answers;
@@ -30,11 +30,11 @@ class ChooserScript : public FileChooser {
     std::vector<SaveRequest> saved;
 
   private:
-    std::optional<ChosenFiles> Answer(int filter) {
+    std::optional<ChosenFiles> Answer(FileKind kind) {
         if (answers.empty()) {
             return std::nullopt;
         }
-        ChosenFiles chosen{answers.front(), filter};
+        ChosenFiles chosen{answers.front(), kind};
         answers.pop_front();
         return chosen;
     }
