@@ -675,7 +675,7 @@ void ShowEntries(BatchText& text, const Entries& entries) {
         text.Paragraph(std::string(table->Caption));
         for (const EntryField& field : table->Fields) {
             for (std::size_t item = 0; item < ItemCount(field, entries); ++item) {
-                text.Value(NameOf(field.Label, field, item), ShownText(field, entries, item));
+                text.Value(LabelOf(field, item), ShownText(field, entries, item));
             }
         }
     }

@@ -25,7 +25,7 @@ class MessageKeeper : public Messages {
 }  // namespace
 
 std::vector<PackageWork> PlanPackage(const Batch& batch, const PackageChoice& choice) {
-    std::vector<PackageWork> works;
+    std::vector<PackageWork> dueJobs;
     for (std::size_t i = 0; i < kForms.size(); ++i) {
         const FormRow& form = kForms[i];
         if (!choice.forms[i]) {
@@ -33,16 +33,16 @@ std::vector<PackageWork> PlanPackage(const Batch& batch, const PackageChoice& ch
         }
         const bool leavesOut = form.onlyWithTics && !choice.byName;
         if (form.printBatch || (!batch.SampleList && !leavesOut)) {
-            works.push_back({&form, std::nullopt});
+            dueJobs.push_back({&form, std::nullopt});
             continue;
         }
         for (std::size_t record = 0; record < choice.samples.size(); ++record) {
             if (choice.samples[record] && (!leavesOut || (*batch.SampleList)[record].TicList)) {
-                works.push_back({&form, record});
+                dueJobs.push_back({&form, record});
             }
         }
     }
-    return works;
+    return dueJobs;
 }
 
 std::string SampleName(const SampleRecord& record) {
@@ -72,8 +72,8 @@ std::optional<PrintJob> PrintWork(HeadlessHost& host, const PackageWork& work) {
 }
 
 PackageOutcome PrintPackage(FormHost& program, TextMetrics& metrics,
-                            const std::vector<PackageWork>& works, JobPackage& package,
-                            const std::function<bool(std::size_t job)>& goesOn) {
+                            const std::vector<PackageWork>& dueJobs, JobPackage& package,
+                            const std::function<bool(std::size_t job)>& shouldContinue) {
     MessageKeeper messages;
     // On copies. The dialogs take values over from each other when they show, and a form empties
     // what a missing file leaves open; nobody has seen any of it here, so none of it may stay. But
@@ -87,24 +87,24 @@ PackageOutcome PrintPackage(FormHost& program, TextMetrics& metrics,
     host.Page().Printer().Orientation = chosen.Orientation;
 
     PackageOutcome outcome;
-    for (std::size_t i = 0; i < works.size() && !outcome.failed; ++i) {
-        if (!goesOn(i)) {
+    for (std::size_t i = 0; i < dueJobs.size() && !outcome.failed; ++i) {
+        if (!shouldContinue(i)) {
             outcome.cancelled = true;
             return outcome;
         }
-        std::optional<PrintJob> job = PrintWork(host, works[i]);
+        std::optional<PrintJob> job = PrintWork(host, dueJobs[i]);
         for (std::string& text : messages.Take()) {
-            outcome.notes.push_back({&works[i], std::move(text), job.has_value()});
+            outcome.notes.push_back({&dueJobs[i], std::move(text), job.has_value()});
         }
         if (!job) {
             continue;
         }
         if (const auto refusal = package.Take(*std::move(job))) {
-            outcome.notes.push_back({&works[i], AsLine(*refusal), false});
+            outcome.notes.push_back({&dueJobs[i], AsLine(*refusal), false});
             outcome.failed = true;
         }
     }
-    outcome.cancelled = !outcome.failed && !goesOn(works.size());
+    outcome.cancelled = !outcome.failed && !shouldContinue(dueJobs.size());
     return outcome;
 }
 

@@ -55,17 +55,17 @@ struct PackageNote {
 };
 
 struct PackageOutcome {
-    std::vector<PackageNote> notes;  // about `works`
+    std::vector<PackageNote> notes;  // about `dueJobs`
     bool cancelled = false;          // by the user
     bool failed = false;             // the last job could not be printed
 };
 
-// Runs the works on what `program` holds at the moment and hands each job to the package, which is
-// left unfinished. `goesOn` comes before each job, with its number from 0, and once more behind the
-// last one; where it answers no, or the package cannot take a job, the run stops. The program is
-// left as it was.
+// Runs the jobs on what `program` holds at the moment and hands each job to the package, which is
+// left unfinished. `shouldContinue` comes before each job, with its number from 0, and once more
+// behind the last one; where it answers no, or the package cannot take a job, the run stops. The
+// program is left as it was.
 PackageOutcome PrintPackage(FormHost& program, TextMetrics& metrics,
-                            const std::vector<PackageWork>& works, JobPackage& package,
-                            const std::function<bool(std::size_t job)>& goesOn);
+                            const std::vector<PackageWork>& dueJobs, JobPackage& package,
+                            const std::function<bool(std::size_t job)>& shouldContinue);
 
 }  // namespace qfr

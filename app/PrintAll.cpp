@@ -20,7 +20,7 @@ namespace qfr {
 namespace {
 
 const char* const kTitle = "Print All Forms";
-constexpr int kProgressDelay = 250;  // ms; what is done sooner needs no telling
+constexpr int kProgressDelay = 250;  // ms; what is done sooner shows no progress
 constexpr int kClosingNote = 8000;   // ms
 
 std::string ChosenPrinter(const Page& page, const TPrinter& printer) {
@@ -28,7 +28,7 @@ std::string ChosenPrinter(const Page& page, const TPrinter& printer) {
     return page.PrinterChosen && index < printer.Printers.size() ? printer.Printers[index] : "";
 }
 
-// Named after the sample delivery group, once a header tells it.
+// Named after the sample delivery group, once a header names it.
 std::string PackageTitle(const Batch& batch) {
     for (const SampleRecord& record : batch.SampleList.value_or(SampleListType())) {
         if (const std::string group = Trim(record.Header[HeaderField::kSdgNo]); !group.empty()) {
@@ -45,8 +45,8 @@ std::string NameOf(const PackageWork& work, const Batch& batch) {
 
 // Shows the jobs going by until they are done or the user cancels.
 PackageOutcome PrintWithProgress(TQFRForm& window, TextMetrics& metrics,
-                                 const std::vector<PackageWork>& works, JobPackage& package) {
-    const auto count = static_cast<int>(works.size());
+                                 const std::vector<PackageWork>& dueJobs, JobPackage& package) {
+    const auto count = static_cast<int>(dueJobs.size());
     QProgressDialog progress("", "&Cancel", 0, count, &window);
     progress.setObjectName("PrintAllProgress");
     progress.setWindowTitle(kTitle);
@@ -57,11 +57,11 @@ PackageOutcome PrintWithProgress(TQFRForm& window, TextMetrics& metrics,
     progress.setAutoClose(false);
     progress.setMinimumWidth(progress.fontMetrics().averageCharWidth() * 60);
     std::optional<WaitCursor> wait(std::in_place);
-    return PrintPackage(window, metrics, works, package, [&](std::size_t job) {
-        if (job < works.size()) {
+    return PrintPackage(window, metrics, dueJobs, package, [&](std::size_t job) {
+        if (job < dueJobs.size()) {
             progress.setLabelText(
                 QString("%1\n%2 of %3")
-                    .arg(QString::fromStdString(NameOf(works[job], window.Batch())))
+                    .arg(QString::fromStdString(NameOf(dueJobs[job], window.Batch())))
                     .arg(job + 1)
                     .arg(count));
         }
@@ -92,13 +92,13 @@ void PrintAll(TQFRForm& window, TextMetrics& metrics, PackageSink& sink) {
     if (!package) {
         return;
     }
-    const std::vector<PackageWork> works = dialog.Works();
-    PackageOutcome outcome = PrintWithProgress(window, metrics, works, *package);
+    const std::vector<PackageWork> dueJobs = dialog.DueJobs();
+    PackageOutcome outcome = PrintWithProgress(window, metrics, dueJobs, *package);
     if (!outcome.cancelled && !outcome.failed) {
         package->Finish();
     }
     const QString summary =
-        QString("%1 of %2 jobs printed.").arg(package->Printed()).arg(works.size());
+        QString("%1 of %2 jobs printed.").arg(package->Printed()).arg(dueJobs.size());
     // Of a package that the user gave up with nothing printed, he need not hear more.
     if (!outcome.notes.empty() && (!outcome.cancelled || package->Printed() > 0)) {
         for (PackageNote& note : outcome.notes) {

@@ -1,4 +1,4 @@
-// Reports | Print All Forms: asks what to print, prints it, and tells what came up, all at the end.
+// Reports | Print All Forms: asks what to print, prints it, and lists what came up, all at the end.
 #pragma once
 
 #include "platform/JobSink.h"

@@ -68,7 +68,7 @@ PrintAllDialog::PrintAllDialog(const Batch& batch, const std::string& printer,
 
 PrintAllDialog::~PrintAllDialog() = default;
 
-std::vector<PackageWork> PrintAllDialog::Works() const {
+std::vector<PackageWork> PrintAllDialog::DueJobs() const {
     PackageChoice choice;
     for (std::size_t i = 0; i < choice.forms.size(); ++i) {
         choice.forms[i] = IsChecked(*ui_->FormsList, i);
@@ -81,7 +81,7 @@ std::vector<PackageWork> PrintAllDialog::Works() const {
 }
 
 void PrintAllDialog::ShowCount() {
-    const std::size_t count = Works().size();
+    const std::size_t count = DueJobs().size();
     QString text = QString("Print jobs: %1").arg(count);
     if (!printer_.empty()) {
         text += "        Printer: " + QString::fromStdString(printer_);

@@ -29,7 +29,7 @@ class PrintAllDialog : public QDialog {
     ~PrintAllDialog() override;
 
     // The jobs that are due for what is checked.
-    std::vector<PackageWork> Works() const;
+    std::vector<PackageWork> DueJobs() const;
 
   private:
     void ShowCount();

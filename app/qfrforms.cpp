@@ -65,7 +65,7 @@ int main(int argc, char** argv) {
         .OpenHelp = [&help](int topic) { return help.Open(topic); },
     });
     mainWindow.show();
-    // With the window in sight, where what is told about the file belongs.
+    // With the window in sight, where messages about the file belong.
     QTimer::singleShot(0, &mainWindow,
                        [&] { mainWindow.OpenArguments(qfr::ProgramArguments(argc, argv)); });
     return QApplication::exec();

@@ -338,7 +338,7 @@ std::optional<EntryFault> CheckItem(const EntryTable& table, const EntryField& f
         return std::nullopt;
     }
     return field.Grid ? EntryFault{*message, std::string(field.Control), static_cast<int>(item) + 1}
-                      : EntryFault{*message, NameOf(field.Control, field, item)};
+                      : EntryFault{*message, ControlName(field.Control, field, item)};
 }
 
 int TurnWhenLeft(const EntryTable& table, const EntryField& field) {
@@ -372,7 +372,12 @@ std::size_t ItemCount(const EntryField& field, const Entries& entries) {
     return field.Texts.Count ? field.Texts.Count(entries) : 1;
 }
 
-std::string NameOf(std::string_view name, const EntryField& field, std::size_t item) {
+std::string LabelOf(const EntryField& field, std::size_t item) {
+    const std::string label(field.Label);
+    return field.Texts.Count ? label + " " + std::to_string(item + 1) : label;
+}
+
+std::string ControlName(std::string_view name, const EntryField& field, std::size_t item) {
     return std::string(name) + (field.Texts.Count ? std::to_string(item + 1) : "");
 }
 

@@ -103,8 +103,9 @@ inline constexpr std::array<const EntryTable*, 6> kEntryTables = {&kRangesTable,
 // Texts of the field: 1 where it is no list. Items count from 0.
 std::size_t ItemCount(const EntryField& field, const Entries& entries);
 
-// The label or control name of an item.
-std::string NameOf(std::string_view name, const EntryField& field, std::size_t item);
+// The names of an item: in lists, and of a control, as its own or that of its Browse button.
+std::string LabelOf(const EntryField& field, std::size_t item);
+std::string ControlName(std::string_view name, const EntryField& field, std::size_t item);
 
 // As lists show it; an empty mask stands as it is.
 std::string ShownText(const EntryField& field, const Entries& entries, std::size_t item);

@@ -53,7 +53,7 @@ QRadioButton* RadioButton(const QDialog& dialog, const EntryField& field, int nu
 // The control of an item; null for radio buttons.
 QWidget* ControlOf(const QDialog& dialog, const EntryField& field, std::size_t item) {
     return Find(dialog,
-                field.Grid ? std::string(field.Control) : NameOf(field.Control, field, item));
+                field.Grid ? std::string(field.Control) : ControlName(field.Control, field, item));
 }
 
 void ShowItem(const QDialog& dialog, const EntryField& field, std::size_t item,
@@ -134,7 +134,7 @@ void EntryFormDialog::AddField(const EntryField& field) {
             checks_.Watch(*control);
         }
         if (field.Browse) {
-            connect(&Get<QPushButton>(NameOf(field.Browse->Button, field, item)),
+            connect(&Get<QPushButton>(ControlName(field.Browse->Button, field, item)),
                     &QPushButton::clicked, this,
                     [this, &field, item] { BrowseClick(field, item); });
         }
@@ -165,7 +165,7 @@ std::optional<EntryFault> EntryFormDialog::Leave(const QWidget& control) {
     Entries& entries = host_.Entries();
     for (const EntryField& field : entry_.table.Fields) {
         for (std::size_t item = 0; item < ItemCount(field, entries); ++item) {
-            if (NameOf(field.Control, field, item) != name) {
+            if (ControlName(field.Control, field, item) != name) {
                 continue;
             }
             if (!field.Rules.Leave) {

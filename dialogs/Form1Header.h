@@ -97,7 +97,7 @@ class TForm1Header : public QDialog {
     // The input control of each header value, in tag order.
     std::array<QWidget*, SampleHeader::kCount> fieldControls_{};
     bool loading_ = false;  // the program, not the user, is changing the controls
-    // The date whose refusal is still to be told.
+    // The date whose message is still to be shown.
     MaskEdit* refusedDate_ = nullptr;
     bool returning_ = false;  // the focus is on its way back to a refused date
 };

@@ -117,30 +117,29 @@ constexpr std::array<FormRow, kFormCount> kForms = {{
                         OnOkStandardSummary}},
 }};
 
-static_assert(std::ranges::all_of(kForms,
-                                  [](const FormRow& form) {
-                                      const bool sample = form.printSample != nullptr;
-                                      const bool batch = form.printBatch != nullptr;
-                                      return sample != batch && !form.name.empty() &&
-                                             !form.caption.empty() && !form.menuCaption.empty() &&
-                                             !form.shortcut.empty();
-                                  }),
-              "a form without a driver, with two, or without a caption");
-static_assert(std::ranges::all_of(kForms,
-                                  [](const FormRow& form) {
-                                      return !form.entry ||
-                                             (form.entry->onShow && form.entry->onOk);
-                                  }),
-              "an entry dialog without its rules");
-static_assert(std::ranges::all_of(kEntryTables,
-                                  [](const EntryTable* table) {
-                                      return std::ranges::count_if(
-                                                 kForms, [table](const FormRow& form) {
-                                                     return form.entry &&
-                                                            &form.entry->table == table;
-                                                 }) == 1;
-                                  }),
-              "a table that no form, or more than one, asks for");
+constexpr bool IsComplete(const FormRow& form) {
+    const bool named = !form.name.empty() && !form.caption.empty() && !form.menuCaption.empty() &&
+                       !form.shortcut.empty();
+    return named && (form.printSample == nullptr) != (form.printBatch == nullptr);
+}
+static_assert(std::ranges::all_of(kForms, IsComplete),
+              "a form without a caption, without a driver, or with two");
+
+constexpr bool HasRules(const FormRow& form) {
+    return !form.entry ||
+           (form.entry->onShow != nullptr && form.entry->onOk != nullptr &&
+            kEntryTables.at(static_cast<std::size_t>(form.entry->dialog)) == &form.entry->table);
+}
+static_assert(std::ranges::all_of(kForms, HasRules),
+              "an entry dialog without its rules, or with another one's table");
+
+constexpr bool IsAskedForOnce(const EntryTable* table) {
+    return std::ranges::count_if(kForms, [table](const FormRow& form) {
+               return form.entry && &form.entry->table == table;
+           }) == 1;
+}
+static_assert(std::ranges::all_of(kEntryTables, IsAskedForOnce),
+              "a table that no form asks for, or more than one");
 
 const FormEntry& EntryOf(EntryDialog dialog) {
     return *std::ranges::find_if(kForms, [dialog](const FormRow& form) {

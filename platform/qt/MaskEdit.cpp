@@ -80,47 +80,49 @@ qsizetype MaskEdit::EndOfPart(qsizetype place) const {
     return place;
 }
 
-std::optional<QString> MaskEdit::Laid(const QString& text, qsizetype from) const {
-    QString laid = empty_;
+std::optional<QString> MaskEdit::PlacedInMask(const QString& text, qsizetype from) const {
+    QString placed = empty_;
     for (qsizetype i = 0; i < text.size(); ++i) {
         const qsizetype at = from + i;
         const QChar c = text[i];
         const bool digit = c >= u'0' && c <= u'9';
-        if (at >= laid.size() || (places_[at] == kPlace ? !digit && c != u' ' : c != empty_[at])) {
+        if (at >= placed.size() ||
+            (places_[at] == kPlace ? !digit && c != u' ' : c != empty_[at])) {
             return std::nullopt;
         }
-        laid[at] = c;
+        placed[at] = c;
     }
-    return laid;
+    return placed;
 }
 
 void MaskEdit::SetMaskText(const std::string& text) {
     const QString given = QString::fromStdString(text);
-    std::optional<QString> laid;
-    for (qsizetype from = 0; !laid && from + given.size() <= empty_.size(); ++from) {
-        laid = Laid(given, from);
+    std::optional<QString> placed;
+    for (qsizetype from = 0; !placed && from + given.size() <= empty_.size(); ++from) {
+        placed = PlacedInMask(given, from);
     }
-    if (const auto when = laid ? std::nullopt : ParseDateTime(text)) {
+    if (const auto when = placed ? std::nullopt : ParseDateTime(text)) {
         // A text of fewer parts than the mask, or of more, gives the parts that both have.
         const QString full = QString::fromStdString(FormatDateTime(*when));
         const bool date = given.contains(u'/') && empty_.contains(u'/');
         const bool time = given.contains(u':') && empty_.contains(u':');
-        laid = date && time ? Laid(full, 0)
-               : date       ? Laid(full.first(kTimeStart - 1), 0)
-               : time       ? Laid(full.sliced(kTimeStart), empty_.contains(u'/') ? kTimeStart : 0)
-                            : std::nullopt;
+        placed = date && time ? PlacedInMask(full, 0)
+                 : date       ? PlacedInMask(full.first(kTimeStart - 1), 0)
+                 : time
+                     ? PlacedInMask(full.sliced(kTimeStart), empty_.contains(u'/') ? kTimeStart : 0)
+                     : std::nullopt;
     }
-    if (!laid) {
+    if (!placed) {
         // The toolkit takes what fits, as if it had been typed.
         setText(given);
         return;
     }
-    for (qsizetype i = 0; i < laid->size(); ++i) {
-        if (places_[i] == kPlace && (*laid)[i] == u' ') {
-            (*laid)[i] = unfilled_;
+    for (qsizetype i = 0; i < placed->size(); ++i) {
+        if (places_[i] == kPlace && (*placed)[i] == u' ') {
+            (*placed)[i] = unfilled_;
         }
     }
-    setText(*laid);
+    setText(*placed);
     setCursorPosition(0);
 }
 

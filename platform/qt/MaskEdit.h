@@ -33,7 +33,7 @@ class MaskEdit : public QLineEdit {
 
   private:
     // The text over the empty mask, from its `from`-th character on; absent where it does not fit.
-    std::optional<QString> Laid(const QString& text, qsizetype from) const;
+    std::optional<QString> PlacedInMask(const QString& text, qsizetype from) const;
 
     // The places from one literal to the next, around a place.
     qsizetype StartOfPart(qsizetype place) const;
