@@ -41,6 +41,11 @@ void Clear(Entries& entries) {
     entries.*entry = {};
 }
 
+// Required in one turn, its form looked at in the other.
+constexpr EntryRules Turns(int required, int form = 0) {
+    return {.RequiredTurn = required, .FormTurn = form};
+}
+
 constexpr std::string_view kRequiredText = "Please enter an appropriate value.";
 constexpr std::string_view kRequiredTitle = "Required Input Missing";
 
@@ -75,40 +80,37 @@ std::optional<EntryFault> TakeRangesFile(Entries& entries, std::size_t, const st
     return fault;
 }
 
+constexpr EntryBrowse kRangesBrowse = {"BrowseButton", FileKind::kText, TakeRangesFile};
+
 constexpr EntryField kRangesFields[] = {
-    {"Ranges file",
-     "FileEdit",
-     kFile,
-     TextsOf<&Entries::Ranges, &RangesEntry::FileName>(),
-     {.RequiredTurn = 1},
-     EntryBrowse{"BrowseButton", FileKind::kText, TakeRangesFile}},
+    {"Ranges file", "FileEdit", kFile, TextsOf<&Entries::Ranges, &RangesEntry::FileName>(),
+     Turns(1), kRangesBrowse},
     {"Limits", "RadioButton", kChoice, kLimits},
 };
 
 // ---- Form IV
 
-constexpr EntryField kCommentsFields[] = {
-    {"Line",
-     "RichEdit1",
-     kLines,
-     {.Get =
-          [](const Entries& entries, std::size_t item) {
-              const auto& lines = entries.Comments.Lines;
-              return item < lines.size() ? lines[item] : "";
-          },
-      .Set =
-          [](Entries& entries, std::size_t item, const std::string& text) {
-              auto& lines = entries.Comments.Lines;
-              lines.resize(std::max(lines.size(), item + 1));
-              lines[item] = text;
-          },
-      // An empty box is one empty line: a line of the file without any would leave old comments in
-      // place.
-      .Count =
-          [](const Entries& entries) {
-              return std::max<std::size_t>(entries.Comments.Lines.size(), 1);
-          }}},
+constexpr EntryTexts kComments = {
+    .Get =
+        [](const Entries& entries, std::size_t item) {
+            const auto& lines = entries.Comments.Lines;
+            return item < lines.size() ? lines[item] : "";
+        },
+    .Set =
+        [](Entries& entries, std::size_t item, const std::string& text) {
+            auto& lines = entries.Comments.Lines;
+            lines.resize(std::max(lines.size(), item + 1));
+            lines[item] = text;
+        },
+    // An empty box is one empty line: a line of the file without any would leave old comments in
+    // place.
+    .Count =
+        [](const Entries& entries) {
+            return std::max<std::size_t>(entries.Comments.Lines.size(), 1);
+        },
 };
+
+constexpr EntryField kCommentsFields[] = {{"Line", "RichEdit1", kLines, kComments}};
 
 // ---- Form V
 
@@ -116,25 +118,12 @@ template <auto member>
 constexpr EntryTexts kTune = TextsOf<&Entries::Tune, member>();
 
 constexpr EntryField kTuneFields[] = {
-    {"Sample no.", "SampleEdit", kText, kTune<&TuneEntry::SampleNo>, {.RequiredTurn = 1}},
-    {"Instrument ID", "InstrEdit", kText, kTune<&TuneEntry::InstrumentId>, {.RequiredTurn = 2}},
-    {"Lab file ID", "FileEdit", kText, kTune<&TuneEntry::LabFileId>, {.RequiredTurn = 4}},
-    {"Injection date",
-     "MaskEdit1",
-     kDate,
-     kTune<&TuneEntry::InjectionDate>,
-     {.RequiredTurn = 3, .FormTurn = 3}},
-    {"Injection time",
-     "MaskEdit2",
-     kTime,
-     kTune<&TuneEntry::InjectionTime>,
-     {.RequiredTurn = 5, .FormTurn = 5}},
-    {.Label = "Abundance",
-     .Control = "StringGrid1",
-     .Kind = kNumber,
-     .Texts = kTune<&TuneEntry::Abundances>,
-     .Rules = {.RequiredTurn = 6, .FormTurn = 6},
-     .Grid = true},
+    {"Sample no.", "SampleEdit", kText, kTune<&TuneEntry::SampleNo>, Turns(1)},
+    {"Instrument ID", "InstrEdit", kText, kTune<&TuneEntry::InstrumentId>, Turns(2)},
+    {"Lab file ID", "FileEdit", kText, kTune<&TuneEntry::LabFileId>, Turns(4)},
+    {"Injection date", "MaskEdit1", kDate, kTune<&TuneEntry::InjectionDate>, Turns(3, 3)},
+    {"Injection time", "MaskEdit2", kTime, kTune<&TuneEntry::InjectionTime>, Turns(5, 5)},
+    {"Abundance", "StringGrid1", kCells, kTune<&TuneEntry::Abundances>, Turns(6, 6)},
 };
 
 // ---- Form VI
@@ -142,38 +131,44 @@ constexpr EntryField kTuneFields[] = {
 // The file has room for this many lab file IDs of the initial calibration.
 constexpr std::size_t kSavedLevels = 5;
 
+using Initial = InitialCalibrationEntry;
 template <auto member>
 constexpr EntryTexts kInitial = TextsOf<&Entries::InitialCalibration, member>(kSavedLevels);
 
-constexpr EntryField kInitialCalibrationFields[] = {
-    {"First standard",
-     "CalStartMaskEdit",
-     kDateTime,
-     kInitial<&InitialCalibrationEntry::FirstStandard>,
-     {.FormTurn = 1}},
-    {"Last standard",
-     "CalEndMaskEdit",
-     kDateTime,
-     kInitial<&InitialCalibrationEntry::LastStandard>,
-     {.FormTurn = 1},
-     {},
-     "!99/99/0000 90:00;1;_"},
-    {"Lab file ID",
-     "CalFileEdit",
-     kText,
-     kInitial<&InitialCalibrationEntry::LabFileIds>,
-     {.RequiredTurn = 2,
-      .AskedFor = [](const EntryScope& scope,
-                     std::size_t level) { return static_cast<int>(level) < scope.LevelCount; }},
-     EntryBrowse{"BrowseButton", FileKind::kAny,
-                 [](Entries& entries, std::size_t level, const std::string& fileName,
-                    Messages& messages) -> std::optional<EntryFault> {
-                     BrowseLevelFile(entries.InitialCalibration, level, fileName, messages);
-                     return std::nullopt;
-                 }}},
+constexpr EntryRules kLevelFileRules = {
+    .RequiredTurn = 2,
+    .AskedFor = [](const EntryScope& scope,
+                   std::size_t level) { return static_cast<int>(level) < scope.LevelCount; },
 };
 
-// ---- Forms VII and VIII
+std::optional<EntryFault> TakeLevelFile(Entries& entries, std::size_t level,
+                                        const std::string& fileName, Messages& messages) {
+    BrowseLevelFile(entries.InitialCalibration, level, fileName, messages);
+    return std::nullopt;
+}
+
+constexpr EntryBrowse kLevelBrowse = {"BrowseButton", FileKind::kAny, TakeLevelFile};
+
+constexpr EntryField kInitialCalibrationFields[] = {
+    {"First standard", "CalStartMaskEdit", kDateTime, kInitial<&Initial::FirstStandard>,
+     Turns(0, 1)},
+    {"Last standard", "CalEndMaskEdit", kDateTime, kInitial<&Initial::LastStandard>, Turns(0, 1),
+     std::nullopt, "!99/99/0000 90:00;1;_"},
+    {"Lab file ID", "CalFileEdit", kText, kInitial<&Initial::LabFileIds>, kLevelFileRules,
+     kLevelBrowse},
+};
+
+// ---- Form VII
+
+using Continuing = ContinuingCalibrationEntry;
+template <auto member>
+constexpr EntryTexts kContinuing = TextsOf<&Entries::ContinuingCalibration, member>();
+
+std::optional<EntryFault> TakeCriteriaFile(Entries& entries, std::size_t,
+                                           const std::string& fileName, Messages& messages) {
+    BrowseCriteriaFile(entries.ContinuingCalibration, fileName, messages);
+    return std::nullopt;
+}
 
 template <auto entry>
 std::optional<EntryFault> TakeStandardFile(Entries& entries, std::size_t,
@@ -182,55 +177,27 @@ std::optional<EntryFault> TakeStandardFile(Entries& entries, std::size_t,
     return std::nullopt;
 }
 
-template <auto member>
-constexpr EntryTexts kContinuing = TextsOf<&Entries::ContinuingCalibration, member>();
+constexpr EntryBrowse kCriteriaBrowse = {"Button1", FileKind::kText, TakeCriteriaFile};
+template <auto entry>
+constexpr EntryBrowse kStandardBrowse = {"BrowseButton", FileKind::kAny, TakeStandardFile<entry>};
 
 constexpr EntryField kContinuingCalibrationFields[] = {
-    {"Sample no.",
-     "ZOV_IDEdit",
-     kText,
-     kContinuing<&ContinuingCalibrationEntry::SampleNo>,
-     {.RequiredTurn = 3}},
-    {"Lab file ID",
-     "LabFileEdit",
-     kText,
-     kContinuing<&ContinuingCalibrationEntry::LabFileId>,
-     {.RequiredTurn = 1},
-     EntryBrowse{"BrowseButton", FileKind::kAny,
-                 TakeStandardFile<&Entries::ContinuingCalibration>}},
-    {"RF criteria file",
-     "LimitEdit",
-     kFile,
-     kContinuing<&ContinuingCalibrationEntry::CriteriaFile>,
-     {.RequiredTurn = 2},
-     EntryBrowse{"Button1", FileKind::kText,
-                 [](Entries& entries, std::size_t, const std::string& fileName,
-                    Messages& messages) -> std::optional<EntryFault> {
-                     BrowseCriteriaFile(entries.ContinuingCalibration, fileName, messages);
-                     return std::nullopt;
-                 }}},
-    {"Instrument ID",
-     "InstrEdit",
-     kText,
-     kContinuing<&ContinuingCalibrationEntry::InstrumentId>,
-     {.RequiredTurn = 4}},
-    {"Date analyzed",
-     "MaskEdit1",
-     kDateTime,
-     kContinuing<&ContinuingCalibrationEntry::AnalysisDateTime>,
-     {.FormTurn = 5}},
-    {"First standard",
-     "MaskEdit2",
-     kDateTime,
-     kContinuing<&ContinuingCalibrationEntry::FirstStandard>,
-     {.FormTurn = 5}},
-    {"Last standard",
-     "MaskEdit3",
-     kDateTime,
-     kContinuing<&ContinuingCalibrationEntry::LastStandard>,
-     {.FormTurn = 5}},
+    {"Sample no.", "ZOV_IDEdit", kText, kContinuing<&Continuing::SampleNo>, Turns(3)},
+    {"Lab file ID", "LabFileEdit", kText, kContinuing<&Continuing::LabFileId>, Turns(1),
+     kStandardBrowse<&Entries::ContinuingCalibration>},
+    {"RF criteria file", "LimitEdit", kFile, kContinuing<&Continuing::CriteriaFile>, Turns(2),
+     kCriteriaBrowse},
+    {"Instrument ID", "InstrEdit", kText, kContinuing<&Continuing::InstrumentId>, Turns(4)},
+    {"Date analyzed", "MaskEdit1", kDateTime, kContinuing<&Continuing::AnalysisDateTime>,
+     Turns(0, 5)},
+    {"First standard", "MaskEdit2", kDateTime, kContinuing<&Continuing::FirstStandard>,
+     Turns(0, 5)},
+    {"Last standard", "MaskEdit3", kDateTime, kContinuing<&Continuing::LastStandard>, Turns(0, 5)},
 };
 
+// ---- Form VIII
+
+using Summary = StandardSummaryEntry;
 template <auto member>
 constexpr EntryTexts kSummary = TextsOf<&Entries::StandardSummary, member>();
 
@@ -249,59 +216,41 @@ constexpr EntryTexts kLevel = {
         },
 };
 
+constexpr EntryRules kStandardSampleNoRules = {
+    .RequiredTurn = 1,
+    .FormTurn = 3,
+    .WrongForm = CheckStandardSampleNo,
+    .Leave =
+        [](Entries& entries, const Batch& batch, Messages& messages) {
+            return LeaveStandardSampleNo(entries.StandardSummary, batch, messages);
+        },
+};
+
 // The initial calibration report knows no retention times of the standard.
 bool WithoutCheckReport(const EntryScope& scope, std::size_t) {
     return !scope.CheckReport;
 }
 
+constexpr EntryRules kRetentionTimeRules = {.RequiredTurn = 2, .AskedFor = WithoutCheckReport};
+constexpr EntryRules kLevelRules = {
+    .RequiredTurn = 2,
+    .AskedFor = WithoutCheckReport,
+    .Missing =
+        [](const Entries& entries) {
+            return IsUnfilled(ConcentrationText(entries.StandardSummary));
+        },
+};
+
 constexpr EntryField kStandardSummaryFields[] = {
-    {"Sample no.",
-     "SampleEdit",
-     kText,
-     kSummary<&StandardSummaryEntry::SampleNo>,
-     {.RequiredTurn = 1,
-      .FormTurn = 3,
-      .WrongForm = CheckStandardSampleNo,
-      .Leave =
-          [](Entries& entries, const Batch& batch, Messages& messages) {
-              return LeaveStandardSampleNo(entries.StandardSummary, batch, messages);
-          }}},
-    {"Lab file ID",
-     "LabFileEdit",
-     kText,
-     kSummary<&StandardSummaryEntry::LabFileId>,
-     {.RequiredTurn = 1},
-     EntryBrowse{"BrowseButton", FileKind::kAny, TakeStandardFile<&Entries::StandardSummary>}},
-    {"Date analyzed",
-     "MaskEdit1",
-     kDateTime,
-     kSummary<&StandardSummaryEntry::AnalysisDateTime>,
-     {.RequiredTurn = 1, .FormTurn = 4}},
-    {"First calibration",
-     "MaskEdit2",
-     kDate,
-     kSummary<&StandardSummaryEntry::FirstCalibrationDate>,
-     {.FormTurn = 4}},
-    {"Last calibration",
-     "MaskEdit3",
-     kDate,
-     kSummary<&StandardSummaryEntry::LastCalibrationDate>,
-     {.FormTurn = 4}},
-    {"Retention time",
-     "RTEdit",
-     kNumber,
-     kSummary<&StandardSummaryEntry::RetentionTimes>,
-     {.RequiredTurn = 2, .AskedFor = WithoutCheckReport}},
-    {"Level chosen",
-     "ConcCombo",
-     kChoice,
-     kLevel,
-     {.RequiredTurn = 2,
-      .AskedFor = WithoutCheckReport,
-      .Missing =
-          [](const Entries& entries) {
-              return IsUnfilled(ConcentrationText(entries.StandardSummary));
-          }}},
+    {"Sample no.", "SampleEdit", kText, kSummary<&Summary::SampleNo>, kStandardSampleNoRules},
+    {"Lab file ID", "LabFileEdit", kText, kSummary<&Summary::LabFileId>, Turns(1),
+     kStandardBrowse<&Entries::StandardSummary>},
+    {"Date analyzed", "MaskEdit1", kDateTime, kSummary<&Summary::AnalysisDateTime>, Turns(1, 4)},
+    {"First calibration", "MaskEdit2", kDate, kSummary<&Summary::FirstCalibrationDate>,
+     Turns(0, 4)},
+    {"Last calibration", "MaskEdit3", kDate, kSummary<&Summary::LastCalibrationDate>, Turns(0, 4)},
+    {"Retention time", "RTEdit", kNumber, kSummary<&Summary::RetentionTimes>, kRetentionTimeRules},
+    {"Level chosen", "ConcCombo", kChoice, kLevel, kLevelRules},
 };
 
 // ---- Checks
@@ -313,7 +262,7 @@ std::optional<Message> WrongForm(const EntryField& field, const std::string& tex
     if (!EmptyMaskOf(field.Kind).empty()) {
         return IsDateTimeText(text) ? std::nullopt : std::optional(DateTimeFormatMessage());
     }
-    if (field.Kind == kNumber && !ParseNumber(text)) {
+    if ((field.Kind == kNumber || field.Kind == kCells) && !ParseNumber(text)) {
         return Message{"Entry must be a valid real number.", "Incorrect Entry"};
     }
     return std::nullopt;
@@ -337,12 +286,13 @@ std::optional<EntryFault> CheckItem(const EntryTable& table, const EntryField& f
     if (!message) {
         return std::nullopt;
     }
-    return field.Grid ? EntryFault{*message, std::string(field.Control), static_cast<int>(item) + 1}
-                      : EntryFault{*message, ControlName(field.Control, field, item)};
+    return field.Kind == kCells
+               ? EntryFault{*message, std::string(field.Control), static_cast<int>(item) + 1}
+               : EntryFault{*message, ControlName(field.Control, field, item)};
 }
 
 int TurnWhenLeft(const EntryTable& table, const EntryField& field) {
-    if (field.Grid) {
+    if (field.Kind == kCells) {
         return 0;
     }
     return table.ChecksAllWhenLeft ? field.Rules.RequiredTurn : field.Rules.FormTurn;

@@ -19,8 +19,9 @@
 
 namespace qfr {
 
-// What a text holds. A choice is the number that stands for it; lines are as many as were typed.
-enum class EntryKind { kText, kNumber, kDate, kTime, kDateTime, kFile, kChoice, kLines };
+// What a text holds. A choice is the number that stands for it, lines are as many as were typed,
+// and cells are the numbers in the last column of a grid.
+enum class EntryKind { kText, kNumber, kDate, kTime, kDateTime, kFile, kChoice, kLines, kCells };
 
 // The texts that a field holds: one, or those of a list.
 struct EntryTexts {
@@ -63,15 +64,14 @@ struct EntryRules {
 
 struct EntryField {
     std::string_view Label;  // a list's items are numbered after it, from 1
-    // In the dialog. A list's items are numbered after it, from 1, except in a grid, whose last
-    // column they are; so are the radio buttons of a choice.
+    // In the dialog. A list's items are numbered after it, from 1, except cells; so are the radio
+    // buttons of a choice.
     std::string_view Control;
     EntryKind Kind;
     EntryTexts Texts;
     EntryRules Rules = {};
     std::optional<EntryBrowse> Browse = {};
     std::string_view Mask = {};  // where it is not the kind's
-    bool Grid = false;
 };
 
 struct EntryTable {
@@ -117,7 +117,7 @@ std::string_view EmptyMaskOf(EntryKind kind);
 std::optional<EntryFault> CheckEntries(const EntryTable& table, const Entries& entries,
                                        const EntryScope& scope = {});
 
-// Whether the field is checked when its control is left, and what is wrong then. A grid is not.
+// Whether the field is checked when its control is left, and what is wrong then. Cells are not.
 bool IsCheckedWhenLeft(const EntryTable& table, const EntryField& field);
 std::optional<EntryFault> CheckLeft(const EntryTable& table, const EntryField& field,
                                     std::size_t item, const Entries& entries);

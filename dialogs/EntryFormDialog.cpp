@@ -52,8 +52,8 @@ QRadioButton* RadioButton(const QDialog& dialog, const EntryField& field, int nu
 
 // The control of an item; null for radio buttons.
 QWidget* ControlOf(const QDialog& dialog, const EntryField& field, std::size_t item) {
-    return Find(dialog,
-                field.Grid ? std::string(field.Control) : ControlName(field.Control, field, item));
+    return Find(dialog, field.Kind == EntryKind::kCells ? std::string(field.Control)
+                                                        : ControlName(field.Control, field, item));
 }
 
 void ShowItem(const QDialog& dialog, const EntryField& field, std::size_t item,
