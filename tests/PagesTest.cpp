@@ -73,7 +73,7 @@ std::map<std::string, std::string> PrintedPages(const PagesBatch& batch) {
     const std::vector<PackageWork> works = PlanPackage(saved.Batch, choice);
     TimesMetrics metrics;
     MessageLog messages;
-    HeadlessHost host(std::move(saved), metrics, messages, EntryDialogRules());
+    HeadlessHost host(std::move(saved), metrics, messages);
     std::map<std::string, std::string> pages;
     for (const PackageWork& work : works) {
         const std::string form = "form-" + std::string(work.form->name);

@@ -42,7 +42,7 @@ TEST(Browse, TakesTheIdAndTheDateOfARawDataFileOnly) {
             rig.Type("\33");
         });
         rig.Type(std::get<0>(dialog));
-        EXPECT_EQ(rig.chooser.opened.at(0).filter, 6);
+        EXPECT_EQ(rig.chooser.opened.at(0).kind, FileKind::kAny);
         EXPECT_EQ(rig.chooser.opened.at(0).directory, "/calibrations");
         EXPECT_FALSE(rig.chooser.opened.at(0).multiSelect);
     }

@@ -54,7 +54,7 @@ TEST(Form2Dlg, EmptiesItsFileForOneThatIsRefused) {
         EXPECT_EQ(rig.Shown("FileEdit"), "|" + good);
         rig.Use("\33");
     });
-    EXPECT_EQ(rig.chooser.opened[0].filter, 5);
+    EXPECT_EQ(rig.chooser.opened[0].kind, FileKind::kText);
     EXPECT_EQ(rig.chooser.opened[0].directory, "/texts");
 }
 
@@ -205,7 +205,7 @@ TEST(ChkCalForm, AsksForWhatIsMissingAndKeepsWhatWasTyped) {
         EXPECT_EQ(rig.Shown("LimitEdit"), "|" + LowerCase(good));
         rig.Use("\33");
     }));
-    EXPECT_EQ(rig.chooser.opened[0].filter, 5);
+    EXPECT_EQ(rig.chooser.opened[0].kind, FileKind::kText);
     EXPECT_EQ(rig.chooser.opened[0].directory, "/texts");
     EXPECT_EQ(entries.ContinuingCalibration.LabFileId, "vstd050c.d");
     EXPECT_FALSE(rig.form.Flags().ContCalEntered);

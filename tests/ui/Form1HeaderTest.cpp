@@ -161,7 +161,7 @@ TEST(Form1Header, KeepsTheLaboratorysValuesInTwoFiles) {
         if (write == std::string("Button1")) {
             EXPECT_EQ(rig.chooser.saved.at(0).kind, SaveKind::kLaboratoryFile);
             EXPECT_EQ(rig.chooser.saved.at(0).directory, "/texts");
-            EXPECT_EQ(rig.chooser.opened.at(0).filter, 5);
+            EXPECT_EQ(rig.chooser.opened.at(0).kind, FileKind::kText);
         }
     }
 }
