@@ -259,7 +259,7 @@ class LoadRun : private Messages, private BatchOwner {
 
     void Load(const Arguments& arguments) {
         if (const auto file = Accept(arguments.Value("--blank"))) {
-            TakeLabBlank(batch_, *file, *this, *this);
+            TakeLabBlank(batch_, *file, reports_, *this, *this);
         }
         std::vector<std::string> reports;
         for (const std::string& name : arguments.operands) {
@@ -267,15 +267,15 @@ class LoadRun : private Messages, private BatchOwner {
                 reports.push_back(*file);
             }
         }
-        AddQuantReports(batch_, reports, *this, *this);
+        AddQuantReports(batch_, reports, reports_, *this, *this);
         if (const auto file = Accept(arguments.Value("--cal"))) {
-            TakeCalReport(batch_, *file, *this);
+            TakeCalReport(batch_, *file, reports_, *this);
         }
         if (const auto file = Accept(arguments.Value("--check"))) {
-            TakeCheckReport(batch_, *file, *this);
+            TakeCheckReport(batch_, *file, reports_, *this);
         }
         if (!batch_.SampleList) {
-            BuildSampleList(batch_);
+            BuildSampleList(batch_, reports_);
         }
         if (const auto file = Accept(arguments.Value("--defaults"))) {
             ApplyDefaults(ReadDefaultsFile(PathOf(*file)).value_or(std::vector<std::string>()));
@@ -341,6 +341,7 @@ class LoadRun : private Messages, private BatchOwner {
 
     const Context& context_;
     Batch batch_;
+    Reports reports_;
     bool rejected_ = false;
 };
 

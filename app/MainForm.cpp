@@ -223,6 +223,7 @@ bool TQFRForm::RestoreFile(const std::string& fileName) {
 void TQFRForm::FormClick(const FormRow& form) {
     if (form.printBatch != nullptr) {
         const WaitCursor wait;
+        BeginRun();
         form.printBatch(*this);
         ShowBatchState();
     } else if (FilesSpecified(Batch())) {

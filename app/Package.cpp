@@ -51,6 +51,7 @@ std::string SampleName(const SampleRecord& record) {
 }
 
 std::optional<PrintJob> PrintWork(HeadlessHost& host, const PackageWork& work) {
+    host.Reports().BeginJob();
     const FormRow& form = *work.form;
     std::string sample;
     if (form.printBatch) {
@@ -78,10 +79,10 @@ PackageOutcome PrintPackage(FormHost& program, TextMetrics& metrics,
     // On copies. The dialogs take values over from each other when they show, and a form empties
     // what a missing file leaves open; nobody has seen any of it here, so none of it may stay. But
     // each form finds what the forms and dialogs before it have left: the milestones of the batch
-    // and the calibration tables go along.
+    // and the number of calibration levels go along.
     HeadlessHost host({program.Batch(), program.Entries()}, metrics, messages);
     host.Flags() = program.Flags();
-    host.Calibration() = program.Calibration();
+    host.LevelCount() = program.LevelCount();
     const TPrinter& chosen = program.Page().Printer();
     host.Page().Printer().PaperSize = chosen.PaperSize;
     host.Page().Printer().Orientation = chosen.Orientation;

@@ -14,7 +14,7 @@
 
 #include "data/LoadFiles.h"
 #include "data/QuantReport.h"
-#include "forms/Form1Voa.h"
+#include "forms/FormDrivers.h"
 #include "platform/FileLookup.h"
 #include "platform/qt/PdfFile.h"
 #include "platform/qt/QtTextMetrics.h"
@@ -38,9 +38,9 @@ class NoOwner : public BatchOwner {
 };
 
 // A directory of reports as the quantitation program writes them.
-class Reports {
+class ReportFiles {
   public:
-    explicit Reports(int count) {
+    explicit ReportFiles(int count) {
         std::string name = (fs::temp_directory_path() / "qfr-bench-XXXXXX").string();
         dir_ = ::mkdtemp(name.data());
         for (int i = 0; i < count; ++i) {
@@ -61,9 +61,9 @@ class Reports {
             names_.push_back(TextOf(file));
         }
     }
-    ~Reports() { fs::remove_all(dir_); }
-    Reports(const Reports&) = delete;
-    Reports& operator=(const Reports&) = delete;
+    ~ReportFiles() { fs::remove_all(dir_); }
+    ReportFiles(const ReportFiles&) = delete;
+    ReportFiles& operator=(const ReportFiles&) = delete;
     const std::vector<std::string>& Names() const { return names_; }
 
   private:
@@ -74,14 +74,15 @@ class Reports {
 void Load(Batch& batch, const std::vector<std::string>& names) {
     NoMessages messages;
     NoOwner owner;
-    AddQuantReports(batch, names, messages, owner);
+    Reports reports;
+    AddQuantReports(batch, names, reports, messages, owner);
     if (!batch.SampleList) {
-        BuildSampleList(batch);
+        BuildSampleList(batch, reports);
     }
 }
 
 void LoadReports(benchmark::State& state) {
-    const Reports reports(static_cast<int>(state.range(0)));
+    const ReportFiles reports(static_cast<int>(state.range(0)));
     for (auto _ : state) {
         Batch batch;
         Load(batch, reports.Names());
@@ -93,7 +94,7 @@ BENCHMARK(LoadReports)->Arg(10)->Arg(100)->Arg(1000)->Unit(benchmark::kMilliseco
 
 // Half of the reports are there; the other half comes between them.
 void AddReportsToBatch(benchmark::State& state) {
-    const Reports reports(static_cast<int>(state.range(0)));
+    const ReportFiles reports(static_cast<int>(state.range(0)));
     std::vector<std::string> even;
     std::vector<std::string> odd;
     for (std::size_t i = 0; i < reports.Names().size(); ++i) {
@@ -160,7 +161,7 @@ struct FormIJobs {
         }
         return jobs;
     }
-    Reports reports;
+    ReportFiles reports;
     FormFonts fonts;
     BenchHost host{fonts};
 };

@@ -1,6 +1,5 @@
 #include "data/Batch.h"
 
-#include "data/QuantReport.h"
 #include "platform/Text.h"
 
 namespace qfr {
@@ -32,22 +31,6 @@ bool FilesSpecified(const Batch& batch) {
 
 std::size_t LabBlankRecords(const Batch& batch) {
     return Trim(batch.Files.LabBlank).empty() ? 0 : 1;
-}
-
-void BuildSampleList(Batch& batch) {
-    batch.SampleList.reset();
-    if (!FilesSpecified(batch)) {
-        return;
-    }
-    SampleListType& list = batch.SampleList.emplace();
-    list.reserve(batch.Files.QFiles.size() + 1);
-    FileFinder finder;
-    if (LabBlankRecords(batch) > 0) {
-        ReadSampleHeader(batch.Files.LabBlank, batch.Folder, list.emplace_back(), finder);
-    }
-    for (const std::string& file : batch.Files.QFiles) {
-        ReadSampleHeader(file, batch.Folder, list.emplace_back(), finder);
-    }
 }
 
 }  // namespace qfr

@@ -130,7 +130,4 @@ bool FilesSpecified(const Batch& batch);
 // 1 when the first record of SampleList is the lab blank's, else 0.
 std::size_t LabBlankRecords(const Batch& batch);
 
-// Builds SampleList from the named reports; it stays absent when none is named.
-void BuildSampleList(Batch& batch);
-
 }  // namespace qfr

@@ -3,11 +3,8 @@
 #include <algorithm>
 #include <array>
 
-#include "data/CheckReport.h"
-#include "data/CriteriaFile.h"
+#include "data/CalibrationTables.h"
 #include "data/EntryTables.h"
-#include "data/OpenedFile.h"
-#include "data/RawDataFile.h"
 #include "platform/Numbers.h"
 #include "platform/Text.h"
 
@@ -25,22 +22,21 @@ void TakeWhenFilled(std::string& entry, const std::string& source) {
 }
 
 // The raw data file that the user chose; absent after a message.
-std::optional<RawDataFile> ReadChosenFile(const std::string& fileName, std::size_t maxLine,
-                                          bool (*hasTitle)(const RawDataFile&),
-                                          Messages& messages) {
-    auto data = ReadRawDataFile(fileName, "", maxLine);
+FileContent<RawDataFile> ReadChosenFile(const std::string& fileName,
+                                        bool (*hasTitle)(const RawDataFile&), Messages& messages) {
+    auto data = Reports().Read<RawDataFile>(fileName, "");
     if (!data) {
         messages.Show(CouldNotBeRead(fileName));
-        return std::nullopt;
+        return {};
     }
     if (!hasTitle(*data)) {
         messages.Show({"Selected file\n" + FileNameOnly(fileName) + "not a DATA FILE.", "Message"});
-        return std::nullopt;
+        return {};
     }
     if (!data->Whole) {
         messages.Show(
             {"End of file:\n" + FileNameOnly(fileName) + "reached before expected", "Message"});
-        return std::nullopt;
+        return {};
     }
     return data;
 }
@@ -48,11 +44,11 @@ std::optional<RawDataFile> ReadChosenFile(const std::string& fileName, std::size
 template <typename StandardEntry>
 void TakeStandardFile(StandardEntry& entry, const std::string& fileName, Messages& messages) {
     const auto anyCase = [](const RawDataFile& data) { return data.HasTitle(); };
-    if (const auto data = ReadChosenFile(fileName, kMaxTextLine, anyCase, messages)) {
-        if (data->Acquired) {
-            entry.AnalysisDateTime = FormatDateTime(*data->Acquired);
+    if (const auto data = ReadChosenFile(fileName, anyCase, messages)) {
+        if (const auto acquired = data->Acquired()) {
+            entry.AnalysisDateTime = FormatDateTime(*acquired);
         }
-        entry.LabFileId = data->LabFileId;
+        entry.LabFileId = data->LabFileId();
     }
 }
 
@@ -69,7 +65,8 @@ std::optional<double> ConcentrationOf(std::string_view sampleNo) {
 }
 
 // Lab file ID and date from the raw data file of the chosen level.
-void TakeLevelFile(StandardSummaryEntry& entry, const Batch& batch, Messages& messages) {
+void TakeLevelFile(StandardSummaryEntry& entry, const Batch& batch, Reports& reports,
+                   Messages& messages) {
     // The continuing calibration report already knows its own standard.
     const bool onlyEmpty = !Trim(batch.Files.CheckCal).empty();
     const bool takeId = !onlyEmpty || IsUnfilled(entry.LabFileId);
@@ -77,13 +74,11 @@ void TakeLevelFile(StandardSummaryEntry& entry, const Batch& batch, Messages& me
     if (!takeId && !takeDate) {
         return;
     }
-    std::optional<RawDataFile> data;
-    if (auto report = OpenFileBeside(Trim(batch.Files.Calib), batch.Folder)) {
-        const auto files = ReadDataFileList(report->Lines);
-        const auto level = static_cast<std::size_t>(entry.LevelIndex);
-        if (level < files.size()) {
-            data = ReadRawDataFile(files[level], report->Folder);
-        }
+    FileContent<RawDataFile> data;
+    const auto level = static_cast<std::size_t>(entry.LevelIndex);
+    if (const auto report = reports.Read<CalibrationReport>(Trim(batch.Files.Calib), batch.Folder);
+        report && level < report->DataFiles.size()) {
+        data = reports.Read<RawDataFile>(report->DataFiles[level], report.Folder);
     }
     if (!data || !data->HasTitle()) {
         messages.Show(
@@ -93,10 +88,10 @@ void TakeLevelFile(StandardSummaryEntry& entry, const Batch& batch, Messages& me
         return;
     }
     if (takeId) {
-        entry.LabFileId = data->LabFileId;
+        entry.LabFileId = data->LabFileId();
     }
-    if (takeDate && data->Acquired) {
-        entry.AnalysisDateTime = FormatDateTime(*data->Acquired);
+    if (const auto acquired = data->Acquired(); takeDate && acquired) {
+        entry.AnalysisDateTime = FormatDateTime(*acquired);
     }
 }
 
@@ -120,17 +115,17 @@ void BrowseLevelFile(InitialCalibrationEntry& entry, std::size_t level, const st
     const auto capitals = [](const RawDataFile& data) {
         return data.Title.starts_with("DATA FILE");
     };
-    const auto data = ReadChosenFile(fileName, kBrowseLine, capitals, messages);
+    const auto data = ReadChosenFile(fileName, capitals, messages);
     if (!data) {
         return;
     }
-    if (const auto acquired = data->Acquired) {
+    if (const auto acquired = data->Acquired(kBrowseLine)) {
         const auto first = ParseDateTime(entry.FirstStandard);
         const auto last = ParseDateTime(entry.LastStandard);
         entry.FirstStandard = FormatDateTime(first ? std::min(*first, *acquired) : *acquired);
         entry.LastStandard = FormatDateTime(last ? std::max(*last, *acquired) : *acquired);
     }
-    entry.LabFileIds.at(level) = data->LabFileId;
+    entry.LabFileIds.at(level) = data->LabFileId(kBrowseLine);
 }
 
 std::optional<EntryFault> AcceptInitialCalibration(Entries& entries, int levelCount,
@@ -147,11 +142,12 @@ std::optional<EntryFault> AcceptInitialCalibration(Entries& entries, int levelCo
     return std::nullopt;
 }
 
-void ShowContinuingCalibration(Entries& entries, const Batch& batch, Messages& messages) {
+void ShowContinuingCalibration(Entries& entries, const Batch& batch, Reports& reports,
+                               Messages& messages) {
     const std::string name = Trim(batch.Files.CheckCal);
     if (!name.empty()) {
-        auto report = OpenFileBeside(name, batch.Folder);
-        if (!report || !FindCheckTable(report->Lines)) {
+        const auto report = reports.Read<CheckReport>(name, batch.Folder);
+        if (!report || !report->HasTable) {
             messages.Show(
                 {"The check calibration file could not be read.\n"
                  "Recreate the check calibration file.",
@@ -168,12 +164,12 @@ void ShowContinuingCalibration(Entries& entries, const Batch& batch, Messages& m
 
 void BrowseCriteriaFile(ContinuingCalibrationEntry& entry, const std::string& fileName,
                         Messages& messages) {
-    auto file = OpenFileBeside(fileName, "");
+    const auto file = Reports().Read<CriteriaFile>(fileName, "");
     if (!file) {
         messages.Show(CouldNotBeRead(fileName));
         return;
     }
-    if (!IsCriteriaTitle(file->Lines.NextOrEmpty())) {
+    if (!file->HasTitle) {
         entry.CriteriaFile.clear();
         messages.Show(
             {FileNameOnly(fileName) + " is not a RF criteria file.\nPlease select another file.",
@@ -196,7 +192,7 @@ std::optional<EntryFault> AcceptContinuingCalibration(const Entries& entries, Ba
     return std::nullopt;
 }
 
-bool ShowStandardSummary(Entries& entries, const Batch& batch, CalibrationTables& tables,
+bool ShowStandardSummary(Entries& entries, const Batch& batch, Reports& reports, int levelCount,
                          Messages& messages) {
     StandardSummaryEntry& entry = entries.StandardSummary;
     const ContinuingCalibrationEntry& continuing = entries.ContinuingCalibration;
@@ -207,20 +203,16 @@ bool ShowStandardSummary(Entries& entries, const Batch& batch, CalibrationTables
     TakeDate(entry.FirstCalibrationDate, initial.FirstStandard, continuing.FirstStandard);
     TakeDate(entry.LastCalibrationDate, initial.LastStandard, continuing.LastStandard);
 
-    const std::string name = Trim(batch.Files.Calib);
-    auto report = name.empty() ? std::nullopt : OpenFileBeside(name, batch.Folder);
+    const auto report = reports.Read<CalibrationReport>(Trim(batch.Files.Calib), batch.Folder);
     if (!report) {
         return true;
     }
-    auto table = BuildRFTable(report->Lines, tables.LevelCount, messages);
+    const auto table = BuildRFTable(*report, levelCount, messages);
     if (!table) {
         return false;
     }
-    tables.RFTable = std::move(*table);
-    ChooseLevelAmounts(tables);
-    tables.RFTable.clear();
-    entry.Levels.assign(tables.LevelAmount.begin(), tables.LevelAmount.begin() + tables.LevelCount);
-    if (entry.LevelIndex >= tables.LevelCount) {
+    entry.Levels = ChooseLevelAmounts(*table, levelCount);
+    if (entry.LevelIndex >= levelCount) {
         entry.LevelIndex = -1;
     }
     return true;
@@ -241,7 +233,7 @@ std::optional<Message> CheckStandardSampleNo(const std::string& sampleNo) {
 }
 
 std::optional<EntryFault> LeaveStandardSampleNo(StandardSummaryEntry& entry, const Batch& batch,
-                                                Messages& messages) {
+                                                Reports& reports, Messages& messages) {
     if (auto wrong = CheckStandardSampleNo(entry.SampleNo)) {
         return EntryFault{*std::move(wrong), "SampleEdit"};
     }
@@ -260,7 +252,7 @@ std::optional<EntryFault> LeaveStandardSampleNo(StandardSummaryEntry& entry, con
         return std::nullopt;
     }
     entry.LevelIndex = static_cast<int>(level - entry.Levels.begin());
-    TakeLevelFile(entry, batch, messages);
+    TakeLevelFile(entry, batch, reports, messages);
     return std::nullopt;
 }
 

@@ -10,9 +10,9 @@
 #include <string_view>
 
 #include "data/Batch.h"
-#include "data/CalibrationTables.h"
 #include "data/Entries.h"
 #include "data/EntryFault.h"
+#include "data/Reports.h"
 #include "platform/Messages.h"
 
 namespace qfr {
@@ -37,7 +37,8 @@ std::optional<EntryFault> AcceptInitialCalibration(Entries& entries, int levelCo
 
 // Takes over what was typed for Forms VI and VIII, after a look at the continuing calibration
 // report.
-void ShowContinuingCalibration(Entries& entries, const Batch& batch, Messages& messages);
+void ShowContinuingCalibration(Entries& entries, const Batch& batch, Reports& reports,
+                               Messages& messages);
 
 // Browse of the RF criteria file. A file of another kind empties the entry.
 void BrowseCriteriaFile(ContinuingCalibrationEntry& entry, const std::string& fileName,
@@ -53,10 +54,10 @@ std::optional<EntryFault> AcceptContinuingCalibration(const Entries& entries, Ba
 // --- TARTSummForm, "Internal Standard Summary Input" ---
 
 // Takes over what was typed for Forms VI and VII, and fills the levels from the calibration report
-// that the batch names (`tables.LevelCount` of them; LevelAmount is left set). A level chosen
-// before stays chosen. False after the message that the report's response factors cannot be read:
-// the dialog is then not shown, and the job is dropped.
-bool ShowStandardSummary(Entries& entries, const Batch& batch, CalibrationTables& tables,
+// that the batch names (`levelCount` of them). A level chosen before stays chosen. False after the
+// message that the report's response factors cannot be read: the dialog is then not shown, and the
+// job is dropped.
+bool ShowStandardSummary(Entries& entries, const Batch& batch, Reports& reports, int levelCount,
                          Messages& messages);
 
 // What is wrong with a sample number that is not of the form VSTD***##; nothing with an empty one.
@@ -66,7 +67,7 @@ std::optional<Message> CheckStandardSampleNo(const std::string& sampleNo);
 // date (with a continuing calibration report named, only where they are empty). Without a level of
 // that concentration a message says so.
 std::optional<EntryFault> LeaveStandardSampleNo(StandardSummaryEntry& entry, const Batch& batch,
-                                                Messages& messages);
+                                                Reports& reports, Messages& messages);
 
 // Browse of the standard's raw data file: its lab file ID and its date.
 void BrowseStandardFile(StandardSummaryEntry& entry, const std::string& fileName,

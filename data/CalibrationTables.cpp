@@ -5,7 +5,6 @@
 #include <unordered_map>
 #include <utility>
 
-#include "data/RawDataFile.h"
 #include "platform/DateTime.h"
 #include "platform/Numbers.h"
 #include "platform/Text.h"
@@ -64,52 +63,24 @@ bool AddStatistics(CalibrationRecord& record, Messages& messages) {
     return true;
 }
 
-// Takes the first line of a compound's block apart: name; six fields for each level; use mask; one
-// field more.
-CalibrationRecord ParseCompound(std::string_view line, int levelCount) {
+CalibrationRecord RecordOf(const CompoundBlock& block, int levelCount) {
     CalibrationRecord record;
-    record.Name = LowerCase(Trim(TakeField(line)));
-    const auto takeLast = [&line] {
-        const std::size_t mark = line.rfind(';');
-        const std::string last(line.substr(mark == std::string_view::npos ? 0 : mark + 1));
-        line = line.substr(0, mark == std::string_view::npos ? 0 : mark);
-        return last;
-    };
-    takeLast();
-    const std::string mask = Trim(takeLast());
+    record.Name = block.Name;
+    record.Type = block.Type;
     for (std::size_t level = 0; level < static_cast<std::size_t>(levelCount); ++level) {
-        record.Amount[level] = TakeField(line);
-        TakeField(line);
-        TakeField(line);
-        const std::string rf = TakeField(line);
-        if (level < mask.size() && mask[level] == '1') {
-            record.RF[level] = RoundToWhole(rf);
-        }
-        TakeField(line);
-        TakeField(line);
+        const LevelResult& result = block.Levels[level];
+        record.Amount[level] = result.Amount;
+        record.RF[level] = result.Used ? RoundToWhole(result.RF) : "";
     }
     return record;
 }
 
 }  // namespace
 
-std::vector<std::string> ReadDataFileList(LineReader& report) {
-    report.Rewind();
-    while (!report.AtEnd() && !BeginsWith(Trim(ReadTextLine(report)), "data file(s)")) {
-    }
-    std::vector<std::string> files;
-    std::string list = Trim(ReadTextLine(report));
-    while (!list.empty()) {
-        std::string_view rest = list;
-        files.push_back(TakeField(rest));
-        list = Trim(rest);
-    }
-    return files;
-}
-
-int ReadCalibrationDataFiles(LineReader& report, std::string_view folder, bool initCalEntered,
-                             InitialCalibrationEntry& entry, Messages& messages) {
-    std::vector<std::string> files = ReadDataFileList(report);
+int ReadCalibrationDataFiles(const FileContent<CalibrationReport>& report, Reports& reports,
+                             bool initCalEntered, InitialCalibrationEntry& entry,
+                             Messages& messages) {
+    std::vector<std::string> files = report->DataFiles;
     if (files.size() > kMaxLevels) {
         messages.Show(
             {"The calibration file lists more than 10 levels.\n"
@@ -121,7 +92,7 @@ int ReadCalibrationDataFiles(LineReader& report, std::string_view folder, bool i
     std::size_t found = 0;
     bool missing = false;
     for (const std::string& file : files) {
-        const auto data = ReadRawDataFile(file, folder);
+        const auto data = reports.Read<RawDataFile>(file, report.Folder);
         if (!data) {
             if (!missing && !initCalEntered) {
                 messages.Show(
@@ -137,10 +108,10 @@ int ReadCalibrationDataFiles(LineReader& report, std::string_view folder, bool i
         if (!data->HasTitle()) {
             continue;
         }
-        if (data->Acquired) {
-            dates.Widen(*data->Acquired, slot == 0);
+        if (const auto acquired = data->Acquired()) {
+            dates.Widen(*acquired, slot == 0);
         }
-        entry.LabFileIds[slot] = data->LabFileId;
+        entry.LabFileIds[slot] = data->LabFileId();
     }
     if (missing && !initCalEntered) {
         entry = InitialCalibrationEntry{};
@@ -155,51 +126,37 @@ int ReadCalibrationDataFiles(LineReader& report, std::string_view folder, bool i
     return static_cast<int>(files.size());
 }
 
-void SkipCalibrationHeader(LineReader& report) {
-    report.Rewind();
-    for (int blankLines = 0; blankLines < 2 && !report.AtEnd();) {
-        blankLines += Trim(ReadTextLine(report)).empty() ? 1 : 0;
-    }
-}
-
-std::optional<std::vector<CalibrationRecord>> BuildRFTable(LineReader& report, int levelCount,
-                                                           Messages& messages) {
+std::optional<std::vector<CalibrationRecord>> BuildRFTable(const CalibrationReport& report,
+                                                           int levelCount, Messages& messages) {
     std::vector<CalibrationRecord> table;
-    SkipCalibrationHeader(report);
-    while (true) {
-        const std::string line = ReadTextLine(report);
-        ReadTextLine(report);
-        const std::string kind = ReadTextLine(report);
-        if (!kind.starts_with('A') && !kind.starts_with('S')) {
-            return table;
-        }
-        CalibrationRecord record = ParseCompound(line, levelCount);
-        record.Type = kind.front();
-        if (!AddStatistics(record, messages)) {
+    table.reserve(report.Blocks.size());
+    for (const CompoundBlock& block : report.Blocks) {
+        table.push_back(RecordOf(block, levelCount));
+        if (!AddStatistics(table.back(), messages)) {
             return std::nullopt;
         }
-        table.push_back(std::move(record));
     }
+    return table;
 }
 
-std::string ChooseLevelAmount(const std::vector<CalibrationRecord>& table, std::size_t level) {
+std::string ChooseAmount(std::span<const AmountVote> votes) {
     std::unordered_map<std::string_view, std::size_t> analytesWith;
-    for (const CalibrationRecord& record : table) {
-        analytesWith[record.Amount[level]] += record.Type == 'A' ? 1 : 0;
+    for (const AmountVote& vote : votes) {
+        analytesWith[vote.Amount] += vote.Type == 'A' ? 1 : 0;
     }
-    std::string amount = table.empty() ? "" : Trim(table.front().Amount[level]);
+    std::string amount = votes.empty() ? "" : Trim(votes.front().Amount);
     // On purpose: one count of agreements for all candidates, never taken back.
     std::size_t agreements = 0;
-    for (const CalibrationRecord& record : table) {
-        if (record.Type != 'A') {
+    for (const AmountVote& vote : votes) {
+        if (vote.Type != 'A') {
             continue;
         }
-        amount = Trim(record.Amount[level]);
+        amount = Trim(vote.Amount);
         if (const auto same = analytesWith.find(amount); same != analytesWith.end()) {
-            const bool countsItself = record.Amount[level] == amount;
+            const bool countsItself = vote.Amount == amount;
             agreements += same->second - (countsItself ? 1 : 0);
         }
-        if (agreements > table.size() / 2) {
+        if (agreements > votes.size() / 2) {
             break;
         }
     }
@@ -213,12 +170,40 @@ std::string ChooseLevelAmount(const std::vector<CalibrationRecord>& table, std::
     return amount;
 }
 
-void ChooseLevelAmounts(CalibrationTables& tables) {
-    for (std::size_t level = 0; level < tables.LevelAmount.size(); ++level) {
-        tables.LevelAmount[level] = level < static_cast<std::size_t>(tables.LevelCount)
-                                        ? ChooseLevelAmount(tables.RFTable, level)
-                                        : "";
+std::string ChooseLevelAmount(const std::vector<CalibrationRecord>& table, std::size_t level) {
+    std::vector<AmountVote> votes;
+    for (const CalibrationRecord& record : table) {
+        votes.push_back({record.Amount[level], record.Type});
     }
+    return ChooseAmount(votes);
+}
+
+std::vector<std::string> ChooseLevelAmounts(const std::vector<CalibrationRecord>& table,
+                                            int levelCount) {
+    std::vector<std::string> amounts;
+    for (int level = 0; level < levelCount; ++level) {
+        amounts.push_back(ChooseLevelAmount(table, static_cast<std::size_t>(level)));
+    }
+    return amounts;
+}
+
+void ReadCheckStandardInfo(const FileContent<CheckReport>& report, Reports& reports,
+                           ContinuingCalibrationEntry& entry) {
+    const auto data = reports.Read<RawDataFile>(report->StandardFile, report.Folder);
+    if (!data) {
+        return;
+    }
+    if (const auto acquired = data->Acquired()) {
+        entry.AnalysisDateTime = FormatDateTime(*acquired);
+    }
+    entry.LabFileId = data->LabFileId();
+}
+
+std::vector<CheckRow> ReadCheckTable(const CheckReport& report,
+                                     const std::vector<CalibrationRecord>& rfTable) {
+    std::vector<CheckRow> rows = report.Rows;
+    rows.resize(rfTable.size());
+    return rows;
 }
 
 }  // namespace qfr

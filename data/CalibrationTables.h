@@ -1,16 +1,19 @@
-// The response factors of the initial calibration, read from the calibration report, and what the
-// calibration forms print of them.
+// The response factors of the initial calibration and what the calibration forms print of them; the
+// rows of the continuing calibration beside them.
 #pragma once
 
 #include <array>
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "data/CalibrationReport.h"
+#include "data/CheckReport.h"
 #include "data/Entries.h"
-#include "platform/LineReader.h"
+#include "data/Reports.h"
 #include "platform/Messages.h"
 
 namespace qfr {
@@ -25,38 +28,41 @@ struct CalibrationRecord {
     std::string RSD;                             // percent, two decimals; empty as MeanRF
 };
 
-// What the calibration forms keep from one job to the next.
-struct CalibrationTables {
-    std::vector<CalibrationRecord> RFTable;  // in the order of the report
-    int LevelCount = 0;                      // levels of the calibration report, up to kMaxLevels
-    std::array<std::string, kMaxLevels> LevelAmount;  // head of each level's column
-    int RFRowCount = 0;                               // records of RFTable
+// Takes the lab file IDs and the dates of the first and the last standard from the raw data files
+// that the report lists, into `entry`. A file that is missing empties the entry, with one message,
+// unless the user has accepted the entry before (`initCalEntered`). Returns the number of levels,
+// at most kMaxLevels (a message tells of more).
+int ReadCalibrationDataFiles(const FileContent<CalibrationReport>& report, Reports& reports,
+                             bool initCalEntered, InitialCalibrationEntry& entry,
+                             Messages& messages);
+
+// The compounds of the report with the results of its first `levelCount` levels. Absent, after a
+// message, when a response factor that is used is no number.
+std::optional<std::vector<CalibrationRecord>> BuildRFTable(const CalibrationReport& report,
+                                                           int levelCount, Messages& messages);
+
+// What a compound says about the amount of a level.
+struct AmountVote {
+    std::string_view Amount;  // as written
+    char Type = ' ';          // only 'A' votes count
 };
 
-// The paths of the raw data files that a calibration report lists, as they stand there. Reads the
-// report from its start; empty when it holds no list.
-std::vector<std::string> ReadDataFileList(LineReader& report);
-
-// Takes the lab file IDs and the dates of the first and the last standard from the raw data files
-// that the report lists, into `entry`. `folder` is the report's. A file that is missing empties the
-// entry, with one message, unless the user has accepted the entry before (`initCalEntered`).
-// Returns the number of levels, at most kMaxLevels (a message tells of more).
-int ReadCalibrationDataFiles(LineReader& report, std::string_view folder, bool initCalEntered,
-                             InitialCalibrationEntry& entry, Messages& messages);
-
-// Leaves the report on the first compound block: behind its second blank line.
-void SkipCalibrationHeader(LineReader& report);
-
-// The compounds of the report, up to the first block that is neither an analyte's nor a
-// surrogate's. Absent, after a message, when a response factor that is used is no number.
-std::optional<std::vector<CalibrationRecord>> BuildRFTable(LineReader& report, int levelCount,
-                                                           Messages& messages);
-
-// The amount that heads the column of a level (from 0): one that more than half of the compounds
-// share, without trailing zeros. Empty for an empty table.
+// The amount that heads a column: one that more than half of the compounds share, without trailing
+// zeros. Empty without compounds.
+std::string ChooseAmount(std::span<const AmountVote> votes);
+// That of a level, from 0.
 std::string ChooseLevelAmount(const std::vector<CalibrationRecord>& table, std::size_t level);
+// Those of the first `levelCount` levels.
+std::vector<std::string> ChooseLevelAmounts(const std::vector<CalibrationRecord>& table,
+                                            int levelCount);
 
-// Sets all of LevelAmount from RFTable; levels beyond LevelCount get none.
-void ChooseLevelAmounts(CalibrationTables& tables);
+// Takes the standard's date and time and its lab file ID from the raw data file that the report
+// names. A file that cannot be opened changes nothing.
+void ReadCheckStandardInfo(const FileContent<CheckReport>& report, Reports& reports,
+                           ContinuingCalibrationEntry& entry);
+
+// One row for each of `rfTable`, matched by position; rows that the report lacks are empty.
+std::vector<CheckRow> ReadCheckTable(const CheckReport& report,
+                                     const std::vector<CalibrationRecord>& rfTable);
 
 }  // namespace qfr

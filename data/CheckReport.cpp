@@ -1,64 +1,67 @@
 #include "data/CheckReport.h"
 
-#include <string>
-
 #include "data/RawDataFile.h"
 #include "platform/Text.h"
 
 namespace qfr {
 
-void ReadCheckStandardInfo(LineReader& report, std::string_view folder,
-                           ContinuingCalibrationEntry& entry) {
-    constexpr int kDataFileLine = 6;
-    report.Rewind();
-    std::string line;
-    for (int number = 1; number <= kDataFileLine; ++number) {
-        line = ReadTextLine(report);
-    }
-    const std::size_t mark = line.find(':');
-    const std::string path = Trim(mark == std::string::npos ? line : line.substr(mark + 1));
-    const auto data = ReadRawDataFile(path, folder);
-    if (!data) {
-        return;
-    }
-    if (data->Acquired) {
-        entry.AnalysisDateTime = FormatDateTime(*data->Acquired);
-    }
-    entry.LabFileId = data->LabFileId;
+namespace {
+
+constexpr std::string_view kTableHead = "n;comp";
+
+CheckRow ReadCheckRow(const std::string& line) {
+    std::string_view rest = line;
+    CheckRow row;
+    TakeField(rest);
+    row.Name = LowerCase(Trim(TakeField(rest)));
+    row.MeanRF = TakeField(rest);
+    TakeField(rest);
+    row.Amount = TakeField(rest);
+    TakeField(rest);
+    TakeField(rest);
+    row.RF = TakeField(rest);
+    row.PercentD = TakeField(rest);
+    return row;
 }
 
-bool FindCheckTable(LineReader& report) {
-    report.Rewind();
-    while (!report.AtEnd()) {
-        if (BeginsWith(Trim(ReadTextLine(report)), "n;comp")) {
-            return true;
+// The rows begin on the second line below the head.
+struct TableSection {
+    CheckReport& report;
+    enum { kSearching, kRuler, kRows } state = kSearching;
+
+    void Take(const std::string& line) {
+        if (state == kRows) {
+            report.Rows.push_back(ReadCheckRow(Trim(line)));
+        } else if (state == kRuler) {
+            state = kRows;
+        } else if (BeginsWith(Trim(line), kTableHead)) {
+            report.HasTable = true;
+            state = kRuler;
         }
     }
-    return false;
-}
+};
 
-std::vector<CalibrationRecord> ReadCheckTable(LineReader& report,
-                                              const std::vector<CalibrationRecord>& rfTable) {
-    std::vector<CalibrationRecord> table;
-    FindCheckTable(report);
-    ReadTextLine(report);
-    for (const CalibrationRecord& compound : rfTable) {
-        const std::string line = Trim(ReadTextLine(report));
-        std::string_view rest = line;
-        CalibrationRecord record;
-        TakeField(rest);
-        record.Name = LowerCase(Trim(TakeField(rest)));
-        record.Type = compound.Type;
-        record.RF[kCheckMeanRF] = TakeField(rest);
-        TakeField(rest);
-        record.Amount[kCheckAmount] = TakeField(rest);
-        TakeField(rest);
-        TakeField(rest);
-        record.RF[kCheckRF] = TakeField(rest);
-        record.Amount[kCheckPercentD] = TakeField(rest);
-        table.push_back(std::move(record));
+}  // namespace
+
+CheckReport CheckReport::Read(LineReader file) {
+    constexpr int kDataFileLine = 6;
+    CheckReport report;
+    FrameReader frame(ReportKind::kCheck, report.Frame);
+    TableSection table{report};
+    StandardLines standards(2);
+    for (int number = 1; auto line = file.Next(); ++number) {
+        frame.Take(*line);
+        line->resize(FirstCharacters(*line, kMaxTextLine).size());
+        if (number == kDataFileLine) {
+            report.StandardFile = Trim(line->substr(line->find(':') + 1));
+        }
+        table.Take(*line);
+        if (const auto standard = standards.Take(*line)) {
+            report.InternalStandards[*standard] = {WholeCounts(GetField(*line, 10)),
+                                                   GetField(*line, 11)};
+        }
     }
-    return table;
+    return report;
 }
 
 }  // namespace qfr

@@ -1,18 +1,16 @@
 #include "data/CriteriaFile.h"
 
+#include <string_view>
+
 #include "platform/Text.h"
 
 namespace qfr {
 
-bool IsCriteriaTitle(std::string_view firstLine) {
-    return BeginsWith(firstLine, "rf criteria");
-}
+namespace {
 
 std::vector<RFCriterion> ReadCriteriaTable(LineReader& file) {
     std::vector<RFCriterion> criteria;
-    file.Rewind();
-    file.Next();
-    for (auto line = file.Next(); line; line = file.Next()) {
+    while (const auto line = file.Next()) {
         if (Trim(*line).empty()) {
             continue;
         }
@@ -24,6 +22,13 @@ std::vector<RFCriterion> ReadCriteriaTable(LineReader& file) {
         criteria.push_back(std::move(criterion));
     }
     return criteria;
+}
+
+}  // namespace
+
+CriteriaFile CriteriaFile::Read(LineReader file) {
+    const bool hasTitle = BeginsWith(file.NextOrEmpty(), "rf criteria");
+    return {hasTitle, ReadCriteriaTable(file)};
 }
 
 }  // namespace qfr

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "platform/LineReader.h"
@@ -16,11 +15,12 @@ struct RFCriterion {
     std::string MaximumPercentD;  // as written
 };
 
-// Whether a file that begins with this line is an RF criteria file. Blanks before the title make it
-// none.
-bool IsCriteriaTitle(std::string_view firstLine);
+struct CriteriaFile {
+    bool HasTitle = false;  // blanks before the title make it none
+    // Every line with a text after the title, in the order of the file.
+    std::vector<RFCriterion> Criteria;
 
-// Every line with a text after the title, in the order of the file.
-std::vector<RFCriterion> ReadCriteriaTable(LineReader& file);
+    static CriteriaFile Read(LineReader file);
+};
 
 }  // namespace qfr

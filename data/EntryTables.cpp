@@ -221,8 +221,8 @@ constexpr EntryRules kStandardSampleNoRules = {
     .FormTurn = 3,
     .WrongForm = CheckStandardSampleNo,
     .Leave =
-        [](Entries& entries, const Batch& batch, Messages& messages) {
-            return LeaveStandardSampleNo(entries.StandardSummary, batch, messages);
+        [](Entries& entries, const Batch& batch, Reports& reports, Messages& messages) {
+            return LeaveStandardSampleNo(entries.StandardSummary, batch, reports, messages);
         },
 };
 

@@ -14,6 +14,7 @@
 #include "data/Batch.h"
 #include "data/Entries.h"
 #include "data/EntryFault.h"
+#include "data/Reports.h"
 #include "platform/FileChooser.h"
 #include "platform/Messages.h"
 
@@ -58,7 +59,7 @@ struct EntryRules {
     // These replace what the kind says.
     bool (*Missing)(const Entries& entries) = nullptr;
     std::optional<Message> (*WrongForm)(const std::string& text) = nullptr;
-    std::optional<EntryFault> (*Leave)(Entries& entries, const Batch& batch,
+    std::optional<EntryFault> (*Leave)(Entries& entries, const Batch& batch, Reports& reports,
                                        Messages& messages) = nullptr;
 };
 

@@ -160,18 +160,19 @@ bool TFilesDlg::eventFilter(QObject* watched, QEvent* event) {
 void TFilesDlg::Take(Choice choice, const std::vector<std::string>& files) {
     owner_.Flags().Form8DataReady = false;
     const WaitCursor wait;
+    Reports reports;
     switch (choice) {
         case Choice::kLabBlank:
-            TakeLabBlank(batch_, files.front(), messages_, owner_);
+            TakeLabBlank(batch_, files.front(), reports, messages_, owner_);
             break;
         case Choice::kQuantReports:
-            AddQuantReports(batch_, files, messages_, owner_);
+            AddQuantReports(batch_, files, reports, messages_, owner_);
             break;
         case Choice::kCalReport:
-            TakeCalReport(batch_, files.front(), messages_);
+            TakeCalReport(batch_, files.front(), reports, messages_);
             break;
         case Choice::kCheckReport:
-            TakeCheckReport(batch_, files.front(), messages_);
+            TakeCheckReport(batch_, files.front(), reports, messages_);
             break;
     }
     // Also after a rejection, which may have taken the names of the library and the like, or
@@ -182,7 +183,8 @@ void TFilesDlg::Take(Choice choice, const std::vector<std::string>& files) {
 void TFilesDlg::OkButtonClick() {
     if (!batch_.SampleList) {
         const WaitCursor wait;
-        BuildSampleList(batch_);
+        Reports reports;
+        BuildSampleList(batch_, reports);
     }
     hide();
     services_.ShowMainWindow();

@@ -4,8 +4,8 @@
 #include <iterator>
 #include <utility>
 
-#include "data/CalibrationReports.h"
 #include "data/QuantReport.h"
+#include "data/ReportFrame.h"
 #include "platform/Text.h"
 
 namespace qfr {
@@ -14,35 +14,58 @@ namespace {
 
 // The files of the selection that the batch accepts, in lower case.
 std::vector<std::string> AcceptedReports(Batch& batch, const std::vector<std::string>& selection,
-                                         Messages& messages, BatchOwner& owner) {
+                                         Reports& reports, Messages& messages, BatchOwner& owner) {
     std::vector<std::string> accepted;
-    ExpectedNames expected = ExpectedNamesOf(batch.Files);
     for (const std::string& file : selection) {
-        switch (ValidateQuantReport(file, batch.Files, expected, messages)) {
-            case QuantReportVerdict::kAccepted:
-                accepted.push_back(LowerCase(file));
-                break;
-            case QuantReportVerdict::kTooManyRows:
-                if (batch.Files.QFiles.empty()) {
-                    ClearBatch(batch, owner);
-                }
-                break;
-            case QuantReportVerdict::kRejected:
-                break;
+        const auto report = reports.Read<QuantReport>(file, "");
+        auto rejection = report ? CheckReportFrame(ReportKind::kQuantitation, report->Frame,
+                                                   FileNameOnly(file), batch.Files)
+                                : std::nullopt;
+        const bool tooLong = report && !rejection && report->RowCount > kMaxCompoundRows;
+        if (tooLong) {
+            rejection = FileErrorMessage("File Compound list Error");
+        }
+        if (!rejection) {
+            accepted.push_back(LowerCase(file));
+            continue;
+        }
+        messages.Show(*rejection);
+        if (tooLong && batch.Files.QFiles.empty()) {
+            ClearBatch(batch, owner);
         }
     }
     return accepted;
 }
 
-SampleRecord NewRecord(const Batch& batch, const std::string& fileName, FileFinder& finder) {
+// Why the calibration report is not taken.
+std::optional<Message> RejectionOf(const FileContent<CalibrationReport>& report,
+                                   const std::string& baseName, FileSet& files) {
+    constexpr auto kKind = ReportKind::kCalibration;
+    const std::string expected = LowerCase(Trim(files.CalFile));
+    if (expected.empty() || LowerCase(baseName) == expected) {
+        return report ? CheckReportFrame(kKind, report->Frame, baseName, files) : std::nullopt;
+    }
+    if (!report || !HasTitleOf(kKind, report->Frame)) {
+        return NotAReportMessage(kKind, baseName);
+    }
+    return FileErrorMessage(
+        "The calibration file name must match the 'Calibration File'\n"
+        "shown on the form. Please select the proper calibration\n"
+        "file, or select new files.");
+}
+
+SampleRecord NewRecord(const Batch& batch, const std::string& fileName, Reports& reports) {
     SampleRecord record;
-    ReadSampleHeader(fileName, batch.Folder, record, finder);
+    record.FileName = LowerCase(fileName);
+    if (const auto report = reports.Read<QuantReport>(fileName, batch.Folder)) {
+        ReadSampleHeader(*report, record);
+    }
     return record;
 }
 
 // Gives each listed report its record: old records stay in their order, and an entry that is not
 // next among them gets a new record in front of that one.
-void BringSampleListIntoStep(Batch& batch) {
+void BringSampleListIntoStep(Batch& batch, Reports& reports) {
     SampleListType old = std::exchange(*batch.SampleList, {});
     SampleListType& list = *batch.SampleList;
     list.reserve(old.size() + batch.Files.QFiles.size());
@@ -50,12 +73,11 @@ void BringSampleListIntoStep(Batch& batch) {
         old.begin() + static_cast<std::ptrdiff_t>(std::min(LabBlankRecords(batch), old.size()));
     std::move(old.begin(), firstReport, std::back_inserter(list));
     auto next = firstReport;
-    FileFinder finder;
     for (const std::string& file : batch.Files.QFiles) {
         if (next != old.end() && LowerCase(file) == next->FileName) {
             list.push_back(std::move(*next++));
         } else {
-            list.push_back(NewRecord(batch, file, finder));
+            list.push_back(NewRecord(batch, file, reports));
         }
     }
     std::move(next, old.end(), std::back_inserter(list));
@@ -82,9 +104,9 @@ void RemoveAt(std::vector<Element>& elements, const std::vector<std::size_t>& po
 
 }  // namespace
 
-bool TakeLabBlank(Batch& batch, const std::string& fileName, Messages& messages,
+bool TakeLabBlank(Batch& batch, const std::string& fileName, Reports& reports, Messages& messages,
                   BatchOwner& owner) {
-    const std::vector<std::string> accepted = AcceptedReports(batch, {fileName}, messages, owner);
+    const auto accepted = AcceptedReports(batch, {fileName}, reports, messages, owner);
     if (accepted.empty()) {
         return false;
     }
@@ -93,16 +115,16 @@ bool TakeLabBlank(Batch& batch, const std::string& fileName, Messages& messages,
     if (batch.SampleList && batch.SampleList->front().FileName != batch.Files.LabBlank) {
         SampleListType& list = *batch.SampleList;
         list.erase(list.begin(), list.begin() + static_cast<std::ptrdiff_t>(oldBlankRecords));
-        FileFinder finder;
-        list.insert(list.begin(), NewRecord(batch, batch.Files.LabBlank, finder));
+        list.insert(list.begin(), NewRecord(batch, batch.Files.LabBlank, reports));
     }
-    batch.BlankHitFlags = ReadBlankHits(batch.Files.LabBlank, batch.Folder);
+    const auto blank = reports.Read<QuantReport>(batch.Files.LabBlank, batch.Folder);
+    batch.BlankHitFlags = blank ? ReadBlankHits(*blank) : std::vector<bool>();
     return true;
 }
 
-bool AddQuantReports(Batch& batch, const std::vector<std::string>& fileNames, Messages& messages,
-                     BatchOwner& owner) {
-    std::vector<std::string> accepted = AcceptedReports(batch, fileNames, messages, owner);
+bool AddQuantReports(Batch& batch, const std::vector<std::string>& fileNames, Reports& reports,
+                     Messages& messages, BatchOwner& owner) {
+    std::vector<std::string> accepted = AcceptedReports(batch, fileNames, reports, messages, owner);
     if (accepted.empty()) {
         return false;
     }
@@ -112,25 +134,52 @@ bool AddQuantReports(Batch& batch, const std::vector<std::string>& fileNames, Me
     std::sort(list.begin(), list.end());
     list.erase(std::unique(list.begin(), list.end()), list.end());
     if (batch.SampleList) {
-        BringSampleListIntoStep(batch);
+        BringSampleListIntoStep(batch, reports);
     }
     return true;
 }
 
-bool TakeCalReport(Batch& batch, const std::string& fileName, Messages& messages) {
-    if (!ValidateCalReport(fileName, batch.Files, messages)) {
+bool TakeCalReport(Batch& batch, const std::string& fileName, Reports& reports,
+                   Messages& messages) {
+    const std::string baseName = FileNameOnly(fileName);
+    const auto report = reports.Read<CalibrationReport>(fileName, "");
+    if (const auto rejection = RejectionOf(report, baseName, batch.Files)) {
+        messages.Show(*rejection);
         return false;
+    }
+    if (Trim(batch.Files.CalFile).empty()) {
+        batch.Files.CalFile = LowerCase(baseName);
     }
     batch.Files.Calib = LowerCase(fileName);
     return true;
 }
 
-bool TakeCheckReport(Batch& batch, const std::string& fileName, Messages& messages) {
-    if (!ValidateCheckReport(fileName, batch.Files, messages)) {
+bool TakeCheckReport(Batch& batch, const std::string& fileName, Reports& reports,
+                     Messages& messages) {
+    const auto report = reports.Read<CheckReport>(fileName, "");
+    if (const auto rejection = report ? CheckReportFrame(ReportKind::kCheck, report->Frame,
+                                                         FileNameOnly(fileName), batch.Files)
+                                      : std::nullopt) {
+        messages.Show(*rejection);
         return false;
     }
     batch.Files.CheckCal = LowerCase(fileName);
     return true;
+}
+
+void BuildSampleList(Batch& batch, Reports& reports) {
+    batch.SampleList.reset();
+    if (!FilesSpecified(batch)) {
+        return;
+    }
+    SampleListType& list = batch.SampleList.emplace();
+    list.reserve(batch.Files.QFiles.size() + 1);
+    if (LabBlankRecords(batch) > 0) {
+        list.push_back(NewRecord(batch, batch.Files.LabBlank, reports));
+    }
+    for (const std::string& file : batch.Files.QFiles) {
+        list.push_back(NewRecord(batch, file, reports));
+    }
 }
 
 void DeleteQuantReports(Batch& batch, const std::vector<std::size_t>& positions) {

@@ -1,9 +1,8 @@
 #include "data/QuantReport.h"
 
+#include <algorithm>
 #include <utility>
 
-#include "data/CalibrationReports.h"
-#include "data/OpenedFile.h"
 #include "platform/DateTime.h"
 #include "platform/Text.h"
 
@@ -13,29 +12,34 @@ namespace {
 
 constexpr std::string_view kTableHead = "compound#";
 
+// Fields of a row of the compound table, from 1. The CAS number is the last one.
+constexpr int kConcentrationField = 3;
+constexpr int kQualifierField = 6;
+
+// Each section takes what it needs from the report's lines, which go by once.
+
 // What follows the label of a header line; empty when the line has no such label.
 std::string AfterLastColon(std::string_view line) {
     const std::size_t colon = line.rfind(':');
     return colon == std::string_view::npos ? "" : Trim(line.substr(colon + 1));
 }
 
-void ReadAcquisitionLine(std::string_view line, SampleHeader& header) {
+void ReadAcquisitionLine(std::string_view line, QuantReport& report) {
     constexpr std::string_view kLabel = "Date:";
     const std::size_t label = line.find(kLabel);
     if (label == std::string_view::npos) {
         return;
     }
     if (const auto when = ParseDateTime(line.substr(label + kLabel.size()))) {
-        header[HeaderField::kDateAnalyzed] = FormatDateTime(*when);
+        report.Acquired = FormatDateTime(*when);
     }
 }
 
 // "Lab File ID: ABC01.D; Instrument: GCMS2"
-void ReadLabFileLine(std::string_view line, SampleHeader& header) {
+void ReadLabFileLine(std::string_view line, QuantReport& report) {
     const std::string_view first = line.substr(0, line.find(';'));
     const std::size_t idColon = first.find(':');
-    header[HeaderField::kLabFileId] =
-        idColon == std::string_view::npos ? "" : Trim(first.substr(idColon + 1));
+    report.LabFileId = idColon == std::string_view::npos ? "" : Trim(first.substr(idColon + 1));
 
     if (first.size() == line.size()) {
         return;
@@ -46,146 +50,165 @@ void ReadLabFileLine(std::string_view line, SampleHeader& header) {
         // The colon and one blank are passed over, whatever stands in the blank's place.
         std::string_view value = last.substr(colon + 1);
         value.remove_prefix(FirstCharacters(value, 1).size());
-        header[HeaderField::kInstrumentId] = value;
+        report.Instrument = value;
     }
 }
 
-void ReadHeaderLine(std::string_view line, SampleHeader& header) {
+void ReadHeaderLine(std::string_view line, QuantReport& report) {
     if (BeginsWith(line, "acquis")) {
-        ReadAcquisitionLine(line, header);
+        ReadAcquisitionLine(line, report);
     } else if (BeginsWith(line, "sample size")) {
-        header[HeaderField::kSampleWtVol] = AfterLastColon(line);
+        report.SampleSize = AfterLastColon(line);
     } else if (BeginsWith(line, "client sample")) {
-        header[HeaderField::kLabSampleId] = AfterLastColon(line);
+        report.ClientSample = AfterLastColon(line);
     } else if (BeginsWith(line, "sample id:")) {
-        header[HeaderField::kZovSampleNo] = AfterLastColon(line);
+        report.SampleId = AfterLastColon(line);
     } else if (BeginsWith(line, "lab file id")) {
-        ReadLabFileLine(line, header);
+        ReadLabFileLine(line, report);
     }
 }
 
-// The next row of the compound table; absent at its end.
-std::optional<std::string> NextRow(LineReader& report) {
-    auto row = report.Next();
-    return row && !Trim(*row).empty() ? row : std::nullopt;
+CompoundRow ReadCompoundRow(const std::string& line) {
+    std::string_view rest = line;
+    const auto take = [&rest] {
+        return std::string(FirstCharacters(TakeField(rest), kMaxCellLength));
+    };
+    CompoundRow row;
+    TakeField(rest);
+    row.Name = take();
+    row.Concentration = take();
+    TakeField(rest);
+    TakeField(rest);
+    row.Qualifier = take();
+    const std::string_view last = std::string_view(line).substr(line.rfind(';') + 1);
+    row.CasNumber = FirstCharacters(Trim(last), kMaxCellLength);
+    // On purpose: of a row that is cut short its last field is looked at.
+    row.Found = !GetField(line, kConcentrationField).starts_with('U') &&
+                !Contains(GetField(line, kQualifierField), "J");
+    return row;
 }
 
-// The message of a rejection for a header line that names one of the batch's files or a limit.
-std::optional<Message> CheckHeaderLine(const std::string& line, const std::string& baseName,
-                                       FileSet& files, ExpectedNames& expected) {
-    if (BeginsWith(line, "calib")) {
-        if (!CheckNamedFile(line, files.CalFile, expected.Calibration)) {
-            return NamedFileMessage(kCalibrationFileListed, baseName, expected.Calibration);
+// The header and the compound table.
+struct SampleSection {
+    QuantReport& report;
+    enum { kHeader, kRows, kDone } state = kHeader;
+
+    void Take(const std::string& line) {
+        if (state == kHeader) {
+            const std::string trimmed = Trim(line);
+            if (BeginsWith(trimmed, kTableHead)) {
+                state = kRows;
+            } else {
+                ReadHeaderLine(trimmed, report);
+            }
+        } else if (state == kRows) {
+            if (Trim(line).empty()) {
+                state = kDone;
+            } else if (++report.RowCount <= kMaxCompoundRows) {
+                report.Rows.push_back(ReadCompoundRow(line));
+            }
         }
-    } else if (BeginsWith(line, "compound lib")) {
-        if (!CheckNamedFile(line, files.LibFile, expected.Library)) {
-            return NamedFileMessage(kLibraryFileListed, baseName, expected.Library);
+    }
+};
+
+// Below "volatile" and one line of heads.
+struct MonitoringSection {
+    QuantReport& report;
+    enum { kSearching, kHeads, kRows, kDone } state = kSearching;
+
+    void Take(const std::string& line) {
+        if (state == kSearching && BeginsWith(line, "volatile")) {
+            report.Monitoring.emplace();
+            state = kHeads;
+        } else if (state == kHeads) {
+            state = kRows;
+        } else if (state == kRows) {
+            if (Trim(line).empty() || report.Monitoring->size() == kMaxMonitoringCompounds) {
+                state = kDone;
+            } else if (Contains(line, ";")) {
+                std::string_view rest = line;
+                TakeField(rest);
+                std::string name = LowerCase(Trim(TakeField(rest)));
+                report.Monitoring->push_back({std::move(name), Trim(TakeField(rest))});
+            }
         }
-    } else if (BeginsWith(line, "inte")) {
-        if (!CheckNamedFile(line, files.SurrFile, expected.InternalStandard)) {
-            return NamedFileMessage(kInternalStandardFileListed, baseName,
-                                    expected.InternalStandard);
+    }
+};
+
+// Below its heading and one line of heads, to the end of the report.
+struct InternalStandardSection {
+    QuantReport& report;
+    enum { kSearching, kHeads, kRows } state = kSearching;
+
+    void Take(const std::string& line) {
+        if (state == kSearching) {
+            if (LowerCase(Trim(CharacterRange(line, 11, 42))) == "internal standard data") {
+                state = kHeads;
+            }
+        } else if (state == kHeads) {
+            state = kRows;
+        } else {
+            for (std::size_t i = 0; i < InternalStandardNames.size(); ++i) {
+                if (BeginsWith(line, InternalStandardNames[i])) {
+                    report.InternalStandards[i] = {WholeCounts(GetField(line, 2)),
+                                                   GetField(line, 3)};
+                }
+            }
         }
-    } else if (Contains(line, "Limit:") && !BeginsWith(line, "crq")) {
-        return FileErrorMessage(baseName + " must be processed using the CRQL option.\n" +
-                                std::string(kNotProcessed));
+    }
+};
+
+}  // namespace
+
+QuantReport QuantReport::Read(LineReader file) {
+    QuantReport report;
+    FrameReader frame(ReportKind::kQuantitation, report.Frame);
+    SampleSection sample{report};
+    MonitoringSection monitoring{report};
+    InternalStandardSection standards{report};
+    while (const auto line = file.Next()) {
+        frame.Take(*line);
+        sample.Take(*line);
+        monitoring.Take(*line);
+        standards.Take(*line);
+    }
+    return report;
+}
+
+std::optional<std::size_t> StandardLines::Take(const std::string& line) {
+    const std::string name = LowerCase(GetField(line, nameField_));
+    for (std::size_t i = 0; i < found_.size(); ++i) {
+        if (name == InternalStandardNames[i] && !std::exchange(found_[i], true)) {
+            return i;
+        }
     }
     return std::nullopt;
 }
 
-// Reads to the line after the table head.
-std::optional<Message> CheckHeader(LineReader& report, const std::string& baseName, FileSet& files,
-                                   ExpectedNames& expected) {
-    const std::string title = report.NextOrEmpty();
-    if (!BeginsWith(title, "quant")) {
-        return NotAReportMessage(kNoQuantitationFile, baseName);
-    }
-    if (!EndsWith(TrimRight(title), kReportVersion)) {
-        return VersionMessage(baseName);
-    }
-    for (std::optional<std::string> line = title; line; line = report.Next()) {
-        if (BeginsWith(*line, kTableHead)) {
-            return std::nullopt;
-        }
-        if (auto message = CheckHeaderLine(*line, baseName, files, expected)) {
-            return message;
-        }
-    }
-    return NotAReportMessage(kNoQuantitationFile, baseName);
+std::string WholeCounts(const std::string& area) {
+    return area.substr(0, area.find('.'));
 }
 
-}  // namespace
-
-ExpectedNames ExpectedNamesOf(const FileSet& files) {
-    return {.Library = LowerCase(Trim(files.LibFile)),
-            .Calibration = LowerCase(Trim(files.CalFile)),
-            .InternalStandard = LowerCase(Trim(files.SurrFile))};
+void ReadSampleHeader(const QuantReport& report, SampleRecord& record) {
+    const std::pair<HeaderField, const std::string&> values[] = {
+        {HeaderField::kDateAnalyzed, report.Acquired},
+        {HeaderField::kSampleWtVol, report.SampleSize},
+        {HeaderField::kLabSampleId, report.ClientSample},
+        {HeaderField::kZovSampleNo, report.SampleId},
+        {HeaderField::kLabFileId, report.LabFileId},
+        {HeaderField::kInstrumentId, report.Instrument}};
+    for (const auto& [field, value] : values) {
+        record.Header[field] = value;
+    }
+    record.CompoundCount = report.RowCount;
 }
 
-QuantReportVerdict ValidateQuantReport(const std::string& fileName, FileSet& files,
-                                       ExpectedNames& expected, Messages& messages) {
-    auto report = OpenFileBeside(fileName, "");
-    if (!report) {
-        return QuantReportVerdict::kAccepted;
-    }
-    if (const auto message = CheckHeader(report->Lines, FileNameOnly(fileName), files, expected)) {
-        messages.Show(*message);
-        return QuantReportVerdict::kRejected;
-    }
-    for (int rows = 0; NextRow(report->Lines);) {
-        if (++rows > kMaxCompoundRows) {
-            messages.Show(FileErrorMessage("File Compound list Error"));
-            return QuantReportVerdict::kTooManyRows;
-        }
-    }
-    return QuantReportVerdict::kAccepted;
-}
-
-void ReadSampleHeader(const std::string& fileName, std::string_view folder, SampleRecord& record) {
-    FileFinder finder;
-    ReadSampleHeader(fileName, folder, record, finder);
-}
-
-void ReadSampleHeader(const std::string& fileName, std::string_view folder, SampleRecord& record,
-                      FileFinder& finder) {
-    record.FileName = LowerCase(fileName);
-    const auto file = finder.FindBeside(fileName, folder);
-    auto report = file ? LineReader::Open(*file) : std::nullopt;
-    if (!report) {
-        return;
-    }
-    for (auto line = report->Next(); line && !IsCompoundTableHead(*line); line = report->Next()) {
-        ReadHeaderLine(Trim(*line), record.Header);
-    }
-    for (record.CompoundCount = 0; NextRow(*report);) {
-        ++record.CompoundCount;
-    }
-}
-
-std::vector<bool> ReadBlankHits(const std::string& fileName, std::string_view folder) {
+std::vector<bool> ReadBlankHits(const QuantReport& blank) {
     std::vector<bool> hits;
-    if (auto report = OpenCompoundTable(fileName, folder)) {
-        while (const auto row = NextRow(*report)) {
-            hits.push_back(!GetField(*row, 3).starts_with('U') &&
-                           !Contains(GetField(*row, 6), "J"));
-        }
+    for (const CompoundRow& row : blank.Rows) {
+        hits.push_back(row.Found);
     }
     return hits;
-}
-
-std::optional<LineReader> OpenCompoundTable(const std::string& fileName, std::string_view folder) {
-    auto report = OpenFileBeside(fileName, folder);
-    if (!report) {
-        return std::nullopt;
-    }
-    for (auto line = report->Lines.Next(); line && !IsCompoundTableHead(*line);) {
-        line = report->Lines.Next();
-    }
-    return std::move(report->Lines);
-}
-
-bool IsCompoundTableHead(std::string_view line) {
-    return BeginsWith(Trim(line), kTableHead);
 }
 
 }  // namespace qfr

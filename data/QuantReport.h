@@ -1,59 +1,89 @@
-// Quantitation reports (*.prn) of Tallyworks 4.2: title, labelled header lines, and a compound
-// table that starts at "compound#" and ends at the first blank line.
+// Quantitation reports (*.prn) of Tallyworks 4.2: title, labelled header lines, a compound table
+// that starts at "compound#" and ends at the first blank line, the recoveries of the monitoring
+// compounds below "volatile", and the peaks below "internal standard data".
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "data/Batch.h"
-#include "platform/FileLookup.h"
+#include "data/ReportFrame.h"
 #include "platform/LineReader.h"
-#include "platform/Messages.h"
 
 namespace qfr {
 
 // A report carries at most this many compound rows.
-inline constexpr int kMaxCompoundRows = 301;
+inline constexpr std::int32_t kMaxCompoundRows = 301;
+inline constexpr std::size_t kMaxMonitoringCompounds = 21;
+// No laboratory's compound library has longer texts; what a cell of the compound table holds beyond
+// is cut (characters).
+inline constexpr std::size_t kMaxCellLength = 400;
 
-enum class QuantReportVerdict {
-    kAccepted,
-    kRejected,     // the message was shown; the report is to be left out
-    kTooManyRows,  // as kRejected, and an otherwise empty batch is to be cleared
+// One row of the compound table, as written.
+struct CompoundRow {
+    std::string Name;
+    std::string Concentration;  // begins with "U" when the compound was not detected
+    std::string Qualifier;
+    std::string CasNumber;
+    bool Found = false;  // detected, and not an estimate
 };
 
-// The file names that the reports of one batch must agree on, lower case and trimmed.
-struct ExpectedNames {
-    std::string Library;
-    std::string Calibration;
-    std::string InternalStandard;
+struct MonitoringCompound {
+    std::string Name;      // lower case
+    std::string Recovery;  // percent
 };
-ExpectedNames ExpectedNamesOf(const FileSet& files);
 
-// Checks one report before it enters the batch and shows the message of a rejection. A file that
-// cannot be opened is accepted. An empty name in `files` takes the report's (and so does
-// `expected`), also when the report is rejected at a later line.
-QuantReportVerdict ValidateQuantReport(const std::string& fileName, FileSet& files,
-                                       ExpectedNames& expected, Messages& messages);
+struct PeakData {
+    std::string Area;           // counts, decimals cut off
+    std::string RetentionTime;  // minutes, as written
+};
+// Slots as in InternalStandardNames. A standard that the report lacks is empty.
+using InternalStandardPeaks = std::array<PeakData, InternalStandardNames.size()>;
 
-// Fills a new record from the report's header and counts its compound rows. `folder` is where a
-// report that is not at its name is looked for. A file that cannot be opened leaves the record's
-// defaults (and sets its FileName).
-void ReadSampleHeader(const std::string& fileName, std::string_view folder, SampleRecord& record);
-// The same for many reports in a row.
-void ReadSampleHeader(const std::string& fileName, std::string_view folder, SampleRecord& record,
-                      FileFinder& finder);
+// Finds the first line of each internal standard among the lines of a report.
+class StandardLines {
+  public:
+    // `nameField`: the field of a line that gives its name, from 1.
+    explicit StandardLines(int nameField) : nameField_(nameField) {}
+    // Which standard's line this is; absent for every other line.
+    std::optional<std::size_t> Take(const std::string& line);
 
-// Which compounds the lab blank contains, one flag per compound row: detected, and not an estimate.
-std::vector<bool> ReadBlankHits(const std::string& fileName, std::string_view folder);
+  private:
+    int nameField_;
+    std::array<bool, InternalStandardNames.size()> found_{};
+};
 
-// The report opened on the line after its table head; absent when it cannot be opened. A report
-// without a table head is left at its end.
-std::optional<LineReader> OpenCompoundTable(const std::string& fileName, std::string_view folder);
+struct QuantReport {
+    ReportFrame Frame;
 
-// Whether the line, trimmed, is the head of a compound table.
-bool IsCompoundTableHead(std::string_view line);
+    // The header; what it lacks is empty.
+    std::string Acquired;  // "mm/dd/yyyy hh:nn"
+    std::string SampleSize;
+    std::string ClientSample;
+    std::string SampleId;
+    std::string LabFileId;
+    std::string Instrument;
+
+    std::vector<CompoundRow> Rows;  // the first kMaxCompoundRows
+    std::int32_t RowCount = 0;      // of the table
+    // The first kMaxMonitoringCompounds; absent when the report has no such section.
+    std::optional<std::vector<MonitoringCompound>> Monitoring;
+    InternalStandardPeaks InternalStandards;
+
+    static QuantReport Read(LineReader file);
+};
+
+// Areas are reported with decimals that nobody counts.
+std::string WholeCounts(const std::string& area);
+
+// Fills a new record from the report.
+void ReadSampleHeader(const QuantReport& report, SampleRecord& record);
+
+// Which compounds the lab blank contains, one flag per compound row.
+std::vector<bool> ReadBlankHits(const QuantReport& blank);
 
 }  // namespace qfr

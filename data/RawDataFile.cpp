@@ -1,6 +1,5 @@
 #include "data/RawDataFile.h"
 
-#include "data/OpenedFile.h"
 #include "platform/Text.h"
 
 namespace qfr {
@@ -13,23 +12,20 @@ bool RawDataFile::HasTitle() const {
     return BeginsWith(Title, "data file");
 }
 
-std::optional<RawDataFile> ReadRawDataFile(std::string_view name, std::string_view folder,
-                                           std::size_t maxLine) {
-    auto file = OpenFileBeside(name, folder);
-    if (!file) {
-        return std::nullopt;
-    }
-    const auto title = file->Lines.Next();
-    const auto acquired = file->Lines.Next();
-    const auto path = file->Lines.Next();
-    const auto cut = [maxLine](const std::optional<std::string>& line) {
-        return std::string(FirstCharacters(line ? *line : std::string_view(), maxLine));
-    };
+std::optional<DateTime> RawDataFile::Acquired(std::size_t maxLine) const {
+    return ParseDateTime(FirstCharacters(AcquiredLine, maxLine));
+}
+
+std::string RawDataFile::LabFileId(std::size_t maxLine) const {
+    return FileNameOnly(FirstCharacters(PathLine, maxLine));
+}
+
+RawDataFile RawDataFile::Read(LineReader file) {
     RawDataFile data;
-    data.Title = cut(title);
-    data.Acquired = ParseDateTime(cut(acquired));
-    data.LabFileId = FileNameOnly(cut(path));
-    data.Whole = path.has_value();
+    data.Title = ReadTextLine(file);
+    data.AcquiredLine = ReadTextLine(file);
+    data.Whole = !file.AtEnd();
+    data.PathLine = ReadTextLine(file);
     return data;
 }
 

@@ -1,10 +1,8 @@
 #include "data/RecoveryRanges.h"
 
 #include <cstdint>
-#include <filesystem>
 
-#include "data/OpenedFile.h"
-#include "platform/LineReader.h"
+#include "data/Reports.h"
 #include "platform/Numbers.h"
 #include "platform/Text.h"
 
@@ -12,57 +10,43 @@ namespace qfr {
 
 namespace {
 
-constexpr std::string_view kTitle = "recovery ranges";
 constexpr char kFileEdit[] = "FileEdit";
 
-std::optional<RecoveryRange> ReadRange(std::string_view line, RecoveryLimits limits) {
-    RecoveryRange range;
-    range.Name = Trim(TakeField(line));
-    for (int kind = 1; kind <= static_cast<int>(limits); ++kind) {
+// Adds the line's range of each kind; from the first kind that has none on, all are absent.
+void AddRanges(std::string_view line, RecoveryRangesFile& ranges) {
+    const std::string name = Trim(TakeField(line));
+    bool complete = true;
+    for (auto& kind : ranges.Kinds) {
         const std::optional<double> low = ParseNumber(TakeField(line));
         // The last limit is the rest of the line: a ";" after it makes it no number.
-        const bool last = kind == static_cast<int>(RecoveryLimits::kOil);
+        const bool last = &kind == &ranges.Kinds.back();
         const std::optional<double> high = last ? ParseNumber(line) : ParseNumber(TakeField(line));
-        if (!low || !high) {
-            return std::nullopt;
+        complete = complete && low && high;
+        if (!complete) {
+            kind.reset();
+        } else if (kind) {
+            kind->push_back({name, *low, *high});
         }
-        range.Low = *low;
-        range.High = *high;
     }
-    return range;
-}
-
-std::optional<std::vector<RecoveryRange>> ReadRanges(LineReader& file, RecoveryLimits limits) {
-    file.NextOrEmpty();
-    const std::optional<std::int32_t> count = ParseInteger(file.NextOrEmpty());
-    if (!count || *count < 0) {
-        return std::nullopt;
-    }
-    std::vector<RecoveryRange> ranges;
-    for (std::int32_t i = 0; i < *count; ++i) {
-        const std::optional<std::string> line = file.Next();
-        std::optional<RecoveryRange> range = line ? ReadRange(*line, limits) : std::nullopt;
-        if (!range) {
-            return std::nullopt;
-        }
-        ranges.push_back(*std::move(range));
-    }
-    return ranges;
 }
 
 }  // namespace
 
-std::optional<std::vector<RecoveryRange>> LoadRecoveryRanges(std::string_view fileName,
-                                                             std::string_view folder,
-                                                             RecoveryLimits limits,
-                                                             Messages& messages) {
-    std::optional<std::vector<RecoveryRange>> ranges;
-    if (auto file = OpenFileBeside(Trim(fileName), folder)) {
-        ranges = ReadRanges(file->Lines, limits);
+RecoveryRangesFile RecoveryRangesFile::Read(LineReader file) {
+    RecoveryRangesFile ranges;
+    ranges.HasTitle = BeginsWith(file.NextOrEmpty(), "recovery ranges");
+    const std::optional<std::int32_t> count = ParseInteger(file.NextOrEmpty());
+    if (!count || *count < 0) {
+        return ranges;
     }
-    if (!ranges) {
-        messages.Show({FileNameOnly(fileName) + " could not be read as a recovery ranges file.",
-                       kIncorrectFileTypeTitle});
+    ranges.Kinds.fill(std::vector<RecoveryRange>());
+    for (std::int32_t i = 0; i < *count; ++i) {
+        const std::optional<std::string> line = file.Next();
+        if (!line) {
+            ranges.Kinds.fill(std::nullopt);
+            break;
+        }
+        AddRanges(*line, ranges);
     }
     return ranges;
 }
@@ -82,8 +66,8 @@ const RecoveryRange* FindRange(const std::vector<RecoveryRange>& ranges,
 }
 
 std::optional<EntryFault> CheckRangesFile(const std::string& fileName) {
-    auto file = OpenFileBeside(fileName, "");
-    if (file && BeginsWith(file->Lines.NextOrEmpty(), kTitle)) {
+    if (const auto file = Reports().Read<RecoveryRangesFile>(fileName, "");
+        file && file->HasTitle) {
         return std::nullopt;
     }
     return EntryFault{{fileName + " is not a recovery ranges file.\nPlease select another file.",

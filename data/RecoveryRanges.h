@@ -3,6 +3,7 @@
 // a line: name and three pairs of limits in percent, with ";" between.
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,7 +11,7 @@
 
 #include "data/Entries.h"
 #include "data/EntryFault.h"
-#include "platform/Messages.h"
+#include "platform/LineReader.h"
 
 namespace qfr {
 
@@ -21,14 +22,19 @@ struct RecoveryRange {
     bool operator==(const RecoveryRange&) const = default;
 };
 
-// The limits of the chosen kind, in file order. A file that is not at its name is looked for in
-// `folder`. Absent after the message that the file could not be read: it cannot be opened, its
-// count is no number from 0 up, it has fewer lines than that, or a limit up to the chosen kind is
-// no number.
-std::optional<std::vector<RecoveryRange>> LoadRecoveryRanges(std::string_view fileName,
-                                                             std::string_view folder,
-                                                             RecoveryLimits limits,
-                                                             Messages& messages);
+struct RecoveryRangesFile {
+    bool HasTitle = false;
+    // The ranges of each kind, in the order of RecoveryLimits and of the file. A kind is absent
+    // when the count is no number from 0 up, the file has fewer lines than that, or a limit up to
+    // this kind is no number.
+    std::array<std::optional<std::vector<RecoveryRange>>, 3> Kinds;
+
+    const std::optional<std::vector<RecoveryRange>>& Of(RecoveryLimits limits) const {
+        return Kinds.at(static_cast<std::size_t>(limits) - 1);
+    }
+
+    static RecoveryRangesFile Read(LineReader file);
+};
 
 // The first range of that name, its case and the blanks around it ignored; null without one. A
 // compound without a name has no range.

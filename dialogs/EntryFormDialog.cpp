@@ -171,7 +171,7 @@ std::optional<EntryFault> EntryFormDialog::Leave(const QWidget& control) {
             if (!field.Rules.Leave) {
                 return CheckLeft(entry_.table, field, item, entries);
             }
-            auto fault = field.Rules.Leave(entries, host_.Batch(), host_);
+            auto fault = field.Rules.Leave(entries, host_.Batch(), host_.Reports(), host_);
             ShowEntries();
             return fault;
         }
@@ -282,8 +282,7 @@ TInitCalInput::TInitCalInput(FormHost& host, WindowServices& services, QWidget* 
 void TInitCalInput::Prepare() {
     for (int level = 1; level <= kMaxLevels; ++level) {
         for (const char* const name : {"NumberLabel", "CalFileEdit", "BrowseButton"}) {
-            Get<QWidget>(name + std::to_string(level))
-                .setVisible(level <= Host().Calibration().LevelCount);
+            Get<QWidget>(name + std::to_string(level)).setVisible(level <= Host().LevelCount());
         }
     }
     adjustSize();

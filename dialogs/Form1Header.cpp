@@ -10,8 +10,7 @@
 
 #include "data/LabFiles.h"
 #include "dialogs/EntryDialogs.h"
-#include "forms/Form1Tic.h"
-#include "forms/Form1Voa.h"
+#include "forms/FormDrivers.h"
 #include "platform/DateTime.h"
 #include "platform/FileLookup.h"
 #include "platform/Text.h"
@@ -412,6 +411,7 @@ void TForm1Header::PrintButtonClick() {
         return;
     }
     const WaitCursor wait;
+    host_.BeginRun();
     host_.Page().testPrinter();
     if (ui_->EnterButton->isEnabled()) {
         PrintFormITic(host_, currentRecord_);

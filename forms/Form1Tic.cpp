@@ -1,10 +1,10 @@
-#include "forms/Form1Tic.h"
-
 #include <cmath>
 #include <string>
 #include <string_view>
 
+#include "forms/Form1TicContent.h"
 #include "forms/Form1Voa.h"
+#include "forms/FormDrivers.h"
 
 namespace qfr {
 
@@ -136,6 +136,15 @@ bool PrintPageBody(Page& page, const TicListType& entries, std::size_t& entry) {
     return done;
 }
 
+// True for the last page.
+bool PrintPage(Page& page, const Form1TicContent& content, std::size_t& entry) {
+    page.PrintSampleNoBox(content.SampleNo);
+    PrintFormIVoaHeader(page, content);
+    PrintHeaderOverlay(page, content.Header);
+    PrintTableHead(page);
+    return PrintPageBody(page, content.Entries, entry);
+}
+
 }  // namespace
 
 void PrintFormITic(FormHost& host, std::size_t record) {
@@ -145,24 +154,11 @@ void PrintFormITic(FormHost& host, std::size_t record) {
             {"There are no TIC compounds listed\nfor this sample.", "TIC Compounds Not Entered"});
         return;
     }
-    const std::string& sampleNo = sample.Header[HeaderField::kZovSampleNo];
-    Page& page = host.Page();
-    TPrinter& printer = page.Printer();
-    page.SetupPage();
-    printer.Title = "Form 1 TIC " + sampleNo;
-    printer.BeginDoc();
+    const Form1TicContent content = BuildForm1TicContent(sample);
+    host.Page().SetupPage();
     std::size_t entry = 0;
-    for (bool done = false; !done;) {
-        page.PrintSampleNoBox(sampleNo);
-        PrintFormIVoaHeader(page, sample.Header);
-        PrintHeaderOverlay(page, sample.Header);
-        PrintTableHead(page);
-        done = PrintPageBody(page, *sample.TicList, entry);
-        if (!done) {
-            printer.NewPage();
-        }
-    }
-    printer.EndDoc();
+    host.Page().PrintDocument("Form 1 TIC " + content.SampleNo,
+                              [&](Page& page) { return PrintPage(page, content, entry); });
 }
 
 }  // namespace qfr

@@ -1,14 +1,11 @@
-#include "forms/Form2.h"
-
 #include <algorithm>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "data/MonitoringRecoveries.h"
-#include "data/RecoveryRanges.h"
+#include "forms/Form2Content.h"
+#include "forms/FormDrivers.h"
 #include "forms/SampleRows.h"
-#include "platform/Numbers.h"
 
 namespace qfr {
 
@@ -25,22 +22,6 @@ constexpr double kColumnWidth = 0.8;
 constexpr SampleRows kRows{
     .left = kLeft, .right = kRight, .numberX = 0.65, .numberDown = 0.025, .gap = 0.05};
 
-// What one print job shows.
-struct RecoveryTable {
-    std::size_t sampleCount = 0;
-    std::vector<MonitoringRecoveries> records;  // of the samples whose report was there
-    std::vector<RecoveryRange> ranges;
-
-    // All records are taken to list the compounds of the first.
-    std::size_t CompoundCount() const {
-        return records.empty() ? 0 : records.front().Recoveries.size();
-    }
-    std::string Name(std::size_t compound) const {
-        const auto& names = records.front().Names;
-        return compound < names.size() ? names[compound] : std::string();
-    }
-};
-
 std::size_t FirstCompound(const Page& page) {
     return (page.FormLetterIndex - std::size_t{1}) * kColumnsPerPage;
 }
@@ -49,18 +30,17 @@ double ColumnX(double x, std::size_t column) {
     return x + kColumnWidth * static_cast<double>(column);
 }
 
-std::string CompoundNumber(std::size_t compound) {
-    return "VMC" + std::to_string(compound + 1);
-}
+constexpr FieldPlace<Form2Content> kHeaderFields[] = {
+    {"Level: (TRACE/MED/LOW)", HeaderField::kLevel, 0.9, 1.975, 1.25},
+};
 
-void PrintHeader(Page& page, const SampleHeader& header) {
+void PrintHeader(Page& page, const Form2Content& content) {
     page.TextOutInch("2" + Page::FormLetter(page.FormLetterIndex) + " - FORM II VOA-" +
                          std::to_string(page.PageNo),
                      3.6, 0.7);
     page.TextOutCentred("VOLATILE MONITORING COMPOUND RECOVERY", 4.25, 0.85);
-    page.PrintLabRows(header, 1.425);
-    page.PrintLabelledField("Level: (TRACE/MED/LOW)", header[HeaderField::kLevel], 0.9, 1.975,
-                            1.25);
+    page.PrintLabRows(content, 1.425);
+    page.PrintFields(content, kHeaderFields);
     page.PrintPageFooter();
 }
 
@@ -77,30 +57,28 @@ void PrintHeads(Page& page) {
     }
 }
 
-void PrintSample(Page& page, const RecoveryTable& table, const MonitoringRecoveries& record,
-                 double y) {
+void PrintSample(Page& page, const Form2Content::Sample& sample, double y) {
     page.Canvas().Font.Size = 8;
-    page.TextOutInch(record.SampleNo, 1.0, y);
+    page.TextOutInch(sample.SampleNo, 1.0, y);
     const std::size_t first = FirstCompound(page);
-    const std::size_t count = record.Recoveries.size();
+    const std::size_t count = sample.Recoveries.size();
     for (std::size_t k = 0; k < kColumnsPerPage && first + k < count; ++k) {
-        const std::string& recovery = record.Recoveries[first + k];
-        page.TextOutRight(recovery, ColumnX(2.45, k), y);
-        page.TextOutInch(RecoveryFlag(table.Name(first + k), recovery, table.ranges),
-                         ColumnX(2.65, k), y);
+        const Form2Content::Recovery& recovery = sample.Recoveries[first + k];
+        page.TextOutRight(recovery.Percent, ColumnX(2.45, k), y);
+        page.TextOutInch(recovery.Flag, ColumnX(2.65, k), y);
     }
     page.Canvas().Font.Size = 10;
 }
 
-// Prints the page's rows from `row` on and returns the bottom of the table.
-double PrintRows(Page& page, const RecoveryTable& table, std::size_t& row) {
+// Returns the bottom of the table.
+double PrintRows(Page& page, const std::vector<Form2Content::Sample>& samples) {
     const double h = page.TextHeightInch();
     const std::size_t end = static_cast<std::size_t>(page.PageNo) * kRowsPerPage;
     double y = kRowsTop + 2 * h;
-    for (; row < end; ++row) {
+    for (std::size_t row = end - kRowsPerPage; row < end; ++row) {
         PrintRowNumber(page, kRows, row + 1, y);
-        if (row < table.records.size()) {
-            PrintSample(page, table, table.records[row], y + 0.04);
+        if (row < samples.size()) {
+            PrintSample(page, samples[row], y + 0.04);
         }
         EndRow(page, kRows, h, y);
     }
@@ -111,24 +89,17 @@ double PrintRows(Page& page, const RecoveryTable& table, std::size_t& row) {
     return y;
 }
 
-std::string LimitsText(const RecoveryRange* range) {
-    return range == nullptr
-               ? std::string()
-               : "(" + FormatShortest(range->Low) + "-" + FormatShortest(range->High) + ")";
-}
-
-void PrintLegend(Page& page, const RecoveryTable& table, double y) {
+void PrintLegend(Page& page, const std::vector<Form2Content::Compound>& compounds, double y) {
     page.Canvas().Font.Size = 8;
     const double h = page.TextHeightInch() + 0.005;
     const std::string_view limits = "QC LIMITS";
     page.PrintLabelledField("", limits, 5.9, y, page.TextWidthInch(limits));
     y += 0.012;
     const std::size_t first = FirstCompound(page);
-    const std::size_t last = std::min(first + kColumnsPerPage, table.CompoundCount());
-    for (std::size_t compound = first; compound < last; ++compound) {
-        const std::string name = table.Name(compound);
-        page.TextOutInch(CompoundNumber(compound) + " = " + name, 1.0, y);
-        page.TextOutInch(LimitsText(FindRange(table.ranges, name)), 6.1, y);
+    const std::size_t last = std::min(first + kColumnsPerPage, compounds.size());
+    for (std::size_t i = first; i < last; ++i) {
+        page.TextOutInch(compounds[i].Number + " = " + compounds[i].Name, 1.0, y);
+        page.TextOutInch(compounds[i].Limits, 6.1, y);
         y += h;
     }
     y += h;
@@ -138,55 +109,58 @@ void PrintLegend(Page& page, const RecoveryTable& table, double y) {
     page.Canvas().Font.Size = 10;
 }
 
-// All pages of the compounds whose columns stand side by side.
-void PrintColumnPage(Page& page, const RecoveryTable& table, const SampleHeader& header) {
-    page.PageNo = 1;
-    // On purpose: 30 samples fill one page that says "of 2".
-    page.PageCount = static_cast<std::int32_t>(table.sampleCount / kRowsPerPage + 1);
-    for (std::size_t row = 0; row < table.sampleCount;) {
-        PrintHeader(page, header);
-        PrintHeads(page);
-        const double bottom = PrintRows(page, table, row);
-        PrintLegend(page, table, bottom + 0.25);
-        // On purpose: the last page, too, is followed by a page break.
-        page.Printer().NewPage();
-        ++page.PageNo;
+// A page of the job: which compounds, from 1 by their letter, and which of their pages, from 1.
+struct Sheet {
+    std::uint8_t letter;
+    std::int32_t number;
+};
+
+// On purpose: the job opens with an empty page, and the pages of each letter are followed by one.
+std::vector<std::optional<Sheet>> SheetsOf(const Form2Content& content) {
+    const std::size_t compounds = std::max<std::size_t>(content.Compounds.size(), 1);
+    const std::size_t letters = (compounds - 1) / kColumnsPerPage + 1;
+    const std::size_t pages = (content.SampleCount - 1) / kRowsPerPage + 1;
+    std::vector<std::optional<Sheet>> sheets = {std::nullopt};
+    for (std::size_t letter = 1; letter <= letters; ++letter) {
+        for (std::size_t number = 1; number <= pages; ++number) {
+            sheets.push_back(
+                Sheet{static_cast<std::uint8_t>(letter), static_cast<std::int32_t>(number)});
+        }
+        sheets.emplace_back();
     }
+    return sheets;
+}
+
+void PrintSheet(Page& page, const Form2Content& content, const Sheet& sheet) {
+    page.FormLetterIndex = sheet.letter;
+    page.PageNo = sheet.number;
+    // On purpose: 30 samples fill one page that says "of 2".
+    page.PageCount = static_cast<std::int32_t>(content.SampleCount / kRowsPerPage + 1);
+    PrintHeader(page, content);
+    PrintHeads(page);
+    PrintLegend(page, content.Compounds, PrintRows(page, content.Samples) + 0.25);
 }
 
 }  // namespace
 
 void Form2MCRClick(FormHost& host) {
-    const std::optional<std::size_t> headerRecord = CheckFormPreconditions(host, "Form 2");
-    if (!headerRecord || !host.ShowEntryDialog(EntryDialog::kRecoveryRanges, *headerRecord)) {
+    const auto record = CheckAndAsk(host, "Form 2", EntryDialog::kRecoveryRanges);
+    if (!record) {
         return;
     }
-    const Batch& batch = host.Batch();
-    const RangesEntry& entry = host.Entries().Ranges;
-    auto ranges = LoadRecoveryRanges(entry.FileName, batch.Folder, entry.Limits, host);
-    if (!ranges) {
+    const auto content =
+        BuildForm2Content(host.Batch(), *record, host.Entries().Ranges, host.Reports(), host);
+    if (!content) {
         return;
     }
-    const RecoveryTable table{batch.SampleList->size(), LoadMonitoringRecoveries(batch, host),
-                              *std::move(ranges)};
-    const SampleHeader& header = (*batch.SampleList)[*headerRecord].Header;
-    Page& page = host.Page();
-    TPrinter& printer = page.Printer();
-    page.testPrinter();
-    printer.Title = "Form 2";
-    printer.BeginDoc();
-    // On purpose: the job opens with an empty page.
-    printer.NewPage();
-    const std::size_t compounds = std::max<std::size_t>(table.CompoundCount(), 1);
-    const std::size_t columnPages = (compounds - 1) / kColumnsPerPage + 1;
-    for (std::size_t columnPage = 1; columnPage <= columnPages; ++columnPage) {
-        page.FormLetterIndex = static_cast<std::uint8_t>(columnPage);
-        PrintColumnPage(page, table, header);
-        if (columnPage < columnPages) {
-            printer.NewPage();
+    const std::vector<std::optional<Sheet>> sheets = SheetsOf(*content);
+    auto sheet = sheets.begin();
+    host.Page().PrintDocument("Form 2", [&](Page& page) {
+        if (*sheet) {
+            PrintSheet(page, *content, **sheet);
         }
-    }
-    printer.EndDoc();
+        return ++sheet == sheets.end();
+    });
 }
 
 }  // namespace qfr

@@ -1,20 +1,16 @@
-#include "forms/Form5.h"
-
 #include <optional>
 #include <string_view>
 
 #include "data/EntryChecks.h"
 #include "data/TuneRules.h"
+#include "forms/Form5Content.h"
+#include "forms/FormDrivers.h"
 #include "forms/SampleChecks.h"
 #include "forms/SampleRows.h"
-#include "platform/Numbers.h"
-#include "platform/Text.h"
 
 namespace qfr {
 
 namespace {
-
-using TuneValues = std::array<std::string, TuneEntry::kIons>;
 
 constexpr std::size_t kRowsPerPage = 22;
 constexpr double kIonsTop = 2.8;
@@ -24,6 +20,16 @@ constexpr double kIonColumnLines[] = {0.9, 1.5, 5.25, 7.6};
 constexpr double kSampleColumnLines[] = {1.25, 2.5, 3.75, 5.0, 6.25, 7.25};
 constexpr SampleRows kRows{
     .left = 1.25, .right = 7.25, .numberX = 1.05, .numberDown = 0.0125, .gap = 0.025};
+
+// Below the laboratory rows.
+constexpr FieldPlace<Form5Content> kHeaderFields[] = {
+    {"Lab File ID:", &Form5Content::LabFileId, 0.9, 2.075, 2.2},
+    {"BFB Injection Date:", &Form5Content::InjectionDate, 4.8, 2.075, 1.5},
+    {"Instrument ID:", HeaderField::kInstrumentId, 0.9, 2.35, 2.05},
+    {"BFB Injection Time:", &Form5Content::InjectionTime, 4.8, 2.35, 1.5},
+    {"GC Column:", HeaderField::kGcColumn, 0.9, 2.625, 1.0},
+    {"ID:", HeaderField::kColumnId, 2.85, 2.625, 0.725, "(mm)", 3.95},
+};
 
 constexpr ColumnHead kSampleHeads[] = {{1.875, "ZOV", "SAMPLE NO."},
                                        {3.125, "LAB", "SAMPLE ID."},
@@ -53,21 +59,15 @@ double HeadHeight(Page& page) {
     return 2 * page.TextHeightInch() + 0.0375;
 }
 
-void PrintForm5Header(Page& page, const SampleHeader& header, const TuneEntry& tune) {
+void PrintForm5Header(Page& page, const Form5Content& content) {
     const int number = page.Printer().PageNumber();
     page.TextOutInch("5" + Page::FormLetter(number) + " - FORM V VOA-" + std::to_string(number),
                      3.6, 0.7);
     page.TextOutCentred("VOLATILE ORGANIC INSTRUMENT", 4.25, 0.85);
     page.TextOutCentred("PERFORMANCE CHECK", 4.25, 1.0);
     page.TextOutCentred("BROMOFLUOROBENZENE (BFB)", 4.25, 1.15);
-    page.PrintLabRows(header, 1.525);
-    page.PrintLabelledField("Lab File ID:", tune.LabFileId, 0.9, 2.075, 2.2);
-    page.PrintLabelledField("BFB Injection Date:", tune.InjectionDate, 4.8, 2.075, 1.5);
-    page.PrintLabelledField("Instrument ID:", header[HeaderField::kInstrumentId], 0.9, 2.35, 2.05);
-    page.PrintLabelledField("BFB Injection Time:", tune.InjectionTime, 4.8, 2.35, 1.5);
-    page.PrintLabelledField("GC Column:", header[HeaderField::kGcColumn], 0.9, 2.625, 1.0);
-    page.PrintLabelledField("ID:", header[HeaderField::kColumnId], 2.85, 2.625, 0.725);
-    page.TextOutInch("(mm)", 3.95, 2.625 + page.FontHeightInch());
+    page.PrintLabRows(content, 1.525);
+    page.PrintFields(content, kHeaderFields);
     page.TextOutInch("*   Value is outside acceptance criteria", 1.0, 9.6);
     page.PageNo = number;
     page.PrintPageFooter();
@@ -96,7 +96,7 @@ void PrintIonValue(Page& page, std::string_view footnote, const std::string& val
 }
 
 // Returns the bottom of the table.
-double PrintIonAbundanceTable(Page& page, const TuneValues& values) {
+double PrintIonAbundanceTable(Page& page, const std::array<std::string, TuneEntry::kIons>& values) {
     PrintIonHeads(page);
     const double h = page.TextHeightInch();
     const double gap = 0.0125;
@@ -131,18 +131,17 @@ double PrintSampleHeads(Page& page, double top) {
     return rowsTop;
 }
 
-void PrintSample(Page& page, const SampleHeader& sample, DateTime injection, double y) {
-    const std::string analyzed = PrintableDate(sample[HeaderField::kDateAnalyzed]);
+void PrintSample(Page& page, const Form5Content::Sample& sample, double y) {
     const double textY = y + 0.0225;
-    page.TextOutInch(sample[HeaderField::kZovSampleNo], 1.35, textY);
-    page.TextOutInch(sample[HeaderField::kLabSampleId], 2.6, textY);
-    page.TextOutInch(sample[HeaderField::kLabFileId], 3.85, textY);
-    page.TextOutInch(CharacterRange(analyzed, 1, 10), 5.1, textY);
-    page.TextOutInch(CharacterRange(analyzed, 12, 27), 6.35, textY);
-    page.TextOutInch(TwelveHourFlag(analyzed, injection), 7.05, y + 0.04);
+    page.TextOutInch(sample.SampleNo, 1.35, textY);
+    page.TextOutInch(sample.LabSampleId, 2.6, textY);
+    page.TextOutInch(sample.LabFileId, 3.85, textY);
+    page.TextOutInch(sample.DateAnalyzed, 5.1, textY);
+    page.TextOutInch(sample.TimeAnalyzed, 6.35, textY);
+    page.TextOutInch(sample.Flag, 7.05, y + 0.04);
 }
 
-void PrintTuneSampleRows(Page& page, const SampleListType& samples, DateTime injection, double y,
+void PrintTuneSampleRows(Page& page, const std::vector<Form5Content::Sample>& samples, double y,
                          std::size_t& row) {
     const double h = page.TextHeightInch();
     const double top = y - HeadHeight(page);
@@ -150,7 +149,7 @@ void PrintTuneSampleRows(Page& page, const SampleListType& samples, DateTime inj
     for (; row < end; ++row) {
         PrintRowNumber(page, kRows, row + 1, y);
         if (row < samples.size()) {
-            PrintSample(page, samples[row].Header, injection, y);
+            PrintSample(page, samples[row], y);
         }
         EndRow(page, kRows, h, y);
     }
@@ -159,14 +158,26 @@ void PrintTuneSampleRows(Page& page, const SampleListType& samples, DateTime inj
     }
 }
 
+// True for the last page.
+bool PrintPage(Page& page, const Form5Content& content, std::size_t& row) {
+    // On purpose: 22 samples fill one page that says "of 2".
+    page.PageCount = static_cast<std::int32_t>(content.Samples.size() / kRowsPerPage + 1);
+    page.PrintSampleNoBox(content.SampleNo);
+    PrintForm5Header(page, content);
+    const double bottom = PrintIonAbundanceTable(page, content.Abundances);
+    const double rowsTop = PrintSampleHeads(page, bottom + 0.25);
+    PrintTuneSampleRows(page, content.Samples, rowsTop, row);
+    return row >= content.Samples.size();
+}
+
 }  // namespace
 
 void Form5IPCClick(FormHost& host) {
     if (!LabBlankSpecified(host)) {
         return;
     }
-    const std::optional<std::size_t> headerRecord = CheckFormPreconditions(host, "Form 5");
-    if (!headerRecord || !host.ShowEntryDialog(EntryDialog::kTune, *headerRecord)) {
+    const auto record = CheckAndAsk(host, "Form 5", EntryDialog::kTune);
+    if (!record) {
         return;
     }
     const TuneEntry& tune = host.Entries().Tune;
@@ -178,38 +189,11 @@ void Form5IPCClick(FormHost& host) {
     if (!AnalysisDatesReadable(host, 0)) {
         return;
     }
-    const TuneValues values = FlagTuneValues(tune);
-    const SampleListType& samples = *host.Batch().SampleList;
-    const SampleHeader& header = samples[*headerRecord].Header;
-    Page& page = host.Page();
-    TPrinter& printer = page.Printer();
-    page.testPrinter();
-    printer.Title = "Form 5 " + tune.SampleNo;
-    printer.BeginDoc();
-    // On purpose: 22 samples fill one page that says "of 2".
-    page.PageCount = static_cast<std::int32_t>(samples.size() / kRowsPerPage + 1);
-    for (std::size_t row = 0;;) {
-        page.PrintSampleNoBox(tune.SampleNo);
-        PrintForm5Header(page, header, tune);
-        const double bottom = PrintIonAbundanceTable(page, values);
-        const double rowsTop = PrintSampleHeads(page, bottom + 0.25);
-        PrintTuneSampleRows(page, samples, *injection, rowsTop, row);
-        if (row >= samples.size()) {
-            break;
-        }
-        printer.NewPage();
-    }
-    printer.EndDoc();
-}
-
-TuneValues FlagTuneValues(const TuneEntry& tune) {
-    TuneValues values;
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        const std::optional<double> abundance = ParseNumber(tune.Abundances[i]);
-        const bool outside = abundance && !kTuneIons[i].Accepts(*abundance);
-        values[i] = tune.Abundances[i] + (outside ? "  *" : "    ");
-    }
-    return values;
+    const Form5Content content =
+        BuildForm5Content(*host.Batch().SampleList, *record, tune, *injection);
+    std::size_t row = 0;
+    host.Page().PrintDocument("Form 5 " + content.SampleNo,
+                              [&](Page& page) { return PrintPage(page, content, row); });
 }
 
 }  // namespace qfr

@@ -1,5 +1,3 @@
-#include "forms/Form6.h"
-
 #include <optional>
 #include <span>
 #include <string>
@@ -7,15 +5,16 @@
 #include <vector>
 
 #include "data/CalibrationTables.h"
-#include "data/OpenedFile.h"
 #include "forms/CompoundRows.h"
+#include "forms/Form6Content.h"
+#include "forms/FormDrivers.h"
 #include "platform/Text.h"
 
 namespace qfr {
 
 namespace {
 
-constexpr int kPortraitLevels = 5;
+constexpr std::size_t kPortraitLevels = 5;
 constexpr double kLeft = 0.9;
 constexpr double kColumnPitch = 0.6;
 
@@ -80,18 +79,19 @@ constexpr Form6Layout kLandscape{
     .columnLines = kColumnLines,
 };
 
-// Turns the printer for one job; the next one finds it in portrait again, however this one ends.
-class TurnedPaper {
-  public:
-    explicit TurnedPaper(TPrinter& printer) : printer_(printer) {
-        printer_.Orientation = PageOrientation::kLandscape;
-    }
-    ~TurnedPaper() { printer_.Orientation = PageOrientation::kPortrait; }
-    TurnedPaper(const TurnedPaper&) = delete;
-    TurnedPaper& operator=(const TurnedPaper&) = delete;
-
-  private:
-    TPrinter& printer_;
+// Below the laboratory rows, on the portrait page.
+constexpr FieldPlace<Form6Content> kHeaderFields[] = {
+    {"Instrument ID:", HeaderField::kInstrumentId, 0.9, 1.975, 2.1},
+    {"Calibration Date(s):", &Form6Content::FirstDate, 4.5, 1.975, 0.8},
+    {"", &Form6Content::LastDate, 6.7, 1.975, 0.8},
+    {"Heated Purge: (Y/N)", HeaderField::kHeatedPurge, 0.9, 2.25, 1.75},
+    {"Calibration Time(s):", &Form6Content::FirstTime, 4.5, 2.25, 0.8},
+    {"", &Form6Content::LastTime, 6.7, 2.25, 0.8},
+    {"Purge Volume:", HeaderField::kPurgeVolume, 0.9, 2.525, 2.05, "(ml)", 3.95,
+     UnitLevel::kTextHeightAbove},
+    {"GC Column:", HeaderField::kGcColumn, 0.9, 2.8, 1.0},
+    {"ID:", HeaderField::kColumnId, 2.85, 2.8, 0.725, "(mm)", 3.95},
+    {"Length:", HeaderField::kColumnLength, 4.65, 2.8, 0.8, "(m)", 6.07},
 };
 
 void PrintFooter(Page& page, bool landscape) {
@@ -103,48 +103,30 @@ void PrintFooter(Page& page, bool landscape) {
     }
 }
 
-void PrintForm6Header(Page& page, const Form6Layout& layout, const SampleHeader& header,
-                      const InitialCalibrationEntry& entry) {
-    const double rise = layout.rise;
+void PrintForm6Header(Page& page, double rise, const Form6Content& content) {
     page.PageNo = page.Printer().PageNumber();
     page.PrintNumberLine(
         "6" + Page::FormLetter(page.PageNo) + " - FORM VI VOA-" + std::to_string(page.PageNo),
         "6A - FORM VI VOA-1", 0.7 - rise);
     page.TextOutCentred("VOLATILE ORGANICS INITIAL CALIBRATION DATA", 4.25, 0.85 - rise);
-    page.PrintLabRows(header, 1.425 - rise);
-    const std::string& first = entry.FirstStandard;
-    const std::string& last = entry.LastStandard;
-    page.PrintFields({
-        {"Instrument ID:", header[HeaderField::kInstrumentId], 0.9, 1.975 - rise, 2.1},
-        {"Calibration Date(s):", CharacterRange(first, 1, 10), 4.5, 1.975 - rise, 0.8},
-        {"", CharacterRange(last, 1, 10), 6.7, 1.975 - rise, 0.8},
-        {"Heated Purge: (Y/N)", header[HeaderField::kHeatedPurge], 0.9, 2.25 - rise, 1.75},
-        {"Calibration Time(s):", CharacterRange(first, 12, 27), 4.5, 2.25 - rise, 0.8},
-        {"", CharacterRange(last, 12, 27), 6.7, 2.25 - rise, 0.8},
-        {"Purge Volume:", header[HeaderField::kPurgeVolume], 0.9, 2.525 - rise, 2.05},
-        {"GC Column:", header[HeaderField::kGcColumn], 0.9, 2.8 - rise, 1.0},
-        {"ID:", header[HeaderField::kColumnId], 2.85, 2.8 - rise, 0.725},
-        {"Length:", header[HeaderField::kColumnLength], 4.65, 2.8 - rise, 0.8},
-    });
-    page.TextOutInch("(ml)", 3.95, 2.525 - rise - page.TextHeightInch());
-    page.TextOutInch("(mm)", 3.95, 2.8 - rise + page.FontHeightInch());
-    page.TextOutInch("(m)", 6.07, 2.8 - rise + page.FontHeightInch());
+    page.PrintLabRows(content, 1.425 - rise);
+    page.PrintFields(content, kHeaderFields, rise);
 }
 
-void PrintForm6Heads(Page& page, const Form6Layout& layout, const CalibrationTables& tables,
-                     const InitialCalibrationEntry& entry) {
+void PrintForm6Heads(Page& page, const Form6Layout& layout,
+                     std::vector<Form6Content::Level> levels) {
     const double rise = layout.rise;
     const double right = layout.right;
     const double amountCentre = page.TextWidthInch("RF____RF") * 0.5;
-    const std::size_t levels = layout.labFiles.size();
+    // The page has columns for more.
+    levels.resize(layout.labFiles.size());
     page.DrawHeadBox(kLeft, 3.0 - rise, right, 3.46 - rise, kRulePen);
     page.TextOutInch("LAB FILE ID:", 1.0, 3.05 - rise);
-    for (std::size_t k = 0; k < levels; ++k) {
+    for (std::size_t k = 0; k < levels.size(); ++k) {
         const LabFilePlace& place = layout.labFiles[k];
-        const bool used = k < static_cast<std::size_t>(tables.LevelCount);
-        page.PrintLabelledField("RF____ = ", used ? entry.LabFileIds[k] : "", place.x, place.y,
+        page.PrintLabelledField("RF____ = ", levels[k].LabFileId, place.x, place.y,
                                 layout.labFileWidth);
-        page.TextOutCentred(tables.LevelAmount[k], place.x + amountCentre,
+        page.TextOutCentred(levels[k].Amount, place.x + amountCentre,
                             place.y - 0.01 - page.TextHeightInch());
     }
 
@@ -154,10 +136,10 @@ void PrintForm6Heads(Page& page, const Form6Layout& layout, const CalibrationTab
     page.Canvas().Pen.Width = kRulePen;
     page.DrawLineInch(kLeft, 3.46 - rise, kLeft, 3.71 - rise);
     page.TextOutInch("COMPOUND", 1.0, 3.52 - rise);
-    for (std::size_t k = 0; k < levels; ++k) {
+    for (std::size_t k = 0; k < levels.size(); ++k) {
         const double x = 3.425 + kColumnPitch * static_cast<double>(k);
         page.TextOutInch("RF____", x, 3.52 - rise);
-        page.TextOutCentred(tables.LevelAmount[k], x + amountCentre, layout.columnAmountsY);
+        page.TextOutCentred(levels[k].Amount, x + amountCentre, layout.columnAmountsY);
     }
     page.TextOutInch("RF", layout.meanHeadX, 3.52 - rise);
     page.DrawLineInch(layout.meanHeadX, 3.53 - rise, layout.meanBarEnd, 3.53 - rise);
@@ -172,8 +154,8 @@ void PrintCells(Page& page, const Form6Layout& layout, const CalibrationRecord& 
     page.TextOutRight(record.RSD, layout.rsdRight, y + 0.025);
 }
 
-// Prints one page of rows from `row` on; true when the last compound was printed.
-bool PrintForm6Rows(Page& page, const Form6Layout& layout,
+// Prints one page of rows from `row` on.
+void PrintForm6Rows(Page& page, const Form6Layout& layout,
                     const std::vector<CalibrationRecord>& table, std::size_t& row) {
     const CompoundRows rows{
         .rowsTop = 3.71 - layout.rise,
@@ -193,26 +175,18 @@ bool PrintForm6Rows(Page& page, const Form6Layout& layout,
         return table[compound].Name;
     });
     page.Canvas().Font.Size = 10;
-    return row == table.size();
 }
 
-void PrintPages(FormHost& host, const SampleHeader& header, bool landscape) {
+// True for the last page.
+bool PrintPage(Page& page, const Form6Content& content, bool landscape, std::size_t& row) {
     const Form6Layout& layout = landscape ? kLandscape : kPortrait;
-    const CalibrationTables& tables = host.Calibration();
-    const InitialCalibrationEntry& entry = host.Entries().InitialCalibration;
-    Page& page = host.Page();
     // On purpose: never rounded up, so that a full last page is counted one page too many.
-    page.PageCount = tables.RFRowCount / layout.rowsPerPage + 1;
-    std::size_t row = 0;
-    for (bool done = false; !done;) {
-        PrintForm6Header(page, layout, header, entry);
-        PrintFooter(page, landscape);
-        PrintForm6Heads(page, layout, tables, entry);
-        done = PrintForm6Rows(page, layout, tables.RFTable, row);
-        if (!done) {
-            page.Printer().NewPage();
-        }
-    }
+    page.PageCount = static_cast<std::int32_t>(content.Compounds.size()) / layout.rowsPerPage + 1;
+    PrintForm6Header(page, layout.rise, content);
+    PrintFooter(page, landscape);
+    PrintForm6Heads(page, layout, content.Levels);
+    PrintForm6Rows(page, layout, content.Compounds, row);
+    return row == content.Compounds.size();
 }
 
 }  // namespace
@@ -225,40 +199,29 @@ void Form6CIDClick(FormHost& host) {
                    kCalibrationNotSpecifiedTitle});
         return;
     }
-    auto report = OpenFileBeside(name, batch.Folder);
+    const auto report = host.Reports().Read<CalibrationReport>(name, batch.Folder);
     if (!report) {
         host.Show({"Please use Data Files|Load Files menu option and verify the calibration file.",
                    kCalibrationNotOpenedTitle});
         return;
     }
-    CalibrationTables& tables = host.Calibration();
-    tables.LevelCount =
-        ReadCalibrationDataFiles(report->Lines, report->Folder, host.Flags().InitCalEntered,
-                                 host.Entries().InitialCalibration, host);
-    const std::optional<std::size_t> record = CheckFormPreconditions(host, "Form 6");
-    if (!record || !host.ShowEntryDialog(EntryDialog::kInitialCalibration, *record)) {
+    InitialCalibrationEntry& entry = host.Entries().InitialCalibration;
+    host.LevelCount() =
+        ReadCalibrationDataFiles(report, host.Reports(), host.Flags().InitCalEntered, entry, host);
+    const auto record = CheckAndAsk(host, "Form 6", EntryDialog::kInitialCalibration);
+    if (!record) {
         return;
     }
-    Page& page = host.Page();
-    TPrinter& printer = page.Printer();
-    page.testPrinter();
-    const bool landscape = tables.LevelCount > kPortraitLevels;
-    std::optional<TurnedPaper> turned;
-    if (landscape) {
-        turned.emplace(printer);
+    const auto content = BuildForm6Content((*batch.SampleList)[*record].Header, *report,
+                                           host.LevelCount(), entry, host);
+    if (!content) {
+        return;
     }
-    printer.Title = "Form 6";
-    printer.BeginDoc();
-    if (auto table = BuildRFTable(report->Lines, tables.LevelCount, host)) {
-        tables.RFTable = std::move(*table);
-        tables.RFRowCount = static_cast<int>(tables.RFTable.size());
-        ChooseLevelAmounts(tables);
-        PrintPages(host, (*batch.SampleList)[*record].Header, landscape);
-    } else {
-        printer.Abort();
-    }
-    printer.EndDoc();
-    tables.RFTable.clear();
+    const bool landscape = content->Levels.size() > kPortraitLevels;
+    std::size_t row = 0;
+    host.Page().PrintDocument(
+        "Form 6", [&](Page& page) { return PrintPage(page, *content, landscape, row); },
+        landscape ? PageOrientation::kLandscape : PageOrientation::kPortrait);
 }
 
 }  // namespace qfr

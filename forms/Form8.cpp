@@ -1,15 +1,11 @@
-#include "forms/Form8.h"
-
 #include <optional>
 #include <string>
 #include <string_view>
-#include <utility>
 #include <vector>
 
-#include "data/CalibrationEntryRules.h"
 #include "data/CalibrationTables.h"
-#include "data/InternalStandards.h"
-#include "data/OpenedFile.h"
+#include "forms/Form8Content.h"
+#include "forms/FormDrivers.h"
 #include "forms/SampleRows.h"
 #include "platform/Text.h"
 
@@ -65,26 +61,27 @@ constexpr StandardRow kStandardRows[] = {
     {"LOWER LIMIT", &StandardISRecord::AreaLower, &StandardISRecord::RTLower},
 };
 
-void PrintHeader(Page& page, const SampleHeader& header, const StandardSummaryEntry& entry) {
+// Below the laboratory rows.
+constexpr FieldPlace<Form8Content> kHeaderFields[] = {
+    {"GC Column:", HeaderField::kGcColumn, 0.9, 1.975, 1.0},
+    {"ID:", HeaderField::kColumnId, 2.85, 1.975, 0.725, "(mm)", 3.95},
+    {"Init. Calib. Date(s):", &Form8Content::FirstCalibrationDate, 4.8, 1.975, 0.7},
+    {"", &Form8Content::LastCalibrationDate, 6.7, 1.975, 0.7},
+    {"ZOV Sample No. (VSTD#####):", &Form8Content::SampleNo, 0.9, 2.25, 1.05},
+    {"Date Analyzed:", &Form8Content::DateAnalyzed, 4.8, 2.25, 1.7},
+    {"Lab File ID (Standard)", &Form8Content::LabFileId, 0.9, 2.525, 1.6},
+    {"Time Analyzed:", &Form8Content::TimeAnalyzed, 4.8, 2.525, 1.7},
+    {"Instrument ID:", HeaderField::kInstrumentId, 0.9, 2.8, 2.05},
+    {"Heated Purge: (Y/N)", HeaderField::kHeatedPurge, 4.8, 2.8, 1.45},
+};
+
+void PrintHeader(Page& page, const Form8Content& content) {
     page.PageNo = page.Printer().PageNumber();
     page.PrintNumberLine("8" + Page::FormLetter(page.PageNo) + " - FORM VIII VOA",
                          "8A - FORM VIII VOA", 0.7);
     page.TextOutCentred("VOLATILE INTERNAL STANDARD AREA AND RETENTION TIME SUMMARY", 4.25, 0.85);
-    page.PrintLabRows(header, 1.425);
-    const std::string& analyzed = entry.AnalysisDateTime;
-    page.PrintFields({
-        {"GC Column:", header[HeaderField::kGcColumn], 0.9, 1.975, 1.0},
-        {"ID:", header[HeaderField::kColumnId], 2.85, 1.975, 0.725},
-        {"Init. Calib. Date(s):", entry.FirstCalibrationDate, 4.8, 1.975, 0.7},
-        {"", entry.LastCalibrationDate, 6.7, 1.975, 0.7},
-        {"ZOV Sample No. (VSTD#####):", Trim(entry.SampleNo), 0.9, 2.25, 1.05},
-        {"Date Analyzed:", CharacterRange(analyzed, 1, 10), 4.8, 2.25, 1.7},
-        {"Lab File ID (Standard)", entry.LabFileId, 0.9, 2.525, 1.6},
-        {"Time Analyzed:", CharacterRange(analyzed, 12, analyzed.size()), 4.8, 2.525, 1.7},
-        {"Instrument ID:", header[HeaderField::kInstrumentId], 0.9, 2.8, 2.05},
-        {"Heated Purge: (Y/N)", header[HeaderField::kHeatedPurge], 4.8, 2.8, 1.45},
-    });
-    page.TextOutInch("(mm)", 3.95, 1.975 + page.FontHeightInch());
+    page.PrintLabRows(content, 1.425);
+    page.PrintFields(content, kHeaderFields);
     page.PrintPageFooter();
 }
 
@@ -116,75 +113,46 @@ void PrintTable(Page& page, const StandardISTable& standard, double& y) {
     }
 }
 
-void PrintSample(Page& page, const std::string& sampleNo, const SampleISData& sample,
-                 const StandardISTable& standard, double y) {
-    page.TextOutInch(sampleNo, 1.1, y);
+void PrintSample(Page& page, const Form8Content::Sample& sample, double y) {
+    page.TextOutInch(sample.SampleNo, 1.1, y);
     for (std::size_t i = 0; i < kStandards; ++i) {
         const StandardColumns& columns = kColumns[i];
-        page.TextOutRight(sample.Area[i], columns.areaRight, y);
-        if (OutsideLimits(sample.Area[i], standard[i].AreaLower, standard[i].AreaUpper)) {
-            page.TextOutInch("*", columns.areaFlag, y);
-        }
-        page.TextOutRight(sample.RT[i], columns.rtRight, y);
-        if (OutsideLimits(sample.RT[i], standard[i].RTLower, standard[i].RTUpper)) {
-            page.TextOutInch("*", columns.rtFlag, y);
-        }
+        const Form8Content::Peak& peak = sample.Peaks[i];
+        page.TextOutRight(peak.Area, columns.areaRight, y);
+        page.TextOutInch(peak.AreaFlag, columns.areaFlag, y);
+        page.TextOutRight(peak.RT, columns.rtRight, y);
+        page.TextOutInch(peak.RTFlag, columns.rtFlag, y);
     }
 }
 
-// The standard's values from its report, which is the continuing calibration report when one is
-// named. Absent after the message that its concentration is no level's.
-std::optional<StandardISTable> BuildStandardISTable(FormHost& host, OpenedFile& reference,
-                                                    bool isCalibration) {
-    if (!isCalibration) {
-        return StandardFromCheckReport(reference.Lines);
-    }
-    const StandardSummaryEntry& entry = host.Entries().StandardSummary;
-    return StandardFromCalibration(reference.Lines, host.Calibration(), ConcentrationText(entry),
-                                   entry.RetentionTimes, host, entry.LevelIndex);
-}
-
-void PrintPages(FormHost& host, const SampleHeader& header,
-                const std::vector<SampleISData>& samples, const StandardISTable& standard) {
-    const SampleListType& records = *host.Batch().SampleList;
-    const StandardSummaryEntry& entry = host.Entries().StandardSummary;
-    Page& page = host.Page();
-    TPrinter& printer = page.Printer();
-    page.testPrinter();
-    printer.Title = "Form 8 " + Trim(entry.SampleNo);
-    printer.BeginDoc();
+// True for the last page.
+bool PrintPage(Page& page, const Form8Content& content, std::size_t& row) {
+    const std::vector<Form8Content::Sample>& samples = content.Samples;
     page.PageCount = static_cast<std::int32_t>((samples.size() - 1) / kRowsPerPage + 1);
-    for (std::size_t row = 0;;) {
-        double y = 0;
-        PrintHeader(page, header, entry);
-        PrintTable(page, standard, y);
-        const std::size_t last = static_cast<std::size_t>(page.PageNo) * kRowsPerPage;
-        for (; row < last; ++row) {
-            PrintRowNumber(page, kRows, row + 1, y);
-            if (row < samples.size()) {
-                PrintSample(page, records[row].Header[HeaderField::kZovSampleNo], samples[row],
-                            standard, y + 0.0125);
-            }
-            EndRow(page, kRows, page.TextHeightInch(), y);
+    double y = 0;
+    PrintHeader(page, content);
+    PrintTable(page, content.Standard, y);
+    const std::size_t last = static_cast<std::size_t>(page.PageNo) * kRowsPerPage;
+    for (; row < last; ++row) {
+        PrintRowNumber(page, kRows, row + 1, y);
+        if (row < samples.size()) {
+            PrintSample(page, samples[row], y + 0.0125);
         }
-        if (row >= samples.size()) {
-            break;
-        }
-        printer.NewPage();
+        EndRow(page, kRows, page.TextHeightInch(), y);
     }
-    printer.EndDoc();
+    return row >= samples.size();
 }
 
-// The report, absent after the message that it could not be opened.
-std::optional<OpenedFile> OpenReference(FormHost& host, const std::string& name) {
-    auto report = OpenFileBeside(name, host.Batch().Folder);
+// The report, unless it is not there.
+template <typename Report>
+bool WasOpened(FormHost& host, const FileContent<Report>& report) {
     if (!report) {
         host.Show(
             {"Please use Data Files|Load menu option to specify a\ncalibration or "
              "continuing calibration file.",
              kCalibrationNotOpenedTitle});
     }
-    return report;
+    return static_cast<bool>(report);
 }
 
 }  // namespace
@@ -207,33 +175,38 @@ void Form8ARTClick(FormHost& host) {
              kCalibrationNotSpecifiedTitle});
         return;
     }
-    std::optional<OpenedFile> reference;
+    Reports& reports = host.Reports();
+    FileContent<CalibrationReport> calibration;
     if (!calibrationName.empty()) {
-        reference = OpenReference(host, calibrationName);
-        if (!reference) {
+        calibration = reports.Read<CalibrationReport>(calibrationName, batch.Folder);
+        if (!WasOpened(host, calibration)) {
             return;
         }
-        host.Calibration().LevelCount = ReadCalibrationDataFiles(
-            reference->Lines, reference->Folder, host.Flags().InitCalEntered,
-            host.Entries().InitialCalibration, host);
+        host.LevelCount() =
+            ReadCalibrationDataFiles(calibration, reports, host.Flags().InitCalEntered,
+                                     host.Entries().InitialCalibration, host);
     }
+    FileContent<CheckReport> check;
     if (!checkName.empty()) {
-        reference = OpenReference(host, checkName);
-        if (!reference) {
+        check = reports.Read<CheckReport>(checkName, batch.Folder);
+        if (!WasOpened(host, check)) {
             return;
         }
     }
-    const std::optional<std::size_t> record = CheckFormPreconditions(host, "Form 8");
-    if (!record || !host.ShowEntryDialog(EntryDialog::kStandardSummary, *record)) {
+    const auto record = CheckAndAsk(host, "Form 8", EntryDialog::kStandardSummary);
+    if (!record) {
         return;
     }
-    const auto samples = ReadSampleISData(batch, host);
-    const auto standard = BuildStandardISTable(host, *reference, checkName.empty());
-    if (!samples || !standard) {
+    const auto content = BuildForm8Content(batch, *record, check ? &*check : nullptr,
+                                           calibration ? &*calibration : nullptr, host.LevelCount(),
+                                           host.Entries().StandardSummary, reports, host);
+    if (!content) {
         return;
     }
     host.Flags().Form8DataReady = true;
-    PrintPages(host, (*batch.SampleList)[*record].Header, *samples, *standard);
+    std::size_t row = 0;
+    host.Page().PrintDocument("Form 8 " + content->SampleNo,
+                              [&](Page& page) { return PrintPage(page, *content, row); });
 }
 
 }  // namespace qfr

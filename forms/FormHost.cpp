@@ -26,4 +26,10 @@ std::optional<std::size_t> CheckFormPreconditions(FormHost& host, std::string_vi
     return std::nullopt;
 }
 
+std::optional<std::size_t> CheckAndAsk(FormHost& host, std::string_view formName,
+                                       EntryDialog dialog) {
+    const auto record = CheckFormPreconditions(host, formName);
+    return record && host.ShowEntryDialog(dialog, *record) ? record : std::nullopt;
+}
+
 }  // namespace qfr

@@ -6,8 +6,8 @@
 #include <string_view>
 
 #include "data/Batch.h"
-#include "data/CalibrationTables.h"
 #include "data/Entries.h"
+#include "data/Reports.h"
 #include "forms/Page.h"
 #include "platform/Messages.h"
 
@@ -29,7 +29,13 @@ class FormHost : public Messages {
     virtual qfr::Batch& Batch() = 0;
     virtual qfr::Entries& Entries() = 0;
     virtual BatchFlags& Flags() = 0;
-    CalibrationTables& Calibration() { return calibration_; }
+    // The levels of the calibration report, up to kMaxLevels, as the last form that read it found
+    // them.
+    int& LevelCount() { return levelCount_; }
+    // The files of the batch, as they are read in this run.
+    qfr::Reports& Reports() { return reports_; }
+    // A new run begins: everything is read anew.
+    void BeginRun() { reports_ = {}; }
 
     // Shows the dialog with its entry of Entries() and stores there what it holds when it closes.
     // `headerRecord` is the index in SampleList of the record whose header the form prints. True:
@@ -40,7 +46,8 @@ class FormHost : public Messages {
     virtual void SetPendingFocus(HeaderField field) = 0;
 
   private:
-    CalibrationTables calibration_;
+    int levelCount_ = 0;
+    qfr::Reports reports_;
 };
 
 // What is said where nothing is loaded; before Form 1 under a title of its own.
@@ -55,5 +62,9 @@ inline constexpr char kCalibrationNotOpenedTitle[] = "Calibration File Could Not
 // Finds the first record with a complete header: its index in SampleList, or absent after the
 // message that says what is missing. `formName` is as in "Form 4".
 std::optional<std::size_t> CheckFormPreconditions(FormHost& host, std::string_view formName);
+
+// The same record, once the form's entry dialog was closed with OK; absent otherwise.
+std::optional<std::size_t> CheckAndAsk(FormHost& host, std::string_view formName,
+                                       EntryDialog dialog);
 
 }  // namespace qfr

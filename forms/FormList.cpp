@@ -4,14 +4,7 @@
 
 #include "data/CalibrationEntryRules.h"
 #include "data/TuneRules.h"
-#include "forms/Form1Tic.h"
-#include "forms/Form1Voa.h"
-#include "forms/Form2.h"
-#include "forms/Form4.h"
-#include "forms/Form5.h"
-#include "forms/Form6.h"
-#include "forms/Form7.h"
-#include "forms/Form8.h"
+#include "forms/FormDrivers.h"
 
 namespace qfr {
 
@@ -40,11 +33,11 @@ bool OnShowInitialCalibration(FormHost& host, std::size_t /*headerRecord*/) {
 }
 
 std::optional<EntryFault> OnOkInitialCalibration(FormHost& host) {
-    return AcceptInitialCalibration(host.Entries(), host.Calibration().LevelCount, host.Flags());
+    return AcceptInitialCalibration(host.Entries(), host.LevelCount(), host.Flags());
 }
 
 bool OnShowContinuingCalibration(FormHost& host, std::size_t /*headerRecord*/) {
-    ShowContinuingCalibration(host.Entries(), host.Batch(), host);
+    ShowContinuingCalibration(host.Entries(), host.Batch(), host.Reports(), host);
     return true;
 }
 
@@ -53,7 +46,8 @@ std::optional<EntryFault> OnOkContinuingCalibration(FormHost& host) {
 }
 
 bool OnShowStandardSummary(FormHost& host, std::size_t /*headerRecord*/) {
-    return ShowStandardSummary(host.Entries(), host.Batch(), host.Calibration(), host);
+    return ShowStandardSummary(host.Entries(), host.Batch(), host.Reports(), host.LevelCount(),
+                               host);
 }
 
 std::optional<EntryFault> OnOkStandardSummary(FormHost& host) {

@@ -1,6 +1,5 @@
 #include "forms/Page.h"
 
-#include "platform/DateTime.h"
 #include "platform/Text.h"
 
 namespace qfr {
@@ -21,7 +20,6 @@ void Page::SetupPage() {
     HorzScale = static_cast<std::int32_t>(printer_.PageWidth() * 0.11764705882352941);
     VertScale = static_cast<std::int32_t>(printer_.PageHeight() * 0.09090909090909091);
     Canvas().Pen.Width = kRulePen;
-    Canvas().Font.Name = "Times";
     Canvas().Font.Size = 10;
 }
 
@@ -103,20 +101,7 @@ void Page::PrintLabelledField(std::string_view label, std::string_view value, do
     MoveToInch(penX() + 0.1, y);
     LineToInch(penX() + width, y);
     const double centre = penX() - width * 0.5;
-    TextOutCentred(PrintableDate(value), centre, h + y - 0.05);
-}
-
-void Page::PrintFields(const SampleHeader& header, const FieldPlace* places, std::size_t count) {
-    for (std::size_t i = 0; i < count; ++i) {
-        const FieldPlace& place = places[i];
-        PrintLabelledField(place.label, header[place.value], place.x, place.y, place.width);
-    }
-}
-
-void Page::PrintFields(std::initializer_list<LabelledValue> fields) {
-    for (const LabelledValue& field : fields) {
-        PrintLabelledField(field.label, field.value, field.x, field.y, field.width);
-    }
+    TextOutCentred(value, centre, h + y - 0.05);
 }
 
 void Page::PrintSampleNoBox(std::string_view sampleName) {
@@ -150,17 +135,16 @@ void Page::SplitAtHyphens(std::string_view text, std::vector<std::string>& lines
     lines.emplace_back(text);
 }
 
-void Page::PrintLabRows(const SampleHeader& header, double y1) {
-    const double y2 = y1 + 0.275;
-    const FieldPlace rows[] = {
-        {"Lab Name:", HeaderField::kLabName, 0.9, y1, 2.3},
-        {"Contract:", HeaderField::kContract, 4.8, y1, 2.1},
-        {"Lab Code:", HeaderField::kLabCode, 0.9, y2, 0.575},
-        {"Case No.:", HeaderField::kCaseNo, 2.45, y2, 0.5},
-        {"Mod. Ref No.:", HeaderField::kModRefNo, 3.9, y2, 0.7},
-        {"SDG No.:", HeaderField::kSdgNo, 5.8, y2, 1.05},
+void Page::PrintLabRows(const FormContent& content, double y1) {
+    constexpr FieldPlace<FormContent> kRows[] = {
+        {"Lab Name:", HeaderField::kLabName, 0.9, 0, 2.3},
+        {"Contract:", HeaderField::kContract, 4.8, 0, 2.1},
+        {"Lab Code:", HeaderField::kLabCode, 0.9, 0.275, 0.575},
+        {"Case No.:", HeaderField::kCaseNo, 2.45, 0.275, 0.5},
+        {"Mod. Ref No.:", HeaderField::kModRefNo, 3.9, 0.275, 0.7},
+        {"SDG No.:", HeaderField::kSdgNo, 5.8, 0.275, 1.05},
     };
-    PrintFields(header, rows);
+    PrintFields(content, kRows, -y1);
 }
 
 void Page::PrintNumberLine(std::string_view line, std::string_view firstPage, double y) {
@@ -182,6 +166,29 @@ void Page::PrintStatementOfWork() {
 
 std::string Page::FormLetter(int index) {
     return ToUtf8(std::string(1, static_cast<char>(64 + index)));
+}
+
+void Page::PrintDocument(const std::string& title, const std::function<bool(Page& page)>& printPage,
+                         PageOrientation orientation) {
+    testPrinter();
+    const bool turned = orientation == PageOrientation::kLandscape;
+    if (turned) {
+        printer_.Orientation = orientation;
+    }
+    printer_.Title = title;
+    printer_.BeginDoc();
+    while (!printPage(*this)) {
+        printer_.NewPage();
+    }
+    printer_.EndDoc();
+    if (turned) {
+        printer_.Orientation = PageOrientation::kPortrait;
+    }
+}
+
+void Page::PrintUnit(std::string_view unit, double x, double y, UnitLevel level) {
+    const double up = level == UnitLevel::kTextHeightAbove ? -TextHeightInch() : FontHeightInch();
+    TextOutInch(unit, x, level == UnitLevel::kBelowLine ? y - up : y + up);
 }
 
 int Page::PixelX(double inches) const {

@@ -3,14 +3,14 @@
 // taken in single precision and truncated to the pixel above and to the left of it.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
-#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "data/Batch.h"
+#include "forms/FormContent.h"
 #include "platform/Printer.h"
 
 namespace qfr {
@@ -18,13 +18,36 @@ namespace qfr {
 inline constexpr int kRulePen = 6;        // pixels
 inline constexpr int kHeavyRulePen = 12;  // pixels, under the heads of tables
 
-// One underlined field of a page header. y is the level of the underline; all in inches.
+// Where the text of a field comes from: a value of the header, or a text of the form's own.
+template <typename Content>
+class FieldText {
+  public:
+    constexpr FieldText(HeaderField field) : field_(field) {}
+    constexpr FieldText(std::string Content::*text) : text_(text) {}
+    const std::string& In(const Content& content) const {
+        return text_ == nullptr ? content.Header[field_] : content.*text_;
+    }
+
+  private:
+    HeaderField field_ = HeaderField::kZovSampleNo;
+    std::string Content::*text_ = nullptr;
+};
+
+// Where a unit stands: on the level of its underline, or where the form has it by mistake.
+enum class UnitLevel { kOnLine, kTextHeightAbove, kBelowLine };
+
+// One underlined field of a page header, and its unit if it has one. y is the level of the
+// underline; all in inches.
+template <typename Content>
 struct FieldPlace {
     std::string_view label;
-    HeaderField value;
+    FieldText<Content> text;
     double x;
     double y;
     double width;
+    std::string_view unit = {};
+    double unitX = 0;
+    UnitLevel unitLevel = UnitLevel::kOnLine;
 };
 
 // A column head of two lines, both centred on the same x (inches).
@@ -32,15 +55,6 @@ struct ColumnHead {
     double centre;
     std::string_view first;
     std::string_view second;
-};
-
-// As FieldPlace, for a value that does not stand in the header of a sample.
-struct LabelledValue {
-    std::string_view label;
-    std::string value;
-    double x;
-    double y;
-    double width;
 };
 
 class Page {
@@ -63,7 +77,7 @@ class Page {
     // Takes the scales from the printer's page and sets the forms' pen and font.
     void SetupPage();
     void getPrinter();
-    // Makes sure that a printer was chosen; every print job starts with it.
+    // Makes sure that a printer was chosen.
     void testPrinter();
 
     void MoveToInch(double x, double y);
@@ -92,19 +106,27 @@ class Page {
     // Label, underline of `width` inches from 0.1 inch after it, value centred over the underline.
     void PrintLabelledField(std::string_view label, std::string_view value, double x, double y,
                             double width);
-    void PrintFields(const SampleHeader& header, const FieldPlace* places, std::size_t count);
-    template <std::size_t N>
-    void PrintFields(const SampleHeader& header, const FieldPlace (&places)[N]) {
-        PrintFields(header, places, N);
+    // The fields in their order, `rise` inches higher than their places, then their units.
+    template <typename Content, std::size_t N>
+    void PrintFields(const Content& content, const FieldPlace<Content> (&places)[N],
+                     double rise = 0) {
+        for (const FieldPlace<Content>& place : places) {
+            PrintLabelledField(place.label, place.text.In(content), place.x, place.y - rise,
+                               place.width);
+        }
+        for (const FieldPlace<Content>& place : places) {
+            if (!place.unit.empty()) {
+                PrintUnit(place.unit, place.unitX, place.y - rise, place.unitLevel);
+            }
+        }
     }
-    void PrintFields(std::initializer_list<LabelledValue> fields);
 
     void PrintSampleNoBox(std::string_view sampleName);
     // Breaks a name after hyphens into lines narrower than `width` inches and appends them; a piece
     // that cannot be broken makes one line with all that follows it.
     void SplitAtHyphens(std::string_view text, std::vector<std::string>& lines, double width);
     // The two laboratory rows; y1 is the level of the first.
-    void PrintLabRows(const SampleHeader& header, double y1);
+    void PrintLabRows(const FormContent& content, double y1);
     // The form number line of a page, where the first page's (`firstPage`) is centred: so every
     // page's starts at the same place.
     void PrintNumberLine(std::string_view line, std::string_view firstPage, double y);
@@ -116,7 +138,13 @@ class Page {
     // The letter of a form number line: 1 is "A".
     static std::string FormLetter(int index);
 
+    // One print job: makes sure that there is a printer, and prints page after page until
+    // `printPage` says that one was the last. Turned paper is turned back at the end.
+    void PrintDocument(const std::string& title, const std::function<bool(Page& page)>& printPage,
+                       PageOrientation orientation = PageOrientation::kPortrait);
+
   private:
+    void PrintUnit(std::string_view unit, double x, double y, UnitLevel level);
     int PixelX(double inches) const;
     int PixelY(double inches) const;
 

@@ -35,7 +35,13 @@ bool AnalysisDatesReadable(FormHost& host, std::size_t first) {
     return true;
 }
 
-std::string_view TwelveHourFlag(std::string_view dateAnalyzed, DateTime start) {
+Message ReportNotFound(std::string_view fileName) {
+    return {std::string(fileName) +
+                "\ncould not be found.  Use Data Files|Load Files menu option\nto relocate file",
+            kFileNotFoundTitle};
+}
+
+std::string TwelveHourFlag(std::string_view dateAnalyzed, DateTime start) {
     const std::optional<DateTime> analyzed = ParseDateTime(dateAnalyzed);
     if (!analyzed) {
         return "";

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 #include "forms/FormHost.h"
@@ -17,8 +18,11 @@ bool LabBlankSpecified(FormHost& host);
 // date-time; false after the message that names the first other one.
 bool AnalysisDatesReadable(FormHost& host, std::size_t first);
 
+// What is said of a sample's report that is gone.
+Message ReportNotFound(std::string_view fileName);
+
 // "*" for a sample analysed before `start` or more than twelve hours after it, else empty; so also
 // for a sample without an analysis date.
-std::string_view TwelveHourFlag(std::string_view dateAnalyzed, DateTime start);
+std::string TwelveHourFlag(std::string_view dateAnalyzed, DateTime start);
 
 }  // namespace qfr

@@ -1,8 +1,6 @@
 // An initial calibration report: checked, then printed with the forms that read it.
 #include "data/CalibrationReports.h"
-#include "forms/Form6.h"
-#include "forms/Form7.h"
-#include "forms/Form8.h"
+#include "forms/FormDrivers.h"
 #include "fuzz/Laboratory.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

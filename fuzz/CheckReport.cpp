@@ -2,9 +2,7 @@
 #include "data/CheckReport.h"
 
 #include "data/CalibrationReports.h"
-#include "forms/Form6.h"
-#include "forms/Form7.h"
-#include "forms/Form8.h"
+#include "forms/FormDrivers.h"
 #include "fuzz/Laboratory.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -1,7 +1,7 @@
 // An RF criteria file.
 #include "data/CriteriaFile.h"
 
-#include "forms/Form7.h"
+#include "forms/FormDrivers.h"
 #include "fuzz/Laboratory.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

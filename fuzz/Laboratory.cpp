@@ -6,14 +6,7 @@
 #include <variant>
 
 #include "app/HeadlessHost.h"
-#include "forms/Form1Tic.h"
-#include "forms/Form1Voa.h"
-#include "forms/Form2.h"
-#include "forms/Form4.h"
-#include "forms/Form5.h"
-#include "forms/Form6.h"
-#include "forms/Form7.h"
-#include "forms/Form8.h"
+#include "forms/FormDrivers.h"
 #include "platform/FileLookup.h"
 #include "platform/LineReader.h"
 #include "platform/Text.h"

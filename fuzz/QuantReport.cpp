@@ -2,9 +2,7 @@
 #include "data/QuantReport.h"
 
 #include "data/LoadFiles.h"
-#include "forms/Form2.h"
-#include "forms/Form4.h"
-#include "forms/Form8.h"
+#include "forms/FormDrivers.h"
 #include "fuzz/Laboratory.h"
 
 namespace {

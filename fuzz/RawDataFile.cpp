@@ -1,7 +1,7 @@
 // The raw data file of the first calibration standard.
 #include "data/RawDataFile.h"
 
-#include "forms/Form6.h"
+#include "forms/FormDrivers.h"
 #include "fuzz/Laboratory.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -119,8 +119,4 @@ std::optional<fs::path> FindFile(std::string_view name) {
     return FileFinder().Find(name);
 }
 
-std::optional<fs::path> FindFileBeside(std::string_view name, std::string_view folder) {
-    return FileFinder().FindBeside(name, folder);
-}
-
 }  // namespace qfr

@@ -21,15 +21,13 @@ std::string TextOf(const std::filesystem::path& path);
 // component matched without regard to case. Absent when there is none.
 std::optional<std::filesystem::path> FindFile(std::string_view name);
 
-// As FindFile; when there is none, the file of the same base name in `folder` (UTF-8; empty: no
-// folder). `folder` is that of the file which names this one.
-std::optional<std::filesystem::path> FindFileBeside(std::string_view name, std::string_view folder);
-
-// The same lookups for many files in a row, as when a batch is read: each folder is listed once. It
+// The same lookup for many files in a row, as when a batch is read: each folder is listed once. It
 // does not see what changes on disk meanwhile, so it lives as long as one command.
 class FileFinder {
   public:
     std::optional<std::filesystem::path> Find(std::string_view name);
+    // When there is none, the file of the same base name in `folder` (UTF-8; empty: no folder), which
+    // is that of the file that names this one.
     std::optional<std::filesystem::path> FindBeside(std::string_view name, std::string_view folder);
 
   private:

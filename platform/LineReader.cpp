@@ -1,6 +1,7 @@
 #include "platform/LineReader.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <fstream>
 #include <string_view>
 #include <system_error>
@@ -14,18 +15,19 @@ namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-}  // namespace
-
-std::optional<LineReader> LineReader::Open(const std::filesystem::path& file) {
+// The size in bytes; absent for what is no file. A pipe or a device would be waited for, or never
+// end.
+std::optional<std::uintmax_t> FileSize(const std::filesystem::path& file) {
     std::error_code error;
-    // A pipe or a device would be waited for, or never end.
     if (!std::filesystem::is_regular_file(file, error)) {
         return std::nullopt;
     }
     const auto size = std::filesystem::file_size(file, error);
-    if (error || size > kMaxFileSize) {
-        return std::nullopt;
-    }
+    return error ? std::nullopt : std::optional(size);
+}
+
+// The first `size` bytes, less where the file has become shorter.
+std::optional<std::string> ReadBytes(const std::filesystem::path& file, std::uintmax_t size) {
     std::ifstream in(file, std::ios::binary);
     std::string content(static_cast<std::size_t>(size), '\0');
     in.read(content.data(), static_cast<std::streamsize>(content.size()));
@@ -33,7 +35,30 @@ std::optional<LineReader> LineReader::Open(const std::filesystem::path& file) {
         return std::nullopt;
     }
     content.resize(static_cast<std::size_t>(in.gcount()));
-    return LineReader(std::move(content));
+    return content;
+}
+
+}  // namespace
+
+std::optional<LineReader> LineReader::Open(const std::filesystem::path& file) {
+    const auto size = FileSize(file);
+    auto content = size && *size <= kMaxFileSize ? ReadBytes(file, *size) : std::nullopt;
+    return content ? std::optional<LineReader>(std::in_place, *std::move(content)) : std::nullopt;
+}
+
+std::optional<LineReader> LineReader::OpenHead(const std::filesystem::path& file, int lines) {
+    const auto size = FileSize(file);
+    auto content =
+        size ? ReadBytes(file, std::min<std::uintmax_t>(*size, kMaxHeadSize)) : std::nullopt;
+    if (!content) {
+        return std::nullopt;
+    }
+    std::size_t end = 0;
+    for (; lines > 0 && end < content->size(); --lines) {
+        end = std::min(content->find('\n', end), content->size() - 1) + 1;
+    }
+    content->resize(end);
+    return LineReader(*std::move(content));
 }
 
 LineReader::LineReader(std::string content) : content_(std::move(content)) {

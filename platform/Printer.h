@@ -13,7 +13,6 @@
 namespace qfr {
 
 struct TFont {
-    std::string Name = "Times";
     int Size = 10;  // points
     // Pixels, negative for a font that is given in points, as the platform has it.
     int Height() const;

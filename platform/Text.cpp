@@ -119,19 +119,27 @@ std::string Trim(std::string_view text) {
 std::string LowerCase(std::string_view text) {
     std::string lower;
     lower.reserve(text.size());
-    for (std::size_t i = 0; i < text.size();) {
-        const std::size_t length = CharacterLength(text.substr(i));
-        if (length == 2) {
-            const auto high = static_cast<char32_t>(text[i] & 0x1F);
-            const auto low = static_cast<char32_t>(text[i + 1] & 0x3F);
-            AppendUtf8(lower, LowerLetter((high << 6) | low));
-            i += 2;
+    while (!text.empty()) {
+        // All letters that have two forms here are of one or two bytes.
+        if (CharacterLength(text) == 2) {
+            AppendUtf8(lower, LowerLetter(TakeCharacter(text)));
         } else {
-            lower += LowerAscii(text[i]);
-            ++i;
+            lower += LowerAscii(text.front());
+            text.remove_prefix(1);
         }
     }
     return lower;
+}
+
+char32_t TakeCharacter(std::string_view& text) {
+    const std::size_t length = std::max<std::size_t>(CharacterLength(text), 1);
+    const auto lead = static_cast<unsigned char>(text.front());
+    char32_t character = length == 1 ? lead : lead & (0xFFU >> (length + 1));
+    for (const char next : text.substr(1, length - 1)) {
+        character = (character << 6) | (static_cast<unsigned char>(next) & 0x3FU);
+    }
+    text.remove_prefix(length);
+    return character;
 }
 
 std::string_view FirstCharacters(std::string_view text, std::size_t count) {

@@ -30,6 +30,10 @@ bool EndsWith(std::string_view text, std::string_view lowerCaseSuffix);
 
 bool Contains(std::string_view text, std::string_view part);
 
+// Takes the character at the front off a text that is not empty. A byte that begins no well-formed
+// character counts as one of Latin-1.
+char32_t TakeCharacter(std::string_view& text);
+
 // The last component of a path: what follows the last "\", or the last "/" of a text without "\".
 std::string FileNameOnly(std::string_view path);
 

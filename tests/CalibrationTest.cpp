@@ -1,8 +1,7 @@
 // What is read from calibration and check reports and the files that they name.
-#include "data/CheckReport.h"
-#include "data/CriteriaFile.h"
-#include "data/InternalStandards.h"
-#include "data/RawDataFile.h"
+#include "data/CalibrationTables.h"
+#include "forms/Form7Content.h"
+#include "forms/Form8Content.h"
 #include "platform/Text.h"
 #include "tests/FormSupport.h"
 
@@ -11,13 +10,19 @@ namespace {
 
 using namespace ::testing;
 
+// The file of these lines, in the directory.
+FileContent<CalibrationReport> Calibration(const TempDir& dir, const std::string& lines) {
+    return Reports().Read<CalibrationReport>(dir.Write("R.CAL", lines), "");
+}
+
 TEST(CriteriaFile, GivesNameAndLimitsOfEachLine) {
-    EXPECT_TRUE(IsCriteriaTitle("RF Criteria of May"));
-    EXPECT_FALSE(IsCriteriaTitle(" RF Criteria") || IsCriteriaTitle("RF Criteri"));
-    LineReader file("RF Criteria; x; y\n\n Benzene ; 0.1 ; 25 \nAcetone;0.05\n  \nTwo;1;2;3\n;");
-    EXPECT_THAT(ReadCriteriaTable(file),
-                ElementsAre(FieldsAre("benzene", "0.1", "25"), FieldsAre("acetone", "0.05", ""),
-                            FieldsAre("two", "1", "2;3"), FieldsAre("", "", "")));
+    const auto read = [](const char* text) { return CriteriaFile::Read(LineReader(text)); };
+    EXPECT_TRUE(read("RF Criteria of May").HasTitle);
+    EXPECT_FALSE(read(" RF Criteria").HasTitle || read("RF Criteri").HasTitle);
+    EXPECT_THAT(
+        read("RF Criteria; x; y\n\n Benzene ; 0.1 ; 25 \nAcetone;0.05\n  \nTwo;1;2;3\n;").Criteria,
+        ElementsAre(FieldsAre("benzene", "0.1", "25"), FieldsAre("acetone", "0.05", ""),
+                    FieldsAre("two", "1", "2;3"), FieldsAre("", "", "")));
 }
 
 TEST(CheckReport, SixthLineNamesTheStandardsDataFile) {
@@ -28,8 +33,9 @@ TEST(CheckReport, SixthLineNamesTheStandardsDataFile) {
         ContinuingCalibrationEntry entry;
         entry.AnalysisDateTime = "before";
         entry.LabFileId = "id";
-        LineReader report("1:\n2\n3\n4\n5\n" + line);
-        ReadCheckStandardInfo(report, dir.Path().string(), entry);
+        Reports reports;
+        const std::string report = dir.Write("R.CHECK", "1:\n2\n3\n4\n5\n" + line);
+        ReadCheckStandardInfo(reports.Read<CheckReport>(report, ""), reports, entry);
         return entry.AnalysisDateTime + " " + entry.LabFileId;
     };
     const std::tuple<const char*, const char*, const char*> cases[] = {
@@ -50,25 +56,21 @@ TEST(CheckReport, SixthLineNamesTheStandardsDataFile) {
 // The surrogate's amounts take no part in the heads. Toluene brings the second agreement on 5.00,
 // and two are more than half of three records (3 / 2 is 1): 5, and likewise 50 and 2.5.
 TEST(CalibrationTables, WorkedExample) {
-    LineReader report(
+    const auto report = CalibrationReport::Read(LineReader(
         "Date Version 4.2\n\nCalibration Data\n\n"
         " Benzene ;5.00;1;2;10.4;5;6;50.0;1;2;11.5;5;6;2.500;1;2;14.49;5;6;111;71-43-2\nx\nA\n"
         "Toluene;5.00;1;2;20.5;5;6;50.0;1;2;bad;5;6;2.500;1;2;24;5;6;101;108-88-3\nx\nAny\n"
         "Toluene-d8;7;1;2;1;5;6;7;1;2;1;5;6;7;1;2;1;5;6;000;x\nx\nS\n"
-        "Chlorobenzene-d5;7\nx\nI\nAfter;1\nx\nA\n");
+        "Chlorobenzene-d5;7\nx\nI\nAfter;1\nx\nA\n"));
     MessageLog messages;
-    CalibrationTables tables;
-    tables.LevelAmount.fill("left over");
-    tables.LevelCount = 3;
-    tables.RFTable = BuildRFTable(report, tables.LevelCount, messages).value();
+    const std::vector<CalibrationRecord> table = BuildRFTable(report, 3, messages).value();
     std::string texts;
-    for (const CalibrationRecord& record : tables.RFTable) {
+    for (const CalibrationRecord& record : table) {
         texts += record.Type + record.Name + ":" + record.RF[0] + "," + record.RF[1] + "," +
                  record.RF[2] + ":" + record.MeanRF + ":" + record.RSD + " ";
     }
     EXPECT_EQ(texts, "Abenzene:10,12,14:12:13.61 Atoluene:21,,24:23:6.67 Stoluene-d8:,,:: ");
-    ChooseLevelAmounts(tables);
-    EXPECT_THAT(tables.LevelAmount, ElementsAre("5", "50", "2.5", "", "", "", "", "", "", ""));
+    EXPECT_THAT(ChooseLevelAmounts(table, 3), ElementsAre("5", "50", "2.5"));
     EXPECT_THAT(messages.shown, IsEmpty());
 }
 
@@ -76,7 +78,7 @@ TEST(CalibrationTables, UseTheLevelsThatTheMaskNames) {
     MessageLog messages;
     const auto build = [&messages](const std::string& line) {
         LineReader report("title\n\nheads\n\n" + line + "\nline 2\nA\n");
-        const auto table = BuildRFTable(report, 3, messages);
+        const auto table = BuildRFTable(CalibrationReport::Read(std::move(report)), 3, messages);
         const CalibrationRecord record = table ? table->at(0) : CalibrationRecord();
         return record.RF[0] + "," + record.RF[1] + "," + record.RF[2] + " mean " + record.MeanRF +
                " RSD " + record.RSD;
@@ -126,7 +128,8 @@ TEST(CalibrationTables, HeadALevelWithTheAmountThatMostAnalytesShare) {
     std::vector<CalibrationRecord> compounds(2);
     compounds[0].Type = 'A';
     compounds[1].Type = 'S';
-    EXPECT_EQ(ChooseLevelAmount(ReadCheckTable(report, compounds), kCheckAmount), "50");
+    const CheckReport check = CheckReport::Read(std::move(report));
+    EXPECT_EQ(BuildForm7Content({}, compounds, check, {}, {}).Amount, "50");
 }
 
 TEST(CalibrationTables, LeaveMissingDataFilesForTheUserToComplete) {
@@ -147,10 +150,12 @@ TEST(CalibrationTables, LeaveMissingDataFilesForTheUserToComplete) {
         {"too many", "1;2;3;4;5;6;7;8;9;10;11;", true, "10: id1 id2 id3 first last 1"}};
     for (const auto& [what, list, entered, expected] : cases) {
         InitialCalibrationEntry entry{"first", "last", {"id1", "id2", "id3"}};
-        LineReader report("Date\n Data File(s): \n" + std::string(list) + "\n");
-        std::string read = std::to_string(ReadCalibrationDataFiles(report, run.dir.Path().string(),
-                                                                   entered, entry, run.host)) +
-                           ": ";
+        const auto report =
+            Calibration(run.dir, "Date\n Data File(s): \n" + std::string(list) + "\n");
+        Reports reports;
+        std::string read =
+            std::to_string(ReadCalibrationDataFiles(report, reports, entered, entry, run.host)) +
+            ": ";
         for (std::size_t i = 0; i < 3; ++i) {
             read += entry.LabFileIds[i] + " ";
         }
@@ -171,19 +176,26 @@ TEST(InternalStandards, OfASampleAreBelowTheirHeading) {
         {"no line of heads", "---------- Internal Standard Data\n", false},
         {"a name that is indented", "---------- Internal Standard Data\nheads\n ", false}};
     for (const auto& [what, before, found] : cases) {
-        LineReader report(before + row);
-        const SampleISData data = ReadISBlock(report);
-        EXPECT_EQ(data.Area[0] + " " + data.RT[0] + data.Area[1] + data.RT[2],
+        const auto peaks = QuantReport::Read(LineReader(before + row)).InternalStandards;
+        EXPECT_EQ(peaks[0].Area + " " + peaks[0].RetentionTime + peaks[1].Area + peaks[2].Area,
                   found ? "1234 8.84" : " ")
             << what;
     }
 }
 
 TEST(InternalStandards, OfTheStandardHaveNoLimitsWithoutNumbers) {
+    Batch batch;
+    batch.SampleList = {CompleteRecord("s", TextOf(ExampleDir() / "ZA101.PRN"))};
     LineReader other("1;chlorobenzene-d5;3;4;5;6;7;8;9;many;late\n");
+    const CheckReport check = CheckReport::Read(std::move(other));
+    Reports reports;
+    MessageLog messages;
+    const auto content =
+        BuildForm8Content(batch, 0, &check, nullptr, 0, {}, reports, messages).value();
     const auto none = FieldsAre("", "", "", "", "", "");
-    EXPECT_THAT(StandardFromCheckReport(other),
+    EXPECT_THAT(content.Standard,
                 ElementsAre(FieldsAre("many", "late", "", "", "", ""), none, none));
+    EXPECT_EQ(content.Samples.at(0).Peaks[0].AreaFlag, "");
     EXPECT_FALSE(OutsideLimits("3", "", ""));
     const auto flag = [](const char* area) {
         return OutsideLimits(area, "500", "2000") ? "*" : "";

@@ -157,12 +157,12 @@ TEST(CalibrationEntryRules, ShowTakesWhatTheOtherDialogsHold) {
     EXPECT_EQ(initial.FirstStandard + " " + initial.LastStandard, kFirst + " " + kLast);
     standard.SampleNo = "VSTD050A";
     continuing.LabFileId = "Typed.D";
-    ShowContinuingCalibration(host.entries, host.batch, host);
+    ShowContinuingCalibration(host.entries, host.batch, host.Reports(), host);
     EXPECT_EQ(continuing.SampleNo + " " + continuing.LabFileId, "vstd050a Typed.D");
     EXPECT_EQ(continuing.LastStandard, kLast);
     const auto showStandard = [&](int levelCount) {
-        host.Calibration().LevelCount = levelCount;
-        return ShowStandardSummary(host.entries, host.batch, host.Calibration(), host);
+        host.BeginRun();
+        return ShowStandardSummary(host.entries, host.batch, host.Reports(), levelCount, host);
     };
     initial.LastStandard = "06/17/2005 10:00";
     initial.FirstStandard = std::string(kEmptyDateTimeMask);
@@ -179,7 +179,7 @@ TEST(CalibrationEntryRules, ShowTakesWhatTheOtherDialogsHold) {
     EXPECT_THAT(standard.Levels, ElementsAre("10", "20"));
     EXPECT_EQ(standard.LevelIndex, -1) << "the level is gone";
     host.batch.Files.CheckCal = run.dir.Write("BAD", "N;Com\n");
-    ShowContinuingCalibration(host.entries, host.batch, host);
+    ShowContinuingCalibration(host.entries, host.batch, host.Reports(), host);
     EXPECT_THAT(host.messages.TakeTexts(),
                 ElementsAre("The check calibration file could not be read.\nRecreate the check "
                             "calibration file."));
@@ -207,7 +207,8 @@ TEST(CalibrationEntryRules, SampleNumberNamesTheLevelAndItsFile) {
         entry.SampleNo = sampleNo;
         entry.LabFileId = "typed";
         entry.Levels = {"10", "20", "2.5", "20"};
-        const std::string control = Control(LeaveStandardSampleNo(entry, run.host.batch, run.host));
+        const std::string control =
+            Control(LeaveStandardSampleNo(entry, run.host.batch, run.host.Reports(), run.host));
         return control + (control.empty() ? "" : " ") + std::to_string(entry.LevelIndex) + " " +
                entry.LabFileId + " " + PrintableDate(entry.AnalysisDateTime);
     };

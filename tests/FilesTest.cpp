@@ -45,7 +45,7 @@ TEST(FileLookup, FindsNamesInAnyCaseAndWithEitherSeparator) {
     }
     const std::string root = TextOf(dir.Path()) + "/";
     const auto find = [&](const std::string& name, const std::string& folder) {
-        const auto path = FindFileBeside(name, folder);
+        const auto path = FileFinder().FindBeside(name, folder);
         return path ? ReadAll(*path) : "-";
     };
     const auto below = [&](const std::string& name) { return find(root + name, ""); };

@@ -2,8 +2,8 @@
 #include <algorithm>
 #include <set>
 
-#include "forms/Form1Tic.h"
-#include "forms/Form1Voa.h"
+#include "forms/Form1VoaContent.h"
+#include "forms/FormDrivers.h"
 #include "tests/FormSupport.h"
 
 namespace qfr::test {
@@ -22,8 +22,8 @@ TEST(SignificantFigures, AreRoundedAsTheFormsShowThem) {
 
 TEST(VoaRow, TakesTheReportsRowApart) {
     const auto row = [](const std::string& line, bool inBlank = false) {
-        LineReader report(line + "\n");
-        const VoaRow r = ReadVoaRow(report, inBlank);
+        const QuantReport report = QuantReport::Read(LineReader("Compound#\n" + line));
+        const VoaRow r = ReadVoaRow(report.Rows.at(0), inBlank);
         return r.CasNumber + "," + r.Compound + "," + r.Concentration + "," + r.Qualifier;
     };
     EXPECT_EQ(row("1; benzene ;12.4;x;y;J;z; 71-43-2 "), "71-43-2, benzene ,12,J");
@@ -33,7 +33,7 @@ TEST(VoaRow, TakesTheReportsRowApart) {
     EXPECT_EQ(row("1;benzene;U5.04;x;y;;71-43-2"), "71-43-2,benzene,5.0,U");
     EXPECT_EQ(row("1;benzene;UU;x;y;;71-43-2"), "71-43-2,benzene,,U");
     EXPECT_EQ(row("1;benzene;12.4"), "12.4,benzene,12,");
-    EXPECT_EQ(row(""), ",,,");
+    EXPECT_EQ(row(";"), ",,,");
 }
 
 // A host with a lab blank and a sample whose report has this many compounds.

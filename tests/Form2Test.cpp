@@ -1,8 +1,8 @@
 // Monitoring compound recoveries: their ranges, the sections of the reports, and Form II.
 #include "data/EntryTables.h"
-#include "data/MonitoringRecoveries.h"
 #include "data/RecoveryRanges.h"
-#include "forms/Form2.h"
+#include "forms/Form2Content.h"
+#include "forms/FormDrivers.h"
 #include "platform/Numbers.h"
 #include "tests/FormSupport.h"
 
@@ -16,15 +16,10 @@ constexpr char kTwo[] =
     "RECOVERY RANGES of May\r\n 2 \n Toluene-d8 ;80;120.5;70;130;60; 140 \nBromo;1;2;3;4;5;6";
 
 TEST(RecoveryRanges, TakeTheChosenKindOnly) {
-    const TempDir dir;
-    MessageLog messages;
-    const auto load = [&](const std::string& content, RecoveryLimits limits) {
-        dir.Write("R.txt", content);
-        // Moved, and named as batches name files.
-        const auto ranges =
-            LoadRecoveryRanges("c:\\lab\\r.txt", dir.Path().string(), limits, messages).value();
+    const auto load = [](const std::string& content, RecoveryLimits limits) {
+        const auto file = RecoveryRangesFile::Read(LineReader(content));
         std::string text;
-        for (const RecoveryRange& range : ranges) {
+        for (const RecoveryRange& range : file.Of(limits).value()) {
             text += range.Name + " " + FormatShortest(range.Low) + "-" +
                     FormatShortest(range.High) + " ";
         }
@@ -40,11 +35,10 @@ TEST(RecoveryRanges, TakeTheChosenKindOnly) {
          {std::string(), "many\n" + row, "-1\n" + row, "99999999999\n" + row, "2147483647\n" + row,
           "2\n" + row, std::string("1\na;1;2;3;4;5\n"), std::string("1\na;1;2;x;4;5;6\n"),
           std::string("1\na;1;2;3;4;5;6;\n"), std::string("1\na\0;\0;2;3;4;5;6\n", 17)}) {
-        const std::string file = dir.Write("r.txt", "recovery ranges\n" + rest);
-        EXPECT_FALSE(LoadRecoveryRanges(file, "", RecoveryLimits::kOil, messages)) << rest;
-        EXPECT_THAT(messages.TakeTexts(),
-                    ElementsAre("r.txt could not be read as a recovery ranges file."));
+        LineReader file("recovery ranges\n" + rest);
+        EXPECT_FALSE(RecoveryRangesFile::Read(std::move(file)).Of(RecoveryLimits::kOil)) << rest;
     }
+    const TempDir dir;
     const std::string file = dir.Write("r.txt", "recovery range\n");
     EXPECT_EQ(CheckRangesFile(file).value().Message.text,
               file + " is not a recovery ranges file.\nPlease select another file.");
@@ -57,46 +51,34 @@ TEST(RecoveryRanges, TakeTheChosenKindOnly) {
 
 TEST(RecoveryFlag, MarksWhatIsOutsideTheFirstMatchingRange) {
     const std::vector<RecoveryRange> ranges = {{" D8", 80, 120}, {"d8", 0, 1}, {"", 0, 1}};
-    const auto flag = [&](const char* recovery) { return RecoveryFlag("D8 ", recovery, ranges); };
+    const auto flag = [&](const char* recovery) {
+        return RecoveryFlag(FindRange(ranges, "D8 "), recovery);
+    };
     EXPECT_EQ(Joined({"79.9", "80", "120", "120.1", "n/a", ""}, flag), "*|||*||");
-    const auto unknown = [&](const char* name) { return RecoveryFlag(name, "500", ranges); };
-    EXPECT_EQ(Joined({"d6", ""}, unknown), "|");
+    EXPECT_FALSE(FindRange(ranges, "d6") || FindRange(ranges, ""));
+    EXPECT_EQ(RecoveryFlag(nullptr, "500"), "");
 }
 
-TEST(MonitoringRecoveries, AreReadFromTheirSection) {
+TEST(MonitoringCompounds, AreReadFromTheirSection) {
+    const auto read = [](const std::string& text) {
+        std::string compounds;
+        const QuantReport report = QuantReport::Read(LineReader(text));
+        for (const MonitoringCompound& compound : report.Monitoring.value()) {
+            compounds += compound.Name + "=" + compound.Recovery + "|";
+        }
+        return compounds;
+    };
+    EXPECT_EQ(
+        read("x\nVOLATILE compounds\r\nheads;a;b\n1; D8 ;99.5;z\nno fields\n2;b;-3.7\n \n3;c;1\n"),
+        "d8=99.5|b=-3.7|");
+    EXPECT_EQ(read("volatile\nheads\n1;a; n/a ;\n2;b\n;;\n"), "a=n/a|b=|=|");
+    EXPECT_EQ(read("volatile"), "");
     std::string endless = "volatile\nheads\n";
     for (int i = 0; i < 100; ++i) {
         endless += "1;a;5\n";
     }
-    const TempDir dir;
-    MessageLog messages;
-    Batch batch;
-    const auto load = [&](const std::string& report) {
-        const SampleRecord sample = CompleteRecord("s", dir.Write("r.prn", report));
-        batch.SampleList = {sample, sample};
-        const auto records = LoadMonitoringRecoveries(batch, messages);
-        EXPECT_EQ(records.size(), 2U);
-        EXPECT_THAT(records.back().Names, IsEmpty()) << "only the first report names compounds";
-        return records.front();
-    };
-    const MonitoringRecoveries full =
-        load("x\nVOLATILE compounds\r\nheads;a;b\n1; D8 ;99.5;z\nno fields\n2;b;-3.7\n \n3;c;1\n");
-    EXPECT_THAT(full.Names, ElementsAre("d8", "b"));
-    EXPECT_THAT(full.Recoveries, ElementsAre("100", "-3"));
-    const MonitoringRecoveries half = load("volatile\nheads\n1;a; n/a ;\n2;b\n;;\n");
-    EXPECT_THAT(half.Names, ElementsAre("a", "b", ""));
-    EXPECT_THAT(half.Recoveries, ElementsAre("n/a", "", ""));
-    EXPECT_THAT(load("volatile").Recoveries, IsEmpty());
-    EXPECT_THAT(load(endless).Recoveries, SizeIs(21));
-    const std::string good = dir.Write("good.prn", "volatile\nheads\n1;a;50\n");
-    batch.SampleList = {CompleteRecord("s1", "c:\\gone.prn"), CompleteRecord("s2", good),
-                        CompleteRecord("s3", dir.Write("bad.prn", "nothing\n")),
-                        CompleteRecord("s4", good)};
-    const auto records = LoadMonitoringRecoveries(batch, messages);
-    ASSERT_EQ(records.size(), 1U) << "a gone one is skipped, one without the section the last";
-    EXPECT_EQ(records[0].SampleNo, "s2");
-    EXPECT_THAT(records[0].Names, IsEmpty());
-    EXPECT_THAT(messages.TakeTexts(), ElementsAre("Did not find keyword, volatile"));
+    EXPECT_EQ(read(endless).size(), 21 * std::string_view("a=5|").size());
+    EXPECT_FALSE(QuantReport::Read(LineReader(" volatile\n")).Monitoring);
 }
 
 // A batch whose reports list compounds c1, c2, ... with recoveries 101, 102, ...
@@ -135,6 +117,23 @@ TEST(Form2, PagesOfSamplesAndOfCompounds) {
     EXPECT_EQ(pages(31, 8), "- A1 A2 - B1 B2 - Page 1 of 2");
     EXPECT_EQ(pages(1, 15), "- A1 - B1 - C1 - Page 1 of 1");
     EXPECT_EQ(pages(1, 22), "- A1 - B1 - C1 - Page 1 of 1");
+}
+
+// Of four samples the report of the first is gone and that of the third has no such section.
+TEST(Form2, NamesNoCompoundsWithoutTheFirstReport) {
+    Recoveries form(4, 2);
+    SampleListType& samples = *form.host.batch.SampleList;
+    samples[0].FileName = "c:\\gone.prn";
+    samples[2].FileName = form.dir.Write("bad.prn", "nothing\n");
+    samples[1].Header[HeaderField::kZovSampleNo] = "S2";
+    const JobPage& page = form.Pages().at(1);
+    EXPECT_THAT(form.host.messages.TakeTexts(), ElementsAre("Did not find keyword, volatile"));
+    EXPECT_THAT(TextsAt(page, 1.0),
+                ElementsAre("S2", "VMC1 = ", "VMC2 = ", StartsWith("#"), StartsWith("*")));
+    EXPECT_TRUE(HasText(page, "101") && HasText(page, "102"));
+    samples[1].FileName = samples[0].FileName;
+    Form2MCRClick(form.host);
+    EXPECT_EQ(form.host.sink.jobs.at(1).pages.size(), 3U) << "no report, and still a page of heads";
 }
 
 TEST(Form2, WithoutRangesNothingPrints) {

@@ -1,11 +1,8 @@
 // Forms IV to VIII, which list the samples or the compounds of one run.
 #include <algorithm>
 
-#include "forms/Form4.h"
-#include "forms/Form5.h"
-#include "forms/Form6.h"
-#include "forms/Form7.h"
-#include "forms/Form8.h"
+#include "forms/Form5Content.h"
+#include "forms/FormDrivers.h"
 #include "forms/SampleChecks.h"
 #include "tests/FormSupport.h"
 
@@ -143,7 +140,6 @@ TEST(Form6, MoreThanFiveLevelsTurnThePage) {
     for (const int levels : {0, 1, 5, 6, 10}) {
         CalibratedRun run(levels, 1);
         // What an earlier calibration of more levels left behind.
-        run.host.Calibration().LevelAmount.fill("old");
         run.host.entries.InitialCalibration.LabFileIds.fill("OLD.D");
         const JobPage& page = run.FirstPage(Form6CIDClick);
         EXPECT_EQ(page.orientation == PageOrientation::kLandscape, levels > 5);
@@ -185,7 +181,6 @@ TEST(Form8, WithoutCheckReportALevelOfTheCalibrationIsTheStandard) {
     entry.RetentionTimes = {"7.255", "6", "late"};
     entry.LevelIndex = 0;
     entry.Levels = {"left over"};
-    run.host.Calibration().LevelAmount = {"10", "20", "30", "left over"};
     Form8ARTClick(run.host);
     EXPECT_THAT(run.host.messages.TakeTexts(),
                 ElementsAre("A left over ug/L concentration was not found. Return to\nForm 8 entry "

@@ -15,7 +15,7 @@ class LoadFiles : public testing::Test, public BatchOwner {
         return dir_.Write(name, report.Text());
     }
     bool TakeBlank(const std::string& name, int rows = 2) {
-        return TakeLabBlank(batch_, Report(name, rows), log_, *this);
+        return TakeLabBlank(batch_, Report(name, rows), NewRun(), log_, *this);
     }
     // Reports by name, or files by path.
     bool Add(const Names& names) {
@@ -23,7 +23,7 @@ class LoadFiles : public testing::Test, public BatchOwner {
         for (const std::string& name : names) {
             files.push_back(std::filesystem::path(name).is_absolute() ? name : Report(name));
         }
-        return AddQuantReports(batch_, files, log_, *this);
+        return AddQuantReports(batch_, files, NewRun(), log_, *this);
     }
     // The records, by their reports' base names; a dash in front of those whose typed values are
     // lost.
@@ -36,7 +36,7 @@ class LoadFiles : public testing::Test, public BatchOwner {
         return names;
     }
     void BuildAndType() {
-        BuildSampleList(batch_);
+        BuildSampleList(batch_, NewRun());
         for (SampleRecord& record : *batch_.SampleList) {
             record.Header[HeaderField::kLabName] = "Lab";
         }
@@ -45,22 +45,25 @@ class LoadFiles : public testing::Test, public BatchOwner {
 
     TempDir dir_;
     MessageLog log_;
+    // Every command reads anew.
+    Reports& NewRun() { return reports_ = {}; }
     Batch batch_;
+    Reports reports_;
     int resets_ = 0;
 };
 
 TEST_F(LoadFiles, BuildsRecordsFromTheBlankAndTheSortedReports) {
     EXPECT_FALSE(FilesSpecified(batch_));
-    BuildSampleList(batch_);
+    BuildSampleList(batch_, NewRun());
     EXPECT_FALSE(batch_.SampleList);
     EXPECT_TRUE(TakeBlank("VBLK") && Add({"b", "C", "A", "a"}));
-    BuildSampleList(batch_);
+    BuildSampleList(batch_, NewRun());
     EXPECT_EQ(Records(), "-vblk -a -b -c ");
     EXPECT_EQ(batch_.SampleList->at(3).Header[HeaderField::kLabSampleId], "C");
 
     batch_.Folder = dir_.Path().string();  // as after restoring a batch that was moved
     batch_.Files.QFiles = {"c:\\gone\\c", "c:\\gone\\s3"};
-    BuildSampleList(batch_);
+    BuildSampleList(batch_, NewRun());
     EXPECT_EQ(batch_.SampleList->at(1).FileName, "c:\\gone\\c");
     EXPECT_EQ(batch_.SampleList->at(1).CompoundCount, 2);
     EXPECT_EQ(batch_.SampleList->at(2).CompoundCount, 0) << "no such report anywhere";
@@ -96,7 +99,7 @@ TEST_F(LoadFiles, ReplacesTheBlanksRecord) {
 
 TEST_F(LoadFiles, ClearsABatchWithoutReportsForATableThatIsTooLong) {
     TakeBlank("v");
-    BuildSampleList(batch_);
+    BuildSampleList(batch_, NewRun());
     batch_.Folder = "/batches";
     EXPECT_TRUE(Add({Report("huge", 302), "a"})) << "the reports after it still enter";
     EXPECT_EQ(batch_.Files.LabBlank + batch_.Folder, "");
@@ -111,13 +114,13 @@ TEST_F(LoadFiles, DeletesRecordsWithTheirReports) {
     Add({"a", "b", "c", "d"});
     DeleteQuantReports(batch_, {3});
     TakeBlank("v");
-    BuildSampleList(batch_);
+    BuildSampleList(batch_, NewRun());
     DeleteQuantReports(batch_, {0, 2});
     EXPECT_EQ(batch_.Files.QFiles.size(), 1u);
     EXPECT_EQ(Records(), "-v -b ");
     batch_ = {};
     Add({"a"});
-    BuildSampleList(batch_);
+    BuildSampleList(batch_, NewRun());
     DeleteQuantReports(batch_, {0});
     EXPECT_FALSE(batch_.SampleList);
 }

@@ -1,12 +1,10 @@
 // The three kinds of Tallyworks reports: what the batch takes of them, and what it refuses.
-#include "data/CalibrationReports.h"
+#include "data/LoadFiles.h"
 #include "platform/Text.h"
 #include "tests/Support.h"
 
 namespace qfr::test {
 namespace {
-
-using Verdict = QuantReportVerdict;
 
 const FileSet kDay1Files = {"voa.lib", "voa.ist", "day1.cal", "", {}, "", ""};
 
@@ -29,12 +27,24 @@ const Kind kKinds[] = {{"Sample.PRN", "quantitation", kQuant, "Compound#"},
                        {"Day1.Cal", "calibration", kCal, "Calibration Data"},
                        {"S.Check", "check calibration", kCheck, "N;Comp"}};
 
+struct NoOwner : BatchOwner {
+    void ResetEntryDialogs() override {}
+};
+
+// Whether a batch of these files takes the report; `files` then has the names that it took over.
 bool Validate(const std::string& file, FileSet& files, Messages& messages) {
-    ExpectedNames expected = ExpectedNamesOf(files);
-    return EndsWith(file, ".prn")
-               ? ValidateQuantReport(file, files, expected, messages) == Verdict::kAccepted
-           : EndsWith(file, ".cal") ? ValidateCalReport(file, files, messages)
-                                    : ValidateCheckReport(file, files, messages);
+    Batch batch;
+    batch.Files = files;
+    Reports reports;
+    NoOwner owner;
+    const bool taken = EndsWith(file, ".prn")
+                           ? AddQuantReports(batch, {file}, reports, messages, owner)
+                       : EndsWith(file, ".cal") ? TakeCalReport(batch, file, reports, messages)
+                                                : TakeCheckReport(batch, file, reports, messages);
+    for (const auto name : {&FileSet::LibFile, &FileSet::SurrFile, &FileSet::CalFile}) {
+        files.*name = batch.Files.*name;
+    }
+    return taken;
 }
 
 // The message of a rejection; empty when the report is accepted.
@@ -50,9 +60,8 @@ std::string Rejection(const std::string& name, std::string_view content, FileSet
 }
 
 SampleRecord ReadHeader(std::string_view content) {
-    const TempDir dir;
     SampleRecord record;
-    ReadSampleHeader(dir.Write("sample.prn", content), "", record);
+    ReadSampleHeader(QuantReport::Read(LineReader(std::string(content))), record);
     return record;
 }
 
@@ -132,11 +141,13 @@ TEST(Reports, AreAcceptedWhenTheyCannotBeOpened) {
     for (const std::string file : {"/Folder.PRN", "/Missing.PRN"}) {
         const std::string name = dir.Path().string() + file;
         EXPECT_TRUE(Validate(name, files, log));
+        Batch batch;
+        batch.Files.QFiles = {name};
+        Reports reports;
+        BuildSampleList(batch, reports);
         SampleRecord record;
-        ReadSampleHeader(name, "", record);
-        EXPECT_EQ(record.Header, SampleHeader());
-        EXPECT_EQ(record.FileName, LowerCase(name));
-        EXPECT_FALSE(OpenCompoundTable(name, "") || !ReadBlankHits(name, "").empty());
+        record.FileName = LowerCase(name);
+        EXPECT_EQ(batch.SampleList, SampleListType{record});
     }
     EXPECT_TRUE(Validate("/no/Day1.Cal", files, log) && Validate("/no/S.Check", files, log));
     EXPECT_TRUE(log.shown.empty());
@@ -188,15 +199,13 @@ TEST(QuantReport, GivesTheHeaderOfASample) {
 }
 
 TEST(QuantReport, TellsWhatTheBlankContains) {
-    const TempDir dir;
     const ReportText report{.rows = 0,
                             .afterRows =
                                 "1;a;12.3;;;;\n2;b;12.3;;;EJ;\n3;c;U;;;;\n4;d; U5.0;;;;\n"
                                 "5;e;12.3;;;E;\n6;f;u5.0;;;j;\n7;g;12.3J\n\n8;h;12.3;;;;\n"};
-    dir.Write("VBLK01.PRN", report.Text());
-    EXPECT_EQ(ReadBlankHits("c:\\moved\\vblk01.prn", dir.Path().string()),
+    EXPECT_EQ(ReadBlankHits(QuantReport::Read(LineReader(report.Text()))),
               (std::vector<bool>{true, false, false, false, true, true, false}));
-    EXPECT_TRUE(OpenCompoundTable(dir.Write("no.prn", "Quant\nSample ID: 1\n"), "")->AtEnd());
+    EXPECT_TRUE(ReadBlankHits(QuantReport::Read(LineReader("Quant\n1;a;12.3\n"))).empty());
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include "platform/PrintJob.h"
+#include "platform/Text.h"
 
 namespace qfr {
 
@@ -25,31 +26,6 @@ QRawFont Load(const char* family) {
 QRawFont LoadTypeface() {
     QRawFont raw = Load("Times New Roman");
     return raw.isValid() ? raw : Load("Liberation Serif");
-}
-
-// Takes the character at the front; a byte that begins no character counts as one of Latin-1.
-char32_t TakeCharacter(std::string_view& utf8) {
-    const auto byteAt = [&](std::size_t i) { return static_cast<unsigned char>(utf8[i]); };
-    const unsigned char lead = byteAt(0);
-    const std::size_t length = lead < 0xC2   ? 1
-                               : lead < 0xE0 ? 2
-                               : lead < 0xF0 ? 3
-                               : lead < 0xF5 ? 4
-                                             : 1;
-    if (length == 1 || utf8.size() < length) {
-        utf8.remove_prefix(1);
-        return lead;
-    }
-    char32_t character = lead & (0xFFU >> (length + 1));
-    for (std::size_t i = 1; i < length; ++i) {
-        if ((byteAt(i) & 0xC0) != 0x80) {
-            utf8.remove_prefix(1);
-            return lead;
-        }
-        character = (character << 6) | (byteAt(i) & 0x3F);
-    }
-    utf8.remove_prefix(length);
-    return character;
 }
 
 bool IsBlank(char32_t character) {

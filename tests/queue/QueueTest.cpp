@@ -5,8 +5,7 @@
 #include <QImage>
 
 #include "app/HeadlessHost.h"
-#include "forms/Form5.h"
-#include "forms/Form6.h"
+#include "forms/FormDrivers.h"
 #include "platform/qt/DesktopSink.h"
 #include "platform/qt/PdfFile.h"
 #include "tests/ui/PdfSupport.h"

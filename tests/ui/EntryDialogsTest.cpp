@@ -164,7 +164,7 @@ TEST(InitCalInput, ShowsTheLevelsAndHandsTheDatesOn) {
     DialogRig<TInitCalInput> rig;
     Entries& entries = rig.form.Entries();
     entries.ContinuingCalibration.FirstStandard = "05/16/2005 09:41";
-    rig.form.Calibration().LevelCount = 2;
+    rig.form.LevelCount() = 2;
     rig.chooser.answers = {
         {rig.dir.Write("early.d", "DATA FILE\n5/15/2005 7:30\nc:\\data\\EARLY.D\n")},
         {rig.dir.Write("other.d", "data file\n5/14/2005 7:30\nc:\\data\\OTHER.D\n")}};
@@ -220,7 +220,7 @@ TEST(ChkCalForm, AsksForWhatIsMissingAndKeepsWhatWasTyped) {
 TEST(ARTSummForm, TheSampleNumberChoosesTheLevel) {
     DialogRig<TARTSummForm> rig;
     rig.form.Batch().Files.Calib = Example("VOA0516.CAL");
-    rig.form.Calibration().LevelCount = 5;
+    rig.form.LevelCount() = 5;
     EXPECT_TRUE(rig.Run([&] {
         rig.Use("&zVSTD050A1\t");
         EXPECT_EQ(rig.Shown("ConcCombo", "LabFileEdit"), "|50|VSTD050.D");

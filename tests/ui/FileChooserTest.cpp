@@ -24,14 +24,14 @@ struct FileChooserTest : testing::Test {
         });
         QtFileChooser chooser;
         const auto chosen = (chooser.*ask)(request);
-        kind = chosen ? chosen->kind : FileKind::kAny;
+        ended = chosen ? chosen->kind : FileKind::kAny;
         return chosen ? chosen->files.at(0).substr(TextOf(dir.Path()).size()) : "none";
     }
 
     const TempDir dir;
     std::string filters;  // of the dialog, with their patterns
     std::string shown;    // its filter and file name
-    FileKind kind{};      // that an open dialog ended with
+    FileKind ended{};     // the kind that an open dialog ended with
 };
 
 TEST_F(FileChooserTest, AddsTheExtensionOfTheKindToANameWithoutOne) {
@@ -61,7 +61,7 @@ TEST_F(FileChooserTest, OpensOnTheFilterAndTellsTheOneItEndedWith) {
         for (const int end : {filter, 7 - filter}) {
             EXPECT_EQ(Chosen(&QtFileChooser::Open, request, "kept.x\r", end == filter ? 0 : end),
                       "/kept.x");
-            EXPECT_EQ(static_cast<int>(kind) + 1, end);
+            EXPECT_EQ(static_cast<int>(ended) + 1, end);
         }
     }
     EXPECT_EQ(filters,

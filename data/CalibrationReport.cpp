@@ -1,0 +1,113 @@
+#include "data/CalibrationReport.h"
+
+#include "data/RawDataFile.h"
+#include "platform/Text.h"
+
+namespace qfr {
+
+namespace {
+
+// Each section takes what it needs from the report's lines, which go by once.
+
+// The line below "Data File(s)": paths, each followed by ";".
+struct DataFileSection {
+    CalibrationReport& report;
+    enum { kSearching, kList, kDone } state = kSearching;
+
+    void Take(const std::string& line) {
+        if (state == kSearching && BeginsWith(Trim(line), "data file(s)")) {
+            state = kList;
+        } else if (state == kList) {
+            for (std::string list = Trim(line); !list.empty();) {
+                std::string_view rest = list;
+                report.DataFiles.push_back(TakeField(rest));
+                list = Trim(rest);
+            }
+            state = kDone;
+        }
+    }
+};
+
+// Takes the first line of a compound's block apart: name; six fields for each level; use mask; one
+// field more.
+CompoundBlock ParseBlock(std::string_view line, char type) {
+    CompoundBlock block;
+    block.Name = LowerCase(Trim(TakeField(line)));
+    block.Type = type;
+    const auto takeLast = [&line] {
+        const std::size_t mark = line.rfind(';');
+        const std::string last(line.substr(mark == std::string_view::npos ? 0 : mark + 1));
+        line = line.substr(0, mark == std::string_view::npos ? 0 : mark);
+        return last;
+    };
+    takeLast();
+    const std::string mask = Trim(takeLast());
+    for (std::size_t level = 0; level < block.Levels.size(); ++level) {
+        LevelResult& result = block.Levels[level];
+        result.Amount = TakeField(line);
+        TakeField(line);
+        TakeField(line);
+        result.RF = TakeField(line);
+        result.Used = level < mask.size() && mask[level] == '1';
+        TakeField(line);
+        TakeField(line);
+    }
+    return block;
+}
+
+// Behind the second blank line of the report.
+struct BlockSection {
+    CalibrationReport& report;
+    int blankLines = 0;
+    int lineOfBlock = 0;
+    bool ended = false;
+    std::string firstLine = {};
+
+    void Take(const std::string& line) {
+        if (ended) {
+            return;
+        }
+        if (blankLines < 2) {
+            blankLines += Trim(line).empty() ? 1 : 0;
+            return;
+        }
+        ++lineOfBlock;
+        if (lineOfBlock == 1) {
+            firstLine = line;
+        } else if (lineOfBlock == 3) {
+            lineOfBlock = 0;
+            ended = !line.starts_with('A') && !line.starts_with('S');
+            if (!ended) {
+                report.Blocks.push_back(ParseBlock(firstLine, line.front()));
+            }
+        }
+    }
+};
+
+}  // namespace
+
+CalibrationReport CalibrationReport::Read(LineReader file) {
+    constexpr int kAreaField = 7;  // of the first level, from 1
+    constexpr int kFieldsOfLevel = 6;
+    CalibrationReport report;
+    FrameReader frame(ReportKind::kCalibration, report.Frame);
+    DataFileSection dataFiles{report};
+    BlockSection blocks{report};
+    StandardLines standards(1);
+    while (auto line = file.Next()) {
+        frame.Take(*line);
+        line->resize(FirstCharacters(*line, kMaxTextLine).size());
+        dataFiles.Take(*line);
+        blocks.Take(*line);
+        if (const auto standard = standards.Take(*line)) {
+            int field = kAreaField;
+            for (std::string& area : report.StandardAreas[*standard]) {
+                area = WholeCounts(GetField(*line, field));
+                field += kFieldsOfLevel;
+            }
+        }
+    }
+    return report;
+}
+
+}  // namespace qfr

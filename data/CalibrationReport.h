@@ -1,0 +1,43 @@
+// Initial calibration reports (*.cal) of Tallyworks 4.2: title, the files that it was made with,
+// the raw data files of its standards, and behind the second blank line a block of three lines for
+// each compound.
+#pragma once
+
+#include <array>
+#include <string>
+#include <vector>
+
+#include "data/Entries.h"
+#include "data/QuantReport.h"
+#include "data/ReportFrame.h"
+#include "platform/LineReader.h"
+
+namespace qfr {
+
+// What the report says of a compound at one level, as written.
+struct LevelResult {
+    std::string Amount;
+    std::string RF;
+    bool Used = false;  // the response factor counts
+};
+
+struct CompoundBlock {
+    std::string Name;                            // lower case
+    char Type = ' ';                             // 'A' analyte, 'S' surrogate
+    std::array<LevelResult, kMaxLevels> Levels;  // slot i belongs to level i + 1
+};
+
+struct CalibrationReport {
+    ReportFrame Frame;
+    // The paths of the raw data files, as they stand; one for each level.
+    std::vector<std::string> DataFiles;
+    // In report order, up to the first block that is neither an analyte's nor a surrogate's.
+    std::vector<CompoundBlock> Blocks;
+    // The areas of each internal standard, in the order of InternalStandardNames, by level; counts,
+    // decimals cut off. Empty for a standard that the report lacks.
+    std::array<std::array<std::string, kMaxLevels>, InternalStandardNames.size()> StandardAreas;
+
+    static CalibrationReport Read(LineReader file);
+};
+
+}  // namespace qfr

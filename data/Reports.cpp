@@ -1,0 +1,62 @@
+#include "data/Reports.h"
+
+#include <optional>
+#include <system_error>
+#include <type_traits>
+#include <utility>
+
+#include "platform/LineReader.h"
+
+namespace qfr {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+template <typename Content>
+std::shared_ptr<const Content> ReadFile(const fs::path& path) {
+    auto lines = std::is_same_v<Content, RawDataFile> ? LineReader::OpenHead(path, kRawDataLines)
+                                                      : LineReader::Open(path);
+    return lines ? std::make_shared<const Content>(Content::Read(*std::move(lines))) : nullptr;
+}
+
+}  // namespace
+
+template <typename Content>
+FileContent<Content> Reports::Read(std::string_view name, std::string_view folder) {
+    const auto path = finder_.FindBeside(name, folder);
+    if (!path) {
+        return {};
+    }
+    auto& files = std::get<Files<Content>>(files_);
+    const auto known = files.find(*path);
+    if (known != files.end() && known->second.checkedIn == job_) {
+        return known->second.content;
+    }
+    const Stamp stamp = StampOf(*path);
+    if (known != files.end() && known->second.stamp == stamp) {
+        known->second.checkedIn = job_;
+        return known->second.content;
+    }
+    FileContent<Content> content(ReadFile<Content>(*path), TextOf(path->parent_path()));
+    if (content) {
+        files.insert_or_assign(*path, Known<Content>{stamp, job_, content});
+    }
+    return content;
+}
+
+Reports::Stamp Reports::StampOf(const fs::path& path) {
+    std::error_code error;
+    const auto written = fs::last_write_time(path, error);
+    const auto size = error ? 0 : fs::file_size(path, error);
+    return error ? Stamp{} : Stamp{written, size};
+}
+
+template FileContent<QuantReport> Reports::Read(std::string_view, std::string_view);
+template FileContent<CalibrationReport> Reports::Read(std::string_view, std::string_view);
+template FileContent<CheckReport> Reports::Read(std::string_view, std::string_view);
+template FileContent<RawDataFile> Reports::Read(std::string_view, std::string_view);
+template FileContent<RecoveryRangesFile> Reports::Read(std::string_view, std::string_view);
+template FileContent<CriteriaFile> Reports::Read(std::string_view, std::string_view);
+
+}  // namespace qfr

@@ -1,0 +1,77 @@
+// The one place that opens the files which a batch names. A run (one form, or many forms with one
+// command) reads each of them once, however many forms use it, and lists each folder once.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <tuple>
+#include <utility>
+
+#include "data/CalibrationReport.h"
+#include "data/CheckReport.h"
+#include "data/CriteriaFile.h"
+#include "data/QuantReport.h"
+#include "data/RawDataFile.h"
+#include "data/RecoveryRanges.h"
+#include "platform/FileLookup.h"
+
+namespace qfr {
+
+// What was read of a file, and where the files that it names are looked for as well (UTF-8). Empty
+// when there is no such file or it cannot be read.
+template <typename Content>
+class FileContent {
+  public:
+    FileContent() = default;
+    FileContent(std::shared_ptr<const Content> content, std::string folder)
+        : Folder(std::move(folder)), content_(std::move(content)) {}
+    explicit operator bool() const { return content_ != nullptr; }
+    const Content& operator*() const { return *content_; }
+    const Content* operator->() const { return content_.get(); }
+
+    std::string Folder;
+
+  private:
+    std::shared_ptr<const Content> content_;
+};
+
+class Reports {
+  public:
+    // The file of that name, else the one of its base name in `folder`, which is that of the file
+    // or batch that names it (UTF-8, empty: none). `Content` is one of the files listed below.
+    template <typename Content>
+    FileContent<Content> Read(std::string_view name, std::string_view folder);
+
+    // A job of the run begins: it sees the files that have changed on disk since they were read.
+    void BeginJob() { ++job_; }
+
+  private:
+    struct Stamp {
+        std::filesystem::file_time_type written;
+        std::uintmax_t size = 0;
+        bool operator==(const Stamp&) const = default;
+    };
+    template <typename Content>
+    struct Known {
+        Stamp stamp;
+        std::size_t checkedIn = 0;  // the job that last looked at the file on disk
+        FileContent<Content> content;
+    };
+    template <typename Content>
+    using Files = std::map<std::filesystem::path, Known<Content>>;
+
+    static Stamp StampOf(const std::filesystem::path& path);
+
+    FileFinder finder_;
+    std::size_t job_ = 0;
+    std::tuple<Files<QuantReport>, Files<CalibrationReport>, Files<CheckReport>, Files<RawDataFile>,
+               Files<RecoveryRangesFile>, Files<CriteriaFile>>
+        files_;
+};
+
+}  // namespace qfr

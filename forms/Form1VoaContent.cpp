@@ -1,0 +1,79 @@
+#include "forms/Form1VoaContent.h"
+
+#include <cmath>
+
+#include "platform/Numbers.h"
+
+namespace qfr {
+
+std::optional<Form1VoaContent> BuildForm1VoaContent(const Batch& batch, std::size_t record,
+                                                    Reports& reports) {
+    const SampleRecord& sample = (*batch.SampleList)[record];
+    const auto report = reports.Read<QuantReport>(sample.FileName, batch.Folder);
+    if (!report) {
+        return std::nullopt;
+    }
+    Form1VoaContent content{
+        {PrintedHeader(sample.Header)}, sample.Header[HeaderField::kZovSampleNo], {}};
+    const auto rows = static_cast<std::size_t>(sample.CompoundCount);
+    for (std::size_t row = 0; row < rows; ++row) {
+        const bool inBlank =
+            record != 0 && row < batch.BlankHitFlags.size() && batch.BlankHitFlags[row];
+        content.Rows.push_back(
+            ReadVoaRow(row < report->Rows.size() ? report->Rows[row] : CompoundRow(), inBlank));
+    }
+    return content;
+}
+
+VoaRow ReadVoaRow(const CompoundRow& row, bool inBlank) {
+    VoaRow printed{row.CasNumber, row.Name, row.Concentration, ""};
+    if (printed.Concentration.starts_with('U')) {
+        printed.Concentration.erase(0, 1);
+        printed.Qualifier = "U";
+    }
+    printed.Concentration = ToSignificantFigures(printed.Concentration, 2);
+    if (printed.Concentration.starts_with('U')) {
+        printed.Concentration.clear();
+    }
+    if (printed.Qualifier != "U") {
+        printed.Qualifier = row.Qualifier + (inBlank ? "B" : "");
+    }
+    return printed;
+}
+
+std::string ToSignificantFigures(std::string_view text, int n) {
+    const std::optional<double> number = ParseNumber(text);
+    if (!number) {
+        return std::string(text);
+    }
+    if (*number == 0) {
+        return "0.00";
+    }
+    double value = *number;
+    int exponent = 0;
+    for (double digits = std::trunc(std::log10(value)); digits != n - 1;
+         digits = std::trunc(std::log10(value))) {
+        if (digits > 1) {
+            value *= 0.1;
+            ++exponent;
+        } else {
+            // On purpose: one decimal at the most, so that small values lose their second figure.
+            value *= 10;
+            --exponent;
+            if (exponent == -1) {
+                break;
+            }
+        }
+    }
+    double whole = 0;
+    if (std::modf(value, &whole) >= 0.5) {
+        whole += 1;
+    }
+    std::string result = FormatGeneral(whole * std::pow(10.0, exponent));
+    if (result.size() == static_cast<std::size_t>(n) - 1) {
+        result += ".0";
+    }
+    return result;
+}
+
+}  // namespace qfr

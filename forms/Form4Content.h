@@ -1,0 +1,33 @@
+// What Form IV states: the lab blank, and the samples that were analyzed with it.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "data/Entries.h"
+#include "forms/FormContent.h"
+#include "platform/DateTime.h"
+
+namespace qfr {
+
+// The header is the lab blank's.
+struct Form4Content : FormContent {
+    struct Sample {
+        std::string SampleNo;
+        std::string LabSampleId;
+        std::string LabFileId;
+        std::string Analyzed;
+        std::string Flag;  // of the twelve hours behind the blank
+    };
+    std::string SampleNo;  // of the blank
+    std::string DateAnalyzed;
+    std::string TimeAnalyzed;
+    std::vector<Sample> Samples;
+    std::vector<std::string> Comments;  // what is typed beyond the form's two lines is left out
+};
+
+// `blankTime`: when the lab blank, the first of the samples, was analyzed.
+Form4Content BuildForm4Content(const SampleListType& samples, DateTime blankTime,
+                               const BlankComments& comments);
+
+}  // namespace qfr

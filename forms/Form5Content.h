@@ -1,0 +1,40 @@
+// What Form V states: the BFB tune, and the samples that it covers.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "data/Entries.h"
+#include "forms/FormContent.h"
+#include "platform/DateTime.h"
+
+namespace qfr {
+
+struct Form5Content : FormContent {
+    struct Sample {
+        std::string SampleNo;
+        std::string LabSampleId;
+        std::string LabFileId;
+        std::string DateAnalyzed;
+        std::string TimeAnalyzed;
+        std::string Flag;  // of the twelve hours behind the injection
+    };
+    std::string SampleNo;  // of the tune
+    std::string LabFileId;
+    std::string InjectionDate;
+    std::string InjectionTime;
+    std::array<std::string, TuneEntry::kIons> Abundances;  // flagged, in the order of kTuneIons
+    std::vector<Sample> Samples;
+};
+
+// `headerRecord`: whose header prints, as index of the samples.
+Form5Content BuildForm5Content(const SampleListType& samples, std::size_t headerRecord,
+                               const TuneEntry& tune, DateTime injection);
+
+// The tune's abundances as they print: "  *" follows one that is outside its ion's range, four
+// blanks follow the others.
+std::array<std::string, TuneEntry::kIons> FlagTuneValues(const TuneEntry& tune);
+
+}  // namespace qfr
