@@ -8,7 +8,7 @@
 
 #include <QGuiApplication>
 
-#include "app/BatchCommand.h"
+#include "app/batch/BatchCommand.h"
 #include "platform/qt/QtTextMetrics.h"
 
 namespace qfr {

@@ -1,0 +1,139 @@
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <memory>
+#include <system_error>
+
+#include "app/batch/BatchCommand.h"
+#include "data/LabFiles.h"
+#include "data/LoadFiles.h"
+#include "platform/DateTime.h"
+#include "platform/FileLookup.h"
+#include "platform/FileReplace.h"
+#include "platform/Text.h"
+
+namespace qfr {
+namespace {
+
+struct Arguments {
+    std::string Blank;
+    std::string Cal;
+    std::string Check;
+    std::string Defaults;
+    std::string Target;
+    std::vector<std::string> Reports;
+};
+
+// No entries have been made yet.
+struct NoEntries : BatchOwner {
+    void ResetEntryDialogs() override {}
+};
+
+// The full path of a file that can be read. The dialog offers only such files, and its rules let
+// others pass.
+std::optional<std::string> FullPath(Context& context, const std::string& name) {
+    if (!OpenInput(context, name)) {
+        return std::nullopt;
+    }
+    std::error_code failed;
+    const auto path = std::filesystem::absolute(FindFile(name).value_or(""), failed);
+    std::string full = TextOf(path.lexically_normal());
+    if (failed || full.find_first_of(";\r\n") != std::string::npos) {
+        context.Complain() << OneLine(name) << " has a path that no batch file can hold\n";
+        return std::nullopt;
+    }
+    return full;
+}
+
+void FillHeader(SampleHeader& header, const std::vector<std::string>& defaults) {
+    for (std::size_t i = 0; i < std::min(defaults.size(), kDefaultsFields.size()); ++i) {
+        std::string& value = header[kDefaultsFields[i]];
+        value = Trim(value).empty() ? defaults[i] : value;
+    }
+    // An untouched date is stored as its mask, as the dialog stores it, and counts as filled in.
+    std::string& received = header[HeaderField::kDateReceived];
+    received = OrEmptyMask(received, kEmptyDateTimeMask);
+}
+
+Batch LoadBatch(const Arguments& arguments, Context& context) {
+    const auto take = [&](const std::string& name, const auto& takePath) {
+        if (const auto path = name.empty() ? std::nullopt : FullPath(context, name)) {
+            takePath(*path);
+        }
+    };
+    Batch batch;
+    Reports files;
+    NoEntries owner;
+    take(arguments.Blank, [&](auto& path) { TakeLabBlank(batch, path, files, context, owner); });
+    std::vector<std::string> reports;
+    for (const std::string& name : arguments.Reports) {
+        if (const auto path = FullPath(context, name)) {
+            reports.push_back(*path);
+        }
+    }
+    AddQuantReports(batch, reports, files, context, owner);
+    take(arguments.Cal, [&](auto& path) { TakeCalReport(batch, path, files, context); });
+    take(arguments.Check, [&](auto& path) { TakeCheckReport(batch, path, files, context); });
+    if (!batch.SampleList) {
+        BuildSampleList(batch, files);
+    }
+    std::vector<std::string> defaults;
+    take(arguments.Defaults,
+         [&](auto& path) { defaults = ReadDefaultsFile(PathOf(path)).value_or(defaults); });
+    if (batch.SampleList) {
+        for (SampleRecord& record : *batch.SampleList) {
+            FillHeader(record.Header, defaults);
+        }
+    }
+    context.Fail(context.anyMessages ? kIncomplete : kDone);
+    return batch;
+}
+
+void Load(const Arguments& arguments, Context& context) {
+    const std::string& target = arguments.Target;
+    if (target.empty()) {
+        throw WrongUsage("-o BATCH.qff is missing");
+    }
+    // "-o *.prn" would replace the first report.
+    if (IsReportName(target)) {
+        throw WrongUsage(target + " is the name of a report, not of a batch file");
+    }
+    const Batch batch = LoadBatch(arguments, context);
+    if (const auto reason = ReplaceFile(PathOf(target), SaveBatch(batch, Entries()))) {
+        context.WriteFailed(target, *reason);
+        return;
+    }
+    const std::pair<std::string_view, const std::string&> required[] = {
+        {"lab blank", batch.Files.LabBlank},
+        {"calibration report", batch.Files.Calib},
+        {"check report", batch.Files.CheckCal}};
+    for (const auto& [what, name] : required) {
+        if (name.empty()) {
+            context.Complain() << target << " has no " << what << " and cannot be restored\n";
+        }
+    }
+}
+
+}  // namespace
+
+void AddLoadCommand(CLI::App& program, Context& context) {
+    CLI::App& command = *program.add_subcommand(
+        "load",
+        "Checks reports as the Load Files dialog does and writes a batch of\n"
+        "those that pass.");
+    const auto arguments = std::make_shared<Arguments>();
+    AddOption(command, "--blank", arguments->Blank, "FILE.prn",
+              "quantitation report of the lab blank");
+    AddOption(command, "--cal", arguments->Cal, "FILE.cal", "initial calibration report");
+    AddOption(command, "--check", arguments->Check, "FILE.check", "continuing calibration report");
+    AddOption(command, "--defaults", arguments->Defaults, "FILE",
+              "laboratory values for the empty header values of every sample,\n"
+              "as the Form 1 dialog saves them");
+    AddOption(command, "-o", arguments->Target, "BATCH.qff",
+              "batch file to write; a file of that name is replaced");
+    AddNames(command, "FILE.prn", arguments->Reports, "...", "quantitation reports of the samples");
+    command.callback([arguments, &context] { Load(*arguments, context); });
+}
+
+}  // namespace qfr

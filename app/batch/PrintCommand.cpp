@@ -1,0 +1,227 @@
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <filesystem>
+#include <iomanip>
+#include <memory>
+#include <set>
+#include <sstream>
+#include <system_error>
+
+#include "app/HeadlessHost.h"
+#include "app/Package.h"
+#include "app/batch/BatchCommand.h"
+#include "platform/FileLookup.h"
+#include "platform/Text.h"
+
+namespace qfr {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Arguments {
+    std::vector<std::string> Batches;
+    std::string Forms;
+    std::vector<std::string> Samples;
+    // Where the pages go: one of these.
+    std::string File;
+    std::string Directory;
+    std::string Printer;
+};
+
+std::string FormList() {
+    std::ostringstream text;
+    text << "Forms, in the order in which they print:";
+    for (const FormRow& form : kForms) {
+        text << "\n  " << std::left << std::setw(5) << form.name << form.caption
+             << (form.printSample ? ", for each sample" : "");
+    }
+    return text.str();
+}
+
+PackageChoice ParseForms(const std::string& list) {
+    PackageChoice choice;
+    choice.byName = !list.empty();
+    choice.forms.fill(!choice.byName);
+    std::istringstream items(choice.byName ? list + "," : "");
+    for (std::string item; std::getline(items, item, ',');) {
+        const std::string name = LowerCase(Trim(item));
+        const auto* form = std::ranges::find(kForms, name, &FormRow::name);
+        if (form == kForms.end()) {
+            throw WrongUsage("there is no form \"" + name + "\"");
+        }
+        choice.forms[static_cast<std::size_t>(form - kForms.begin())] = true;
+    }
+    return choice;
+}
+
+// Which records of the batch's SampleList are to be printed; the names that mean one of them are
+// no longer unknown.
+std::vector<bool> ChooseSamples(const Batch& batch, const std::vector<std::string>& names,
+                                std::vector<std::string>& unknown) {
+    std::vector<bool> chosen;
+    for (const SampleRecord& sample : batch.SampleList.value_or(SampleListType())) {
+        const std::string number = LowerCase(Trim(sample.Header[HeaderField::kZovSampleNo]));
+        const std::string report = FileNameOnly(sample.FileName);
+        const auto isMeant = [&](const std::string& name) {
+            const std::string wanted = LowerCase(Trim(name));
+            return wanted == number || wanted == report;
+        };
+        chosen.push_back(names.empty() || std::ranges::any_of(names, isMeant));
+        std::erase_if(unknown, isMeant);
+    }
+    return chosen;
+}
+
+void WriteJobs(Context& context, const std::vector<PrintJob>& jobs, const std::string& title,
+               const std::string& fileName) {
+    if (const auto reason = context.platform.WritePdf(jobs, title, fileName)) {
+        context.WriteFailed(fileName, *reason);
+    }
+}
+
+// The name, numbered where it is taken already by one that differs at most in case.
+std::string UntakenName(const std::string& name, std::set<std::string>& taken) {
+    std::string untaken = name;
+    for (int i = 2; !taken.insert(LowerCase(untaken)).second; ++i) {
+        untaken = name + " (" + std::to_string(i) + ")";
+    }
+    return untaken;
+}
+
+bool MakeFolder(Context& context, const fs::path& folder) {
+    std::error_code failed;
+    fs::create_directories(folder, failed);
+    if (failed && !fs::is_directory(folder)) {
+        context.WriteFailed(TextOf(folder), failed.message());
+        return false;
+    }
+    return true;
+}
+
+bool HasPrinter(Context& context, const std::string& printer) {
+    std::string others;
+    for (const std::string& name : context.platform.Printers()) {
+        if (name == printer) {
+            return true;
+        }
+        others += (others.empty() ? "there is " : ", ") + name;
+    }
+    context.Complain(kUnusable) << "there is no printer \"" << printer << "\"; "
+                                << (others.empty()
+                                        ? "none is installed, or the print service does not answer"
+                                        : others)
+                                << '\n';
+    return false;
+}
+
+// The jobs of the forms that are not refused, in the order in which they print.
+std::vector<PrintJob> Record(Context& context, NamedBatch batch, const PackageChoice& choice) {
+    context.prefix = batch.prefix;
+    const std::vector<PackageWork> dueJobs = PlanPackage(batch.saved.Batch, choice);
+    HeadlessHost host(std::move(batch.saved), context.platform.Metrics(), context);
+    std::vector<PrintJob> jobs;
+    for (const PackageWork& dueJob : dueJobs) {
+        if (auto job = PrintWork(host, dueJob)) {
+            jobs.push_back(*std::move(job));
+        } else {
+            context.Fail(kIncomplete);
+        }
+    }
+    context.prefix.clear();
+    return jobs;
+}
+
+void Print(const Arguments& arguments, Context& context) {
+    const auto& [names, forms, samples, file, directory, printer] = arguments;
+    if (std::ranges::count(std::array{file, directory, printer}, "") != 2) {
+        throw WrongUsage("exactly one of -o, --output-dir and --printer is needed");
+    }
+    if (IsReportName(file) || EndsWith(file, ".qff")) {
+        throw WrongUsage(file + " is not the name of a PDF file");
+    }
+    PackageChoice choice = ParseForms(forms);
+    std::vector<NamedBatch> batches = ReadBatches(context, names);
+    std::vector<std::vector<bool>> chosen;
+    std::vector<std::string> unknown = samples;
+    for (const NamedBatch& batch : batches) {
+        chosen.push_back(ChooseSamples(batch.saved.Batch, samples, unknown));
+    }
+    if (batches.empty()) {
+        return;
+    }
+    if (!unknown.empty()) {
+        context.Complain(kUnusable) << (batches.size() == 1 ? "the batch has" : "the batches have")
+                                    << " no sample \"" << unknown.front() << "\"\n";
+        return;
+    }
+    if (const auto reason = context.platform.Start()) {
+        context.Complain() << *reason << '\n';
+        return;
+    }
+    if (!printer.empty() && !HasPrinter(context, printer)) {
+        return;
+    }
+
+    std::set<std::string> taken;
+    const bool several = names.size() > 1;
+    std::vector<PrintJob> document;
+    std::string title;
+    for (std::size_t i = 0; i < batches.size(); ++i) {
+        const std::string name = UntakenName(TextOf(PathOf(batches[i].name).stem()), taken);
+        const fs::path folder = several ? PathOf(directory) / PathOf(name) : PathOf(directory);
+        choice.samples = chosen[i];
+        std::vector<PrintJob> jobs = Record(context, std::move(batches[i]), choice);
+        if (jobs.empty() || (!directory.empty() && !MakeFolder(context, folder))) {
+            continue;
+        }
+        title += (title.empty() ? "" : ", ") + name;
+        std::set<std::string> files;
+        for (PrintJob& job : jobs) {
+            if (!printer.empty()) {
+                if (const auto reason = context.platform.PrintOnQueue(job, printer)) {
+                    context.Complain() << job.title << " could not be printed: " << *reason << '\n';
+                }
+            } else if (!directory.empty()) {
+                const auto stem = UntakenName(context.platform.FileNameForTitle(job.title), files);
+                WriteJobs(context, {job}, job.title, TextOf(folder / PathOf(stem + ".pdf")));
+            } else {
+                job.form.insert(0, several ? name + ": " : "");
+                document.push_back(std::move(job));
+            }
+        }
+    }
+    if (!document.empty()) {
+        WriteJobs(context, document, document.size() == 1 ? document.front().title : title, file);
+    }
+}
+
+}  // namespace
+
+void AddPrintCommand(CLI::App& program, Context& context) {
+    CLI::App& command = *program.add_subcommand(
+        "print",
+        "Prints the forms of batches with the entries that were saved in them,\n"
+        "to one of -o, --output-dir and --printer.");
+    const auto arguments = std::make_shared<Arguments>();
+    AddNames(command, "BATCH.qff", arguments->Batches, "...",
+             "batch files, in the order in which they print");
+    AddOption(command, "--forms", arguments->Forms, "LIST",
+              "forms to print, as 1,2,8; every form without this option\n"
+              "(tic then only for samples that have TICs)");
+    AddNames(command, "--sample", arguments->Samples, "NAME ...",
+             "of the forms that are printed for each sample, only these samples:\n"
+             "sample numbers or names of reports, of whichever batch; may be\n"
+             "repeated. What is named behind a batch and --sample is a sample");
+    AddOption(command, "-o", arguments->File, "FILE.pdf",
+              "all forms in one PDF file, those of several batches one after another");
+    AddOption(command, "--output-dir", arguments->Directory, "DIR",
+              "one PDF file for each form and sample, in this directory; of several\n"
+              "batches each in a directory of its own there, named as the batch");
+    AddOption(command, "--printer", arguments->Printer, "QUEUE", "on an installed printer");
+    command.footer(FormList());
+    command.callback([arguments, &context] { Print(*arguments, context); });
+}
+
+}  // namespace qfr
