@@ -1,5 +1,5 @@
 // An initial calibration report: checked, then printed with the forms that read it.
-#include "data/CalibrationReports.h"
+#include "data/LoadFiles.h"
 #include "forms/FormDrivers.h"
 #include "fuzz/Laboratory.h"
 
@@ -8,8 +8,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     laboratory.Put(data, size);
 
     qfr::fuzz::Silence silence;
-    qfr::FileSet files;
-    ValidateCalReport(laboratory.Name(), files, silence);
+    qfr::Batch batch;
+    qfr::Reports reports;
+    TakeCalReport(batch, laboratory.Name(), reports, silence);
     laboratory.Print({qfr::Form6CIDClick, qfr::Form7CCDClick, qfr::Form8ARTClick});
     return 0;
 }

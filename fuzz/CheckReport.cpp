@@ -1,7 +1,5 @@
 // A continuing calibration report: checked, then printed with the forms that read it.
-#include "data/CheckReport.h"
-
-#include "data/CalibrationReports.h"
+#include "data/LoadFiles.h"
 #include "forms/FormDrivers.h"
 #include "fuzz/Laboratory.h"
 
@@ -10,8 +8,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     laboratory.Put(data, size);
 
     qfr::fuzz::Silence silence;
-    qfr::FileSet files;
-    ValidateCheckReport(laboratory.Name(), files, silence);
+    qfr::Batch batch;
+    qfr::Reports reports;
+    TakeCheckReport(batch, laboratory.Name(), reports, silence);
     laboratory.Print({qfr::Form7CCDClick, qfr::Form8ARTClick});
     return 0;
 }

@@ -1,6 +1,4 @@
 // An RF criteria file.
-#include "data/CriteriaFile.h"
-
 #include "forms/FormDrivers.h"
 #include "fuzz/Laboratory.h"
 

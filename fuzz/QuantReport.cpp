@@ -1,6 +1,4 @@
 // A quantitation report: checked and taken as sample and as lab blank, then printed.
-#include "data/QuantReport.h"
-
 #include "data/LoadFiles.h"
 #include "forms/FormDrivers.h"
 #include "fuzz/Laboratory.h"
@@ -21,9 +19,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     qfr::fuzz::Silence silence;
     NoDialogs owner;
     qfr::Batch taken;
-    TakeLabBlank(taken, laboratory.Name(), silence, owner);
-    AddQuantReports(taken, {laboratory.Name()}, silence, owner);
-    BuildSampleList(taken);
+    qfr::Reports reports;
+    TakeLabBlank(taken, laboratory.Name(), reports, silence, owner);
+    AddQuantReports(taken, {laboratory.Name()}, reports, silence, owner);
+    BuildSampleList(taken, reports);
     laboratory.Print({taken, laboratory.Example().Entries}, {qfr::fuzz::PrintDataSheets});
 
     laboratory.Print({qfr::Form2MCRClick, qfr::Form4MBSClick, qfr::Form8ARTClick});

@@ -1,6 +1,5 @@
 // The raw data file of the first calibration standard.
-#include "data/RawDataFile.h"
-
+#include "data/Reports.h"
 #include "forms/FormDrivers.h"
 #include "fuzz/Laboratory.h"
 
@@ -8,7 +7,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const qfr::fuzz::Laboratory laboratory("vstd005.d");
     laboratory.Put(data, size);
 
-    qfr::ReadRawDataFile(laboratory.Name(), "");
+    qfr::Reports().Read<qfr::RawDataFile>(laboratory.Name(), "");
     laboratory.Print({qfr::Form6CIDClick});
     return 0;
 }

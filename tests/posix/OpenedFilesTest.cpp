@@ -1,0 +1,100 @@
+// How often a run opens its files, as the system sees it.
+#include <cstring>
+#include <map>
+#include <sys/inotify.h>
+#include <unistd.h>
+
+#include "app/Package.h"
+#include "platform/FileLookup.h"
+#include "platform/Text.h"
+#include "tests/FormSupport.h"
+
+namespace qfr::test {
+namespace {
+
+// Counts how often each file of a directory is opened while this lives; the directory itself, for
+// its names, under "".
+class Openings {
+  public:
+    explicit Openings(const std::filesystem::path& directory)
+        : queue_(::inotify_init1(IN_NONBLOCK)) {
+        EXPECT_GE(::inotify_add_watch(queue_, directory.c_str(), IN_OPEN), 0);
+    }
+    ~Openings() { ::close(queue_); }
+    Openings(const Openings&) = delete;
+    Openings& operator=(const Openings&) = delete;
+
+    std::map<std::string, int> Take() const {
+        std::map<std::string, int> counts;
+        alignas(inotify_event) char events[4096];
+        for (ssize_t size = 0; (size = ::read(queue_, events, sizeof(events))) > 0;) {
+            for (ssize_t at = 0; at < size;) {
+                inotify_event event{};
+                std::memcpy(&event, events + at, sizeof(event));
+                const char* const name = events + at + sizeof(event);
+                ++counts[event.len > 0 ? name : ""];
+                at += static_cast<ssize_t>(sizeof(event) + event.len);
+            }
+        }
+        return counts;
+    }
+
+  private:
+    int queue_;
+};
+
+// 500 samples whose names are in lower case, as batches keep them, and whose files are not.
+TEST(OpenedFiles, AreReadOnceInARunAndTheirFolderIsListedOnce) {
+    CalibratedRun run(3, 2, 500);
+    ScriptedHost& host = run.host;
+    for (SampleRecord& sample : *host.batch.SampleList) {
+        run.dir.Write(FileNameOnly(sample.FileName), ReportText().Text() +
+                                                         "Volatile\nheads\n1;d8;99\n\n" +
+                                                         ReadAll(PathOf(sample.FileName)));
+        sample.FileName = LowerCase(sample.FileName);
+        sample.CompoundCount = 2;
+    }
+    host.entries.Ranges.FileName = run.dir.Write("RANGES.TXT", "recovery ranges\n1\nd8;1;2\n");
+    host.entries.ContinuingCalibration.InstrumentId = "GC 2";
+    host.entries.ContinuingCalibration.SampleNo = host.entries.StandardSummary.SampleNo = "VSTD010";
+
+    PackageChoice choice{.samples = std::vector<bool>(500, true)};
+    choice.forms.fill(true);
+    const std::vector<PackageWork> dueJobs = PlanPackage(host.batch, choice);
+    JobLog sink;
+    const auto package = sink.BeginPackage(0, "Package");
+    const Openings openings(run.dir.Path());
+    const PackageOutcome outcome =
+        PrintPackage(host, host.metrics, dueJobs, *package, [](std::size_t) { return true; });
+    EXPECT_THAT(outcome.notes, testing::IsEmpty());
+    EXPECT_EQ(sink.jobs.size(), 500U + 6U);
+    std::map<std::string, int> counts = openings.Take();
+    // The samples, the two reports, four standards, ranges, criteria, and the directory.
+    EXPECT_EQ(counts.size(), 500U + 2U + 4U + 2U + 1U);
+    for (const auto& [name, count] : counts) {
+        EXPECT_EQ(count, 1) << name;
+    }
+}
+
+// The report of the first job is replaced while the run goes on.
+TEST(OpenedFiles, AreReadAnewByTheNextJobOnceTheyHaveChanged) {
+    CalibratedRun run(1, 1, 2);
+    SampleListType& samples = *run.host.batch.SampleList;
+    samples[1] = samples[0];
+    for (SampleRecord& sample : samples) {
+        sample.CompoundCount = 1;
+        run.dir.Write("S1.PRN", "Compound#\n1;before;\n");
+    }
+    PackageChoice choice{.samples = {true, true}};
+    choice.forms[0] = true;
+    const std::vector<PackageWork> dueJobs = PlanPackage(run.host.batch, choice);
+    JobLog sink;
+    sink.onTake = [&run] { run.dir.Write("S1.PRN", "Compound#\n1;after;\n"); };
+    const auto package = sink.BeginPackage(0, "Package");
+    PrintPackage(run.host, run.host.metrics, dueJobs, *package, [](std::size_t) { return true; });
+    EXPECT_TRUE(HasText(sink.jobs.at(0).pages.at(0), "before"));
+    EXPECT_TRUE(HasText(sink.jobs.at(1).pages.at(0), "after"));
+}
+
+}  // namespace
+}  // namespace qfr::test
