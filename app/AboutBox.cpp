@@ -28,16 +28,17 @@ QStringList Libraries() {
 
 }  // namespace
 
-TAboutBox::TAboutBox(QWidget* parent) : QDialog(parent), ui_(std::make_unique<Ui::TAboutBox>()) {
-    ui_->setupUi(this);
-    ui_->Image->setPixmap(QPixmap(":/icons/qfrforms-64.png"));
-    ui_->Comments->setText(
+std::unique_ptr<QDialog> MakeAboutBox(QWidget* parent) {
+    auto box = std::make_unique<QDialog>(parent);
+    Ui::TAboutBox ui;
+    ui.setupUi(box.get());
+    ui.Image->setPixmap(QPixmap(":/icons/qfrforms-64.png"));
+    ui.Comments->setText(
         QString("Report forms of TQW04.2 (5/2005)\nfor volatile organics by GC/MS\n\n%1\n%2")
             .arg(BuiltFrom(), Libraries().join('\n')));
-    ui_->OkButton->setFocus();
-    connect(ui_->OkButton, &QPushButton::clicked, this, &QDialog::accept);
+    ui.OkButton->setFocus();
+    QObject::connect(ui.OkButton, &QPushButton::clicked, box.get(), &QDialog::accept);
+    return box;
 }
-
-TAboutBox::~TAboutBox() = default;
 
 }  // namespace qfr

@@ -5,21 +5,8 @@
 
 #include <QDialog>
 
-namespace Ui {
-class TAboutBox;
-}
-
 namespace qfr {
 
-class TAboutBox : public QDialog {
-    Q_OBJECT
-
-  public:
-    explicit TAboutBox(QWidget* parent);
-    ~TAboutBox() override;
-
-  private:
-    std::unique_ptr<Ui::TAboutBox> ui_;
-};
+std::unique_ptr<QDialog> MakeAboutBox(QWidget* parent);
 
 }  // namespace qfr

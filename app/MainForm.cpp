@@ -14,6 +14,7 @@
 #include <QScreen>
 #include <QStatusBar>
 
+#include "app/AboutBox.h"
 #include "app/BatchFile.h"
 #include "app/PrintAll.h"
 #include "dialogs/EntryFormDialog.h"
@@ -78,7 +79,7 @@ TQFRForm::TQFRForm(const DesktopServices& services)
       filesDlg_(std::make_unique<TFilesDlg>(*this, *this, *this)),
       form1Header_(std::make_unique<TForm1Header>(*this, *this)),
       ticForm_(std::make_unique<TTICForm>(*this, *this, form1Header_.get())),
-      aboutBox_(std::make_unique<TAboutBox>(this)) {
+      aboutBox_(MakeAboutBox(this)) {
     for (const FormRow& form : kForms) {
         if (form.entry) {
             const EntryDialog dialog = form.entry->dialog;
@@ -286,7 +287,10 @@ void TQFRForm::EnterTics(std::size_t record, const std::string& sampleNo) {
 
 void TQFRForm::ResetEntryDialogs() {
     form1Header_->Reset();
-    ResetEntries(entries_);
+    // The tune's sample, instrument and injection stay: only its abundances belong to the batch.
+    const TuneEntry tune = std::exchange(entries_, {}).Tune;
+    entries_.Tune = tune;
+    entries_.Tune.Abundances = {};
 }
 
 std::optional<ChosenFiles> TQFRForm::ChooseFiles(FileKind kind, bool multiSelect) {

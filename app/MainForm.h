@@ -12,7 +12,6 @@
 #include <QLabel>
 #include <QMainWindow>
 
-#include "app/AboutBox.h"
 #include "app/PathsFile.h"
 #include "data/FilesDlg.h"
 #include "dialogs/EntryDialogs.h"
@@ -120,7 +119,7 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
     // Dialogs above this one or above the Form 1 header.
     std::unique_ptr<TTICForm> ticForm_;
     std::map<EntryDialog, std::unique_ptr<EntryWindow>> entryDialogs_;
-    std::unique_ptr<TAboutBox> aboutBox_;
+    std::unique_ptr<QDialog> aboutBox_;
 };
 
 }  // namespace qfr

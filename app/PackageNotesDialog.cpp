@@ -9,13 +9,14 @@
 
 namespace qfr {
 
-PackageNotesDialog::PackageNotesDialog(const std::vector<PackageNote>& notes, const Batch& batch,
-                                       const QString& summary, QWidget* parent)
-    : QDialog(parent), ui_(std::make_unique<Ui::PackageNotesDialog>()) {
-    ui_->setupUi(this);
-    setProperty(kHelpTopicProperty, kPrintAllHelpTopic);
-    ui_->NotesLabel->setText(summary + " &Messages:");
-    QTableWidget& table = *ui_->NotesTable;
+void ShowPackageNotes(const std::vector<PackageNote>& notes, const Batch& batch,
+                      const QString& summary, QWidget* parent) {
+    QDialog dialog(parent);
+    Ui::PackageNotesDialog ui;
+    ui.setupUi(&dialog);
+    dialog.setProperty(kHelpTopicProperty, kPrintAllHelpTopic);
+    ui.NotesLabel->setText(summary + " &Messages:");
+    QTableWidget& table = *ui.NotesTable;
     table.setRowCount(static_cast<int>(notes.size()));
     for (int row = 0; row < table.rowCount(); ++row) {
         const PackageNote& note = notes[static_cast<std::size_t>(row)];
@@ -38,10 +39,9 @@ PackageNotesDialog::PackageNotesDialog(const std::vector<PackageNote>& notes, co
     table.verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     table.verticalHeader()->hide();
     table.setCurrentCell(0, 0);
-    connect(ui_->OkButton, &QPushButton::clicked, this, &QDialog::accept);
-    ui_->OkButton->setFocus();
+    QObject::connect(ui.OkButton, &QPushButton::clicked, &dialog, &QDialog::accept);
+    ui.OkButton->setFocus();
+    dialog.exec();
 }
-
-PackageNotesDialog::~PackageNotesDialog() = default;
 
 }  // namespace qfr

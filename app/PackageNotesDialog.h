@@ -1,31 +1,19 @@
 // What forms had to say while a package was printed, in one list.
 #pragma once
 
-#include <memory>
 #include <vector>
-
-#include <QDialog>
 
 #include "app/Package.h"
 #include "data/Batch.h"
 
-namespace Ui {
-class PackageNotesDialog;
-}
+class QString;
+class QWidget;
 
 namespace qfr {
 
-class PackageNotesDialog : public QDialog {
-    Q_OBJECT
-
-  public:
-    // `summary` stands above the list. The notes are about forms and samples of the batch.
-    PackageNotesDialog(const std::vector<PackageNote>& notes, const Batch& batch,
-                       const QString& summary, QWidget* parent);
-    ~PackageNotesDialog() override;
-
-  private:
-    std::unique_ptr<Ui::PackageNotesDialog> ui_;
-};
+// Shows the list until it is closed. `summary` stands above it. The notes are about forms and
+// samples of the batch.
+void ShowPackageNotes(const std::vector<PackageNote>& notes, const Batch& batch,
+                      const QString& summary, QWidget* parent);
 
 }  // namespace qfr

@@ -104,7 +104,7 @@ void PrintAll(TQFRForm& window, TextMetrics& metrics, PackageSink& sink) {
         for (PackageNote& note : outcome.notes) {
             note.printed = note.printed && package->Printed() > 0;
         }
-        PackageNotesDialog(outcome.notes, batch, summary, &window).exec();
+        ShowPackageNotes(outcome.notes, batch, summary, &window);
     }
     window.statusBar()->showMessage(
         QString(kTitle) + (outcome.cancelled ? ", cancelled: " : ": ") + summary, kClosingNote);

@@ -1,5 +1,7 @@
 #include "data/Batch.h"
 
+#include <algorithm>
+
 #include "platform/Text.h"
 
 namespace qfr {
@@ -23,6 +25,21 @@ std::optional<HeaderField> FirstEmptyField(const SampleHeader& header) {
         }
     }
     return std::nullopt;
+}
+
+std::optional<TicListType> TicListFromRows(const std::vector<TicEntry>& rows) {
+    constexpr std::size_t kNameCell = 1;
+    constexpr std::size_t kRequiredCells = 4;
+    TicListType list;
+    for (const TicEntry& row : rows) {
+        TicEntry entry;
+        std::ranges::transform(row.cells, entry.cells.begin(), Trim);
+        entry.cells[kNameCell] = LowerCase(entry.cells[kNameCell]);
+        if (!std::ranges::count(entry.cells.begin(), entry.cells.begin() + kRequiredCells, "")) {
+            list.push_back(std::move(entry));
+        }
+    }
+    return list.empty() ? std::nullopt : std::optional(std::move(list));
 }
 
 bool FilesSpecified(const Batch& batch) {

@@ -75,6 +75,10 @@ struct TicEntry {
 };
 using TicListType = std::vector<TicEntry>;
 
+// What the rows of the TIC entry grid hold: every row in which nothing but the qualifier is empty,
+// its cells trimmed and its compound name in lower case. Absent when there is no such row.
+std::optional<TicListType> TicListFromRows(const std::vector<TicEntry>& rows);
+
 // One quantitation report.
 struct SampleRecord {
     std::string FileName;  // full path, lower case

@@ -42,13 +42,12 @@ CompoundBlock ParseBlock(std::string_view line, char type) {
     };
     takeLast();
     const std::string mask = Trim(takeLast());
-    for (std::size_t level = 0; level < block.Levels.size(); ++level) {
-        LevelResult& result = block.Levels[level];
-        result.Amount = TakeField(line);
+    for (std::size_t level = 0; level < kMaxLevels; ++level) {
+        block.Amount[level] = TakeField(line);
         TakeField(line);
         TakeField(line);
-        result.RF = TakeField(line);
-        result.Used = level < mask.size() && mask[level] == '1';
+        const std::string rf = TakeField(line);
+        block.RF[level] = level < mask.size() && mask[level] == '1' ? rf : "";
         TakeField(line);
         TakeField(line);
     }

@@ -14,17 +14,12 @@
 
 namespace qfr {
 
-// What the report says of a compound at one level, as written.
-struct LevelResult {
-    std::string Amount;
-    std::string RF;
-    bool Used = false;  // the response factor counts
-};
-
+// Slot i, from 0, belongs to calibration level i + 1; its texts are as written.
 struct CompoundBlock {
-    std::string Name;                            // lower case
-    char Type = ' ';                             // 'A' analyte, 'S' surrogate
-    std::array<LevelResult, kMaxLevels> Levels;  // slot i belongs to level i + 1
+    std::string Name;  // lower case
+    char Type = ' ';   // 'A' analyte, 'S' surrogate
+    std::array<std::string, kMaxLevels> Amount;
+    std::array<std::string, kMaxLevels> RF;  // empty where the level is not used
 };
 
 struct CalibrationReport {

@@ -64,13 +64,11 @@ bool AddStatistics(CalibrationRecord& record, Messages& messages) {
 }
 
 CalibrationRecord RecordOf(const CompoundBlock& block, int levelCount) {
-    CalibrationRecord record;
-    record.Name = block.Name;
-    record.Type = block.Type;
-    for (std::size_t level = 0; level < static_cast<std::size_t>(levelCount); ++level) {
-        const LevelResult& result = block.Levels[level];
-        record.Amount[level] = result.Amount;
-        record.RF[level] = result.Used ? RoundToWhole(result.RF) : "";
+    CalibrationRecord record{block, "", ""};
+    for (std::size_t level = 0; level < kMaxLevels; ++level) {
+        const bool printed = level < static_cast<std::size_t>(levelCount);
+        record.RF[level] = printed ? RoundToWhole(block.RF[level]) : "";
+        record.Amount[level] = printed ? block.Amount[level] : "";
     }
     return record;
 }

@@ -2,7 +2,6 @@
 // rows of the continuing calibration beside them.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <optional>
 #include <span>
@@ -18,14 +17,10 @@
 
 namespace qfr {
 
-// One compound. Slot i, from 0, belongs to calibration level i + 1.
-struct CalibrationRecord {
-    std::string Name;                            // lower case
-    char Type = ' ';                             // 'A' or 'S'
-    std::array<std::string, kMaxLevels> Amount;  // as written in the report
-    std::array<std::string, kMaxLevels> RF;      // whole numbers; empty where the level is not used
-    std::string MeanRF;                          // empty when no level is used
-    std::string RSD;                             // percent, two decimals; empty as MeanRF
+// One compound, its response factors as whole numbers.
+struct CalibrationRecord : CompoundBlock {
+    std::string MeanRF;  // empty when no level is used
+    std::string RSD;     // percent, two decimals; empty as MeanRF
 };
 
 // Takes the lab file IDs and the dates of the first and the last standard from the raw data files

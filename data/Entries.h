@@ -85,8 +85,4 @@ struct Entries {
     bool operator==(const Entries&) const = default;
 };
 
-// What Clear All leaves of the entries: everything initial, but of the tune only the abundances are
-// emptied.
-void ResetEntries(Entries& entries);
-
 }  // namespace qfr

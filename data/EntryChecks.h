@@ -1,11 +1,20 @@
-// What is said about a text that should be a date or a time, in a dialog or before a form prints.
+// What is wrong with what was entered, in a dialog or before a form prints.
 #pragma once
 
+#include <optional>
+#include <string>
 #include <string_view>
 
 #include "platform/Messages.h"
 
 namespace qfr {
+
+// What an entry dialog's OK finds wrong: the message, and where the focus goes.
+struct EntryFault {
+    qfr::Message Message;
+    std::string Control;  // name of the control to focus
+    int Row = 0;          // of a grid, from 1; 0: no grid
+};
 
 inline constexpr std::string_view kIncorrectTimeFormat = "Incorrect Time Format";  // the title
 

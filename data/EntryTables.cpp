@@ -4,7 +4,6 @@
 #include <type_traits>
 
 #include "data/CalibrationEntryRules.h"
-#include "data/EntryChecks.h"
 #include "data/RecoveryRanges.h"
 #include "platform/DateTime.h"
 #include "platform/Numbers.h"

@@ -13,7 +13,7 @@
 
 #include "data/Batch.h"
 #include "data/Entries.h"
-#include "data/EntryFault.h"
+#include "data/EntryChecks.h"
 #include "data/Reports.h"
 #include "platform/FileChooser.h"
 #include "platform/Messages.h"

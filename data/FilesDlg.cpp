@@ -22,18 +22,6 @@ constexpr QSize kDialogSize(598, 456);  // at 100 %; larger where the fonts need
 constexpr int kLettersAcross = 80;
 constexpr int kLinesDown = 28;
 
-// What a Browse or Add button sets the open dialog to.
-struct OpenSetting {
-    FileKind kind;
-    bool multiSelect;
-};
-constexpr OpenSetting kOpenSettings[] = {
-    {FileKind::kQuantReport, false},  // lab blank
-    {FileKind::kQuantReport, true},   // quantitation reports
-    {FileKind::kCalibration, false},
-    {FileKind::kCheckReport, false},
-};
-
 // The reports among the files of a drag, full paths. What else comes along stays where it is.
 std::vector<std::string> ReportsIn(const QMimeData& dragged) {
     const std::string_view patterns = RowOf(FileKind::kQuantReport).filter.patterns;
@@ -82,10 +70,11 @@ TFilesDlg::TFilesDlg(FilesDlgOwner& owner, WindowServices& services, Messages& m
     const auto onClick = [this](QAbstractButton* button, auto handler) {
         connect(button, &QAbstractButton::clicked, this, handler);
     };
-    onClick(ui_->BrowseLabBlank, [this] { OpenFiles(Choice::kLabBlank); });
-    onClick(ui_->AddButton, [this] { OpenFiles(Choice::kQuantReports); });
-    onClick(ui_->BrowseCalibButton, [this] { OpenFiles(Choice::kCalReport); });
-    onClick(ui_->BrowseChkCalButton, [this] { OpenFiles(Choice::kCheckReport); });
+    onClick(ui_->BrowseLabBlank, [this] { OpenFiles(FileKind::kQuantReport, TakeLabBlank); });
+    onClick(ui_->AddButton, [this] { OpenFiles(FileKind::kQuantReport, AddQuantReports); });
+    onClick(ui_->BrowseCalibButton, [this] { OpenFiles(FileKind::kCalibration, TakeCalReport); });
+    onClick(ui_->BrowseChkCalButton,
+            [this] { OpenFiles(FileKind::kCheckReport, TakeCheckReport); });
     onClick(ui_->OkButton, &TFilesDlg::OkButtonClick);
     onClick(ui_->DeleteButton, &TFilesDlg::DeleteButtonClick);
     onClick(ui_->ClearAllButton, &TFilesDlg::ClearAllButtonClick);
@@ -124,20 +113,16 @@ void TFilesDlg::ShowFileSet() {
     }
 }
 
-void TFilesDlg::OpenFiles(Choice choice) {
-    const OpenSetting& setting = kOpenSettings[static_cast<std::size_t>(choice)];
-    const std::optional<ChosenFiles> chosen =
-        services_.ChooseFiles(setting.kind, setting.multiSelect);
-    if (!chosen) {
-        return;
+void TFilesDlg::OpenFiles(FileKind kind, TakeReports& take) {
+    if (const auto chosen = services_.ChooseFiles(kind, take == AddQuantReports)) {
+        Take(take, chosen->files);
     }
-    Take(choice, chosen->files);
 }
 
 void TFilesDlg::AddDropped(const std::vector<std::string>& reports) {
     activateWindow();
     services_.RememberChoice({reports, FileKind::kQuantReport});
-    Take(Choice::kQuantReports, reports);
+    Take(AddQuantReports, reports);
 }
 
 bool TFilesDlg::eventFilter(QObject* watched, QEvent* event) {
@@ -157,24 +142,11 @@ bool TFilesDlg::eventFilter(QObject* watched, QEvent* event) {
     return true;
 }
 
-void TFilesDlg::Take(Choice choice, const std::vector<std::string>& files) {
+void TFilesDlg::Take(TakeReports& take, const std::vector<std::string>& files) {
     owner_.Flags().Form8DataReady = false;
     const WaitCursor wait;
     Reports reports;
-    switch (choice) {
-        case Choice::kLabBlank:
-            TakeLabBlank(batch_, files.front(), reports, messages_, owner_);
-            break;
-        case Choice::kQuantReports:
-            AddQuantReports(batch_, files, reports, messages_, owner_);
-            break;
-        case Choice::kCalReport:
-            TakeCalReport(batch_, files.front(), reports, messages_);
-            break;
-        case Choice::kCheckReport:
-            TakeCheckReport(batch_, files.front(), reports, messages_);
-            break;
-    }
+    take(batch_, files, reports, messages_, owner_);
     // Also after a rejection, which may have taken the names of the library and the like, or
     // cleared the batch.
     ShowFileSet();

@@ -45,13 +45,10 @@ class TFilesDlg : public QDialog {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
-    // What a Browse or Add button chooses.
-    enum class Choice { kLabBlank, kQuantReports, kCalReport, kCheckReport };
-
-    void OpenFiles(Choice choice);
+    void OpenFiles(FileKind kind, TakeReports& take);
     // As if they had been chosen with "Add Files".
     void AddDropped(const std::vector<std::string>& reports);
-    void Take(Choice choice, const std::vector<std::string>& files);
+    void Take(TakeReports& take, const std::vector<std::string>& files);
     void OkButtonClick();
     void DeleteButtonClick();
     void ClearAllButtonClick();

@@ -83,30 +83,23 @@ void BringSampleListIntoStep(Batch& batch, Reports& reports) {
     std::move(next, old.end(), std::back_inserter(list));
 }
 
-// Removes the elements at these ascending positions; those beyond the end are not there to remove.
+// Removes the elements at these ascending positions, which count from the element at `first`; those
+// beyond the end are not there to remove.
 template <typename Element>
 void RemoveAt(std::vector<Element>& elements, const std::vector<std::size_t>& positions,
-              std::size_t offset) {
-    auto removed = positions.begin();
-    std::size_t kept = 0;
-    for (std::size_t i = 0; i < elements.size(); ++i) {
-        if (removed != positions.end() && i == *removed + offset) {
-            ++removed;
-        } else {
-            if (kept != i) {
-                elements[kept] = std::move(elements[i]);
-            }
-            ++kept;
-        }
-    }
-    elements.resize(kept);
+              std::size_t first) {
+    std::size_t place = 0;
+    std::erase_if(elements, [&](const Element&) {
+        const std::size_t current = place++;
+        return current >= first && std::ranges::binary_search(positions, current - first);
+    });
 }
 
 }  // namespace
 
-bool TakeLabBlank(Batch& batch, const std::string& fileName, Reports& reports, Messages& messages,
-                  BatchOwner& owner) {
-    const auto accepted = AcceptedReports(batch, {fileName}, reports, messages, owner);
+bool TakeLabBlank(Batch& batch, const std::vector<std::string>& fileNames, Reports& reports,
+                  Messages& messages, BatchOwner& owner) {
+    const auto accepted = AcceptedReports(batch, fileNames, reports, messages, owner);
     if (accepted.empty()) {
         return false;
     }
@@ -139,8 +132,9 @@ bool AddQuantReports(Batch& batch, const std::vector<std::string>& fileNames, Re
     return true;
 }
 
-bool TakeCalReport(Batch& batch, const std::string& fileName, Reports& reports,
-                   Messages& messages) {
+bool TakeCalReport(Batch& batch, const std::vector<std::string>& fileNames, Reports& reports,
+                   Messages& messages, BatchOwner& /*owner*/) {
+    const std::string& fileName = fileNames.front();
     const std::string baseName = FileNameOnly(fileName);
     const auto report = reports.Read<CalibrationReport>(fileName, "");
     if (const auto rejection = RejectionOf(report, baseName, batch.Files)) {
@@ -154,8 +148,9 @@ bool TakeCalReport(Batch& batch, const std::string& fileName, Reports& reports,
     return true;
 }
 
-bool TakeCheckReport(Batch& batch, const std::string& fileName, Reports& reports,
-                     Messages& messages) {
+bool TakeCheckReport(Batch& batch, const std::vector<std::string>& fileNames, Reports& reports,
+                     Messages& messages, BatchOwner& /*owner*/) {
+    const std::string& fileName = fileNames.front();
     const auto report = reports.Read<CheckReport>(fileName, "");
     if (const auto rejection = report ? CheckReportFrame(ReportKind::kCheck, report->Frame,
                                                          FileNameOnly(fileName), batch.Files)
@@ -172,14 +167,11 @@ void BuildSampleList(Batch& batch, Reports& reports) {
     if (!FilesSpecified(batch)) {
         return;
     }
-    SampleListType& list = batch.SampleList.emplace();
-    list.reserve(batch.Files.QFiles.size() + 1);
+    batch.SampleList.emplace();
     if (LabBlankRecords(batch) > 0) {
-        list.push_back(NewRecord(batch, batch.Files.LabBlank, reports));
+        batch.SampleList->push_back(NewRecord(batch, batch.Files.LabBlank, reports));
     }
-    for (const std::string& file : batch.Files.QFiles) {
-        list.push_back(NewRecord(batch, file, reports));
-    }
+    BringSampleListIntoStep(batch, reports);
 }
 
 void DeleteQuantReports(Batch& batch, const std::vector<std::size_t>& positions) {

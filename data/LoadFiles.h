@@ -19,17 +19,14 @@ class BatchOwner {
     virtual void ResetEntryDialogs() = 0;
 };
 
-// Each takes full paths as chosen (UTF-8, any case) and returns whether anything was taken. A file
-// that cannot be opened is taken, but for a calibration report whose name is not the batch's
-// calibration file; why another one is refused is shown. The first report taken decides the names
-// of the library, internal standard and calibration files, also when it is refused at a later line.
-bool TakeLabBlank(Batch& batch, const std::string& fileName, Reports& reports, Messages& messages,
-                  BatchOwner& owner);
-bool AddQuantReports(Batch& batch, const std::vector<std::string>& fileNames, Reports& reports,
-                     Messages& messages, BatchOwner& owner);
-bool TakeCalReport(Batch& batch, const std::string& fileName, Reports& reports, Messages& messages);
-bool TakeCheckReport(Batch& batch, const std::string& fileName, Reports& reports,
-                     Messages& messages);
+// Takes reports into the batch: full paths as chosen (UTF-8, any case), at least one, of which only
+// AddQuantReports takes more than the first. Returns whether anything was taken. A file that cannot
+// be opened is taken, but for a calibration report whose name is not the batch's calibration file;
+// why another one is refused is shown. The first report taken decides the names of the library,
+// internal standard and calibration files, also when it is refused at a later line.
+using TakeReports = bool(Batch& batch, const std::vector<std::string>& fileNames, Reports& reports,
+                         Messages& messages, BatchOwner& owner);
+TakeReports TakeLabBlank, AddQuantReports, TakeCalReport, TakeCheckReport;
 
 // Builds SampleList from the named reports; it stays absent when none is named. The record of a
 // report that cannot be opened keeps its defaults.

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "data/Entries.h"
-#include "data/EntryFault.h"
+#include "data/EntryChecks.h"
 #include "platform/LineReader.h"
 
 namespace qfr {

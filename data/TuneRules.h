@@ -42,9 +42,13 @@ inline constexpr std::array<TuneIon, TuneEntry::kIons> kTuneIons = {{
 }};
 
 // Whenever the dialog is shown, the instrument is that of the form's header.
-void ShowTune(TuneEntry& entry, const SampleHeader& header);
+inline void ShowTune(TuneEntry& entry, const SampleHeader& header) {
+    entry.InstrumentId = header[HeaderField::kInstrumentId];
+}
 
 // Date and time of the injection; absent when they are none.
-std::optional<DateTime> InjectionDateTime(const TuneEntry& entry);
+inline std::optional<DateTime> InjectionDateTime(const TuneEntry& entry) {
+    return ParseDateTime(entry.InjectionDate + " " + entry.InjectionTime);
+}
 
 }  // namespace qfr

@@ -11,7 +11,7 @@
 #include <QDialog>
 #include <QObject>
 
-#include "data/EntryFault.h"
+#include "data/EntryChecks.h"
 #include "forms/FormHost.h"
 #include "platform/WindowServices.h"
 

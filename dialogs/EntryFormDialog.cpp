@@ -1,5 +1,7 @@
 #include "dialogs/EntryFormDialog.h"
 
+#include <algorithm>
+
 #include <QHeaderView>
 #include <QMouseEvent>
 
@@ -19,6 +21,11 @@ namespace qfr {
 namespace {
 
 // The design's controls are found by their names.
+template <typename Control = QWidget>
+Control* Find(const QDialog& dialog, const std::string& name) {
+    return dialog.findChild<Control*>(QString::fromStdString(name));
+}
+
 template <typename Design>
 void SetUp(QDialog& dialog) {
     Design().setupUi(&dialog);
@@ -40,14 +47,9 @@ std::string MaskOf(const EntryField& field) {
     }
 }
 
-QWidget* Find(const QDialog& dialog, const std::string& name) {
-    return dialog.findChild<QWidget*>(QString::fromStdString(name));
-}
-
 // The radio buttons of a choice, which are numbered from 1.
 QRadioButton* RadioButton(const QDialog& dialog, const EntryField& field, int number) {
-    const std::string name = std::string(field.Control) + std::to_string(number);
-    return qobject_cast<QRadioButton*>(Find(dialog, name));
+    return Find<QRadioButton>(dialog, std::string(field.Control) + std::to_string(number));
 }
 
 // The control of an item; null for radio buttons.
@@ -96,19 +98,126 @@ std::optional<std::string> EnteredItem(const QDialog& dialog, const EntryField& 
     return std::to_string(number);
 }
 
+// ---- What the dialogs have of their own
+
+void FocusChosenLimits(QDialog& dialog, FormHost& host) {
+    const auto chosen = static_cast<int>(host.Entries().Ranges.Limits);
+    Find(dialog, "RadioButton" + std::to_string(chosen))->setFocus();
+}
+
+void SetUpTune(QDialog& dialog) {
+    SetUp<Ui::TTuneForm>(dialog);
+    auto& grid = *Find<EntryGrid>(dialog, "StringGrid1");
+    grid.SetUp(
+        {{"m/e", 40, true}, {"ION ABUNDANCE CRITERIA", 220, true}, {"% RELATIVE ABUNDANCE", 150}},
+        TuneEntry::kIons, TuneEntry::kIons);
+    grid.horizontalHeader()->setStretchLastSection(true);
+    int row = 0;
+    for (const TuneIon& ion : kTuneIons) {
+        grid.SetCell(row, 0, std::string(ion.Mass));
+        grid.SetCell(row, 1, std::string(ion.DialogCriterion));
+        ++row;
+    }
+}
+
+void SetUpInitialCalibration(QDialog& dialog) {
+    SetUp<Ui::TInitCalInput>(dialog);
+    const QString description = Find<QLabel>(dialog, "IdsLabel")->text();
+    for (int level = 1; level <= kMaxLevels; ++level) {
+        Find(dialog, "CalFileEdit" + std::to_string(level))->setAccessibleDescription(description);
+    }
+}
+
+// The levels of the calibration that is being printed.
+void ShowLevels(QDialog& dialog, FormHost& host) {
+    for (int level = 1; level <= kMaxLevels; ++level) {
+        for (const char* const name : {"NumberLabel", "CalFileEdit", "BrowseButton"}) {
+            Find(dialog, name + std::to_string(level))->setVisible(level <= host.LevelCount());
+        }
+    }
+    dialog.adjustSize();
+}
+
+// Presses its parent when what it watches is clicked.
+struct ClickForwarder : QObject {
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::MouseButtonRelease &&
+            static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
+            // The chooser opens when the edit is done with the click.
+            QMetaObject::invokeMethod(static_cast<QPushButton*>(parent()), &QPushButton::click,
+                                      Qt::QueuedConnection);
+        }
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+void SetUpContinuingCalibration(QDialog& dialog) {
+    SetUp<Ui::TChkCalForm>(dialog);
+    auto* const forwarder = new ClickForwarder(Find<QPushButton>(dialog, "Button1"));
+    Find(dialog, "LimitEdit")->installEventFilter(forwarder);
+}
+
+void SetUpStandardSummary(QDialog& dialog) {
+    SetUp<Ui::TARTSummForm>(dialog);
+    // A wheel that passes over the dialog must not choose another level.
+    Find(dialog, "ConcCombo")->setFocusPolicy(Qt::StrongFocus);
+}
+
+// The levels of the calibration report.
+void OfferLevels(QDialog& dialog, FormHost& host) {
+    auto& list = *Find<QComboBox>(dialog, "ConcCombo");
+    list.clear();
+    for (const std::string& level : host.Entries().StandardSummary.Levels) {
+        list.addItem(QString::fromStdString(level));
+    }
+}
+
 }  // namespace
 
-EntryFormDialog::EntryFormDialog(const EntryDialogParts& parts, FormHost& host,
-                                 WindowServices& services, QWidget* parent)
+// What a dialog has besides its entries; its Cancel is always "CancelButton".
+struct EntryDialogParts {
+    EntryDialog dialog;
+    void (*setUp)(QDialog& dialog);  // its design, and what that leaves open
+    // What the dialog offers for the entries that are about to show; null: the same for all.
+    void (*prepare)(QDialog& dialog, FormHost& host);
+    const char* firstFocus;  // null: `prepare` sets it
+    const char* okButton;
+    const char* helpButton;
+    int helpTopic;
+    // A click on Help leaves the entry, and may leave a wrong one; otherwise it leaves none, so
+    // that a wrong one does not stand in its way.
+    bool helpTakesFocus;
+};
+
+namespace {
+
+constexpr EntryDialogParts kParts[] = {
+    {EntryDialog::kRecoveryRanges, SetUp<Ui::TForm2Dlg>, FocusChosenLimits, nullptr, "Button1",
+     "HelpButton", 121, true},
+    {EntryDialog::kTune, SetUpTune, nullptr, "SampleEdit", "OkButton", "HelpButton", 130, false},
+    {EntryDialog::kInitialCalibration, SetUpInitialCalibration, ShowLevels, "CalStartMaskEdit",
+     "OkButton", "HelpButton", 140, true},
+    {EntryDialog::kContinuingCalibration, SetUpContinuingCalibration, nullptr, "LabFileEdit",
+     "OkButton", "Button2", 150, false},
+    {EntryDialog::kStandardSummary, SetUpStandardSummary, OfferLevels, "SampleEdit", "OkButton",
+     "Button1", 160, false},
+};
+
+}  // namespace
+
+EntryFormDialog::EntryFormDialog(EntryDialog dialog, FormHost& host, WindowServices& services,
+                                 QWidget* parent)
     : EntryWindow(parent),
-      parts_(parts),
+      parts_(*std::ranges::find(kParts, dialog, &EntryDialogParts::dialog)),
       host_(host),
       services_(services),
-      entry_(EntryOf(parts.dialog)),
+      entry_(EntryOf(dialog)),
       checks_(host, *this, [this](const QWidget& control) { return Leave(control); }) {
     parts_.setUp(*this);
-    auto& cancel = Get<QPushButton>("CancelButton");
-    auto& help = Get<QPushButton>(parts_.helpButton);
+    auto& cancel = *Find<QPushButton>(*this, "CancelButton");
+    auto& help = *Find<QPushButton>(*this, parts_.helpButton);
     checks_.Allow(cancel);
     if (parts_.helpTakesFocus) {
         checks_.Allow(help);
@@ -118,7 +227,7 @@ EntryFormDialog::EntryFormDialog(const EntryDialogParts& parts, FormHost& host,
     for (const EntryField& field : entry_.table.Fields) {
         AddField(field);
     }
-    connect(&Get<QPushButton>(parts_.okButton), &QPushButton::clicked, this,
+    connect(Find<QPushButton>(*this, parts_.okButton), &QPushButton::clicked, this,
             &EntryFormDialog::OkClick);
     connect(&cancel, &QPushButton::clicked, this, &EntryFormDialog::reject);
     ConnectHelp(*this, services_, parts_.helpTopic, &help);
@@ -134,7 +243,7 @@ void EntryFormDialog::AddField(const EntryField& field) {
             checks_.Watch(*control);
         }
         if (field.Browse) {
-            connect(&Get<QPushButton>(ControlName(field.Browse->Button, field, item)),
+            connect(Find<QPushButton>(*this, ControlName(field.Browse->Button, field, item)),
                     &QPushButton::clicked, this,
                     [this, &field, item] { BrowseClick(field, item); });
         }
@@ -145,13 +254,15 @@ bool EntryFormDialog::Run(std::size_t headerRecord) {
     if (!entry_.onShow(host_, headerRecord)) {
         return false;
     }
-    Prepare();
+    if (parts_.prepare) {
+        parts_.prepare(*this, host_);
+    }
     ShowEntries();
     for (EntryGrid* const grid : findChildren<EntryGrid*>()) {
         grid->setCurrentCell(0, grid->columnCount() - 1);
     }
-    if (parts_.firstFocus != nullptr) {
-        Get<QWidget>(parts_.firstFocus).setFocus();
+    if (parts_.firstFocus) {
+        Find(*this, parts_.firstFocus)->setFocus();
     }
     const bool accepted = exec() == Accepted;
     FinishEditing();
@@ -228,126 +339,12 @@ void EntryFormDialog::FinishEditing() {
     }
 }
 
-// ---- Form II
-
-TForm2Dlg::TForm2Dlg(FormHost& host, WindowServices& services, QWidget* parent)
-    : EntryFormDialog({.dialog = EntryDialog::kRecoveryRanges,
-                       .setUp = SetUp<Ui::TForm2Dlg>,
-                       .helpTopic = 121,
-                       .okButton = "Button1",
-                       .helpTakesFocus = true},
-                      host, services, parent) {}
-
-void TForm2Dlg::Prepare() {
-    const auto chosen = static_cast<int>(Host().Entries().Ranges.Limits);
-    Get<QRadioButton>("RadioButton" + std::to_string(chosen)).setFocus();
-}
-
-// ---- Form V
-
-TTuneForm::TTuneForm(FormHost& host, WindowServices& services, QWidget* parent)
-    : EntryFormDialog({.dialog = EntryDialog::kTune,
-                       .setUp = SetUp<Ui::TTuneForm>,
-                       .helpTopic = 130,
-                       .firstFocus = "SampleEdit"},
-                      host, services, parent) {
-    auto& grid = Get<EntryGrid>("StringGrid1");
-    grid.SetUp(
-        {{"m/e", 40, true}, {"ION ABUNDANCE CRITERIA", 220, true}, {"% RELATIVE ABUNDANCE", 150}},
-        TuneEntry::kIons, TuneEntry::kIons);
-    grid.horizontalHeader()->setStretchLastSection(true);
-    int row = 0;
-    for (const TuneIon& ion : kTuneIons) {
-        grid.SetCell(row, 0, std::string(ion.Mass));
-        grid.SetCell(row, 1, std::string(ion.DialogCriterion));
-        ++row;
-    }
-}
-
-// ---- Form VI
-
-TInitCalInput::TInitCalInput(FormHost& host, WindowServices& services, QWidget* parent)
-    : EntryFormDialog({.dialog = EntryDialog::kInitialCalibration,
-                       .setUp = SetUp<Ui::TInitCalInput>,
-                       .helpTopic = 140,
-                       .firstFocus = "CalStartMaskEdit",
-                       .helpTakesFocus = true},
-                      host, services, parent) {
-    for (int level = 1; level <= kMaxLevels; ++level) {
-        Get<QLineEdit>("CalFileEdit" + std::to_string(level))
-            .setAccessibleDescription(Get<QLabel>("IdsLabel").text());
-    }
-}
-
-void TInitCalInput::Prepare() {
-    for (int level = 1; level <= kMaxLevels; ++level) {
-        for (const char* const name : {"NumberLabel", "CalFileEdit", "BrowseButton"}) {
-            Get<QWidget>(name + std::to_string(level)).setVisible(level <= Host().LevelCount());
-        }
-    }
-    adjustSize();
-}
-
-// ---- Form VII
-
-TChkCalForm::TChkCalForm(FormHost& host, WindowServices& services, QWidget* parent)
-    : EntryFormDialog({.dialog = EntryDialog::kContinuingCalibration,
-                       .setUp = SetUp<Ui::TChkCalForm>,
-                       .helpTopic = 150,
-                       .firstFocus = "LabFileEdit",
-                       .helpButton = "Button2"},
-                      host, services, parent) {
-    Get<QLineEdit>("LimitEdit").installEventFilter(this);
-}
-
-bool TChkCalForm::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::MouseButtonRelease &&
-        static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
-        // The chooser opens when the edit is done with the click.
-        QMetaObject::invokeMethod(&Get<QPushButton>("Button1"), &QPushButton::click,
-                                  Qt::QueuedConnection);
-    }
-    return EntryFormDialog::eventFilter(watched, event);
-}
-
-// ---- Form VIII
-
-TARTSummForm::TARTSummForm(FormHost& host, WindowServices& services, QWidget* parent)
-    : EntryFormDialog({.dialog = EntryDialog::kStandardSummary,
-                       .setUp = SetUp<Ui::TARTSummForm>,
-                       .helpTopic = 160,
-                       .firstFocus = "SampleEdit",
-                       .helpButton = "Button1"},
-                      host, services, parent) {
-    // A wheel that passes over the dialog must not choose another level.
-    Get<QComboBox>("ConcCombo").setFocusPolicy(Qt::StrongFocus);
-}
-
-void TARTSummForm::Prepare() {
-    auto& list = Get<QComboBox>("ConcCombo");
-    list.clear();
-    for (const std::string& level : Host().Entries().StandardSummary.Levels) {
-        list.addItem(QString::fromStdString(level));
-    }
-}
-
 std::unique_ptr<EntryWindow> MakeEntryDialog(EntryDialog dialog, FormHost& host,
                                              WindowServices& services, QWidget* parent) {
-    switch (dialog) {
-        case EntryDialog::kRecoveryRanges:
-            return std::make_unique<TForm2Dlg>(host, services, parent);
-        case EntryDialog::kBlankComments:
-            return std::make_unique<TMBSHeader>(host, services, parent);
-        case EntryDialog::kTune:
-            return std::make_unique<TTuneForm>(host, services, parent);
-        case EntryDialog::kInitialCalibration:
-            return std::make_unique<TInitCalInput>(host, services, parent);
-        case EntryDialog::kContinuingCalibration:
-            return std::make_unique<TChkCalForm>(host, services, parent);
-        case EntryDialog::kStandardSummary:
-            break;
+    if (dialog == EntryDialog::kBlankComments) {
+        return std::make_unique<TMBSHeader>(host, services, parent);
     }
-    return std::make_unique<TARTSummForm>(host, services, parent);
+    return std::make_unique<EntryFormDialog>(dialog, host, services, parent);
 }
 
 }  // namespace qfr

@@ -12,7 +12,6 @@
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 
-#include "data/TicRules.h"
 #include "platform/Text.h"
 
 namespace qfr {
@@ -137,7 +136,11 @@ void EntryGrid::FinishEditing() {
 
 void EntryGrid::Paste() {
     FinishEditing();
-    const auto rows = PastedCells(QGuiApplication::clipboard()->text().toStdString());
+    // Rows at line breaks, cells at tabs; a line break at the end starts no further row.
+    QStringList rows = QGuiApplication::clipboard()->text().split('\n');
+    if (rows.last().isEmpty()) {
+        rows.removeLast();
+    }
     const int firstRow = std::max(currentRow(), 0);
     const int firstColumn = std::max(currentColumn(), 0);
     if (const int needed = firstRow + static_cast<int>(rows.size());
@@ -145,11 +148,14 @@ void EntryGrid::Paste() {
         setRowCount(needed);
     }
     int row = firstRow;
-    for (const std::vector<std::string>& cells : rows) {
+    for (QString& cells : rows) {
+        if (cells.endsWith('\r')) {
+            cells.chop(1);
+        }
         int column = firstColumn;
-        for (const std::string& text : cells) {
+        for (const QString& cell : cells.split('\t')) {
             if (IsEditable(model()->index(row, column))) {
-                SetCell(row, column, text);
+                SetCell(row, column, cell.toStdString());
             }
             ++column;
         }

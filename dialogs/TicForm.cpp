@@ -2,7 +2,6 @@
 
 #include <vector>
 
-#include "data/TicRules.h"
 #include "dialogs/EntryDialogs.h"
 #include "ui_TicForm.h"
 

@@ -2,7 +2,6 @@
 #include "data/CalibrationEntryRules.h"
 #include "data/EntryTables.h"
 #include "data/LabFiles.h"
-#include "data/TicRules.h"
 #include "tests/FormSupport.h"
 
 namespace qfr::test {

@@ -15,7 +15,7 @@ class LoadFiles : public testing::Test, public BatchOwner {
         return dir_.Write(name, report.Text());
     }
     bool TakeBlank(const std::string& name, int rows = 2) {
-        return TakeLabBlank(batch_, Report(name, rows), NewRun(), log_, *this);
+        return TakeLabBlank(batch_, {Report(name, rows)}, NewRun(), log_, *this);
     }
     // Reports by name, or files by path.
     bool Add(const Names& names) {

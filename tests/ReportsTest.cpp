@@ -37,10 +37,10 @@ bool Validate(const std::string& file, FileSet& files, Messages& messages) {
     batch.Files = files;
     Reports reports;
     NoOwner owner;
-    const bool taken = EndsWith(file, ".prn")
-                           ? AddQuantReports(batch, {file}, reports, messages, owner)
-                       : EndsWith(file, ".cal") ? TakeCalReport(batch, file, reports, messages)
-                                                : TakeCheckReport(batch, file, reports, messages);
+    TakeReports& take = EndsWith(file, ".prn")   ? AddQuantReports
+                        : EndsWith(file, ".cal") ? TakeCalReport
+                                                 : TakeCheckReport;
+    const bool taken = take(batch, {file}, reports, messages, owner);
     for (const auto name : {&FileSet::LibFile, &FileSet::SurrFile, &FileSet::CalFile}) {
         files.*name = batch.Files.*name;
     }

@@ -57,30 +57,38 @@ void FillHeader(SampleHeader& header, const std::vector<std::string>& defaults) 
 }
 
 Batch LoadBatch(const Arguments& arguments, Context& context) {
-    const auto take = [&](const std::string& name, const auto& takePath) {
-        if (const auto path = name.empty() ? std::nullopt : FullPath(context, name)) {
-            takePath(*path);
+    const auto paths = [&](const std::vector<std::string>& names) {
+        std::vector<std::string> found;
+        for (const std::string& name : names) {
+            if (const auto path = FullPath(context, name)) {
+                found.push_back(*path);
+            }
         }
+        return found;
+    };
+    // None where the option is not given.
+    const auto pathOf = [&](const std::string& name) {
+        return name.empty() ? std::vector<std::string>() : paths({name});
     };
     Batch batch;
     Reports files;
     NoEntries owner;
-    take(arguments.Blank, [&](auto& path) { TakeLabBlank(batch, path, files, context, owner); });
-    std::vector<std::string> reports;
-    for (const std::string& name : arguments.Reports) {
-        if (const auto path = FullPath(context, name)) {
-            reports.push_back(*path);
+    const auto take = [&](TakeReports& takeReports, const std::vector<std::string>& found) {
+        if (!found.empty()) {
+            takeReports(batch, found, files, context, owner);
         }
-    }
-    AddQuantReports(batch, reports, files, context, owner);
-    take(arguments.Cal, [&](auto& path) { TakeCalReport(batch, path, files, context); });
-    take(arguments.Check, [&](auto& path) { TakeCheckReport(batch, path, files, context); });
+    };
+    take(TakeLabBlank, pathOf(arguments.Blank));
+    take(AddQuantReports, paths(arguments.Reports));
+    take(TakeCalReport, pathOf(arguments.Cal));
+    take(TakeCheckReport, pathOf(arguments.Check));
     if (!batch.SampleList) {
         BuildSampleList(batch, files);
     }
     std::vector<std::string> defaults;
-    take(arguments.Defaults,
-         [&](auto& path) { defaults = ReadDefaultsFile(PathOf(path)).value_or(defaults); });
+    for (const std::string& path : pathOf(arguments.Defaults)) {
+        defaults = ReadDefaultsFile(PathOf(path)).value_or(defaults);
+    }
     if (batch.SampleList) {
         for (SampleRecord& record : *batch.SampleList) {
             FillHeader(record.Header, defaults);

@@ -9,6 +9,9 @@ namespace {
 
 using testing::Contains;
 
+template <EntryDialog dialog>
+using EntryRig = DialogRig<EntryFormDialog, dialog>;
+
 const char* const kDateFormat = "Enter the date/time format as\n MM/DD/YYYY or HH:MI";
 const char* const kRequired = "Please enter an appropriate value.";
 const char* const kNoValue = "Please enter a value.";
@@ -21,7 +24,7 @@ TEST(Form2Dlg, TakesKindAndFileByKeyboardAlone) {
         {"&i", "RadioButton3", RecoveryLimits::kOil},
         {"&w", "RadioButton1", RecoveryLimits::kWater}};
     const char* const kNoFile = "Please select a file for ranges.";
-    DialogRig<TForm2Dlg> rig;
+    EntryRig<EntryDialog::kRecoveryRanges> rig;
     RangesEntry& stored = rig.form.Entries().Ranges;
     for (const auto& [key, button, limits] : cases) {
         stored.FileName = "";
@@ -40,7 +43,7 @@ TEST(Form2Dlg, TakesKindAndFileByKeyboardAlone) {
 }
 
 TEST(Form2Dlg, EmptiesItsFileForOneThatIsRefused) {
-    DialogRig<TForm2Dlg> rig;
+    EntryRig<EntryDialog::kRecoveryRanges> rig;
     rig.form.Entries().Ranges.FileName = "typed";
     const std::string notes = rig.dir.Write("notes.txt", "notes\n");
     const std::string good = rig.dir.Write("Good.txt", "Recovery Ranges of May\n");
@@ -79,7 +82,7 @@ TEST(MBSHeader, HasRoomFor256Characters) {
     }
 }
 
-struct TuneRig : DialogRig<TTuneForm> {
+struct TuneRig : EntryRig<EntryDialog::kTune> {
     TuneRig() {
         form.Batch().SampleList.emplace(2)[1].Header[HeaderField::kInstrumentId] = "GC 2";
         stored = {"BFB01", "", "B0516.D", "05/16/2005", "08:30", {}};
@@ -161,7 +164,7 @@ TEST(TuneForm, CancelKeepsWhatWasTypedButNotTheInstrument) {
 }
 
 TEST(InitCalInput, ShowsTheLevelsAndHandsTheDatesOn) {
-    DialogRig<TInitCalInput> rig;
+    EntryRig<EntryDialog::kInitialCalibration> rig;
     Entries& entries = rig.form.Entries();
     entries.ContinuingCalibration.FirstStandard = "05/16/2005 09:41";
     rig.form.LevelCount() = 2;
@@ -189,7 +192,7 @@ TEST(InitCalInput, ShowsTheLevelsAndHandsTheDatesOn) {
 }
 
 TEST(ChkCalForm, AsksForWhatIsMissingAndKeepsWhatWasTyped) {
-    DialogRig<TChkCalForm> rig;
+    EntryRig<EntryDialog::kContinuingCalibration> rig;
     Entries& entries = rig.form.Entries();
     entries.StandardSummary.SampleNo = "VSTD050CC";
     const std::string good = rig.dir.Write("criteria.txt", "RF criteria\n");
@@ -218,7 +221,7 @@ TEST(ChkCalForm, AsksForWhatIsMissingAndKeepsWhatWasTyped) {
 }
 
 TEST(ARTSummForm, TheSampleNumberChoosesTheLevel) {
-    DialogRig<TARTSummForm> rig;
+    EntryRig<EntryDialog::kStandardSummary> rig;
     rig.form.Batch().Files.Calib = Example("VOA0516.CAL");
     rig.form.LevelCount() = 5;
     EXPECT_TRUE(rig.Run([&] {

@@ -100,8 +100,8 @@ struct WindowRig : WindowUser {
                    .OpenHelp = [this](int topic) { return OpenHelp(topic); }}};
 };
 
-// An entry dialog on the program's doubles.
-template <typename Dialog>
+// An entry dialog on the program's doubles; `kind` is which of those of one type.
+template <typename Dialog, auto... kind>
 struct DialogRig : WindowRig {
     // Runs the dialog, for a record of the sample list, for a user who closes it. True after OK.
     bool Run(std::size_t record, const std::function<void()>& user) {
@@ -121,7 +121,7 @@ struct DialogRig : WindowRig {
     }
     bool Run(const std::function<void()>& user) { return Run(0, user); }
 
-    Dialog dialog{form, form};
+    Dialog dialog{kind..., form, form};
 };
 
 }  // namespace qfr::test
