@@ -1,9 +1,11 @@
 #include "app/BatchFile.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <filesystem>
 #include <optional>
+#include <span>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -19,27 +21,19 @@ namespace qfr {
 namespace {
 
 constexpr std::string_view kFirstLine = "QFRForms";
+
 class BatchWriter {
   public:
     // A line break that was pasted into an entry would end its line of the file too early.
-    void Line(std::string_view text) {
-        file_ += OneLine(text);
+    void Line(std::string_view text) { file_ += OneLine(text) + '\n'; }
+    void Count(std::size_t count) { Line(std::to_string(count)); }
+    template <typename List>
+    void Values(const List& values) {
+        for (const std::string& value : values) {
+            file_ += OneLine(value) + ';';
+        }
         file_ += '\n';
     }
-    void Count(std::size_t count) { Line(std::to_string(count)); }
-
-    template <typename... Texts>
-    void Values(const Texts&... values) {
-        ((file_ += OneLine(values), file_ += ';'), ...);
-    }
-    template <typename List>
-    void ListValues(const List& values) {
-        for (const std::string& value : values) {
-            Values(value);
-        }
-    }
-    void EndLine() { file_ += '\n'; }
-
     std::string Take() { return std::move(file_); }
 
   private:
@@ -47,31 +41,26 @@ class BatchWriter {
 };
 
 void WriteRecord(BatchWriter& out, const SampleRecord& record) {
-    out.Values(record.FileName, std::to_string(record.CompoundCount));
-    out.EndLine();
-    for (int number = 1; number <= SampleHeader::kCount; ++number) {
-        out.Values(record.Header[HeaderFieldAt(number)]);
-    }
-    out.EndLine();
-    const TicListType none;
-    const TicListType& tics = record.TicList ? *record.TicList : none;
+    out.Values(std::array{record.FileName, std::to_string(record.CompoundCount)});
+    out.Values(record.Header.Values());
+    const TicListType tics = record.TicList.value_or(TicListType());
     out.Count(tics.size());
     for (const TicEntry& tic : tics) {
-        out.ListValues(tic.cells);
-        out.EndLine();
+        out.Values(tic.cells);
     }
 }
 
 void WriteEntries(BatchWriter& out, const Entries& entries) {
     for (const EntryTable* const table : kEntryTables) {
+        std::vector<std::string> values;
         for (const EntryField& field : table->Fields) {
             const std::size_t count = std::min(ItemCount(field, entries), field.Texts.SavedItems);
             for (std::size_t item = 0; item < count; ++item) {
                 const std::string text = field.Texts.Get(entries, item);
-                out.Values(field.Kind == EntryKind::kLines ? Trim(text) : text);
+                values.push_back(field.Kind == EntryKind::kLines ? Trim(text) : text);
             }
         }
-        out.EndLine();
+        out.Values(values);
     }
 }
 
@@ -143,34 +132,25 @@ class BatchParser {
     std::optional<Message> failure_;
 };
 
-template <typename List>
-void TakeList(std::string_view& rest, List& values) {
+void TakeValues(std::string_view line, std::span<std::string> values) {
     for (std::string& value : values) {
-        value = TakeField(rest);
+        value = TakeField(line);
     }
 }
 
 SampleRecord ParseRecord(BatchParser& in) {
     SampleRecord record;
-    const std::string name = in.Line();
-    std::string_view rest = name;
-    record.FileName = TakeField(rest);
-    const std::string count = TakeField(rest);
+    std::array<std::string, 2> report;
+    TakeValues(in.Line(), report);
+    record.FileName = report[0];
     // No accepted report has more rows, and forms print a line for each.
-    record.CompoundCount = std::clamp(ParseInteger(count).value_or(0), 0, kMaxCompoundRows);
-
-    const std::string header = in.Line();
-    rest = header;
-    for (int number = 1; number <= SampleHeader::kCount; ++number) {
-        record.Header[HeaderFieldAt(number)] = TakeField(rest);
-    }
+    record.CompoundCount = std::clamp(ParseInteger(report[1]).value_or(0), 0, kMaxCompoundRows);
+    TakeValues(in.Line(), record.Header.Values());
 
     const std::int32_t tics = in.Count();
     TicListType list;
     for (std::int32_t i = 0; i < tics && !in.AtEnd(); ++i) {
-        const std::string line = in.Line();
-        rest = line;
-        TakeList(rest, list.emplace_back().cells);
+        TakeValues(in.Line(), list.emplace_back().cells);
     }
     if (!list.empty()) {
         record.TicList = std::move(list);
@@ -235,18 +215,18 @@ std::string SaveBatch(const Batch& batch, const Entries& entries) {
     out.Line(files.Calib);
     out.Line(files.CheckCal);
 
-    const SampleListType none;
-    const SampleListType& samples = batch.SampleList ? *batch.SampleList : none;
+    const SampleListType samples = batch.SampleList.value_or(SampleListType());
     out.Count(samples.size());
     for (const SampleRecord& record : samples) {
         WriteRecord(out, record);
     }
 
     out.Count(batch.BlankHitFlags.size());
+    std::vector<std::string> flags;
     for (const bool hit : batch.BlankHitFlags) {
-        out.Values(hit ? "1" : "0");
+        flags.emplace_back(hit ? "1" : "0");
     }
-    out.EndLine();
+    out.Values(flags);
     WriteEntries(out, entries);
     return out.Take();
 }

@@ -127,7 +127,8 @@ void TQFRForm::AddMenus() {
     }
     QMenu& reports = *menuBar()->addMenu("&Reports");
     AddCommand(reports, "Select &Printer", "Ctrl+P", [this] { page_.getPrinter(); });
-    AddCommand(reports, "Print &All Forms...", "Ctrl+Shift+P", [this] { PrintAllClick(); });
+    AddCommand(reports, "Print &All Forms...", "Ctrl+Shift+P",
+               [this] { PrintAll(*this, services_.Metrics, services_.Packages); });
     AddCommand(*menuBar(), "&Help", "F1", [this] { ShowHelp(kHelpTopic); });
     AddCommand(*menuBar(), "&About", "", [this] { aboutBox_->exec(); });
     AddCommand(*menuBar(), "E&xit", "Ctrl+Q", [this] { OnExit(); });
@@ -235,10 +236,6 @@ void TQFRForm::FormClick(const FormRow& form) {
     }
 }
 
-void TQFRForm::PrintAllClick() {
-    PrintAll(*this, services_.Metrics, services_.Packages);
-}
-
 void TQFRForm::OnExit() {
     // The toolkit closes the windows once more when it ends.
     if (std::exchange(exiting_, true)) {
@@ -334,8 +331,7 @@ void TQFRForm::ShowBatchState() {
                         !files.CheckCal.empty();
     std::array<QString, 5> texts;
     if (loaded) {
-        const SampleListType none;
-        const SampleListType& samples = batch.SampleList ? *batch.SampleList : none;
+        const SampleListType samples = batch.SampleList.value_or(SampleListType());
         const auto complete = std::count_if(samples.begin(), samples.end(), IsComplete);
         texts = {QString("Lab blank: ") + NameOrNone(files.LabBlank),
                  QString("Samples: %1").arg(files.QFiles.size()),

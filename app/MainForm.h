@@ -97,7 +97,6 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
     void OpenClick();
     void RestoreFilesClick();
     void FormClick(const FormRow& form);
-    void PrintAllClick();
     void OnExit();
 
     SaveResult Save();

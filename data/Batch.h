@@ -51,6 +51,9 @@ class SampleHeader {
     SampleHeader();
     std::string& operator[](HeaderField field) { return values_[Slot(field)]; }
     const std::string& operator[](HeaderField field) const { return values_[Slot(field)]; }
+    // In the order of their numbers.
+    std::array<std::string, kCount>& Values() { return values_; }
+    const std::array<std::string, kCount>& Values() const { return values_; }
     bool operator==(const SampleHeader&) const = default;
 
   private:

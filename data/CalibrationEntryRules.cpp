@@ -42,7 +42,8 @@ FileContent<RawDataFile> ReadChosenFile(const std::string& fileName,
 }
 
 template <typename StandardEntry>
-void TakeStandardFile(StandardEntry& entry, const std::string& fileName, Messages& messages) {
+std::optional<EntryFault> TakeStandardFile(StandardEntry& entry, const std::string& fileName,
+                                           Messages& messages) {
     const auto anyCase = [](const RawDataFile& data) { return data.HasTitle(); };
     if (const auto data = ReadChosenFile(fileName, anyCase, messages)) {
         if (const auto acquired = data->Acquired()) {
@@ -50,6 +51,7 @@ void TakeStandardFile(StandardEntry& entry, const std::string& fileName, Message
         }
         entry.LabFileId = data->LabFileId();
     }
+    return std::nullopt;
 }
 
 // The concentration that a standard's sample number names; absent when it is not of the form
@@ -109,15 +111,16 @@ void ShowInitialCalibration(Entries& entries) {
                    entries.ContinuingCalibration.LastStandard);
 }
 
-void BrowseLevelFile(InitialCalibrationEntry& entry, std::size_t level, const std::string& fileName,
-                     Messages& messages) {
+std::optional<EntryFault> BrowseLevelFile(Entries& entries, std::size_t level,
+                                          const std::string& fileName, Messages& messages) {
+    InitialCalibrationEntry& entry = entries.InitialCalibration;
     entry.LabFileIds.at(level) = FileNameOnly(fileName);
     const auto capitals = [](const RawDataFile& data) {
         return data.Title.starts_with("DATA FILE");
     };
     const auto data = ReadChosenFile(fileName, capitals, messages);
     if (!data) {
-        return;
+        return std::nullopt;
     }
     if (const auto acquired = data->Acquired(kBrowseLine)) {
         const auto first = ParseDateTime(entry.FirstStandard);
@@ -126,6 +129,7 @@ void BrowseLevelFile(InitialCalibrationEntry& entry, std::size_t level, const st
         entry.LastStandard = FormatDateTime(last ? std::max(*last, *acquired) : *acquired);
     }
     entry.LabFileIds.at(level) = data->LabFileId(kBrowseLine);
+    return std::nullopt;
 }
 
 std::optional<EntryFault> AcceptInitialCalibration(Entries& entries, int levelCount,
@@ -162,26 +166,27 @@ void ShowContinuingCalibration(Entries& entries, const Batch& batch, Reports& re
     TakeWhenFilled(entry.LastStandard, entries.InitialCalibration.LastStandard);
 }
 
-void BrowseCriteriaFile(ContinuingCalibrationEntry& entry, const std::string& fileName,
-                        Messages& messages) {
+std::optional<EntryFault> BrowseCriteriaFile(Entries& entries, std::size_t /*item*/,
+                                             const std::string& fileName, Messages& messages) {
+    std::string& entry = entries.ContinuingCalibration.CriteriaFile;
     const auto file = Reports().Read<CriteriaFile>(fileName, "");
     if (!file) {
         messages.Show(CouldNotBeRead(fileName));
-        return;
-    }
-    if (!file->HasTitle) {
-        entry.CriteriaFile.clear();
+    } else if (file->HasTitle) {
+        entry = LowerCase(fileName);
+    } else {
+        entry.clear();
         messages.Show(
             {FileNameOnly(fileName) + " is not a RF criteria file.\nPlease select another file.",
              kIncorrectFileTypeTitle});
-        return;
     }
-    entry.CriteriaFile = LowerCase(fileName);
+    return std::nullopt;
 }
 
-void BrowseStandardFile(ContinuingCalibrationEntry& entry, const std::string& fileName,
-                        Messages& messages) {
-    TakeStandardFile(entry, fileName, messages);
+std::optional<EntryFault> BrowseContinuingStandard(Entries& entries, std::size_t /*item*/,
+                                                   const std::string& fileName,
+                                                   Messages& messages) {
+    return TakeStandardFile(entries.ContinuingCalibration, fileName, messages);
 }
 
 std::optional<EntryFault> AcceptContinuingCalibration(const Entries& entries, BatchFlags& flags) {
@@ -232,8 +237,9 @@ std::optional<Message> CheckStandardSampleNo(const std::string& sampleNo) {
         "Warning"};
 }
 
-std::optional<EntryFault> LeaveStandardSampleNo(StandardSummaryEntry& entry, const Batch& batch,
+std::optional<EntryFault> LeaveStandardSampleNo(Entries& entries, const Batch& batch,
                                                 Reports& reports, Messages& messages) {
+    StandardSummaryEntry& entry = entries.StandardSummary;
     if (auto wrong = CheckStandardSampleNo(entry.SampleNo)) {
         return EntryFault{*std::move(wrong), "SampleEdit"};
     }
@@ -256,9 +262,9 @@ std::optional<EntryFault> LeaveStandardSampleNo(StandardSummaryEntry& entry, con
     return std::nullopt;
 }
 
-void BrowseStandardFile(StandardSummaryEntry& entry, const std::string& fileName,
-                        Messages& messages) {
-    TakeStandardFile(entry, fileName, messages);
+std::optional<EntryFault> BrowseSummaryStandard(Entries& entries, std::size_t /*item*/,
+                                                const std::string& fileName, Messages& messages) {
+    return TakeStandardFile(entries.StandardSummary, fileName, messages);
 }
 
 std::optional<EntryFault> AcceptStandardSummary(const Entries& entries, const Batch& batch) {

@@ -25,8 +25,7 @@ void ShowInitialCalibration(Entries& entries);
 // Browse of the level (from 0) with the chosen raw data file: its lab file ID, and its date where
 // it widens the range of dates. The lab file ID shows the chosen name even when the file is
 // refused.
-void BrowseLevelFile(InitialCalibrationEntry& entry, std::size_t level, const std::string& fileName,
-                     Messages& messages);
+BrowseAction BrowseLevelFile;
 
 // OK: the dates, and a lab file ID for each level. Hands the dates on to the entries of Forms VII
 // and VIII and sets InitCalEntered.
@@ -41,12 +40,10 @@ void ShowContinuingCalibration(Entries& entries, const Batch& batch, Reports& re
                                Messages& messages);
 
 // Browse of the RF criteria file. A file of another kind empties the entry.
-void BrowseCriteriaFile(ContinuingCalibrationEntry& entry, const std::string& fileName,
-                        Messages& messages);
+BrowseAction BrowseCriteriaFile;
 
 // Browse of the standard's raw data file: its lab file ID and its date.
-void BrowseStandardFile(ContinuingCalibrationEntry& entry, const std::string& fileName,
-                        Messages& messages);
+BrowseAction BrowseContinuingStandard;
 
 // OK: four entries are required, then the dates. Sets ContCalEntered.
 std::optional<EntryFault> AcceptContinuingCalibration(const Entries& entries, BatchFlags& flags);
@@ -66,12 +63,11 @@ std::optional<Message> CheckStandardSampleNo(const std::string& sampleNo);
 // Leaving SampleEdit: the sample number names the level, whose raw data file gives lab file ID and
 // date (with a continuing calibration report named, only where they are empty). Without a level of
 // that concentration a message says so.
-std::optional<EntryFault> LeaveStandardSampleNo(StandardSummaryEntry& entry, const Batch& batch,
+std::optional<EntryFault> LeaveStandardSampleNo(Entries& entries, const Batch& batch,
                                                 Reports& reports, Messages& messages);
 
 // Browse of the standard's raw data file: its lab file ID and its date.
-void BrowseStandardFile(StandardSummaryEntry& entry, const std::string& fileName,
-                        Messages& messages);
+BrowseAction BrowseSummaryStandard;
 
 // OK: the required entries, then the form of the sample number and the dates.
 std::optional<EntryFault> AcceptStandardSummary(const Entries& entries, const Batch& batch);

@@ -72,18 +72,9 @@ constexpr EntryTexts kLimits = {
         },
 };
 
-std::optional<EntryFault> TakeRangesFile(Entries& entries, std::size_t, const std::string& fileName,
-                                         Messages&) {
-    auto fault = CheckRangesFile(fileName);
-    entries.Ranges.FileName = fault ? "" : fileName;
-    return fault;
-}
-
-constexpr EntryBrowse kRangesBrowse = {"BrowseButton", FileKind::kText, TakeRangesFile};
-
 constexpr EntryField kRangesFields[] = {
     {"Ranges file", "FileEdit", kFile, TextsOf<&Entries::Ranges, &RangesEntry::FileName>(),
-     Turns(1), kRangesBrowse},
+     Turns(1), EntryBrowse{"BrowseButton", FileKind::kText, BrowseRangesFile}},
     {"Limits", "RadioButton", kChoice, kLimits},
 };
 
@@ -140,21 +131,13 @@ constexpr EntryRules kLevelFileRules = {
                    std::size_t level) { return static_cast<int>(level) < scope.LevelCount; },
 };
 
-std::optional<EntryFault> TakeLevelFile(Entries& entries, std::size_t level,
-                                        const std::string& fileName, Messages& messages) {
-    BrowseLevelFile(entries.InitialCalibration, level, fileName, messages);
-    return std::nullopt;
-}
-
-constexpr EntryBrowse kLevelBrowse = {"BrowseButton", FileKind::kAny, TakeLevelFile};
-
 constexpr EntryField kInitialCalibrationFields[] = {
     {"First standard", "CalStartMaskEdit", kDateTime, kInitial<&Initial::FirstStandard>,
      Turns(0, 1)},
     {"Last standard", "CalEndMaskEdit", kDateTime, kInitial<&Initial::LastStandard>, Turns(0, 1),
      std::nullopt, "!99/99/0000 90:00;1;_"},
     {"Lab file ID", "CalFileEdit", kText, kInitial<&Initial::LabFileIds>, kLevelFileRules,
-     kLevelBrowse},
+     EntryBrowse{"BrowseButton", FileKind::kAny, BrowseLevelFile}},
 };
 
 // ---- Form VII
@@ -163,29 +146,12 @@ using Continuing = ContinuingCalibrationEntry;
 template <auto member>
 constexpr EntryTexts kContinuing = TextsOf<&Entries::ContinuingCalibration, member>();
 
-std::optional<EntryFault> TakeCriteriaFile(Entries& entries, std::size_t,
-                                           const std::string& fileName, Messages& messages) {
-    BrowseCriteriaFile(entries.ContinuingCalibration, fileName, messages);
-    return std::nullopt;
-}
-
-template <auto entry>
-std::optional<EntryFault> TakeStandardFile(Entries& entries, std::size_t,
-                                           const std::string& fileName, Messages& messages) {
-    BrowseStandardFile(entries.*entry, fileName, messages);
-    return std::nullopt;
-}
-
-constexpr EntryBrowse kCriteriaBrowse = {"Button1", FileKind::kText, TakeCriteriaFile};
-template <auto entry>
-constexpr EntryBrowse kStandardBrowse = {"BrowseButton", FileKind::kAny, TakeStandardFile<entry>};
-
 constexpr EntryField kContinuingCalibrationFields[] = {
     {"Sample no.", "ZOV_IDEdit", kText, kContinuing<&Continuing::SampleNo>, Turns(3)},
     {"Lab file ID", "LabFileEdit", kText, kContinuing<&Continuing::LabFileId>, Turns(1),
-     kStandardBrowse<&Entries::ContinuingCalibration>},
+     EntryBrowse{"BrowseButton", FileKind::kAny, BrowseContinuingStandard}},
     {"RF criteria file", "LimitEdit", kFile, kContinuing<&Continuing::CriteriaFile>, Turns(2),
-     kCriteriaBrowse},
+     EntryBrowse{"Button1", FileKind::kText, BrowseCriteriaFile}},
     {"Instrument ID", "InstrEdit", kText, kContinuing<&Continuing::InstrumentId>, Turns(4)},
     {"Date analyzed", "MaskEdit1", kDateTime, kContinuing<&Continuing::AnalysisDateTime>,
      Turns(0, 5)},
@@ -219,10 +185,7 @@ constexpr EntryRules kStandardSampleNoRules = {
     .RequiredTurn = 1,
     .FormTurn = 3,
     .WrongForm = CheckStandardSampleNo,
-    .Leave =
-        [](Entries& entries, const Batch& batch, Reports& reports, Messages& messages) {
-            return LeaveStandardSampleNo(entries.StandardSummary, batch, reports, messages);
-        },
+    .Leave = LeaveStandardSampleNo,
 };
 
 // The initial calibration report knows no retention times of the standard.
@@ -243,7 +206,7 @@ constexpr EntryRules kLevelRules = {
 constexpr EntryField kStandardSummaryFields[] = {
     {"Sample no.", "SampleEdit", kText, kSummary<&Summary::SampleNo>, kStandardSampleNoRules},
     {"Lab file ID", "LabFileEdit", kText, kSummary<&Summary::LabFileId>, Turns(1),
-     kStandardBrowse<&Entries::StandardSummary>},
+     EntryBrowse{"BrowseButton", FileKind::kAny, BrowseSummaryStandard}},
     {"Date analyzed", "MaskEdit1", kDateTime, kSummary<&Summary::AnalysisDateTime>, Turns(1, 4)},
     {"First calibration", "MaskEdit2", kDate, kSummary<&Summary::FirstCalibrationDate>,
      Turns(0, 4)},

@@ -42,12 +42,11 @@ struct EntryScope {
     bool CheckReport = false;  // the batch names one
 };
 
-// A Browse button: its name, what it chooses, and what the chosen file does to the entries.
+// A Browse button: its name, what it chooses, and what is done with that.
 struct EntryBrowse {
     std::string_view Button;
     FileKind Kind;
-    std::optional<EntryFault> (*Take)(Entries& entries, std::size_t item,
-                                      const std::string& fileName, Messages& messages);
+    BrowseAction* Take;
 };
 
 // How a field is checked. OK goes through the turns from 1 on, in each through the rows; 0: never.

@@ -1,5 +1,9 @@
 #include "data/LabFiles.h"
 
+#include <algorithm>
+#include <functional>
+#include <iterator>
+
 #include "platform/FileReplace.h"
 #include "platform/LineReader.h"
 #include "platform/Text.h"
@@ -9,32 +13,40 @@ namespace qfr {
 namespace {
 
 constexpr std::size_t kMaxDefaultLength = 29;  // characters
-constexpr std::string_view kNotApplicable = "N/A";
 
-}  // namespace
+// What a matrix has a value for.
+struct MatrixRule {
+    std::string_view matrix;
+    bool moisture;
+    bool soilVolumes;
+};
+constexpr MatrixRule kMatrixRules[] = {
+    {"WATER", false, false}, {"SOIL", true, true}, {"SED", true, false}};
 
-std::optional<std::vector<std::string>> ReadDefaultsFile(const std::filesystem::path& file) {
+std::optional<std::vector<std::string>> ReadValues(
+    const std::filesystem::path& file, std::size_t most,
+    const std::function<std::string(LineReader&)>& next) {
     auto lines = LineReader::Open(file);
     if (!lines) {
         return std::nullopt;
     }
     std::vector<std::string> values;
-    while (values.size() < kDefaultsFields.size() && !lines->AtEnd()) {
-        values.push_back(Trim(lines->NextPiece(kMaxDefaultLength).value_or("")));
+    while (values.size() < most && !lines->AtEnd()) {
+        values.push_back(next(*lines));
     }
     return values;
 }
 
+}  // namespace
+
+std::optional<std::vector<std::string>> ReadDefaultsFile(const std::filesystem::path& file) {
+    return ReadValues(file, kDefaultsFields.size(), [](LineReader& lines) {
+        return Trim(lines.NextPiece(kMaxDefaultLength).value_or(""));
+    });
+}
+
 std::optional<std::vector<std::string>> ReadLaboratoryFile(const std::filesystem::path& file) {
-    auto lines = LineReader::Open(file);
-    if (!lines) {
-        return std::nullopt;
-    }
-    std::vector<std::string> values;
-    while (values.size() < kLaboratoryFields.size() && !lines->AtEnd()) {
-        values.push_back(lines->NextOrEmpty());
-    }
-    return values;
+    return ReadValues(file, kLaboratoryFields.size(), &LineReader::NextOrEmpty);
 }
 
 std::optional<std::string> WriteValueLines(const std::filesystem::path& file,
@@ -47,26 +59,20 @@ std::optional<std::string> WriteValueLines(const std::filesystem::path& file,
 }
 
 void ApplyMatrixRules(SampleHeader& header) {
-    const auto setNotApplicable = [&header](HeaderField field) { header[field] = kNotApplicable; };
-    const auto setApplicable = [&header](HeaderField field) {
-        if (header[field] == kNotApplicable) {
-            header[field] = "0";
+    const auto* const rule =
+        std::ranges::find(kMatrixRules, header[HeaderField::kMatrix], &MatrixRule::matrix);
+    if (rule == std::end(kMatrixRules)) {
+        return;
+    }
+    const auto apply = [&header](HeaderField field, bool applies) {
+        const bool isApplicable = header[field] != "N/A";
+        if (applies != isApplicable) {
+            header[field] = applies ? "0" : "N/A";
         }
     };
-    const std::string& matrix = header[HeaderField::kMatrix];
-    if (matrix == "WATER") {
-        setNotApplicable(HeaderField::kPercentMoisture);
-        setNotApplicable(HeaderField::kSoilAliquotVolume);
-        setNotApplicable(HeaderField::kSoilExtractVolume);
-    } else if (matrix == "SOIL") {
-        setApplicable(HeaderField::kPercentMoisture);
-        setApplicable(HeaderField::kSoilAliquotVolume);
-        setApplicable(HeaderField::kSoilExtractVolume);
-    } else if (matrix == "SED") {
-        setApplicable(HeaderField::kPercentMoisture);
-        setNotApplicable(HeaderField::kSoilAliquotVolume);
-        setNotApplicable(HeaderField::kSoilExtractVolume);
-    }
+    apply(HeaderField::kPercentMoisture, rule->moisture);
+    apply(HeaderField::kSoilAliquotVolume, rule->soilVolumes);
+    apply(HeaderField::kSoilExtractVolume, rule->soilVolumes);
 }
 
 }  // namespace qfr

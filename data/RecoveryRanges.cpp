@@ -10,8 +10,6 @@ namespace qfr {
 
 namespace {
 
-constexpr char kFileEdit[] = "FileEdit";
-
 // Adds the line's range of each kind; from the first kind that has none on, all are absent.
 void AddRanges(std::string_view line, RecoveryRangesFile& ranges) {
     const std::string name = Trim(TakeField(line));
@@ -65,14 +63,17 @@ const RecoveryRange* FindRange(const std::vector<RecoveryRange>& ranges,
     return nullptr;
 }
 
-std::optional<EntryFault> CheckRangesFile(const std::string& fileName) {
-    if (const auto file = Reports().Read<RecoveryRangesFile>(fileName, "");
-        file && file->HasTitle) {
+std::optional<EntryFault> BrowseRangesFile(Entries& entries, std::size_t /*item*/,
+                                           const std::string& fileName, Messages& /*messages*/) {
+    const auto file = Reports().Read<RecoveryRangesFile>(fileName, "");
+    if (file && file->HasTitle) {
+        entries.Ranges.FileName = fileName;
         return std::nullopt;
     }
+    entries.Ranges.FileName.clear();
     return EntryFault{{fileName + " is not a recovery ranges file.\nPlease select another file.",
                        kIncorrectFileTypeTitle},
-                      kFileEdit};
+                      "FileEdit"};
 }
 
 }  // namespace qfr

@@ -40,8 +40,7 @@ struct RecoveryRangesFile {
 // compound without a name has no range.
 const RecoveryRange* FindRange(const std::vector<RecoveryRange>& ranges, std::string_view compound);
 
-// What the dialog says of a file whose title is not that of a recovery ranges file. The dialog then
-// empties the named control and focuses it.
-std::optional<EntryFault> CheckRangesFile(const std::string& fileName);
+// Browse of the recovery ranges file. A file of another kind empties the entry.
+BrowseAction BrowseRangesFile;
 
 }  // namespace qfr

@@ -27,13 +27,6 @@ constexpr int kTicHelpTopic = 120;
 const char* const kDefaultsFile = "DefaultInfo.txt";
 const char* const kDateMask = "!99/99/9999 99:99;1;_";
 
-Message FileError() {
-    Message message{"Can't perform one of the following file operations: Open, Seek, Read, Close",
-                    "FileError"};
-    message.offerCancel = true;
-    return message;
-}
-
 // Whether the focus goes from control to control, and not to a menu, a popup or another window and
 // back.
 bool IsBetweenControls(const QFocusEvent& event) {
@@ -115,16 +108,12 @@ void TForm1Header::Connect(QAbstractButton* button, void (TForm1Header::*handler
 }
 
 void TForm1Header::Open(int mode) {
-    SetMode(mode);
-    OnShow();
-    show();
-}
-
-void TForm1Header::SetMode(int mode) {
     const bool tic = mode != kFormIVoa;
     setWindowTitle(tic ? "Form 1 TIC Header" : "Form 1 Header");
     ui_->EnterButton->setEnabled(tic);
     ui_->EnterButton->setVisible(tic);
+    OnShow();
+    show();
 }
 
 void TForm1Header::OnShow() {
@@ -221,24 +210,24 @@ void TForm1Header::LoadRecord() {
     }
 }
 
-void TForm1Header::Save(int tag) {
+void TForm1Header::Save(QWidget* control) {
     SampleRecord* const record = Record();
-    if (record == nullptr) {
+    const auto place = std::ranges::find(fieldControls_, control);
+    if (record == nullptr || place == fieldControls_.end()) {
         return;
     }
-    const HeaderField field = HeaderFieldAt(tag + 1);
+    const auto field = HeaderFieldAt(static_cast<int>(place - fieldControls_.begin()) + 1);
     record->Header[field] = TextOfField(field);
     // A value that was carried over is not yet in the list of its drop-down.
-    if (QWidget* const control = ControlOf(field);
-        control == ui_->ZOVComboBox || control == ui_->LabComboBox) {
+    if (control == ui_->ZOVComboBox || control == ui_->LabComboBox) {
         auto* const box = static_cast<QComboBox*>(control);
         box->setItemText(static_cast<int>(currentRecord_), box->currentText());
     }
 }
 
 void TForm1Header::SaveAll() {
-    for (int tag = 0; tag < SampleHeader::kCount; ++tag) {
-        Save(tag);
+    for (QWidget* const control : fieldControls_) {
+        Save(control);
     }
 }
 
@@ -247,8 +236,7 @@ void TForm1Header::OnDateExit(MaskEdit* date) {
     if (!IsDateTimeOrUnfilled(text)) {
         RefuseDate(date);
     } else if (!IsUnfilled(text)) {
-        Save(date == ui_->MaskEdit1 ? static_cast<int>(HeaderField::kDateReceived) - 1
-                                    : static_cast<int>(HeaderField::kDateAnalyzed) - 1);
+        Save(date);
     }
 }
 
@@ -304,11 +292,8 @@ bool TForm1Header::eventFilter(QObject* watched, QEvent* event) {
             }
             if (auto* const date = qobject_cast<MaskEdit*>(control)) {
                 OnDateExit(date);
-                break;
-            }
-            const auto place = std::find(fieldControls_.begin(), fieldControls_.end(), control);
-            if (place != fieldControls_.end()) {
-                Save(static_cast<int>(place - fieldControls_.begin()));
+            } else {
+                Save(control);
             }
             break;
         }
@@ -346,15 +331,13 @@ void TForm1Header::ComboBox2Change() {
     if (loading_) {
         return;
     }
-    constexpr std::array kFields = {HeaderField::kMatrix, HeaderField::kPercentMoisture,
-                                    HeaderField::kSoilExtractVolume,
-                                    HeaderField::kSoilAliquotVolume};
     SampleHeader header;
-    for (const HeaderField field : kFields) {
-        header[field] = TextOfField(field);
+    for (int number = 1; number <= SampleHeader::kCount; ++number) {
+        header[HeaderFieldAt(number)] = TextOfField(HeaderFieldAt(number));
     }
     ApplyMatrixRules(header);
-    for (const HeaderField field : kFields) {
+    for (int number = 1; number <= SampleHeader::kCount; ++number) {
+        const HeaderField field = HeaderFieldAt(number);
         if (header[field] != TextOfField(field)) {
             SetTextOfField(field, header[field]);
         }
@@ -376,14 +359,8 @@ void TForm1Header::Button1Click() {
 }
 
 void TForm1Header::Button2Click() {
-    const std::optional<ChosenFiles> chosen = services_.ChooseFiles(FileKind::kText, false);
-    if (!chosen) {
-        return;
-    }
-    if (const auto lines = ReadLaboratoryFile(PathOf(chosen->files.front()))) {
-        SetTextsOf(kLaboratoryFields, *lines);
-    } else {
-        host_.Show(FileError());
+    if (const auto chosen = services_.ChooseFiles(FileKind::kText, false)) {
+        TakeTexts(kLaboratoryFields, ReadLaboratoryFile(PathOf(chosen->files.front())));
     }
 }
 
@@ -394,11 +371,7 @@ void TForm1Header::Button3Click() {
 }
 
 void TForm1Header::Button4Click() {
-    if (const auto lines = ReadDefaultsFile(services_.Settings().ForReading(kDefaultsFile))) {
-        SetTextsOf(kDefaultsFields, *lines);
-    } else {
-        host_.Show(FileError());
-    }
+    TakeTexts(kDefaultsFields, ReadDefaultsFile(services_.Settings().ForReading(kDefaultsFile)));
 }
 
 void TForm1Header::Button5Click() {
@@ -455,8 +428,7 @@ void TForm1Header::SetTextOfField(HeaderField field, const std::string& text) {
     }
 }
 
-template <std::size_t N>
-std::vector<std::string> TForm1Header::TextsOf(const std::array<HeaderField, N>& fields) const {
+std::vector<std::string> TForm1Header::TextsOf(std::span<const HeaderField> fields) const {
     std::vector<std::string> texts;
     for (const HeaderField field : fields) {
         texts.push_back(TextOfField(field));
@@ -464,11 +436,17 @@ std::vector<std::string> TForm1Header::TextsOf(const std::array<HeaderField, N>&
     return texts;
 }
 
-template <std::size_t N>
-void TForm1Header::SetTextsOf(const std::array<HeaderField, N>& fields,
-                              const std::vector<std::string>& texts) {
-    for (std::size_t i = 0; i < fields.size() && i < texts.size(); ++i) {
-        SetTextOfField(fields[i], texts[i]);
+void TForm1Header::TakeTexts(std::span<const HeaderField> fields,
+                             const std::optional<std::vector<std::string>>& texts) {
+    if (!texts) {
+        host_.Show({.text = "Can't perform one of the following file operations: Open, Seek, Read, "
+                            "Close",
+                    .title = "FileError",
+                    .offerCancel = true});
+        return;
+    }
+    for (std::size_t i = 0; i < fields.size() && i < texts->size(); ++i) {
+        SetTextOfField(fields[i], (*texts)[i]);
     }
 }
 

@@ -5,6 +5,8 @@
 #include <array>
 #include <cstddef>
 #include <memory>
+#include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -52,7 +54,6 @@ class TForm1Header : public QDialog {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
-    void SetMode(int mode);
     void OnShow();
     void OnSelect(int record);
     void ShowRecord(std::size_t record);
@@ -63,7 +64,8 @@ class TForm1Header : public QDialog {
 
     SampleRecord* Record();
     void LoadRecord();
-    void Save(int tag);
+    // The value of a control, if it is one of a header value.
+    void Save(QWidget* control);
     void SaveAll();
 
     bool DateRefused();
@@ -83,11 +85,10 @@ class TForm1Header : public QDialog {
     QWidget* ControlOf(HeaderField field) const;
     std::string TextOfField(HeaderField field) const;
     void SetTextOfField(HeaderField field, const std::string& text);
-    template <std::size_t N>
-    std::vector<std::string> TextsOf(const std::array<HeaderField, N>& fields) const;
-    template <std::size_t N>
-    void SetTextsOf(const std::array<HeaderField, N>& fields,
-                    const std::vector<std::string>& texts);
+    std::vector<std::string> TextsOf(std::span<const HeaderField> fields) const;
+    // Absent: the file of the texts could not be read.
+    void TakeTexts(std::span<const HeaderField> fields,
+                   const std::optional<std::vector<std::string>>& texts);
 
     FormHost& host_;
     WindowServices& services_;

@@ -8,8 +8,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const qfr::fuzz::Laboratory laboratory("ranges.txt");
     laboratory.Put(data, size);
 
-    qfr::CheckRangesFile(laboratory.Name());
     qfr::SavedBatch batch = laboratory.Example();
+    qfr::fuzz::Silence silence;
+    qfr::BrowseRangesFile(batch.Entries, 0, laboratory.Name(), silence);
     for (const auto limits :
          {qfr::RecoveryLimits::kWater, qfr::RecoveryLimits::kSoil, qfr::RecoveryLimits::kOil}) {
         batch.Entries.Ranges = {laboratory.Name(), limits};

@@ -202,12 +202,13 @@ TEST(CalibrationEntryRules, SampleNumberNamesTheLevelAndItsFile) {
         {"no such level", "VSTD0.1", "-1 typed "}};
     CalibratedRun run(2, 0);
     const auto leave = [&run](const char* sampleNo) {
-        StandardSummaryEntry entry;
+        Entries entries;
+        StandardSummaryEntry& entry = entries.StandardSummary;
         entry.SampleNo = sampleNo;
         entry.LabFileId = "typed";
         entry.Levels = {"10", "20", "2.5", "20"};
         const std::string control =
-            Control(LeaveStandardSampleNo(entry, run.host.batch, run.host.Reports(), run.host));
+            Control(LeaveStandardSampleNo(entries, run.host.batch, run.host.Reports(), run.host));
         return control + (control.empty() ? "" : " ") + std::to_string(entry.LevelIndex) + " " +
                entry.LabFileId + " " + PrintableDate(entry.AnalysisDateTime);
     };

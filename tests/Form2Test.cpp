@@ -40,10 +40,11 @@ TEST(RecoveryRanges, TakeTheChosenKindOnly) {
     }
     const TempDir dir;
     const std::string file = dir.Write("r.txt", "recovery range\n");
-    EXPECT_EQ(CheckRangesFile(file).value().Message.text,
-              file + " is not a recovery ranges file.\nPlease select another file.");
-    EXPECT_FALSE(CheckRangesFile(dir.Write("r.txt", "recovery ranges")));
     Entries entries;
+    MessageLog log;
+    EXPECT_EQ(BrowseRangesFile(entries, 0, file, log).value().Message.text,
+              file + " is not a recovery ranges file.\nPlease select another file.");
+    EXPECT_FALSE(BrowseRangesFile(entries, 0, dir.Write("r.txt", "recovery ranges"), log));
     entries.Ranges.FileName = "  ";
     EXPECT_EQ(CheckEntries(kRangesTable, entries).value().Message.text,
               "Please select a file for ranges.");
