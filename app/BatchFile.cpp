@@ -215,7 +215,8 @@ std::string SaveBatch(const Batch& batch, const Entries& entries) {
     out.Line(files.Calib);
     out.Line(files.CheckCal);
 
-    const SampleListType samples = batch.SampleList.value_or(SampleListType());
+    const SampleListType none;
+    const SampleListType& samples = batch.SampleList ? *batch.SampleList : none;
     out.Count(samples.size());
     for (const SampleRecord& record : samples) {
         WriteRecord(out, record);

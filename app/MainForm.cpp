@@ -331,7 +331,8 @@ void TQFRForm::ShowBatchState() {
                         !files.CheckCal.empty();
     std::array<QString, 5> texts;
     if (loaded) {
-        const SampleListType samples = batch.SampleList.value_or(SampleListType());
+        const SampleListType none;
+        const SampleListType& samples = batch.SampleList ? *batch.SampleList : none;
         const auto complete = std::count_if(samples.begin(), samples.end(), IsComplete);
         texts = {QString("Lab blank: ") + NameOrNone(files.LabBlank),
                  QString("Samples: %1").arg(files.QFiles.size()),

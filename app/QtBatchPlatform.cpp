@@ -2,7 +2,6 @@
 
 #include <iostream>
 
-#include "platform/HostSystem.h"
 #include "platform/qt/PdfFile.h"
 #include "platform/qt/PdfSaver.h"
 #include "platform/qt/PrinterQueue.h"
@@ -56,12 +55,6 @@ std::vector<std::string> QtBatchPlatform::Printers() {
 std::optional<std::string> QtBatchPlatform::PrintOnQueue(const PrintJob& job,
                                                          const std::string& printer) {
     return qfr::PrintOnQueue(job, printer, drawing_->fonts);
-}
-
-int RunQfrBatch(int argc, char** argv) {
-    std::ios_base::sync_with_stdio(false);
-    QtBatchPlatform platform;
-    return RunBatchCommand(ProgramArguments(argc, argv), std::cout, std::cerr, platform);
 }
 
 }  // namespace qfr

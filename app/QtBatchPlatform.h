@@ -33,7 +33,4 @@ class QtBatchPlatform : public BatchPlatform {
     std::unique_ptr<Drawing> drawing_;              // from Start on
 };
 
-// The companion command as a program: its exit code.
-int RunQfrBatch(int argc, char** argv);
-
 }  // namespace qfr

@@ -1,5 +1,11 @@
+// The companion command as a program.
+#include <iostream>
+
 #include "app/QtBatchPlatform.h"
+#include "platform/HostSystem.h"
 
 int main(int argc, char** argv) {
-    return qfr::RunQfrBatch(argc, argv);
+    std::ios_base::sync_with_stdio(false);
+    qfr::QtBatchPlatform platform;
+    return qfr::RunBatchCommand(qfr::ProgramArguments(argc, argv), std::cout, std::cerr, platform);
 }

@@ -36,15 +36,9 @@ TMBSHeader::TMBSHeader(FormHost& host, WindowServices& services, QWidget* parent
 TMBSHeader::~TMBSHeader() = default;
 
 bool TMBSHeader::Run(std::size_t /*headerRecord*/) {
-    ShowEntry(host_.Entries().Comments);
-    const bool accepted = exec() == Accepted;
-    host_.Entries().Comments = Entry();
-    return accepted;
-}
-
-void TMBSHeader::ShowEntry(const BlankComments& entry) {
+    std::vector<std::string>& entry = host_.Entries().Comments.Lines;
     QStringList lines;
-    for (const std::string& line : entry.Lines) {
+    for (const std::string& line : entry) {
         lines << QString::fromStdString(line);
     }
     const QString text = lines.join('\n');
@@ -54,15 +48,12 @@ void TMBSHeader::ShowEntry(const BlankComments& entry) {
     ui_->RichEdit1->moveCursor(QTextCursor::End);
     ui_->RichEdit1->horizontalScrollBar()->setValue(0);
     ui_->RichEdit1->setFocus();
-}
-
-BlankComments TMBSHeader::Entry() const {
-    BlankComments entry;
-    entry.Lines.clear();
+    const bool accepted = exec() == Accepted;
+    entry.clear();
     for (const QString& line : ui_->RichEdit1->toPlainText().split('\n')) {
-        entry.Lines.push_back(line.toStdString());
+        entry.push_back(line.toStdString());
     }
-    return entry;
+    return accepted;
 }
 
 void TMBSHeader::CutToLength() {

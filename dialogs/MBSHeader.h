@@ -4,7 +4,6 @@
 #include <cstddef>
 #include <memory>
 
-#include "data/Entries.h"
 #include "dialogs/EntryDialogs.h"
 #include "forms/FormHost.h"
 #include "platform/WindowServices.h"
@@ -30,8 +29,6 @@ class TMBSHeader : public EntryWindow {
   private:
     static constexpr int kMaxLength = 256;  // characters, line breaks among them
 
-    void ShowEntry(const BlankComments& entry);
-    BlankComments Entry() const;
     // Takes back what was typed or pasted beyond the room for comments.
     void CutToLength();
     void FitToFont();

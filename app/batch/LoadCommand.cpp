@@ -82,9 +82,7 @@ Batch LoadBatch(const Arguments& arguments, Context& context) {
     take(AddQuantReports, paths(arguments.Reports));
     take(TakeCalReport, pathOf(arguments.Cal));
     take(TakeCheckReport, pathOf(arguments.Check));
-    if (!batch.SampleList) {
-        BuildSampleList(batch, files);
-    }
+    BuildSampleList(batch, files);
     std::vector<std::string> defaults;
     for (const std::string& path : pathOf(arguments.Defaults)) {
         defaults = ReadDefaultsFile(PathOf(path)).value_or(defaults);
