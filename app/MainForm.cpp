@@ -275,7 +275,10 @@ bool TQFRForm::AskYesNo(const Message& question) {
 
 bool TQFRForm::ShowEntryDialog(EntryDialog dialog, std::size_t headerRecord) {
     const AskingCursor asking;
-    return entryDialogs_.at(dialog)->Run(headerRecord);
+    const bool accepted = entryDialogs_.at(dialog)->Run(headerRecord);
+    // While it was open, files may have been mended.
+    BeginRun();
+    return accepted;
 }
 
 void TQFRForm::EnterTics(std::size_t record, const std::string& sampleNo) {

@@ -58,8 +58,6 @@ std::optional<PrintJob> PrintWork(HeadlessHost& host, const PackageWork& work) {
         form.printBatch(host);
     } else if (work.record) {
         sample = SampleName((*host.Batch().SampleList)[*work.record]);
-        // The other drivers do it themselves.
-        host.Page().testPrinter();
         form.printSample(host, *work.record);
     } else {
         host.Show({std::string(kSpecifyFiles), kFilesNotSpecifiedTitle});

@@ -20,7 +20,7 @@ namespace qfr {
 // One compound, its response factors as whole numbers.
 struct CalibrationRecord : CompoundBlock {
     std::string MeanRF;  // empty when no level is used
-    std::string RSD;     // percent, two decimals; empty as MeanRF
+    std::string RSD;     // percent, two decimals; empty without a mean to relate to
 };
 
 // Takes the lab file IDs and the dates of the first and the last standard from the raw data files
@@ -38,7 +38,7 @@ std::optional<std::vector<CalibrationRecord>> BuildRFTable(const CalibrationRepo
 
 // What a compound says about the amount of a level.
 struct AmountVote {
-    std::string_view Amount;  // as written
+    std::string_view Amount;  // as written; its text outlives the vote
     char Type = ' ';          // only 'A' votes count
 };
 

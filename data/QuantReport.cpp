@@ -1,8 +1,8 @@
 #include "data/QuantReport.h"
 
-#include <algorithm>
 #include <utility>
 
+#include "data/RawDataFile.h"
 #include "platform/DateTime.h"
 #include "platform/Text.h"
 
@@ -15,8 +15,6 @@ constexpr std::string_view kTableHead = "compound#";
 // Fields of a row of the compound table, from 1. The CAS number is the last one.
 constexpr int kConcentrationField = 3;
 constexpr int kQualifierField = 6;
-
-// Each section takes what it needs from the report's lines, which go by once.
 
 // What follows the label of a header line; empty when the line has no such label.
 std::string AfterLastColon(std::string_view line) {
@@ -88,6 +86,8 @@ CompoundRow ReadCompoundRow(const std::string& line) {
     return row;
 }
 
+// Each section takes what it needs from the report's lines, which go by once.
+
 // The header and the compound table.
 struct SampleSection {
     QuantReport& report;
@@ -148,10 +148,11 @@ struct InternalStandardSection {
         } else if (state == kHeads) {
             state = kRows;
         } else {
+            const std::string_view text = FirstCharacters(line, kMaxTextLine);
             for (std::size_t i = 0; i < InternalStandardNames.size(); ++i) {
-                if (BeginsWith(line, InternalStandardNames[i])) {
-                    report.InternalStandards[i] = {WholeCounts(GetField(line, 2)),
-                                                   GetField(line, 3)};
+                if (BeginsWith(text, InternalStandardNames[i])) {
+                    report.InternalStandards[i] = {WholeCounts(GetField(text, 2)),
+                                                   GetField(text, 3)};
                 }
             }
         }

@@ -23,7 +23,7 @@ inline constexpr std::size_t kMaxMonitoringCompounds = 21;
 // is cut (characters).
 inline constexpr std::size_t kMaxCellLength = 400;
 
-// One row of the compound table, as written.
+// One row of the compound table, as written: but for the CAS number, blanks around a text stay.
 struct CompoundRow {
     std::string Name;
     std::string Concentration;  // begins with "U" when the compound was not detected
@@ -34,7 +34,7 @@ struct CompoundRow {
 
 struct MonitoringCompound {
     std::string Name;      // lower case
-    std::string Recovery;  // percent
+    std::string Recovery;  // percent, as written
 };
 
 struct PeakData {

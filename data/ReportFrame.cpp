@@ -40,13 +40,11 @@ const KindOfReport& Describe(ReportKind kind) {
 
 // The file of the batch that the line is about; null without one.
 std::string FileSet::*FileOf(ReportKind kind, const std::string& line) {
-    // "Surrogate recovery" is no heading of a calibration report's files.
-    if (kind == ReportKind::kCalibration && LowerCase(CharacterRange(line, 11, 11)) == "r") {
-        return BeginsWith(line, "library") ? &FileSet::LibFile : nullptr;
-    }
     for (std::size_t i = 0; i < std::size(kSharedFiles); ++i) {
         const std::string_view begin = Describe(kind).fileLines[i];
-        if (!begin.empty() && BeginsWith(line, begin)) {
+        // "Surrogate recovery" of a calibration report heads no file.
+        if (!begin.empty() && BeginsWith(line, begin) &&
+            (begin != "surrogate" || LowerCase(CharacterRange(line, 11, 11)) != "r")) {
             return kSharedFiles[i].inBatch;
         }
     }
@@ -64,7 +62,7 @@ std::optional<Message> CheckStatement(const HeaderStatement& statement, const st
         name = statement.FileName;
     }
     const std::string expected = LowerCase(Trim(name));
-    if (statement.FileName == expected) {
+    if (statement.FileName == name || statement.FileName == expected) {
         return std::nullopt;
     }
     const auto* const file = std::ranges::find(kSharedFiles, statement.File, &SharedFile::inBatch);
@@ -95,7 +93,11 @@ void FrameReader::Take(const std::string& line) {
     if (BeginsWith(text, Describe(kind_).tableHead)) {
         frame_.HasTable = true;
     } else if (std::string FileSet::*const file = FileOf(kind_, text)) {
-        belowHeadings ? static_cast<void>(announced_ = file) : add(file);
+        if (belowHeadings) {
+            announced_ = file;
+        } else {
+            add(file);
+        }
     } else if (kind_ == ReportKind::kQuantitation && Contains(text, "Limit:") &&
                !BeginsWith(text, "crq")) {
         frame_.Statements.push_back({});

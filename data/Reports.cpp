@@ -33,23 +33,25 @@ FileContent<Content> Reports::Read(std::string_view name, std::string_view folde
     if (known != files.end() && known->second.checkedIn == job_) {
         return known->second.content;
     }
-    const Stamp stamp = StampOf(*path);
-    if (known != files.end() && known->second.stamp == stamp) {
+    const std::optional<Stamp> stamp = StampOf(*path);
+    if (known != files.end() && stamp && known->second.stamp == stamp) {
         known->second.checkedIn = job_;
         return known->second.content;
     }
     FileContent<Content> content(ReadFile<Content>(*path), TextOf(path->parent_path()));
     if (content) {
         files.insert_or_assign(*path, Known<Content>{stamp, job_, content});
+    } else {
+        files.erase(*path);
     }
     return content;
 }
 
-Reports::Stamp Reports::StampOf(const fs::path& path) {
+std::optional<Reports::Stamp> Reports::StampOf(const fs::path& path) {
     std::error_code error;
     const auto written = fs::last_write_time(path, error);
     const auto size = error ? 0 : fs::file_size(path, error);
-    return error ? Stamp{} : Stamp{written, size};
+    return error ? std::nullopt : std::optional(Stamp{written, size});
 }
 
 template FileContent<QuantReport> Reports::Read(std::string_view, std::string_view);

@@ -1,5 +1,7 @@
 // The one place that opens the files which a batch names. A run (one form, or many forms with one
-// command) reads each of them once, however many forms use it, and lists each folder once.
+// command) reads each of them once, however many forms use it, and lists each folder once; only
+// what has changed before a later job of the run is read anew. Same size and same time count as
+// unchanged.
 #pragma once
 
 #include <cstddef>
@@ -7,6 +9,7 @@
 #include <filesystem>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <tuple>
@@ -22,8 +25,8 @@
 
 namespace qfr {
 
-// What was read of a file, and where the files that it names are looked for as well (UTF-8). Empty
-// when there is no such file or it cannot be read.
+// What was read of a file, and where the files that it names are looked for as well (UTF-8). Test
+// it before use: it is empty when there is no such file or it cannot be read.
 template <typename Content>
 class FileContent {
   public:
@@ -58,14 +61,15 @@ class Reports {
     };
     template <typename Content>
     struct Known {
-        Stamp stamp;
+        std::optional<Stamp> stamp;
         std::size_t checkedIn = 0;  // the job that last looked at the file on disk
         FileContent<Content> content;
     };
     template <typename Content>
     using Files = std::map<std::filesystem::path, Known<Content>>;
 
-    static Stamp StampOf(const std::filesystem::path& path);
+    // Absent when the system does not tell.
+    static std::optional<Stamp> StampOf(const std::filesystem::path& path);
 
     FileFinder finder_;
     std::size_t job_ = 0;

@@ -282,6 +282,7 @@ std::optional<EntryFault> EntryFormDialog::Leave(const QWidget& control) {
             if (!field.Rules.Leave) {
                 return CheckLeft(entry_.table, field, item, entries);
             }
+            host_.BeginRun();
             auto fault = field.Rules.Leave(entries, host_.Batch(), host_.Reports(), host_);
             ShowEntries();
             return fault;

@@ -44,7 +44,6 @@ class LineReader {
     // A place to return to with Seek; 0 is the start.
     std::size_t Position() const { return position_; }
     void Seek(std::size_t position) { position_ = position; }
-    void Rewind() { position_ = 0; }
 
   private:
     std::string content_;

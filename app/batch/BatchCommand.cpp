@@ -176,7 +176,7 @@ int RunBatchCommand(const std::vector<std::string>& arguments, std::ostream& out
                 (*command)->parse(Arrange(**command, std::span(arguments).subspan(1)));
             }
         }
-    } catch (const WrongUsage& trouble) {
+    } catch (const std::runtime_error& trouble) {  // ours, or one of CLI11's
         context.Fail(kUnusable);
         err << name << ": " << trouble.what() << "\nTry \"" << name << " --help\".\n";
     }
