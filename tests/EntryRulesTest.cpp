@@ -86,7 +86,7 @@ TEST(TuneRules, OkNamesTheFirstFault) {
     expectFault([](Tune t) { t.Abundances[8] = ""; }, "StringGrid1", 9, kNumber);
 }
 
-TEST(TicRules, OnlyTheQualifierMayBeMissing) {
+TEST(TicList, OnlyTheQualifierMayBeMissing) {
     const TicEntry whole{{"71-43-2", "benzene", "10.25", "12", "JN"}};
     const char* const names[] = {"CAS", "compound", "retention time", "concentration", "qualifier"};
     for (std::size_t i = 0; i < std::size(names); ++i) {
