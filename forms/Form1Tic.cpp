@@ -156,9 +156,7 @@ void PrintFormITic(FormHost& host, std::size_t record) {
     }
     const Form1TicContent content = BuildForm1TicContent(sample);
     host.Page().SetupPage();
-    std::size_t entry = 0;
-    host.Page().PrintDocument("Form 1 TIC " + content.SampleNo,
-                              [&](Page& page) { return PrintPage(page, content, entry); });
+    host.Page().PrintDocument("Form 1 TIC " + content.SampleNo, content, PrintPage);
 }
 
 }  // namespace qfr

@@ -2,30 +2,25 @@
 
 #include <optional>
 
-#include "forms/CompoundRows.h"
 #include "forms/Form1VoaContent.h"
 #include "forms/FormDrivers.h"
-#include "forms/SampleChecks.h"
+#include "forms/TableRows.h"
 
 namespace qfr {
 
 namespace {
 
-constexpr double kTableTop = 3.9;
-constexpr double kRowsTop = 4.25;
-constexpr double kLeft = 0.9;
-constexpr double kRight = 7.8;
 constexpr double kColumnLines[] = {0.9, 2.2, 5.0, 7.2, 7.8};
 constexpr CompoundRows kRows{
-    .rowsTop = kRowsTop,
+    .rowsTop = 4.25,
     .rowsEnd = 9.9,
     .rowsPerPage = 25,
-    .left = kLeft,
-    .right = kRight,
+    .left = 0.9,
+    .right = 7.8,
     .nameX = 2.3,
     .nameDown = 0.025,
     .nameWidth = 2.6,
-    .columnsTop = kTableTop,
+    .columnsTop = 3.9,
     .columnLines = kColumnLines,
 };
 
@@ -48,7 +43,7 @@ constexpr FieldPlace<FormContent> kHeaderFields[] = {
 };
 
 void PrintTableHead(Page& page, const SampleHeader& header) {
-    page.DrawHeadBox(kLeft, kTableTop, kRight, kRowsTop, kHeavyRulePen);
+    page.DrawHeadBox(kRows.left, kRows.columnsTop, kRows.right, kRows.rowsTop, kHeavyRulePen);
     const double middle = 4.075;
     const double h = page.FontHeightInch();
     page.TextOutInch("CAS NO.", 1.0, middle + h * 0.5);
@@ -106,9 +101,7 @@ void PrintFormIVoa(FormHost& host, std::size_t record) {
         host.Show(ReportNotFound((*batch.SampleList)[record].FileName));
         return;
     }
-    std::size_t row = 0;
-    host.Page().PrintDocument("Form 1 " + content->SampleNo,
-                              [&](Page& page) { return PrintPage(page, *content, row); });
+    host.Page().PrintDocument("Form 1 " + content->SampleNo, *content, PrintPage);
 }
 
 void PrintFormIVoaHeader(Page& page, const FormContent& content) {

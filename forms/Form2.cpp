@@ -5,22 +5,25 @@
 
 #include "forms/Form2Content.h"
 #include "forms/FormDrivers.h"
-#include "forms/SampleRows.h"
+#include "forms/TableRows.h"
 
 namespace qfr {
 
 namespace {
 
-constexpr std::size_t kRowsPerPage = 30;
 constexpr std::size_t kColumnsPerPage = 7;
-constexpr double kLeft = 0.9;
-constexpr double kRight = 7.6;
 constexpr double kTableTop = 2.2;
 constexpr double kRowsTop = 2.2375;  // and two lines of heads
-constexpr double kFirstColumn = 2.0;
 constexpr double kColumnWidth = 0.8;
+constexpr double kColumnLines[] = {0.9, 2.0, 2.8, 3.6, 4.4, 5.2, 6.0, 6.8, 7.6};
 constexpr SampleRows kRows{
-    .left = kLeft, .right = kRight, .numberX = 0.65, .numberDown = 0.025, .gap = 0.05};
+    .rowsPerPage = 30,
+    .left = 0.9,
+    .right = 7.6,
+    .numberX = 0.65,
+    .numberDown = 0.025,
+    .gap = 0.05,
+};
 
 std::size_t FirstCompound(const Page& page) {
     return (page.FormLetterIndex - std::size_t{1}) * kColumnsPerPage;
@@ -46,7 +49,7 @@ void PrintHeader(Page& page, const Form2Content& content) {
 
 void PrintHeads(Page& page) {
     const double h = page.TextHeightInch();
-    page.DrawHeadBox(kLeft, kTableTop, kRight, kRowsTop + 2 * h, kHeavyRulePen);
+    page.DrawHeadBox(kRows.left, kTableTop, kRows.right, kRowsTop + 2 * h, kHeavyRulePen);
     page.TextOutCentred("ZOV", 1.45, 2.2125);
     page.TextOutCentred("SAMPLE NO.", 1.45, 2.225 + h);
     // On purpose: all seven heads, also where the batch has fewer compounds.
@@ -72,21 +75,12 @@ void PrintSample(Page& page, const Form2Content::Sample& sample, double y) {
 
 // Returns the bottom of the table.
 double PrintRows(Page& page, const std::vector<Form2Content::Sample>& samples) {
-    const double h = page.TextHeightInch();
-    const std::size_t end = static_cast<std::size_t>(page.PageNo) * kRowsPerPage;
-    double y = kRowsTop + 2 * h;
-    for (std::size_t row = end - kRowsPerPage; row < end; ++row) {
-        PrintRowNumber(page, kRows, row + 1, y);
-        if (row < samples.size()) {
-            PrintSample(page, samples[row], y + 0.04);
-        }
-        EndRow(page, kRows, h, y);
-    }
-    page.DrawLineInch(kLeft, y, kLeft, kTableTop);
-    for (std::size_t k = 0; k <= kColumnsPerPage; ++k) {
-        page.DrawLineInch(ColumnX(kFirstColumn, k), y, ColumnX(kFirstColumn, k), kTableTop);
-    }
-    return y;
+    std::size_t row = (static_cast<std::size_t>(page.PageNo) - 1) * kRows.rowsPerPage;
+    const double bottom =
+        PrintSampleRows(page, kRows, samples.size(), row, kRowsTop + 2 * page.TextHeightInch(),
+                        [&](std::size_t i, double y) { PrintSample(page, samples[i], y + 0.04); });
+    page.DrawColumnLines(kColumnLines, bottom, kTableTop);
+    return bottom;
 }
 
 void PrintLegend(Page& page, const std::vector<Form2Content::Compound>& compounds, double y) {
@@ -109,36 +103,24 @@ void PrintLegend(Page& page, const std::vector<Form2Content::Compound>& compound
     page.Canvas().Font.Size = 10;
 }
 
-// A page of the job: which compounds, from 1 by their letter, and which of their pages, from 1.
-struct Sheet {
-    std::uint8_t letter;
-    std::int32_t number;
-};
-
-// On purpose: the job opens with an empty page, and the pages of each letter are followed by one.
-std::vector<std::optional<Sheet>> SheetsOf(const Form2Content& content) {
+// Prints page `index`, from 0, of the job; true for the last one.
+bool PrintPage(Page& page, const Form2Content& content, std::size_t& index) {
     const std::size_t compounds = std::max<std::size_t>(content.Compounds.size(), 1);
     const std::size_t letters = (compounds - 1) / kColumnsPerPage + 1;
-    const std::size_t pages = (content.SampleCount - 1) / kRowsPerPage + 1;
-    std::vector<std::optional<Sheet>> sheets = {std::nullopt};
-    for (std::size_t letter = 1; letter <= letters; ++letter) {
-        for (std::size_t number = 1; number <= pages; ++number) {
-            sheets.push_back(
-                Sheet{static_cast<std::uint8_t>(letter), static_cast<std::int32_t>(number)});
-        }
-        sheets.emplace_back();
+    const std::size_t pages = (content.SampleCount - 1) / kRows.rowsPerPage + 1;
+    // On purpose: the job opens with an empty page, and the pages of each letter are followed by
+    // one.
+    const std::size_t pagesOfLetter = pages + 1;
+    if (const std::size_t number = index % pagesOfLetter; number != 0) {
+        page.FormLetterIndex = static_cast<std::uint8_t>(index / pagesOfLetter + 1);
+        page.PageNo = static_cast<std::int32_t>(number);
+        // On purpose: 30 samples fill one page that says "of 2".
+        page.PageCount = static_cast<std::int32_t>(content.SampleCount / kRows.rowsPerPage + 1);
+        PrintHeader(page, content);
+        PrintHeads(page);
+        PrintLegend(page, content.Compounds, PrintRows(page, content.Samples) + 0.25);
     }
-    return sheets;
-}
-
-void PrintSheet(Page& page, const Form2Content& content, const Sheet& sheet) {
-    page.FormLetterIndex = sheet.letter;
-    page.PageNo = sheet.number;
-    // On purpose: 30 samples fill one page that says "of 2".
-    page.PageCount = static_cast<std::int32_t>(content.SampleCount / kRowsPerPage + 1);
-    PrintHeader(page, content);
-    PrintHeads(page);
-    PrintLegend(page, content.Compounds, PrintRows(page, content.Samples) + 0.25);
+    return index++ == letters * pagesOfLetter;
 }
 
 }  // namespace
@@ -153,14 +135,7 @@ void Form2MCRClick(FormHost& host) {
     if (!content) {
         return;
     }
-    const std::vector<std::optional<Sheet>> sheets = SheetsOf(*content);
-    auto sheet = sheets.begin();
-    host.Page().PrintDocument("Form 2", [&](Page& page) {
-        if (*sheet) {
-            PrintSheet(page, *content, **sheet);
-        }
-        return ++sheet == sheets.end();
-    });
+    host.Page().PrintDocument("Form 2", *content, PrintPage);
 }
 
 }  // namespace qfr

@@ -4,20 +4,23 @@
 
 #include "forms/Form4Content.h"
 #include "forms/FormDrivers.h"
-#include "forms/SampleChecks.h"
-#include "forms/SampleRows.h"
+#include "forms/TableRows.h"
 
 namespace qfr {
 
 namespace {
 
-constexpr std::size_t kRowsPerPage = 30;
-constexpr double kLeft = 1.75;
-constexpr double kRight = 6.75;
 constexpr double kTableTop = 3.35;
 constexpr double kColumnLines[] = {1.75, 3.0, 4.25, 5.5, 6.75};
 constexpr SampleRows kRows{
-    .left = kLeft, .right = kRight, .numberX = 1.45, .numberDown = 0.0125, .gap = 0.025};
+    .rowsPerPage = 30,
+    .left = 1.75,
+    .right = 6.75,
+    .numberX = 1.45,
+    .numberDown = 0.0125,
+    .gap = 0.025,
+    .emptyRowsAhead = 1,  // on purpose
+};
 
 // Below the laboratory rows.
 constexpr FieldPlace<Form4Content> kHeaderFields[] = {
@@ -50,11 +53,12 @@ void PrintHeader(Page& page, const Form4Content& content) {
 }
 
 void PrintHeads(Page& page) {
-    page.DrawHeadBox(kLeft, kTableTop, kRight, 3.3875 + 2 * page.TextHeightInch(), kRulePen);
+    page.DrawHeadBox(kRows.left, kTableTop, kRows.right, 3.3875 + 2 * page.TextHeightInch(),
+                     kRulePen);
     page.PrintColumnHeads(kHeads, 3.3625);
 }
 
-void PrintSample(Page& page, const Form4Content::Sample& sample, double y) {
+void PrintSample(Page& page, const ListedSample& sample, double y) {
     page.Canvas().Font.Size = 8;
     page.TextOutInch(sample.SampleNo, 1.85, y);
     page.TextOutInch(sample.LabSampleId, 3.1, y);
@@ -74,38 +78,23 @@ void PrintComments(Page& page, const std::vector<std::string>& lines, double y) 
     page.TextOutInch("*   Sample time is outside acceptance criteria", 0.9, y + 0.5);
 }
 
-// Prints the page's rows from `row` on, the first of all being 1, and returns the bottom of the
-// table.
-double PrintRows(Page& page, const std::vector<Form4Content::Sample>& samples, std::size_t& row) {
-    const double h = page.TextHeightInch();
-    const std::size_t last = static_cast<std::size_t>(page.PageNo) * kRowsPerPage;
-    // On purpose: the rows start above the bottom of the head box.
-    double y = 3.375 + 2 * h;
-    for (; row <= last; ++row) {
-        if (row <= samples.size()) {
-            PrintRowNumber(page, kRows, row, y);
-            PrintSample(page, samples[row - 1], y + 0.04);
-        } else {
-            // On purpose: empty rows are numbered one too high.
-            PrintRowNumber(page, kRows, row + 1, y);
-        }
-        EndRow(page, kRows, h, y);
-    }
-    for (const double x : kColumnLines) {
-        page.DrawLineInch(x, y, x, kTableTop);
-    }
-    return y;
-}
-
 // True for the last page.
 bool PrintPage(Page& page, const Form4Content& content, std::size_t& row) {
-    const auto samples = static_cast<std::int32_t>(content.Samples.size());
-    page.PageCount = (samples - 1) / static_cast<std::int32_t>(kRowsPerPage) + 1;
+    const std::vector<ListedSample>& samples = content.Samples;
+    page.PageCount = (static_cast<std::int32_t>(samples.size()) - 1) /
+                         static_cast<std::int32_t>(kRows.rowsPerPage) +
+                     1;
     page.PrintSampleNoBox(content.SampleNo);
     PrintHeader(page, content);
     PrintHeads(page);
-    PrintComments(page, content.Comments, PrintRows(page, content.Samples, row));
-    return row > content.Samples.size();
+    // On purpose: the rows start above the bottom of the head box.
+    const double rowsTop = 3.375 + 2 * page.TextHeightInch();
+    const double bottom =
+        PrintSampleRows(page, kRows, samples.size(), row, rowsTop,
+                        [&](std::size_t i, double y) { PrintSample(page, samples[i], y + 0.04); });
+    page.DrawColumnLines(kColumnLines, bottom, kTableTop);
+    PrintComments(page, content.Comments, bottom);
+    return row >= samples.size();
 }
 
 // When the blank was analyzed; absent after the message that nobody said so.
@@ -138,9 +127,7 @@ void Form4MBSClick(FormHost& host) {
         return;
     }
     const Form4Content content = BuildForm4Content(*samples, *blankTime, host.Entries().Comments);
-    std::size_t row = 1;
-    host.Page().PrintDocument("Form 4 " + content.SampleNo,
-                              [&](Page& page) { return PrintPage(page, content, row); });
+    host.Page().PrintDocument("Form 4 " + content.SampleNo, content, PrintPage);
 }
 
 }  // namespace qfr

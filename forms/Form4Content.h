@@ -6,23 +6,15 @@
 
 #include "data/Entries.h"
 #include "forms/FormContent.h"
-#include "platform/DateTime.h"
 
 namespace qfr {
 
 // The header is the lab blank's.
 struct Form4Content : FormContent {
-    struct Sample {
-        std::string SampleNo;
-        std::string LabSampleId;
-        std::string LabFileId;
-        std::string Analyzed;
-        std::string Flag;  // of the twelve hours behind the blank
-    };
     std::string SampleNo;  // of the blank
     std::string DateAnalyzed;
     std::string TimeAnalyzed;
-    std::vector<Sample> Samples;
+    std::vector<ListedSample> Samples;
     std::vector<std::string> Comments;  // what is typed beyond the form's two lines is left out
 };
 

@@ -5,21 +5,26 @@
 #include "data/TuneRules.h"
 #include "forms/Form5Content.h"
 #include "forms/FormDrivers.h"
-#include "forms/SampleChecks.h"
-#include "forms/SampleRows.h"
+#include "forms/TableRows.h"
+#include "platform/Text.h"
 
 namespace qfr {
 
 namespace {
 
-constexpr std::size_t kRowsPerPage = 22;
 constexpr double kIonsTop = 2.8;
 constexpr double kIonsLeft = 0.9;
 constexpr double kIonsRight = 7.6;
 constexpr double kIonColumnLines[] = {0.9, 1.5, 5.25, 7.6};
 constexpr double kSampleColumnLines[] = {1.25, 2.5, 3.75, 5.0, 6.25, 7.25};
 constexpr SampleRows kRows{
-    .left = 1.25, .right = 7.25, .numberX = 1.05, .numberDown = 0.0125, .gap = 0.025};
+    .rowsPerPage = 22,
+    .left = 1.25,
+    .right = 7.25,
+    .numberX = 1.05,
+    .numberDown = 0.0125,
+    .gap = 0.025,
+};
 
 // Below the laboratory rows.
 constexpr FieldPlace<Form5Content> kHeaderFields[] = {
@@ -109,9 +114,7 @@ double PrintIonAbundanceTable(Page& page, const std::array<std::string, TuneEntr
         y += h + gap;
         page.DrawLineInch(kIonsLeft, y, kIonsRight, y);
     }
-    for (const double x : kIonColumnLines) {
-        page.DrawLineInch(x, y, x, kIonsTop);
-    }
+    page.DrawColumnLines(kIonColumnLines, y, kIonsTop);
     page.TextOutInch("1 - Value is %mass 174", 0.9, y + 0.075);
     page.TextOutInch("2 - Value is %mass 176", 3.6, y + 0.075);
     return y;
@@ -131,43 +134,31 @@ double PrintSampleHeads(Page& page, double top) {
     return rowsTop;
 }
 
-void PrintSample(Page& page, const Form5Content::Sample& sample, double y) {
+void PrintSample(Page& page, const ListedSample& sample, double y) {
     const double textY = y + 0.0225;
     page.TextOutInch(sample.SampleNo, 1.35, textY);
     page.TextOutInch(sample.LabSampleId, 2.6, textY);
     page.TextOutInch(sample.LabFileId, 3.85, textY);
-    page.TextOutInch(sample.DateAnalyzed, 5.1, textY);
-    page.TextOutInch(sample.TimeAnalyzed, 6.35, textY);
+    page.TextOutInch(CharacterRange(sample.Analyzed, 1, 10), 5.1, textY);
+    page.TextOutInch(CharacterRange(sample.Analyzed, 12, 27), 6.35, textY);
     page.TextOutInch(sample.Flag, 7.05, y + 0.04);
-}
-
-void PrintTuneSampleRows(Page& page, const std::vector<Form5Content::Sample>& samples, double y,
-                         std::size_t& row) {
-    const double h = page.TextHeightInch();
-    const double top = y - HeadHeight(page);
-    const std::size_t end = static_cast<std::size_t>(page.PageNo) * kRowsPerPage;
-    for (; row < end; ++row) {
-        PrintRowNumber(page, kRows, row + 1, y);
-        if (row < samples.size()) {
-            PrintSample(page, samples[row], y);
-        }
-        EndRow(page, kRows, h, y);
-    }
-    for (const double x : kSampleColumnLines) {
-        page.DrawLineInch(x, y, x, top);
-    }
 }
 
 // True for the last page.
 bool PrintPage(Page& page, const Form5Content& content, std::size_t& row) {
+    const std::vector<ListedSample>& samples = content.Samples;
     // On purpose: 22 samples fill one page that says "of 2".
-    page.PageCount = static_cast<std::int32_t>(content.Samples.size() / kRowsPerPage + 1);
+    page.PageCount = static_cast<std::int32_t>(samples.size() / kRows.rowsPerPage + 1);
     page.PrintSampleNoBox(content.SampleNo);
     PrintForm5Header(page, content);
-    const double bottom = PrintIonAbundanceTable(page, content.Abundances);
-    const double rowsTop = PrintSampleHeads(page, bottom + 0.25);
-    PrintTuneSampleRows(page, content.Samples, rowsTop, row);
-    return row >= content.Samples.size();
+    const double ionsBottom = PrintIonAbundanceTable(page, content.Abundances);
+    const double rowsTop = PrintSampleHeads(page, ionsBottom + 0.25);
+    const double top = rowsTop - HeadHeight(page);
+    const double bottom =
+        PrintSampleRows(page, kRows, samples.size(), row, rowsTop,
+                        [&](std::size_t i, double y) { PrintSample(page, samples[i], y); });
+    page.DrawColumnLines(kSampleColumnLines, bottom, top);
+    return row >= samples.size();
 }
 
 }  // namespace
@@ -191,9 +182,7 @@ void Form5IPCClick(FormHost& host) {
     }
     const Form5Content content =
         BuildForm5Content(*host.Batch().SampleList, *record, tune, *injection);
-    std::size_t row = 0;
-    host.Page().PrintDocument("Form 5 " + content.SampleNo,
-                              [&](Page& page) { return PrintPage(page, content, row); });
+    host.Page().PrintDocument("Form 5 " + content.SampleNo, content, PrintPage);
 }
 
 }  // namespace qfr

@@ -3,9 +3,7 @@
 #include <optional>
 
 #include "data/TuneRules.h"
-#include "forms/SampleChecks.h"
 #include "platform/Numbers.h"
-#include "platform/Text.h"
 
 namespace qfr {
 
@@ -18,14 +16,7 @@ Form5Content BuildForm5Content(const SampleListType& samples, std::size_t header
     content.InjectionDate = PrintableDate(tune.InjectionDate);
     content.InjectionTime = PrintableDate(tune.InjectionTime);
     content.Abundances = FlagTuneValues(tune);
-    for (const SampleRecord& record : samples) {
-        const SampleHeader& sample = record.Header;
-        const std::string analyzed = PrintableDate(sample[HeaderField::kDateAnalyzed]);
-        content.Samples.push_back(
-            {sample[HeaderField::kZovSampleNo], sample[HeaderField::kLabSampleId],
-             sample[HeaderField::kLabFileId], CharacterRange(analyzed, 1, 10),
-             CharacterRange(analyzed, 12, 27), TwelveHourFlag(analyzed, injection)});
-    }
+    content.Samples = ListSamples(samples, 0, injection);
     return content;
 }
 

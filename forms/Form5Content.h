@@ -8,25 +8,16 @@
 
 #include "data/Entries.h"
 #include "forms/FormContent.h"
-#include "platform/DateTime.h"
 
 namespace qfr {
 
 struct Form5Content : FormContent {
-    struct Sample {
-        std::string SampleNo;
-        std::string LabSampleId;
-        std::string LabFileId;
-        std::string DateAnalyzed;
-        std::string TimeAnalyzed;
-        std::string Flag;  // of the twelve hours behind the injection
-    };
     std::string SampleNo;  // of the tune
     std::string LabFileId;
     std::string InjectionDate;
     std::string InjectionTime;
     std::array<std::string, TuneEntry::kIons> Abundances;  // flagged, in the order of kTuneIons
-    std::vector<Sample> Samples;
+    std::vector<ListedSample> Samples;
 };
 
 // `headerRecord`: whose header prints, as index of the samples.

@@ -5,16 +5,15 @@
 #include <vector>
 
 #include "data/CalibrationTables.h"
-#include "forms/CompoundRows.h"
 #include "forms/Form6Content.h"
 #include "forms/FormDrivers.h"
+#include "forms/TableRows.h"
 #include "platform/Text.h"
 
 namespace qfr {
 
 namespace {
 
-constexpr std::size_t kPortraitLevels = 5;
 constexpr double kLeft = 0.9;
 constexpr double kColumnPitch = 0.6;
 
@@ -177,8 +176,13 @@ void PrintForm6Rows(Page& page, const Form6Layout& layout,
     page.Canvas().Font.Size = 10;
 }
 
+bool IsLandscape(const Form6Content& content) {
+    return content.Levels.size() > std::size(kPortraitLabFiles);
+}
+
 // True for the last page.
-bool PrintPage(Page& page, const Form6Content& content, bool landscape, std::size_t& row) {
+bool PrintPage(Page& page, const Form6Content& content, std::size_t& row) {
+    const bool landscape = IsLandscape(content);
     const Form6Layout& layout = landscape ? kLandscape : kPortrait;
     // On purpose: never rounded up, so that a full last page is counted one page too many.
     page.PageCount = static_cast<std::int32_t>(content.Compounds.size()) / layout.rowsPerPage + 1;
@@ -217,11 +221,9 @@ void Form6CIDClick(FormHost& host) {
     if (!content) {
         return;
     }
-    const bool landscape = content->Levels.size() > kPortraitLevels;
-    std::size_t row = 0;
     host.Page().PrintDocument(
-        "Form 6", [&](Page& page) { return PrintPage(page, *content, landscape, row); },
-        landscape ? PageOrientation::kLandscape : PageOrientation::kPortrait);
+        "Form 6", *content, PrintPage,
+        IsLandscape(*content) ? PageOrientation::kLandscape : PageOrientation::kPortrait);
 }
 
 }  // namespace qfr

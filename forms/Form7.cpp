@@ -4,31 +4,26 @@
 #include <vector>
 
 #include "data/CalibrationTables.h"
-#include "forms/CompoundRows.h"
 #include "forms/Form7Content.h"
 #include "forms/FormDrivers.h"
+#include "forms/TableRows.h"
 #include "platform/Text.h"
 
 namespace qfr {
 
 namespace {
 
-constexpr int kRowsPerPage = 27;
-constexpr double kLeft = 0.9;
-constexpr double kRight = 7.6;
-constexpr double kTableTop = 3.35;
-constexpr double kRowsTop = 3.7;
 constexpr double kColumnLines[] = {0.9, 4.1, 4.8, 5.5, 6.2, 6.9, 7.6};
 constexpr CompoundRows kRows{
-    .rowsTop = kRowsTop,
+    .rowsTop = 3.7,
     .rowsEnd = 9.9,
-    .rowsPerPage = kRowsPerPage,
-    .left = kLeft,
-    .right = kRight,
+    .rowsPerPage = 27,
+    .left = 0.9,
+    .right = 7.6,
     .nameX = 1.0,
     .nameDown = 0.025,
     .nameWidth = 2.5,
-    .columnsTop = kTableTop,
+    .columnsTop = 3.35,
     .columnLines = kColumnLines,
 };
 
@@ -72,7 +67,7 @@ void PrintHeader(Page& page, const Form7Content& content) {
 }
 
 void PrintHeads(Page& page, const std::string& amount) {
-    page.DrawHeadBox(kLeft, kTableTop, kRight, kRowsTop, kHeavyRulePen);
+    page.DrawHeadBox(kRows.left, kRows.columnsTop, kRows.right, kRows.rowsTop, kHeavyRulePen);
     page.TextOutInch("COMPOUND", 1.0, 3.446);
     // On purpose: the two RF columns are centred with the vertical scale.
     const auto width = [&page](std::string_view text) {
@@ -102,7 +97,7 @@ void PrintCells(Page& page, const Form7Content::Compound& compound, double y) {
 bool PrintPage(Page& page, const Form7Content& content, std::size_t& row) {
     const std::vector<Form7Content::Compound>& compounds = content.Compounds;
     // On purpose: never rounded up, so that a full last page is counted one page too many.
-    page.PageCount = static_cast<std::int32_t>(compounds.size()) / kRowsPerPage + 1;
+    page.PageCount = static_cast<std::int32_t>(compounds.size()) / kRows.rowsPerPage + 1;
     PrintHeader(page, content);
     PrintHeads(page, content.Amount);
     PrintCompoundRows(page, kRows, compounds.size(), row, [&](std::size_t i, double y) {
@@ -171,9 +166,7 @@ void Form7CCDClick(FormHost& host) {
     if (!content) {
         return;
     }
-    std::size_t row = 0;
-    host.Page().PrintDocument("Form 7 " + Trim(content->SampleNo),
-                              [&](Page& page) { return PrintPage(page, *content, row); });
+    host.Page().PrintDocument("Form 7 " + Trim(content->SampleNo), *content, PrintPage);
 }
 
 }  // namespace qfr

@@ -6,7 +6,7 @@
 #include "data/CalibrationTables.h"
 #include "forms/Form8Content.h"
 #include "forms/FormDrivers.h"
-#include "forms/SampleRows.h"
+#include "forms/TableRows.h"
 #include "platform/Text.h"
 
 namespace qfr {
@@ -14,12 +14,15 @@ namespace qfr {
 namespace {
 
 constexpr std::size_t kStandards = InternalStandardNames.size();
-constexpr std::size_t kRowsPerPage = 22;
-constexpr double kLeft = 1.0;
-constexpr double kRight = 7.6;
 constexpr double kTableTop = 3.0;
 constexpr SampleRows kRows{
-    .left = kLeft, .right = kRight, .numberX = 0.8, .numberDown = 0.0125, .gap = 0.025};
+    .rowsPerPage = 22,
+    .left = 1.0,
+    .right = 7.6,
+    .numberX = 0.8,
+    .numberDown = 0.0125,
+    .gap = 0.025,
+};
 
 // The columns of an internal standard: area and RT end at their edges, each with its flag after it.
 struct StandardColumns {
@@ -85,11 +88,11 @@ void PrintHeader(Page& page, const Form8Content& content) {
     page.PrintPageFooter();
 }
 
-// Head box, the standard's rows and the footnotes; y is left below the last of these rows.
-void PrintTable(Page& page, const StandardISTable& standard, double& y) {
+// Head box, the standard's rows and the footnotes. Returns where the samples' rows start.
+double PrintStandard(Page& page, const StandardISTable& standard) {
     const double h = page.TextHeightInch();
-    y = kTableTop + 0.0375 + 2 * h;
-    page.DrawHeadBox(kLeft, kTableTop, kRight, y, kRulePen);
+    double y = kTableTop + 0.0375 + 2 * h;
+    page.DrawHeadBox(kRows.left, kTableTop, kRows.right, y, kRulePen);
     const double firstLine = kTableTop + 0.0125;
     for (const StandardColumns& columns : kColumns) {
         page.TextOutCentred(columns.head, columns.headCentre, firstLine);
@@ -104,13 +107,14 @@ void PrintTable(Page& page, const StandardISTable& standard, double& y) {
             page.TextOutRight(standard[i].*row.area, kColumns[i].areaRight, y + 0.015);
             page.TextOutRight(standard[i].*row.rt, kColumns[i].rtRight, y + 0.015);
         }
-        EndRow(page, kRows, h, y);
+        EndRow(page, kRows, y);
     }
     page.TextOutInch("ZOV SAMPLE NO.", 1.05, y + 0.015);
-    EndRow(page, kRows, h, y);
+    EndRow(page, kRows, y);
     for (const Footnote& footnote : kFootnotes) {
         page.TextOutInch(footnote.text, 0.9, footnote.y);
     }
+    return y;
 }
 
 void PrintSample(Page& page, const Form8Content::Sample& sample, double y) {
@@ -128,18 +132,11 @@ void PrintSample(Page& page, const Form8Content::Sample& sample, double y) {
 // True for the last page.
 bool PrintPage(Page& page, const Form8Content& content, std::size_t& row) {
     const std::vector<Form8Content::Sample>& samples = content.Samples;
-    page.PageCount = static_cast<std::int32_t>((samples.size() - 1) / kRowsPerPage + 1);
-    double y = 0;
+    page.PageCount = static_cast<std::int32_t>((samples.size() - 1) / kRows.rowsPerPage + 1);
     PrintHeader(page, content);
-    PrintTable(page, content.Standard, y);
-    const std::size_t last = static_cast<std::size_t>(page.PageNo) * kRowsPerPage;
-    for (; row < last; ++row) {
-        PrintRowNumber(page, kRows, row + 1, y);
-        if (row < samples.size()) {
-            PrintSample(page, samples[row], y + 0.0125);
-        }
-        EndRow(page, kRows, page.TextHeightInch(), y);
-    }
+    const double rowsTop = PrintStandard(page, content.Standard);
+    PrintSampleRows(page, kRows, samples.size(), row, rowsTop,
+                    [&](std::size_t i, double y) { PrintSample(page, samples[i], y + 0.0125); });
     return row >= samples.size();
 }
 
@@ -204,9 +201,7 @@ void Form8ARTClick(FormHost& host) {
         return;
     }
     host.Flags().Form8DataReady = true;
-    std::size_t row = 0;
-    host.Page().PrintDocument("Form 8 " + content->SampleNo,
-                              [&](Page& page) { return PrintPage(page, *content, row); });
+    host.Page().PrintDocument("Form 8 " + content->SampleNo, *content, PrintPage);
 }
 
 }  // namespace qfr

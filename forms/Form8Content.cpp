@@ -4,8 +4,6 @@
 #include <utility>
 
 #include "data/CalibrationEntryRules.h"
-#include "forms/SampleChecks.h"
-#include "platform/DateTime.h"
 #include "platform/Numbers.h"
 #include "platform/Text.h"
 

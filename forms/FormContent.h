@@ -5,8 +5,11 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "data/Batch.h"
+#include "platform/DateTime.h"
+#include "platform/Messages.h"
 
 namespace qfr {
 
@@ -19,5 +22,24 @@ SampleHeader PrintedHeader(const SampleHeader& header);
 
 // Characters `first` (from 1) to `last` of a date and time as they print.
 std::string PrintedPart(std::string_view dateTime, std::size_t first, std::size_t last);
+
+// A sample of the forms that list the samples' analysis times.
+struct ListedSample {
+    std::string SampleNo;
+    std::string LabSampleId;
+    std::string LabFileId;
+    std::string Analyzed;
+    std::string Flag;  // of the twelve hours within which it has to be analysed
+};
+// The samples from index `first` on; their twelve hours begin at `start`.
+std::vector<ListedSample> ListSamples(const SampleListType& samples, std::size_t first,
+                                      DateTime start);
+
+// "*" for a sample analysed before `start` or more than twelve hours after it, else empty; so also
+// for a sample without an analysis date.
+std::string TwelveHourFlag(std::string_view dateAnalyzed, DateTime start);
+
+// What is said of a sample's report that is gone.
+Message ReportNotFound(std::string_view fileName);
 
 }  // namespace qfr

@@ -2,6 +2,9 @@
 
 #include <string>
 
+#include "data/EntryChecks.h"
+#include "platform/Text.h"
+
 namespace qfr {
 
 std::optional<std::size_t> CheckFormPreconditions(FormHost& host, std::string_view formName) {
@@ -30,6 +33,33 @@ std::optional<std::size_t> CheckAndAsk(FormHost& host, std::string_view formName
                                        EntryDialog dialog) {
     const auto record = CheckFormPreconditions(host, formName);
     return record && host.ShowEntryDialog(dialog, *record) ? record : std::nullopt;
+}
+
+bool LabBlankSpecified(FormHost& host) {
+    if (!Trim(host.Batch().Files.LabBlank).empty()) {
+        return true;
+    }
+    host.Show({"Please use Data Files|Load Files menu option to specify a labblank.",
+               "Lab Blank Not Specified"});
+    return false;
+}
+
+bool AnalysisDatesReadable(FormHost& host, std::size_t first) {
+    const SampleListType& samples = *host.Batch().SampleList;
+    for (std::size_t i = first; i < samples.size(); ++i) {
+        const SampleHeader& header = samples[i].Header;
+        const std::string& date = header[HeaderField::kDateAnalyzed];
+        if (IsDateTimeOrUnfilled(date)) {
+            continue;
+        }
+        const std::string& sampleNo = header[HeaderField::kZovSampleNo];
+        host.Show({"The analysis date of sample " +
+                       (Trim(sampleNo).empty() ? FileNameOnly(samples[i].FileName) : sampleNo) +
+                       ",\n" + date + ", is not a date and time.",
+                   std::string(kIncorrectTimeFormat)});
+        return false;
+    }
+    return true;
 }
 
 }  // namespace qfr

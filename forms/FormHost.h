@@ -67,4 +67,11 @@ std::optional<std::size_t> CheckFormPreconditions(FormHost& host, std::string_vi
 std::optional<std::size_t> CheckAndAsk(FormHost& host, std::string_view formName,
                                        EntryDialog dialog);
 
+// Whether a lab blank is named; false after the message that says so.
+bool LabBlankSpecified(FormHost& host);
+
+// Whether the analysis date of every record from index `first` of SampleList is empty or a
+// date-time; false after the message that names the first other one.
+bool AnalysisDatesReadable(FormHost& host, std::size_t first);
+
 }  // namespace qfr

@@ -31,20 +31,17 @@ void Page::getPrinter() {
 }
 
 void Page::testPrinter() {
-    if (printer_.PrinterIndex != ChosenPrinterIndex) {
-        getPrinter();
-    }
-    if (!PrinterChosen) {
+    if (!PrinterChosen || printer_.PrinterIndex != ChosenPrinterIndex) {
         getPrinter();
     }
 }
 
 void Page::MoveToInch(double x, double y) {
-    Canvas().MoveTo(PixelX(x), PixelY(y));
+    Canvas().MoveTo(Pixel(x, HorzScale), Pixel(y, VertScale));
 }
 
 void Page::LineToInch(double x, double y) {
-    Canvas().LineTo(PixelX(x), PixelY(y));
+    Canvas().LineTo(Pixel(x, HorzScale), Pixel(y, VertScale));
 }
 
 void Page::DrawLineInch(double x1, double y1, double x2, double y2) {
@@ -53,7 +50,7 @@ void Page::DrawLineInch(double x1, double y1, double x2, double y2) {
 }
 
 void Page::TextOutInch(std::string_view text, double x, double y) {
-    Canvas().TextOut(PixelX(x), PixelY(y), text);
+    Canvas().TextOut(Pixel(x, HorzScale), Pixel(y, VertScale), text);
 }
 
 void Page::TextOutRight(std::string_view text, double x, double y) {
@@ -73,11 +70,17 @@ void Page::DrawHeadBox(double left, double top, double right, double bottom, int
     LineToInch(left, top);
 }
 
-void Page::PrintColumnHeads(const ColumnHead* heads, std::size_t count, double y) {
+void Page::PrintColumnHeads(std::span<const ColumnHead> heads, double y) {
     const double h = TextHeightInch();
-    for (std::size_t i = 0; i < count; ++i) {
-        TextOutCentred(heads[i].first, heads[i].centre, y);
-        TextOutCentred(heads[i].second, heads[i].centre, y + h);
+    for (const ColumnHead& head : heads) {
+        TextOutCentred(head.first, head.centre, y);
+        TextOutCentred(head.second, head.centre, y + h);
+    }
+}
+
+void Page::DrawColumnLines(std::span<const double> lines, double bottom, double top) {
+    for (const double x : lines) {
+        DrawLineInch(x, bottom, x, top);
     }
 }
 
@@ -189,14 +192,6 @@ void Page::PrintDocument(const std::string& title, const std::function<bool(Page
 void Page::PrintUnit(std::string_view unit, double x, double y, UnitLevel level) {
     const double up = level == UnitLevel::kTextHeightAbove ? -TextHeightInch() : FontHeightInch();
     TextOutInch(unit, x, level == UnitLevel::kBelowLine ? y - up : y + up);
-}
-
-int Page::PixelX(double inches) const {
-    return Pixel(inches, HorzScale);
-}
-
-int Page::PixelY(double inches) const {
-    return Pixel(inches, VertScale);
 }
 
 }  // namespace qfr

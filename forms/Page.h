@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -92,11 +93,8 @@ class Page {
     // The box around the heads of a table, clockwise from its top left corner.
     void DrawHeadBox(double left, double top, double right, double bottom, int bottomPen);
     // The first lines of the heads are at y, the second lines one text height below.
-    void PrintColumnHeads(const ColumnHead* heads, std::size_t count, double y);
-    template <std::size_t N>
-    void PrintColumnHeads(const ColumnHead (&heads)[N], double y) {
-        PrintColumnHeads(heads, N, y);
-    }
+    void PrintColumnHeads(std::span<const ColumnHead> heads, double y);
+    void DrawColumnLines(std::span<const double> lines, double bottom, double top);
 
     // Sizes in inches, in the current font.
     double TextWidthInch(std::string_view text);
@@ -142,11 +140,19 @@ class Page {
     // `printPage` says that one was the last. Turned paper is turned back at the end.
     void PrintDocument(const std::string& title, const std::function<bool(Page& page)>& printPage,
                        PageOrientation orientation = PageOrientation::kPortrait);
+    // The same, of a form that goes through its rows (from 0): `printPage` moves `row` behind those
+    // that it printed.
+    template <typename Content>
+    void PrintDocument(const std::string& title, const Content& content,
+                       bool (*printPage)(Page& page, const Content& content, std::size_t& row),
+                       PageOrientation orientation = PageOrientation::kPortrait) {
+        std::size_t row = 0;
+        PrintDocument(
+            title, [&](Page& page) { return printPage(page, content, row); }, orientation);
+    }
 
   private:
     void PrintUnit(std::string_view unit, double x, double y, UnitLevel level);
-    int PixelX(double inches) const;
-    int PixelY(double inches) const;
 
     TPrinter& printer_;
     std::function<void()> showPrinterSetup_;

@@ -3,7 +3,7 @@
 
 #include "forms/Form5Content.h"
 #include "forms/FormDrivers.h"
-#include "forms/SampleChecks.h"
+#include "forms/FormContent.h"
 #include "tests/FormSupport.h"
 
 namespace qfr::test {

@@ -1,17 +1,12 @@
-#include "forms/CompoundRows.h"
+#include "forms/TableRows.h"
 
 #include <vector>
 
 namespace qfr {
 
-namespace {
-
-constexpr double kEmptyRowPitch = 0.206;
-
-}  // namespace
-
 double PrintCompoundRows(Page& page, const CompoundRows& table, std::size_t count, std::size_t& row,
                          const std::function<std::string(std::size_t row, double y)>& printCells) {
+    constexpr double kEmptyRowPitch = 0.206;
     double y = table.rowsTop;
     int rowsOnPage = 0;
     const auto hasRoom = [&] { return rowsOnPage < table.rowsPerPage && y < table.rowsEnd; };
@@ -29,10 +24,27 @@ double PrintCompoundRows(Page& page, const CompoundRows& table, std::size_t coun
         y += kEmptyRowPitch;
         page.DrawLineInch(table.left, y, table.right, y);
     }
-    for (const double x : table.columnLines) {
-        page.DrawLineInch(x, y, x, table.columnsTop);
+    page.DrawColumnLines(table.columnLines, y, table.columnsTop);
+    return y;
+}
+
+double PrintSampleRows(Page& page, const SampleRows& table, std::size_t count, std::size_t& row,
+                       double y, const std::function<void(std::size_t row, double y)>& printCells) {
+    const std::size_t end = static_cast<std::size_t>(page.PageNo) * table.rowsPerPage;
+    for (; row < end; ++row) {
+        const std::size_t number = row + 1 + (row < count ? 0 : table.emptyRowsAhead);
+        page.TextOutInch(std::to_string(number), table.numberX, y + table.numberDown);
+        if (row < count) {
+            printCells(row, y);
+        }
+        EndRow(page, table, y);
     }
     return y;
+}
+
+void EndRow(Page& page, const SampleRows& table, double& y) {
+    y += page.TextHeightInch() + table.gap;
+    page.DrawLineInch(table.left, y, table.right, y);
 }
 
 }  // namespace qfr
