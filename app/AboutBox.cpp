@@ -2,7 +2,7 @@
 
 #include "app/Revision.h"
 #include "platform/qt/HelpViewer.h"
-#include "platform/qt/PdfOutline.h"
+#include "platform/qt/PdfFile.h"
 #include "platform/qt/PrinterQueue.h"
 #include "ui_AboutBox.h"
 

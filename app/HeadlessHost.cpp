@@ -16,11 +16,10 @@ bool HeadlessHost::AskYesNo(const Message& question) {
 }
 
 bool HeadlessHost::ShowEntryDialog(EntryDialog dialog, std::size_t headerRecord) {
-    const FormEntry& entry = EntryOf(dialog);
-    if (!entry.onShow(*this, headerRecord)) {
+    if (!ShowEntry(*this, dialog, headerRecord)) {
         return false;
     }
-    if (const std::optional<EntryFault> fault = entry.onOk(*this)) {
+    if (const std::optional<EntryFault> fault = AcceptEntry(*this, dialog)) {
         Show(fault->Message);
         return false;
     }

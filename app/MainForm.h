@@ -22,7 +22,6 @@
 #include "platform/JobSink.h"
 #include "platform/Printer.h"
 #include "platform/SettingsDir.h"
-#include "platform/TextMetrics.h"
 #include "platform/WindowServices.h"
 
 namespace qfr {

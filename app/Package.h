@@ -15,7 +15,7 @@
 #include "forms/FormList.h"
 #include "platform/JobSink.h"
 #include "platform/PrintJob.h"
-#include "platform/TextMetrics.h"
+#include "platform/Printer.h"
 
 namespace qfr {
 

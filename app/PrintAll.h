@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/JobSink.h"
-#include "platform/TextMetrics.h"
+#include "platform/Printer.h"
 
 namespace qfr {
 

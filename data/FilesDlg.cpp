@@ -24,7 +24,7 @@ constexpr int kLinesDown = 28;
 
 // The reports among the files of a drag, full paths. What else comes along stays where it is.
 std::vector<std::string> ReportsIn(const QMimeData& dragged) {
-    const std::string_view patterns = RowOf(FileKind::kQuantReport).filter.patterns;
+    const std::string_view patterns = RowOf(FileKind::kQuantReport).filter.Patterns();
     const QString pattern = QString::fromStdString(std::string(patterns));
     std::vector<std::string> reports;
     for (const QUrl& url : dragged.urls()) {

@@ -213,7 +213,7 @@ EntryFormDialog::EntryFormDialog(EntryDialog dialog, FormHost& host, WindowServi
       parts_(*std::ranges::find(kParts, dialog, &EntryDialogParts::dialog)),
       host_(host),
       services_(services),
-      entry_(EntryOf(dialog)),
+      table_(TableOf(dialog)),
       checks_(host, *this, [this](const QWidget& control) { return Leave(control); }) {
     parts_.setUp(*this);
     auto& cancel = *Find<QPushButton>(*this, "CancelButton");
@@ -224,7 +224,7 @@ EntryFormDialog::EntryFormDialog(EntryDialog dialog, FormHost& host, WindowServi
     } else {
         help.setFocusPolicy(Qt::TabFocus);
     }
-    for (const EntryField& field : entry_.table.Fields) {
+    for (const EntryField& field : table_.Fields) {
         AddField(field);
     }
     connect(Find<QPushButton>(*this, parts_.okButton), &QPushButton::clicked, this,
@@ -239,7 +239,7 @@ void EntryFormDialog::AddField(const EntryField& field) {
         if (auto* const date = qobject_cast<MaskEdit*>(control)) {
             date->SetMask(MaskOf(field));
         }
-        if (IsCheckedWhenLeft(entry_.table, field)) {
+        if (IsCheckedWhenLeft(table_, field)) {
             checks_.Watch(*control);
         }
         if (field.Browse) {
@@ -251,7 +251,7 @@ void EntryFormDialog::AddField(const EntryField& field) {
 }
 
 bool EntryFormDialog::Run(std::size_t headerRecord) {
-    if (!entry_.onShow(host_, headerRecord)) {
+    if (!ShowEntry(host_, parts_.dialog, headerRecord)) {
         return false;
     }
     if (parts_.prepare) {
@@ -274,13 +274,13 @@ std::optional<EntryFault> EntryFormDialog::Leave(const QWidget& control) {
     StoreEntries();
     const std::string name = control.objectName().toStdString();
     Entries& entries = host_.Entries();
-    for (const EntryField& field : entry_.table.Fields) {
+    for (const EntryField& field : table_.Fields) {
         for (std::size_t item = 0; item < ItemCount(field, entries); ++item) {
             if (ControlName(field.Control, field, item) != name) {
                 continue;
             }
             if (!field.Rules.Leave) {
-                return CheckLeft(entry_.table, field, item, entries);
+                return CheckLeft(table_, field, item, entries);
             }
             host_.BeginRun();
             auto fault = field.Rules.Leave(entries, host_.Batch(), host_.Reports(), host_);
@@ -309,14 +309,14 @@ void EntryFormDialog::OkClick() {
     }
     FinishEditing();
     StoreEntries();
-    if (!ShowFault(host_, *this, entry_.onOk(host_))) {
+    if (!ShowFault(host_, *this, AcceptEntry(host_, parts_.dialog))) {
         accept();
     }
 }
 
 void EntryFormDialog::ShowEntries() {
     const Entries& entries = host_.Entries();
-    for (const EntryField& field : entry_.table.Fields) {
+    for (const EntryField& field : table_.Fields) {
         for (std::size_t item = 0; item < ItemCount(field, entries); ++item) {
             ShowItem(*this, field, item, field.Texts.Get(entries, item));
         }
@@ -325,7 +325,7 @@ void EntryFormDialog::ShowEntries() {
 
 void EntryFormDialog::StoreEntries() {
     Entries& entries = host_.Entries();
-    for (const EntryField& field : entry_.table.Fields) {
+    for (const EntryField& field : table_.Fields) {
         for (std::size_t item = 0; item < ItemCount(field, entries); ++item) {
             if (const auto text = EnteredItem(*this, field, item)) {
                 field.Texts.Set(entries, item, *text);

@@ -36,7 +36,7 @@ class EntryFormDialog : public EntryWindow {
     const EntryDialogParts& parts_;
     FormHost& host_;
     WindowServices& services_;
-    const FormEntry& entry_;
+    const EntryTable& table_;
     LeaveChecks checks_;
 };
 

@@ -21,15 +21,7 @@ constexpr double kRight = 7.8;
 constexpr double kColumnLines[] = {0.9, 2.2, 5.2, 6.0, 7.2, 7.8};
 
 constexpr double kNumberLineY = 0.7;
-constexpr double kPurgeRow = 3.7;     // level of the underlines
 constexpr double kValueRaise = 0.05;  // of a value above its label
-constexpr double kOldUnitX = 3.95;
-
-// Where Form I VOA prints its purge volume.
-constexpr double kOldPurgeX = 0.9;
-constexpr double kOldPurgeWidth = 2.05;
-constexpr std::string_view kPurgeLabel = "Purge Volume:";
-constexpr std::string_view kPurgeUnit = "(mL)";
 
 constexpr std::string_view kAlkanesNumber = "E966796";
 
@@ -49,9 +41,11 @@ void WhitenFormIVoaTexts(Page& page, const SampleHeader& header) {
     // As wide as with any letter.
     Whiten(page, 3.6, 3.6 + page.TextWidthInch("1W - FORM I VOA-" + number), kNumberLineY);
 
-    const double labelY = kPurgeRow + page.FontHeightInch();
-    Whiten(page, kOldPurgeX, kOldUnitX + page.TextWidthInch(kPurgeUnit), labelY);
-    const double centre = kOldPurgeX + page.TextWidthInch(kPurgeLabel) + 0.1 + kOldPurgeWidth * 0.5;
+    const double labelY = kPurgeVolume.y + page.FontHeightInch();
+    Whiten(page, kPurgeVolume.x, kPurgeVolume.unitX + page.TextWidthInch(kPurgeVolume.unit),
+           labelY);
+    const double centre =
+        kPurgeVolume.x + page.TextWidthInch(kPurgeVolume.label) + 0.1 + kPurgeVolume.width * 0.5;
     // Two hundredths more, because pixels are cut at both ends.
     const double half = page.TextWidthInch(header[HeaderField::kPurgeVolume]) * 0.5 + 0.01;
     Whiten(page, centre - half, centre + half, labelY - kValueRaise);
@@ -63,10 +57,11 @@ void PrintHeaderOverlay(Page& page, const SampleHeader& header) {
     page.TextOutInch(kDataSheetTitle, 2.8, 0.85);
     page.TextOutInch("TENTATIVELY IDENTIFIED COMPOUNDS", 3.05, 1.0);
     page.PrintLabelledField("Concentration Units: (ug/L or ug/kg) ",
-                            header[HeaderField::kConcUnits], 0.9, kPurgeRow, 0.3);
-    page.TextOutInch("        ", kOldUnitX, kPurgeRow + page.FontHeightInch());
-    page.PrintLabelledField(kPurgeLabel, header[HeaderField::kPurgeVolume], 4.8, kPurgeRow, 1.35);
-    page.TextOutInch(kPurgeUnit, 7.2, kPurgeRow + page.FontHeightInch());
+                            header[HeaderField::kConcUnits], 0.9, kPurgeVolume.y, 0.3);
+    page.TextOutInch("        ", kPurgeVolume.unitX, kPurgeVolume.y + page.FontHeightInch());
+    page.PrintLabelledField(kPurgeVolume.label, header[HeaderField::kPurgeVolume], 4.8,
+                            kPurgeVolume.y, 1.35);
+    page.TextOutInch(kPurgeVolume.unit, 7.2, kPurgeVolume.y + page.FontHeightInch());
 }
 
 void PrintTableHead(Page& page) {
@@ -129,9 +124,7 @@ bool PrintPageBody(Page& page, const TicListType& entries, std::size_t& entry) {
         EndRow(page, y);
     }
     EndRow(page, y);
-    for (const double x : kColumnLines) {
-        page.DrawLineInch(x, kTableTop, x, y);
-    }
+    page.DrawColumnLines(kColumnLines, kTableTop, y);
     PrintAlkanesRow(page, y);
     return done;
 }

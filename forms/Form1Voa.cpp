@@ -1,7 +1,5 @@
 #include "forms/Form1Voa.h"
 
-#include <optional>
-
 #include "forms/Form1VoaContent.h"
 #include "forms/FormDrivers.h"
 #include "forms/TableRows.h"
@@ -39,7 +37,7 @@ constexpr FieldPlace<FormContent> kHeaderFields[] = {
     {"Dilution Factor:", HeaderField::kDilutionFactor, 4.8, 3.15, 1.675},
     {"Soil Extract Volume:", HeaderField::kSoilExtractVolume, 0.9, 3.425, 1.7, "(uL)", 3.95},
     {"Soil Aliquot Volume:", HeaderField::kSoilAliquotVolume, 4.8, 3.425, 1.0, "(uL)", 7.2},
-    {"Purge Volume:", HeaderField::kPurgeVolume, 0.9, 3.7, 2.05, "(mL)", 3.95},
+    kPurgeVolume,
 };
 
 void PrintTableHead(Page& page, const SampleHeader& header) {
@@ -67,8 +65,12 @@ void PrintCells(Page& page, const VoaRow& row, double y) {
     page.TextOutInch(row.Qualifier, 7.3, y + 0.025);
 }
 
-// Prints one page of rows, starting at `row`.
-void PrintPageBody(Page& page, const std::vector<VoaRow>& rows, std::size_t& row) {
+// True for the last page.
+bool PrintPage(Page& page, const Form1VoaContent& content, std::size_t& row) {
+    const std::vector<VoaRow>& rows = content.Rows;
+    page.PrintSampleNoBox(content.SampleNo);
+    PrintFormIVoaHeader(page, content);
+    PrintTableHead(page, content.Header);
     const double y =
         PrintCompoundRows(page, kRows, rows.size(), row, [&](std::size_t compound, double top) {
             PrintCells(page, rows[compound], top);
@@ -81,15 +83,7 @@ void PrintPageBody(Page& page, const std::vector<VoaRow>& rows, std::size_t& row
         "Qualifier E = raw area counts greater than raw area counts of maximum calibration "
         "standard.",
         0.9, y + 0.456);
-}
-
-// True for the last page.
-bool PrintPage(Page& page, const Form1VoaContent& content, std::size_t& row) {
-    page.PrintSampleNoBox(content.SampleNo);
-    PrintFormIVoaHeader(page, content);
-    PrintTableHead(page, content.Header);
-    PrintPageBody(page, content.Rows, row);
-    return row >= content.Rows.size();
+    return row >= rows.size();
 }
 
 }  // namespace

@@ -11,6 +11,10 @@ namespace qfr {
 // The title of both.
 inline constexpr std::string_view kDataSheetTitle = "VOLATILE ORGANICS ANALYSIS DATA SHEET";
 
+// The last of its fields, which Form I VOA-TIC has at another place.
+inline constexpr FieldPlace<FormContent> kPurgeVolume = {
+    "Purge Volume:", HeaderField::kPurgeVolume, 0.9, 3.7, 2.05, "(mL)", 3.95};
+
 // The header of the page being drawn.
 void PrintFormIVoaHeader(Page& page, const FormContent& content);
 

@@ -14,7 +14,7 @@ std::optional<Form1VoaContent> BuildForm1VoaContent(const Batch& batch, std::siz
         return std::nullopt;
     }
     Form1VoaContent content{
-        {PrintedHeader(sample.Header)}, sample.Header[HeaderField::kZovSampleNo], {}};
+        {PrintedHeader(sample.Header), sample.Header[HeaderField::kZovSampleNo]}, {}};
     const auto rows = static_cast<std::size_t>(sample.CompoundCount);
     for (std::size_t row = 0; row < rows; ++row) {
         const bool inBlank =

@@ -20,7 +20,6 @@ struct VoaRow {
 };
 
 struct Form1VoaContent : FormContent {
-    std::string SampleNo;
     std::vector<VoaRow>
         Rows;  // as many as the record counts; those that the report lacks are empty
 };

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,14 +15,12 @@ constexpr double kTableTop = 2.2;
 constexpr double kRowsTop = 2.2375;  // and two lines of heads
 constexpr double kColumnWidth = 0.8;
 constexpr double kColumnLines[] = {0.9, 2.0, 2.8, 3.6, 4.4, 5.2, 6.0, 6.8, 7.6};
-constexpr SampleRows kRows{
-    .rowsPerPage = 30,
-    .left = 0.9,
-    .right = 7.6,
-    .numberX = 0.65,
-    .numberDown = 0.025,
-    .gap = 0.05,
-};
+constexpr SampleRows kRows{.rowsPerPage = 30,
+                           .left = 0.9,
+                           .right = 7.6,
+                           .numberX = 0.65,
+                           .numberDown = 0.025,
+                           .gap = 0.05};
 
 std::size_t FirstCompound(const Page& page) {
     return (page.FormLetterIndex - std::size_t{1}) * kColumnsPerPage;

@@ -28,7 +28,7 @@ std::optional<Form2Content> BuildForm2Content(const Batch& batch, std::size_t he
         return std::nullopt;
     }
     const SampleListType& samples = *batch.SampleList;
-    Form2Content content{{PrintedHeader(samples[headerRecord].Header)}, samples.size(), {}, {}};
+    Form2Content content{{PrintedHeader(samples[headerRecord].Header), ""}, samples.size(), {}, {}};
     // All samples are taken to list the compounds of the batch's first one.
     std::vector<const RecoveryRange*> ranges;
     std::vector<std::string> names;

@@ -12,15 +12,14 @@ namespace {
 
 constexpr double kTableTop = 3.35;
 constexpr double kColumnLines[] = {1.75, 3.0, 4.25, 5.5, 6.75};
-constexpr SampleRows kRows{
-    .rowsPerPage = 30,
-    .left = 1.75,
-    .right = 6.75,
-    .numberX = 1.45,
-    .numberDown = 0.0125,
-    .gap = 0.025,
-    .emptyRowsAhead = 1,  // on purpose
-};
+// On purpose: the empty rows are numbered one too high.
+constexpr SampleRows kRows{.rowsPerPage = 30,
+                           .left = 1.75,
+                           .right = 6.75,
+                           .numberX = 1.45,
+                           .numberDown = 0.0125,
+                           .gap = 0.025,
+                           .emptyRowsAhead = 1};
 
 // Below the laboratory rows.
 constexpr FieldPlace<Form4Content> kHeaderFields[] = {

@@ -9,9 +9,8 @@
 
 namespace qfr {
 
-// The header is the lab blank's.
+// Header and sample number are the lab blank's.
 struct Form4Content : FormContent {
-    std::string SampleNo;  // of the blank
     std::string DateAnalyzed;
     std::string TimeAnalyzed;
     std::vector<ListedSample> Samples;

@@ -17,14 +17,12 @@ constexpr double kIonsLeft = 0.9;
 constexpr double kIonsRight = 7.6;
 constexpr double kIonColumnLines[] = {0.9, 1.5, 5.25, 7.6};
 constexpr double kSampleColumnLines[] = {1.25, 2.5, 3.75, 5.0, 6.25, 7.25};
-constexpr SampleRows kRows{
-    .rowsPerPage = 22,
-    .left = 1.25,
-    .right = 7.25,
-    .numberX = 1.05,
-    .numberDown = 0.0125,
-    .gap = 0.025,
-};
+constexpr SampleRows kRows{.rowsPerPage = 22,
+                           .left = 1.25,
+                           .right = 7.25,
+                           .numberX = 1.05,
+                           .numberDown = 0.0125,
+                           .gap = 0.025};
 
 // Below the laboratory rows.
 constexpr FieldPlace<Form5Content> kHeaderFields[] = {
@@ -42,23 +40,8 @@ constexpr ColumnHead kSampleHeads[] = {{1.875, "ZOV", "SAMPLE NO."},
                                        {5.625, "DATE", "ANALYZED"},
                                        {6.75, "TIME", "ANALYZED"}};
 
-// How the form shows each ion, in the order of kTuneIons.
-struct IonPlace {
-    double massX;
-    std::string_view footnote;  // of a value in parentheses; empty: a plain value
-};
-constexpr std::array<IonPlace, TuneEntry::kIons> kIonPlaces = {{
-    {1.25, ""},
-    {1.25, ""},
-    {1.25, ""},
-    {1.25, ""},
-    {1.15, "1"},
-    {1.15, ""},
-    {1.15, "1"},
-    {1.15, "1"},
-    {1.15, "2"},
-}};
-constexpr std::string_view kFootnoteGap = "   )";
+// Of the ions' values in parentheses, in the order of kTuneIons; a blank: a plain value.
+constexpr std::string_view kFootnotes = "    1 112";
 
 double HeadHeight(Page& page) {
     return 2 * page.TextHeightInch() + 0.0375;
@@ -89,14 +72,14 @@ void PrintIonHeads(Page& page) {
     page.TextOutCentred("ABUNDANCE", 6.475, y + h);
 }
 
-void PrintIonValue(Page& page, std::string_view footnote, const std::string& value, double y) {
+void PrintIonValue(Page& page, char footnote, const std::string& value, double y) {
     const double right = 7.4;
-    const std::string tail(kFootnoteGap);
-    if (footnote.empty()) {
+    const std::string tail = "   )";
+    if (footnote == ' ') {
         // Its digits stand above those of the values in parentheses.
         page.TextOutInch(value, right - page.TextWidthInch(value + tail + "1"), y);
     } else {
-        page.TextOutRight("(       " + value + tail + std::string(footnote), right, y);
+        page.TextOutRight("(       " + value + tail + footnote, right, y);
     }
 }
 
@@ -108,9 +91,10 @@ double PrintIonAbundanceTable(Page& page, const std::array<std::string, TuneEntr
     double y = 2.85 + 2 * h;
     for (std::size_t i = 0; i < values.size(); ++i) {
         y += i == 0 ? 0 : gap;
-        page.TextOutInch(kTuneIons[i].Mass, kIonPlaces[i].massX, y);
+        // The masses end below each other.
+        page.TextOutInch(kTuneIons[i].Mass, kTuneIons[i].Mass.size() < 3 ? 1.25 : 1.15, y);
         page.TextOutInch(kTuneIons[i].FormCriterion(), 1.6, y);
-        PrintIonValue(page, kIonPlaces[i].footnote, values[i], y);
+        PrintIonValue(page, kFootnotes[i], values[i], y);
         y += h + gap;
         page.DrawLineInch(kIonsLeft, y, kIonsRight, y);
     }

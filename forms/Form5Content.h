@@ -11,8 +11,8 @@
 
 namespace qfr {
 
+// The sample number is the tune's.
 struct Form5Content : FormContent {
-    std::string SampleNo;  // of the tune
     std::string LabFileId;
     std::string InjectionDate;
     std::string InjectionTime;

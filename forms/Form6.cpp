@@ -1,7 +1,5 @@
-#include <optional>
 #include <span>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "data/CalibrationTables.h"
@@ -93,15 +91,6 @@ constexpr FieldPlace<Form6Content> kHeaderFields[] = {
     {"Length:", HeaderField::kColumnLength, 4.65, 2.8, 0.8, "(m)", 6.07},
 };
 
-void PrintFooter(Page& page, bool landscape) {
-    if (landscape) {
-        page.PrintPageNumber(8.15);
-        page.TextOutInch("modification of TQW04.2 (5/2005)", 8.0, 8.15);
-    } else {
-        page.PrintPageFooter();
-    }
-}
-
 void PrintForm6Header(Page& page, double rise, const Form6Content& content) {
     page.PageNo = page.Printer().PageNumber();
     page.PrintNumberLine(
@@ -187,7 +176,12 @@ bool PrintPage(Page& page, const Form6Content& content, std::size_t& row) {
     // On purpose: never rounded up, so that a full last page is counted one page too many.
     page.PageCount = static_cast<std::int32_t>(content.Compounds.size()) / layout.rowsPerPage + 1;
     PrintForm6Header(page, layout.rise, content);
-    PrintFooter(page, landscape);
+    if (landscape) {
+        page.PrintPageNumber(8.15);
+        page.TextOutInch("modification of TQW04.2 (5/2005)", 8.0, 8.15);
+    } else {
+        page.PrintPageFooter();
+    }
     PrintForm6Heads(page, layout, content.Levels);
     PrintForm6Rows(page, layout, content.Compounds, row);
     return row == content.Compounds.size();
@@ -203,10 +197,10 @@ void Form6CIDClick(FormHost& host) {
                    kCalibrationNotSpecifiedTitle});
         return;
     }
-    const auto report = host.Reports().Read<CalibrationReport>(name, batch.Folder);
+    const auto report = OpenCalibration<CalibrationReport>(
+        host, name,
+        "Please use Data Files|Load Files menu option and verify the calibration file.");
     if (!report) {
-        host.Show({"Please use Data Files|Load Files menu option and verify the calibration file.",
-                   kCalibrationNotOpenedTitle});
         return;
     }
     InitialCalibrationEntry& entry = host.Entries().InitialCalibration;

@@ -1,7 +1,6 @@
 // What Form VI states: the response factors of the initial calibration.
 #pragma once
 
-#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>

@@ -27,15 +27,6 @@ constexpr CompoundRows kRows{
     .columnLines = kColumnLines,
 };
 
-// The heads that are centred in the usual way.
-struct HeadPlace {
-    std::string_view text;
-    double centre;
-    double y;
-};
-constexpr HeadPlace kHeads[] = {
-    {"MIN", 5.85, 3.362}, {"RF", 5.85, 3.521}, {"%D", 6.55, 3.446}, {"MAX %D", 7.25, 3.446}};
-
 // Below the laboratory rows.
 constexpr FieldPlace<Form7Content> kHeaderFields[] = {
     {"Instrument ID:", HeaderField::kInstrumentId, 0.9, 1.975, 2.1},
@@ -79,9 +70,10 @@ void PrintHeads(Page& page, const std::string& amount) {
     const double standard = 5.15 - width("RF____") * 0.5;
     page.TextOutInch("RF____", standard, 3.446);
     page.TextOutInch(amount, standard + page.TextWidthInch("RF__") - width(amount) * 0.5, 3.415);
-    for (const HeadPlace& head : kHeads) {
-        page.TextOutCentred(head.text, head.centre, head.y);
-    }
+    page.TextOutCentred("MIN", 5.85, 3.362);
+    page.TextOutCentred("RF", 5.85, 3.521);
+    page.TextOutCentred("%D", 6.55, 3.446);
+    page.TextOutCentred("MAX %D", 7.25, 3.446);
 }
 
 void PrintCells(Page& page, const Form7Content::Compound& compound, double y) {
@@ -131,28 +123,26 @@ std::optional<Form7Content> ReadContent(FormHost& host, const SampleHeader& head
 void Form7CCDClick(FormHost& host) {
     const Batch& batch = host.Batch();
     const std::string calibrationName = Trim(batch.Files.Calib);
-    if (Trim(batch.Files.CheckCal).empty() || calibrationName.empty()) {
+    const std::string checkName = Trim(batch.Files.CheckCal);
+    if (checkName.empty() || calibrationName.empty()) {
         host.Show(
             {"Please use Data Files|Load Files menu option to specify\nan initial calibration "
              "file and a continuing\ncalibration file.",
              kCalibrationNotSpecifiedTitle});
         return;
     }
-    const auto check = host.Reports().Read<CheckReport>(Trim(batch.Files.CheckCal), batch.Folder);
+    const auto check = OpenCalibration<CheckReport>(
+        host, checkName,
+        "Please use Data Files|Load Files menu option to verify\na continuing calibration file.");
     if (!check) {
-        host.Show(
-            {"Please use Data Files|Load Files menu option to verify\na continuing calibration "
-             "file.",
-             kCalibrationNotOpenedTitle});
         return;
     }
     ReadCheckStandardInfo(check, host.Reports(), host.Entries().ContinuingCalibration);
-    const auto calibration = host.Reports().Read<CalibrationReport>(calibrationName, batch.Folder);
+    const auto calibration = OpenCalibration<CalibrationReport>(
+        host, calibrationName,
+        "Please use Data Files|Load Files menu option to specify\nan initial calibration "
+        "file.  Print Form 6\nbefore 7 to obtain calibration times");
     if (!calibration) {
-        host.Show(
-            {"Please use Data Files|Load Files menu option to specify\nan initial calibration "
-             "file.  Print Form 6\nbefore 7 to obtain calibration times",
-             kCalibrationNotOpenedTitle});
         return;
     }
     // On purpose: the raw data files of the initial calibration are not read here. Its dates are

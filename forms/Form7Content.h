@@ -12,6 +12,7 @@
 
 namespace qfr {
 
+// The sample number is the continuing standard's.
 struct Form7Content : FormContent {
     struct Compound {
         std::string Name;             // lower case
@@ -21,7 +22,6 @@ struct Form7Content : FormContent {
         std::string MinimumRF;        // as in the criteria file; empty without criteria
         std::string MaximumPercentD;  // likewise
     };
-    std::string SampleNo;  // of the continuing standard
     std::string LabFileId;
     std::string CalibrationDate;
     std::string CalibrationTime;

@@ -1,6 +1,6 @@
-#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "data/CalibrationTables.h"
@@ -15,14 +15,12 @@ namespace {
 
 constexpr std::size_t kStandards = InternalStandardNames.size();
 constexpr double kTableTop = 3.0;
-constexpr SampleRows kRows{
-    .rowsPerPage = 22,
-    .left = 1.0,
-    .right = 7.6,
-    .numberX = 0.8,
-    .numberDown = 0.0125,
-    .gap = 0.025,
-};
+constexpr SampleRows kRows{.rowsPerPage = 22,
+                           .left = 1.0,
+                           .right = 7.6,
+                           .numberX = 0.8,
+                           .numberDown = 0.0125,
+                           .gap = 0.025};
 
 // The columns of an internal standard: area and RT end at their edges, each with its flag after it.
 struct StandardColumns {
@@ -37,11 +35,7 @@ constexpr StandardColumns kColumns[kStandards] = {{"IS1", 2.65, 2.85, 3.0, 3.75,
                                                   {"IS2", 4.45, 4.65, 4.8, 5.55, 5.7},
                                                   {"IS3", 6.25, 6.45, 6.6, 7.35, 7.5}};
 
-struct Footnote {
-    std::string_view text;
-    double y;
-};
-constexpr Footnote kFootnotes[] = {
+constexpr std::pair<std::string_view, double> kFootnotes[] = {
     {"IS1 = Chlorobenzene-d5", 8.32},
     {"IS2 = 1,4-Difluorobenzene", 8.49},
     {"IS3 = 1,2-Dichlorobenzene-d4", 8.66},
@@ -111,8 +105,8 @@ double PrintStandard(Page& page, const StandardISTable& standard) {
     }
     page.TextOutInch("ZOV SAMPLE NO.", 1.05, y + 0.015);
     EndRow(page, kRows, y);
-    for (const Footnote& footnote : kFootnotes) {
-        page.TextOutInch(footnote.text, 0.9, footnote.y);
+    for (const auto& [text, footnoteY] : kFootnotes) {
+        page.TextOutInch(text, 0.9, footnoteY);
     }
     return y;
 }
@@ -140,17 +134,9 @@ bool PrintPage(Page& page, const Form8Content& content, std::size_t& row) {
     return row >= samples.size();
 }
 
-// The report, unless it is not there.
-template <typename Report>
-bool WasOpened(FormHost& host, const FileContent<Report>& report) {
-    if (!report) {
-        host.Show(
-            {"Please use Data Files|Load menu option to specify a\ncalibration or "
-             "continuing calibration file.",
-             kCalibrationNotOpenedTitle});
-    }
-    return static_cast<bool>(report);
-}
+constexpr char kNotOpened[] =
+    "Please use Data Files|Load menu option to specify a\ncalibration or continuing calibration "
+    "file.";
 
 }  // namespace
 
@@ -175,8 +161,8 @@ void Form8ARTClick(FormHost& host) {
     Reports& reports = host.Reports();
     FileContent<CalibrationReport> calibration;
     if (!calibrationName.empty()) {
-        calibration = reports.Read<CalibrationReport>(calibrationName, batch.Folder);
-        if (!WasOpened(host, calibration)) {
+        calibration = OpenCalibration<CalibrationReport>(host, calibrationName, kNotOpened);
+        if (!calibration) {
             return;
         }
         host.LevelCount() =
@@ -185,8 +171,8 @@ void Form8ARTClick(FormHost& host) {
     }
     FileContent<CheckReport> check;
     if (!checkName.empty()) {
-        check = reports.Read<CheckReport>(checkName, batch.Folder);
-        if (!WasOpened(host, check)) {
+        check = OpenCalibration<CheckReport>(host, checkName, kNotOpened);
+        if (!check) {
             return;
         }
     }

@@ -1,7 +1,6 @@
 #include "forms/Form8Content.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "data/CalibrationEntryRules.h"
 #include "platform/Numbers.h"

@@ -28,6 +28,7 @@ struct StandardISRecord {
 // Slots as in InternalStandardNames.
 using StandardISTable = std::array<StandardISRecord, InternalStandardNames.size()>;
 
+// The sample number is the 12-hour standard's.
 struct Form8Content : FormContent {
     struct Peak {
         std::string Area;
@@ -39,7 +40,6 @@ struct Form8Content : FormContent {
         std::string SampleNo;
         std::array<Peak, InternalStandardNames.size()> Peaks;
     };
-    std::string SampleNo;  // of the 12-hour standard
     std::string LabFileId;
     std::string FirstCalibrationDate;
     std::string LastCalibrationDate;

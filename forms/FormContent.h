@@ -14,7 +14,8 @@
 namespace qfr {
 
 struct FormContent {
-    SampleHeader Header;  // as it prints: an empty date mask is empty
+    SampleHeader Header;   // as it prints: an empty date mask is empty
+    std::string SampleNo;  // of the sample or standard that the form is about; empty without one
 };
 
 // The header as it prints.

@@ -13,7 +13,7 @@
 
 namespace qfr {
 
-// The entry dialogs that form drivers show.
+// The entry dialogs that form drivers show, in the order of kEntryTables.
 enum class EntryDialog {
     kRecoveryRanges,
     kBlankComments,
@@ -55,9 +55,19 @@ inline constexpr char kFilesNotSpecifiedTitle[] = "Files Not Specified";
 inline constexpr std::string_view kSpecifyFiles =
     "Please use Data Files|Load Files menu selections\nto specify files.";
 
-// Titles of the calibration forms.
+// The title of the calibration forms where a file is not named.
 inline constexpr char kCalibrationNotSpecifiedTitle[] = "Calibration File Not Specified";
-inline constexpr char kCalibrationNotOpenedTitle[] = "Calibration File Could Not Be Opened";
+
+// A calibration or check report that the batch names; absent after the message `notOpened`.
+template <typename Report>
+FileContent<Report> OpenCalibration(FormHost& host, const std::string& name,
+                                    const char* notOpened) {
+    FileContent<Report> report = host.Reports().Read<Report>(name, host.Batch().Folder);
+    if (!report) {
+        host.Show({notOpened, "Calibration File Could Not Be Opened"});
+    }
+    return report;
+}
 
 // Finds the first record with a complete header: its index in SampleList, or absent after the
 // message that says what is missing. `formName` is as in "Form 4".

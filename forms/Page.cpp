@@ -6,7 +6,6 @@ namespace qfr {
 
 namespace {
 
-constexpr std::string_view kStatementOfWork = "TQW04.2 (5/2005)";
 constexpr double kFooterY = 10.45;
 
 // The drawing calls take their coordinates in single precision; the product is cut, not rounded.
@@ -78,9 +77,9 @@ void Page::PrintColumnHeads(std::span<const ColumnHead> heads, double y) {
     }
 }
 
-void Page::DrawColumnLines(std::span<const double> lines, double bottom, double top) {
+void Page::DrawColumnLines(std::span<const double> lines, double y1, double y2) {
     for (const double x : lines) {
-        DrawLineInch(x, bottom, x, top);
+        DrawLineInch(x, y1, x, y2);
     }
 }
 
@@ -164,7 +163,7 @@ void Page::PrintPageNumber(double y) {
 }
 
 void Page::PrintStatementOfWork() {
-    TextOutInch(kStatementOfWork, 6.75, kFooterY);
+    TextOutInch("TQW04.2 (5/2005)", 6.75, kFooterY);
 }
 
 std::string Page::FormLetter(int index) {

@@ -94,7 +94,8 @@ class Page {
     void DrawHeadBox(double left, double top, double right, double bottom, int bottomPen);
     // The first lines of the heads are at y, the second lines one text height below.
     void PrintColumnHeads(std::span<const ColumnHead> heads, double y);
-    void DrawColumnLines(std::span<const double> lines, double bottom, double top);
+    // From one level to the other.
+    void DrawColumnLines(std::span<const double> lines, double y1, double y2);
 
     // Sizes in inches, in the current font.
     double TextWidthInch(std::string_view text);

@@ -1,6 +1,8 @@
 #include "platform/DateTime.h"
 
+#include <algorithm>
 #include <array>
+#include <charconv>
 #include <chrono>
 #include <cstdio>
 
@@ -13,150 +15,95 @@ namespace {
 constexpr std::int64_t kSecondsPerDay = 86400;
 constexpr std::chrono::sys_days kDayZero{std::chrono::year{1899} / 12 / 30};
 
-// Takes the parts of a date and time off the front of a text.
+// Takes the parts of a date and time off the front of a text, each with the blanks after it.
 class Scanner {
   public:
-    explicit Scanner(std::string_view text) : rest_(text) { SkipBlanks(); }
+    explicit Scanner(std::string_view text) : rest_(text) { Skip(0); }
 
     bool AtEnd() const { return rest_.empty(); }
+    // That a part which had to be there was not, or is no part of a date or time.
+    bool Failed() const { return failed_; }
+    void FailIf(bool wrong) { failed_ = failed_ || wrong; }
 
-    // Takes the character and the blanks after it.
-    bool Take(char expected) {
-        if (!rest_.starts_with(expected)) {
-            return false;
-        }
-        rest_.remove_prefix(1);
-        SkipBlanks();
-        return true;
+    bool Take(std::string_view lowerCase) {
+        const bool found = BeginsWith(rest_, lowerCase);
+        Skip(found ? lowerCase.size() : 0);
+        return found;
     }
+    void Expect(std::string_view lowerCase) { FailIf(!Take(lowerCase)); }
 
-    // A whole number and the blanks after it.
-    struct Part {
+    std::size_t DigitCount() const {
+        return std::min(rest_.find_first_not_of("0123456789"), rest_.size());
+    }
+    // A whole number that is at most `last` and has no more digits than that.
+    int TakeNumber(int last) {
+        const std::size_t digits = DigitCount();
         int value = 0;
-        std::size_t digits = 0;
-    };
-    std::optional<Part> TakePart() {
-        Part part;
-        while (part.digits < rest_.size() && rest_[part.digits] >= '0' &&
-               rest_[part.digits] <= '9' && part.digits <= 4) {
-            part.value = part.value * 10 + (rest_[part.digits] - '0');
-            ++part.digits;
-        }
-        if (part.digits == 0 || part.digits > 4) {
-            return std::nullopt;
-        }
-        rest_.remove_prefix(part.digits);
-        SkipBlanks();
-        return part;
-    }
-
-    // A part of one or two digits that is at most `last`.
-    std::optional<int> TakeShort(int last) {
-        const auto part = TakePart();
-        return part && part->digits <= 2 && part->value <= last ? std::optional(part->value)
-                                                                : std::nullopt;
-    }
-
-    bool TakeWord(std::string_view lowerCase) {
-        if (!BeginsWith(rest_, lowerCase)) {
-            return false;
-        }
-        rest_.remove_prefix(lowerCase.size());
-        SkipBlanks();
-        return true;
+        std::from_chars(rest_.data(), rest_.data() + digits, value);
+        FailIf(digits == 0 || digits > std::to_string(last).size() || value > last);
+        Skip(digits);
+        return value;
     }
 
   private:
-    void SkipBlanks() {
+    void Skip(std::size_t count) {
+        rest_.remove_prefix(count);
         while (!rest_.empty() && static_cast<unsigned char>(rest_.front()) <= 0x20) {
             rest_.remove_prefix(1);
         }
     }
 
     std::string_view rest_;
+    bool failed_ = false;
 };
 
 // Seconds at the start of the day.
-std::optional<std::int64_t> TakeDate(Scanner& scanner) {
-    const auto month = scanner.TakeShort(12);
-    if (!month || !scanner.Take('/')) {
-        return std::nullopt;
-    }
-    const auto day = scanner.TakeShort(31);
-    if (!day || !scanner.Take('/')) {
-        return std::nullopt;
-    }
-    const auto year = scanner.TakePart();
-    if (!year || (year->digits != 2 && year->digits != 4)) {
-        return std::nullopt;
-    }
-    const int century = year->digits == 4 ? 0 : year->value < 50 ? 2000 : 1900;
-    const std::chrono::year_month_day date{std::chrono::year{century + year->value},
-                                           std::chrono::month{static_cast<unsigned>(*month)},
-                                           std::chrono::day{static_cast<unsigned>(*day)}};
-    if (!date.ok() || date.year() < std::chrono::year{1}) {
-        return std::nullopt;
-    }
-    return (std::chrono::sys_days{date} - kDayZero).count() * kSecondsPerDay;
+std::int64_t TakeDate(Scanner& scanner) {
+    const auto month = static_cast<unsigned>(scanner.TakeNumber(12));
+    scanner.Expect("/");
+    const auto day = static_cast<unsigned>(scanner.TakeNumber(31));
+    scanner.Expect("/");
+    const std::size_t digits = scanner.DigitCount();
+    scanner.FailIf(digits != 2 && digits != 4);
+    const int year = scanner.TakeNumber(9999);
+    const int century = digits == 4 ? 0 : year < 50 ? 2000 : 1900;
+    const std::chrono::year_month_day date{std::chrono::year{century + year},
+                                           std::chrono::month{month}, std::chrono::day{day}};
+    scanner.FailIf(!date.ok() || date.year() < std::chrono::year{1});
+    return scanner.Failed() ? 0 : (std::chrono::sys_days{date} - kDayZero).count() * kSecondsPerDay;
 }
 
 // Seconds since the start of the day.
-std::optional<std::int64_t> TakeTime(Scanner& scanner) {
-    auto hour = scanner.TakeShort(23);
-    if (!hour || !scanner.Take(':')) {
-        return std::nullopt;
+int TakeTime(Scanner& scanner) {
+    int hour = scanner.TakeNumber(23);
+    scanner.Expect(":");
+    const int minute = scanner.TakeNumber(59);
+    const int second = scanner.Take(":") ? scanner.TakeNumber(59) : 0;
+    const bool afternoon = scanner.Take("pm");
+    if (afternoon || scanner.Take("am")) {
+        scanner.FailIf(hour < 1 || hour > 12);
+        hour = hour % 12 + (afternoon ? 12 : 0);
     }
-    const auto minute = scanner.TakeShort(59);
-    if (!minute) {
-        return std::nullopt;
-    }
-    std::optional<int> second = 0;
-    if (scanner.Take(':')) {
-        second = scanner.TakeShort(59);
-    }
-    if (!second) {
-        return std::nullopt;
-    }
-    const bool afternoon = scanner.TakeWord("pm");
-    if (afternoon || scanner.TakeWord("am")) {
-        if (*hour < 1 || *hour > 12) {
-            return std::nullopt;
-        }
-        hour = *hour % 12 + (afternoon ? 12 : 0);
-    }
-    return (*hour * 60 + *minute) * 60 + *second;
+    return (hour * 60 + minute) * 60 + second;
 }
 
 }  // namespace
 
 std::optional<DateTime> ParseDateTime(std::string_view text) {
     Scanner scanner(text);
-    DateTime when;
     const bool hasDate = Contains(text, "/");
-    if (hasDate) {
-        const auto date = TakeDate(scanner);
-        if (!date) {
-            return std::nullopt;
-        }
-        when.seconds = *date;
-    }
+    DateTime when{hasDate ? TakeDate(scanner) : 0};
     if (!hasDate || !scanner.AtEnd()) {
-        const auto time = TakeTime(scanner);
-        if (!time) {
-            return std::nullopt;
-        }
-        when.seconds += *time;
+        when.seconds += TakeTime(scanner);
     }
-    return scanner.AtEnd() ? std::optional(when) : std::nullopt;
+    return scanner.AtEnd() && !scanner.Failed() ? std::optional(when) : std::nullopt;
 }
 
 std::string FormatDateTime(DateTime when) {
-    std::int64_t days = when.seconds / kSecondsPerDay;
-    if (when.seconds % kSecondsPerDay < 0) {
-        --days;
-    }
-    const auto minutes = static_cast<int>((when.seconds - days * kSecondsPerDay) / 60);
-    const std::chrono::year_month_day date{kDayZero + std::chrono::days{days}};
+    const std::chrono::seconds seconds(when.seconds);
+    const auto days = std::chrono::floor<std::chrono::days>(seconds);
+    const auto minutes = static_cast<int>((seconds - days).count() / 60);
+    const std::chrono::year_month_day date{kDayZero + days};
     std::array<char, 64> buffer{};
     const int length =
         std::snprintf(buffer.data(), buffer.size(), "%02u/%02u/%04d %02d:%02d",

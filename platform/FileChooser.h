@@ -13,8 +13,11 @@ namespace qfr {
 
 // A line of a dialog's file type list.
 struct FileFilter {
-    std::string_view name;      // "Quantitation Files (*.prn)"
-    std::string_view patterns;  // "*.prn", several with ";" between
+    std::string_view name;  // "Text Files (*.qff;*.txt)"
+    constexpr std::string_view Patterns() const {
+        const std::string_view patterns = name.substr(name.rfind('(') + 1);
+        return patterns.substr(0, patterns.size() - 1);
+    }
 };
 
 // The kinds of file that the user opens, in the order of the open dialog's list.
@@ -30,14 +33,14 @@ struct FileKindRow {
 };
 
 inline constexpr std::array<FileKindRow, 6> kFileKinds = {{
-    {FileKind::kQuantReport, {"Quantitation Files (*.prn)", "*.prn"}, 1, 1},
-    {FileKind::kCalibration, {"Calibration Files (*.cal)", "*.cal"}, 2, 2},
+    {FileKind::kQuantReport, {"Quantitation Files (*.prn)"}, 1, 1},
+    {FileKind::kCalibration, {"Calibration Files (*.cal)"}, 2, 2},
     // On purpose: check reports share the quantitation reports' directory.
-    {FileKind::kCheckReport, {"Check Calib. Files (*.check)", "*.check"}, 1, 1},
-    {FileKind::kBatch, {"QFRForm File (*.qff)", "*.qff"}, 4, 4},
-    {FileKind::kText, {"Text Files (*.txt)", "*.txt"}, 3, 3},
+    {FileKind::kCheckReport, {"Check Calib. Files (*.check)"}, 1, 1},
+    {FileKind::kBatch, {"QFRForm File (*.qff)"}, 4, 4},
+    {FileKind::kText, {"Text Files (*.txt)"}, 3, 3},
     // Raw data files, which have any name, are looked for beside the calibration.
-    {FileKind::kAny, {"All Files (*.*)", "*.*"}, 2, 0},
+    {FileKind::kAny, {"All Files (*.*)"}, 2, 0},
 }};
 
 constexpr const FileKindRow& RowOf(FileKind kind) {
@@ -47,11 +50,8 @@ constexpr const FileKindRow& RowOf(FileKind kind) {
 static_assert(std::ranges::all_of(kFileKinds,
                                   [](const FileKindRow& row) { return &RowOf(row.kind) == &row; }));
 
-inline constexpr std::array<FileFilter, 3> kSaveFilters = {{
-    {"QFR Forms (*.qff)", "*.qff"},
-    {"Text Files (*.qff;*.txt)", "*.qff;*.txt"},
-    {"All Files (*.*)", "*.*"},
-}};
+inline constexpr std::array<FileFilter, 3> kSaveFilters = {
+    {{"QFR Forms (*.qff)"}, {"Text Files (*.qff;*.txt)"}, {"All Files (*.*)"}}};
 
 struct OpenRequest {
     FileKind kind = FileKind::kQuantReport;

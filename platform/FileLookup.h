@@ -26,8 +26,8 @@ std::optional<std::filesystem::path> FindFile(std::string_view name);
 class FileFinder {
   public:
     std::optional<std::filesystem::path> Find(std::string_view name);
-    // When there is none, the file of the same base name in `folder` (UTF-8; empty: no folder), which
-    // is that of the file that names this one.
+    // When there is none, the file of the same base name in `folder` (UTF-8; empty: no folder),
+    // which is that of the file that names this one.
     std::optional<std::filesystem::path> FindBeside(std::string_view name, std::string_view folder);
 
   private:

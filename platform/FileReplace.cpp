@@ -1,7 +1,6 @@
 #include "platform/FileReplace.h"
 
 #include <array>
-#include <cstdint>
 #include <cstdio>
 #include <random>
 #include <system_error>

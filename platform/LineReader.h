@@ -21,8 +21,8 @@ class LineReader {
     // blanks.
     static std::optional<LineReader> Open(const std::filesystem::path& file);
 
-    // As Open, for a file of any size of which nothing behind its first lines is looked at. They are
-    // looked for in the first kMaxHeadSize bytes.
+    // As Open, for a file of any size of which nothing behind its first lines is looked at. They
+    // are looked for in the first kMaxHeadSize bytes.
     static std::optional<LineReader> OpenHead(const std::filesystem::path& file, int lines);
     static constexpr std::size_t kMaxHeadSize = std::size_t{1} << 16;
 

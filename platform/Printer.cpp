@@ -53,11 +53,7 @@ void TPrinter::BeginDoc() {
     printing_ = true;
     job_ = PrintJob{Title, PaperSize, {}};
     givenUp_ = !sink_.BeginJob(PrinterIndex, Title);
-    AddPage();
-}
-
-void TPrinter::NewPage() {
-    AddPage();
+    NewPage();
 }
 
 void TPrinter::EndDoc() {
@@ -71,7 +67,7 @@ void TPrinter::EndDoc() {
     }
 }
 
-void TPrinter::AddPage() {
+void TPrinter::NewPage() {
     if (!printing_) {
         return;
     }

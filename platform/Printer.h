@@ -8,9 +8,19 @@
 
 #include "platform/JobSink.h"
 #include "platform/PrintJob.h"
-#include "platform/TextMetrics.h"
 
 namespace qfr {
+
+// The one service that drawing needs from outside: how large a text is in the forms' typeface.
+class TextMetrics {
+  public:
+    virtual ~TextMetrics() = default;
+    // Sum of the advance widths of the characters at `points` points, rounded to whole pixels at
+    // kResolution. No kerning, no ligatures.
+    virtual int TextWidth(std::string_view utf8, int points) = 0;
+    // Ascent plus descent at `points` points, in whole pixels at kResolution.
+    virtual int TextHeight(int points) = 0;
+};
 
 struct TFont {
     int Size = 10;  // points
@@ -79,13 +89,9 @@ class TPrinter {
     // EndDoc drops it.
     void BeginDoc();
     void NewPage();
-    // Marks the document as given up: EndDoc drops it.
-    void Abort() { givenUp_ = true; }
     void EndDoc();
 
   private:
-    void AddPage();
-
     TCanvas canvas_;
     JobSink& sink_;
     PrintJob job_;

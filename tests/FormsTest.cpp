@@ -2,8 +2,8 @@
 #include <algorithm>
 
 #include "forms/Form5Content.h"
-#include "forms/FormDrivers.h"
 #include "forms/FormContent.h"
+#include "forms/FormDrivers.h"
 #include "tests/FormSupport.h"
 
 namespace qfr::test {

@@ -13,7 +13,7 @@
 
 #include "data/Batch.h"
 #include "platform/Messages.h"
-#include "platform/TextMetrics.h"
+#include "platform/Printer.h"
 
 namespace qfr::test {
 

@@ -14,7 +14,7 @@
 #include "platform/LineReader.h"
 #include "platform/Messages.h"
 #include "platform/PrintJob.h"
-#include "platform/TextMetrics.h"
+#include "platform/Printer.h"
 
 namespace CLI {
 class App;

@@ -32,12 +32,10 @@ class DropDown : public QAccessibleWidget {
         return QAccessible::queryAccessibleInterface(ChildWidget(index));
     }
     int indexOfChild(const QAccessibleInterface* child) const override {
-        for (int index = 0; index < childCount(); ++index) {
-            if (child->object() == ChildWidget(index)) {
-                return index;
-            }
+        if (child->object() == box_.view()) {
+            return 0;
         }
-        return -1;
+        return box_.isEditable() && child->object() == box_.lineEdit() ? 1 : -1;
     }
     QAccessibleInterface* childAt(int x, int y) const override {
         return box_.isEditable() && child(1)->rect().contains(x, y) ? child(1) : nullptr;
@@ -83,20 +81,6 @@ QAccessibleInterface* MakeInterface(const QString& className, QObject* object) {
     return nullptr;
 }
 
-// The layout that holds the widget, looked for from the given one down.
-const QLayout* LayoutOf(const QLayout* layout, const QWidget* widget) {
-    if (layout == nullptr || layout->indexOf(widget) >= 0) {
-        return layout;
-    }
-    for (int i = 0; i < layout->count(); ++i) {
-        const QLayout* const inner = layout->itemAt(i)->layout();
-        if (const QLayout* const found = inner ? LayoutOf(inner, widget) : nullptr) {
-            return found;
-        }
-    }
-    return nullptr;
-}
-
 // Without the mark of the mnemonic, as one line.
 QString Caption(const QLabel& label) {
     QString caption = label.text();
@@ -120,10 +104,14 @@ void NameByLabels(const QWidget& window) {
 
 // In a plain row, a space or a control between the two keeps them apart.
 bool IsBeside(const QWidget& field, const QWidget& button) {
-    const QLayout* const layout = LayoutOf(button.parentWidget()->layout(), &button);
-    const int place = layout != nullptr ? layout->indexOf(&field) : -1;
-    return place >= 0 && (qobject_cast<const QBoxLayout*>(layout) == nullptr ||
-                          layout->indexOf(&button) == place + 1);
+    for (const QLayout* const layout : button.parentWidget()->findChildren<QLayout*>()) {
+        const int place = layout->indexOf(&button);
+        if (place >= 0 && layout->indexOf(&field) >= 0) {
+            return qobject_cast<const QBoxLayout*>(layout) == nullptr ||
+                   layout->indexOf(&field) == place - 1;
+        }
+    }
+    return false;
 }
 
 void DescribeButtonsByFields(const QWidget& window) {

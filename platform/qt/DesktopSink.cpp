@@ -78,39 +78,26 @@ const std::string& DesktopSink::PrinterAt(int index) {
 }
 
 bool DesktopSink::BeginJob(int printerIndex, const std::string& title) {
-    if (PrinterAt(printerIndex) != kPdfPrinter) {
-        return true;
-    }
-    const auto file = pdfSaver_.ChooseFile(title);
-    pdfFile_ = file.value_or("");
-    return file.has_value();
+    job_ = BeginPackage(printerIndex, title);
+    return job_ != nullptr;
 }
 
-void DesktopSink::TakeJob(int printerIndex, PrintJob job) {
-    const std::string& printer = PrinterAt(printerIndex);
-    if (printer == kPdfPrinter) {
-        const std::string title = job.title;
-        pdfSaver_.Write({std::move(job)}, title, pdfFile_);
-    } else if (printer == kPreviewPrinter) {
-        const std::string title = job.title;
-        Preview({std::move(job)}, title);
-    } else if (const auto reason = PrintOnQueue(job, printer, fonts_)) {
-        messages_.Show(CouldNotBePrinted(job.title, printer, *reason));
+void DesktopSink::TakeJob(int /*printerIndex*/, PrintJob job) {
+    const std::unique_ptr<JobPackage> package = std::move(job_);
+    if (const auto failure = package->Take(std::move(job))) {
+        messages_.Show(*failure);
     }
-}
-
-void DesktopSink::Preview(std::vector<PrintJob> jobs, const std::string& title) {
-    PreviewWindow preview(std::move(jobs), title, fonts_, pdfSaver_, messages_,
-                          QApplication::activeWindow());
-    const AskingCursor asking;
-    preview.exec();
+    package->Finish();
 }
 
 std::unique_ptr<JobPackage> DesktopSink::BeginPackage(int printerIndex, const std::string& title) {
     const std::string& printer = PrinterAt(printerIndex);
     if (printer == kPreviewPrinter) {
         return std::make_unique<JoinedPackage>([this, title](std::vector<PrintJob> jobs) {
-            Preview(std::move(jobs), title);
+            PreviewWindow preview(std::move(jobs), title, fonts_, pdfSaver_, messages_,
+                                  QApplication::activeWindow());
+            const AskingCursor asking;
+            preview.exec();
             return true;
         });
     }

@@ -33,13 +33,12 @@ class DesktopSink : public JobSink, public PackageSink {
 
   private:
     const std::string& PrinterAt(int index);
-    void Preview(std::vector<PrintJob> jobs, const std::string& title);
 
     FormFonts& fonts_;
     Messages& messages_;
     PdfSaver pdfSaver_;
     std::vector<std::string> printers_;
-    std::string pdfFile_;  // of the job being recorded
+    std::unique_ptr<JobPackage> job_;  // the job being recorded, as a package of its own
 };
 
 }  // namespace qfr

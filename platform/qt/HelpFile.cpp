@@ -8,7 +8,7 @@
 #include <QRegularExpression>
 #include <QTextDocumentFragment>
 
-#include "platform/qt/HelpDigest.h"
+#include "platform/qt/HelpTopics.h"
 
 namespace qfr {
 
@@ -29,16 +29,12 @@ bool IsOurs(const std::filesystem::path& path) {
 
 }  // namespace
 
-void HelpFile::Close::operator()(chmFile* file) const {
-    chm_close(file);
-}
-
 std::unique_ptr<HelpFile> HelpFile::Open(const std::filesystem::path& file) {
     chmFile* const opened = IsOurs(file) ? chm_open(file.c_str()) : nullptr;
     if (opened == nullptr) {
         return nullptr;
     }
-    std::unique_ptr<HelpFile> help(new HelpFile(opened));
+    std::unique_ptr<HelpFile> help(new HelpFile({opened, chm_close}));
     help->ReadContents();
     return help->contents_.empty() ? nullptr : std::move(help);
 }

@@ -34,14 +34,10 @@ class HelpFile {
     const std::vector<HelpChapter>& Contents() const { return contents_; }
 
   private:
-    struct Close {
-        void operator()(chmFile* file) const;
-    };
-
-    explicit HelpFile(chmFile* file) : file_(file) {}
+    explicit HelpFile(std::shared_ptr<chmFile> file) : file_(std::move(file)) {}
     void ReadContents();
 
-    std::unique_ptr<chmFile, Close> file_;
+    std::shared_ptr<chmFile> file_;
     std::vector<HelpChapter> contents_;
 };
 

@@ -7,13 +7,12 @@
 
 namespace qfr {
 
+class HelpWindow;
+
 class HelpViewer {
   public:
     // Nothing is read before help is asked for.
-    explicit HelpViewer(std::filesystem::path file);
-    ~HelpViewer();
-    HelpViewer(const HelpViewer&) = delete;
-    HelpViewer& operator=(const HelpViewer&) = delete;
+    explicit HelpViewer(std::filesystem::path file) : file_(std::move(file)) {}
 
     // Opens the help file at the page of a context number, or at its first page when the number has
     // none. False when there is no such file, or when it is damaged.
@@ -23,10 +22,8 @@ class HelpViewer {
     static std::string_view Library();
 
   private:
-    struct Viewer;
-
     const std::filesystem::path file_;
-    std::unique_ptr<Viewer> viewer_;
+    std::shared_ptr<HelpWindow> window_;  // once the file could be read
 };
 
 }  // namespace qfr

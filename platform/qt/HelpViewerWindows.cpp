@@ -6,12 +6,6 @@
 
 namespace qfr {
 
-struct HelpViewer::Viewer {};
-
-HelpViewer::HelpViewer(std::filesystem::path file) : file_(std::move(file)) {}
-
-HelpViewer::~HelpViewer() = default;
-
 bool HelpViewer::Open(int topic) {
     std::error_code error;
     if (!std::filesystem::is_regular_file(file_, error)) {

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include <QApplication>
-#include <QHBoxLayout>
 #include <QPixmap>
 #include <QScreen>
 #include <QShortcut>
@@ -13,6 +12,7 @@
 #include <QVBoxLayout>
 #include <QWindow>
 
+#include "platform/qt/ControlRow.h"
 #include "platform/qt/HelpTopics.h"
 
 namespace qfr {
@@ -74,21 +74,6 @@ constexpr int kContentsWidth = 250;
 constexpr int kFrame = 16;  // room for it at the edge of the screen
 constexpr int kPageRole = Qt::UserRole;
 
-QPushButton* AddButton(QHBoxLayout* row, const QString& caption, const char* name) {
-    auto* const button = new QPushButton(caption);
-    button->setObjectName(name);
-    row->addWidget(button);
-    return button;
-}
-
-void AddEntry(QHBoxLayout* row, const QString& caption, QWidget* entry, const char* name) {
-    auto* const label = new QLabel(caption);
-    label->setBuddy(entry);
-    entry->setObjectName(name);
-    row->addWidget(label);
-    row->addWidget(entry);
-}
-
 }  // namespace
 
 HelpWindow::HelpWindow(std::unique_ptr<HelpFile> help)
@@ -110,12 +95,12 @@ HelpWindow::HelpWindow(std::unique_ptr<HelpFile> help)
     for (const int percent : kPercents) {
         zoomCombo_->addItem(QString("%1 %").arg(percent), percent);
     }
-    AddEntry(row, "&Zoom:", zoomCombo_, "ZoomCombo");
+    AddControl(row, "&Zoom:", zoomCombo_, "ZoomCombo");
     row->addStretch();
     QPushButton* const closeButton = AddButton(row, "&Close", "CloseButton");
 
     auto* const findRow = new QHBoxLayout;
-    AddEntry(findRow, "&Find in page:", findEdit_, "FindEdit");
+    AddControl(findRow, "&Find in page:", findEdit_, "FindEdit");
     QPushButton* const previousButton = AddButton(findRow, "&Previous", "PreviousButton");
     QPushButton* const nextButton = AddButton(findRow, "&Next", "NextButton");
     findState_->setObjectName("FindState");

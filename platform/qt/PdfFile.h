@@ -25,4 +25,7 @@ QByteArray RenderPdf(const std::vector<PrintJob>& jobs, const std::string& title
 std::optional<std::string> WritePdf(const std::vector<PrintJob>& jobs, const std::string& title,
                                     const std::string& fileName, FormFonts& fonts);
 
+// Name and version of the library that makes the outline.
+std::string OutlineLibrary();
+
 }  // namespace qfr

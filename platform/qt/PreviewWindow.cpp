@@ -1,17 +1,16 @@
 #include "platform/qt/PreviewWindow.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
-#include <QGuiApplication>
-#include <QHBoxLayout>
 #include <QInputDialog>
-#include <QLabel>
 #include <QScreen>
 #include <QShortcut>
 #include <QVBoxLayout>
 
 #include "platform/WindowServices.h"
+#include "platform/qt/ControlRow.h"
 #include "platform/qt/PrinterQueue.h"
 #include "platform/qt/WaitCursor.h"
 
@@ -24,22 +23,6 @@ constexpr int kFitPage = 1;
 constexpr int kFirstPercent = 2;  // index in the list
 constexpr std::array<int, 7> kPercents = {50, 75, 100, 150, 200, 300, 400};
 constexpr QSize kUsualSize(940, 1000);
-
-QPushButton* AddButton(QHBoxLayout* row, const QString& caption, const char* name) {
-    auto* const button = new QPushButton(caption);
-    button->setObjectName(name);
-    button->setAutoDefault(false);
-    row->addWidget(button);
-    return button;
-}
-
-QLabel* AddLabel(QHBoxLayout* row, const QString& caption, QWidget* buddy) {
-    auto* const label = new QLabel(caption);
-    label->setBuddy(buddy);
-    row->addWidget(label);
-    row->addWidget(buddy);
-    return label;
-}
 
 std::vector<const JobPage*> PagesOf(const std::vector<PrintJob>& jobs) {
     std::vector<const JobPage*> pages;
@@ -78,7 +61,6 @@ PreviewWindow::PreviewWindow(std::vector<PrintJob> jobs, const std::string& titl
       formCombo_(new QComboBox(this)) {
     setWindowTitle("Print Preview - " + QString::fromStdString(title_));
     setProperty(kHelpTopicProperty, kPrintingHelpTopic);
-    formCombo_->setObjectName("FormCombo");
     for (const PrintJob& job : jobs_) {
         firstPages_.push_back(pageCount_);
         pageCount_ += static_cast<int>(job.pages.size());
@@ -91,24 +73,22 @@ PreviewWindow::PreviewWindow(std::vector<PrintJob> jobs, const std::string& titl
     row->addStretch();
     formCombo_->hide();
     if (jobs_.size() > 1) {
-        AddLabel(row, "&Form:", formCombo_);
+        AddControl(row, "&Form:", formCombo_, "FormCombo");
         formCombo_->show();
         row->addStretch();
     }
     previousButton_ = AddButton(row, "P&revious", "PreviousButton");
-    pageEdit_->setObjectName("PageEdit");
     pageEdit_->setRange(1, std::max(1, pageCount_));
     pageEdit_->setSuffix(QString(" of %1").arg(pageCount_));
     pageEdit_->setKeyboardTracking(false);
-    AddLabel(row, "Pa&ge:", pageEdit_);
+    AddControl(row, "Pa&ge:", pageEdit_, "PageEdit");
     nextButton_ = AddButton(row, "&Next", "NextButton");
     row->addStretch();
-    zoomCombo_->setObjectName("ZoomCombo");
     zoomCombo_->addItems({"Fit width", "Fit page"});
     for (const int percent : kPercents) {
         zoomCombo_->addItem(QString("%1 %").arg(percent));
     }
-    AddLabel(row, "&Zoom:", zoomCombo_);
+    AddControl(row, "&Zoom:", zoomCombo_, "ZoomCombo");
     row->addStretch();
     QPushButton* const closeButton = AddButton(row, "&Close", "CloseButton");
 
@@ -183,17 +163,12 @@ void PreviewWindow::ZoomChosen(int index) {
 
 void PreviewWindow::ZoomBy(int steps) {
     const double percent = view_->Percent();
-    int wished = -1;
-    for (std::size_t i = 0; i < kPercents.size(); ++i) {
-        const bool nearer = steps > 0 && kPercents[i] > percent + 0.5;
-        const bool farther = steps < 0 && kPercents[i] < percent - 0.5;
-        if (farther || (nearer && wished < 0)) {
-            wished = static_cast<int>(i) + kFirstPercent;
-        }
-    }
-    if (wished >= 0) {
-        zoomCombo_->setCurrentIndex(wished);
-        ZoomChosen(wished);
+    const auto next = steps > 0 ? std::ranges::upper_bound(kPercents, percent + 0.5)
+                                : std::ranges::lower_bound(kPercents, percent - 0.5);
+    const auto wished = static_cast<int>(next - kPercents.begin()) - (steps > 0 ? 0 : 1);
+    if (wished >= 0 && wished < static_cast<int>(kPercents.size())) {
+        zoomCombo_->setCurrentIndex(wished + kFirstPercent);
+        ZoomChosen(wished + kFirstPercent);
     }
 }
 

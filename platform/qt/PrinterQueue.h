@@ -23,7 +23,11 @@ std::optional<std::string> PrintOnQueue(const PrintJob& job, const std::string& 
 std::string PrintingLibrary();
 
 // Tells the user of such a failure.
-Message CouldNotBePrinted(const std::string& title, const std::string& printer,
-                          const std::string& reason);
+inline Message CouldNotBePrinted(const std::string& title, const std::string& printer,
+                                 const std::string& reason) {
+    return {.text = title + " could not be printed on " + printer + ".\n" + reason,
+            .title = "Printer Error",
+            .icon = MessageIcon::kWarning};
+}
 
 }  // namespace qfr

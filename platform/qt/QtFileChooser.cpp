@@ -15,10 +15,7 @@ namespace qfr {
 
 namespace {
 
-constexpr std::array<FileFilter, 2> kPdfFilters = {{
-    {"PDF Files (*.pdf)", "*.pdf"},
-    {"All Files (*.*)", "*.*"},
-}};
+constexpr std::array<FileFilter, 2> kPdfFilters = {{{"PDF Files (*.pdf)"}, {"All Files (*.*)"}}};
 
 struct SaveShape {
     std::span<const FileFilter> filters;
@@ -26,27 +23,22 @@ struct SaveShape {
     const char* suffix;
 };
 
-SaveShape ShapeOf(SaveKind kind) {
-    switch (kind) {
-        case SaveKind::kLaboratoryFile:
-            return {kSaveFilters, 1, "txt"};
-        case SaveKind::kPdf:
-            return {kPdfFilters, 0, "pdf"};
-        case SaveKind::kBatch:
-            break;
-    }
-    return {kSaveFilters, 0, "qff"};
-}
+// In the order of SaveKind.
+constexpr SaveShape kSaveShapes[] = {
+    {kSaveFilters, 0, "qff"},
+    {kSaveFilters, 1, "txt"},
+    {kPdfFilters, 0, "pdf"},
+};
 
 QString TextOf(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+    return QString::fromUtf8(utf8.data(), std::ssize(utf8));
 }
 
 // The dialog hides the last parenthesis of each, so that the user reads the names as they stand.
 QStringList NameFilters(std::span<const FileFilter> filters) {
     QStringList names;
     for (const FileFilter& filter : filters) {
-        QString patterns = TextOf(filter.patterns).replace(u';', u' ');
+        const QString patterns = TextOf(filter.Patterns()).replace(u';', u' ');
         // "*.*" means every file, with or without an extension.
         names += TextOf(filter.name) + " (" + (patterns == "*.*" ? "*" : patterns) + ")";
     }
@@ -79,13 +71,9 @@ void NameLists(const QFileDialog& dialog) {
     }
 }
 
-// What the user chose, and the filter that the dialog ended with; absent when he cancelled.
-struct Choice {
-    std::vector<std::string> files;
-    std::size_t filter = 0;
-};
-
-std::optional<Choice> Run(QFileDialog& dialog, const QStringList& filters, std::size_t filter) {
+// What the user chose; absent when he cancelled.
+std::optional<ChosenFiles> Run(QFileDialog& dialog, const QStringList& filters,
+                               std::size_t filter) {
     // One dialog everywhere: it sorts, filters and asks alike on every desktop.
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setOption(QFileDialog::HideNameFilterDetails);
@@ -96,15 +84,9 @@ std::optional<Choice> Run(QFileDialog& dialog, const QStringList& filters, std::
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
         return std::nullopt;
     }
-    Choice chosen;
+    ChosenFiles chosen;
     for (const QString& file : dialog.selectedFiles()) {
         chosen.files.push_back(QDir::toNativeSeparators(file).toStdString());
-    }
-    // The dialog tells the name alone, as it shows it.
-    for (qsizetype i = 0; i < filters.size(); ++i) {
-        if (filters[i].startsWith(dialog.selectedNameFilter())) {
-            chosen.filter = static_cast<std::size_t>(i);
-        }
     }
     return chosen;
 }
@@ -121,21 +103,27 @@ std::optional<ChosenFiles> QtFileChooser::Open(const OpenRequest& request) {
     for (const FileKindRow& row : kFileKinds) {
         filters.push_back(row.filter);
     }
-    const auto chosen = Run(dialog, NameFilters(filters), static_cast<std::size_t>(request.kind));
-    return chosen ? std::optional(ChosenFiles{chosen->files, kFileKinds.at(chosen->filter).kind})
-                  : std::nullopt;
+    const QStringList names = NameFilters(filters);
+    auto chosen = Run(dialog, names, static_cast<std::size_t>(request.kind));
+    for (const FileKindRow& row : kFileKinds) {
+        // The dialog tells the name alone, as it shows it.
+        const auto name = static_cast<qsizetype>(row.kind);
+        if (chosen && names[name].startsWith(dialog.selectedNameFilter())) {
+            chosen->kind = row.kind;
+        }
+    }
+    return chosen;
 }
 
 std::optional<ChosenFiles> QtFileChooser::Save(const SaveRequest& request) {
-    const SaveShape shape = ShapeOf(request.kind);
+    const SaveShape& shape = kSaveShapes[static_cast<std::size_t>(request.kind)];
     QFileDialog dialog(QApplication::activeWindow(), QStringLiteral("Save As"),
                        StartIn(request.directory));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setDefaultSuffix(QString::fromLatin1(shape.suffix));
     dialog.selectFile(QString::fromStdString(request.fileName));
-    const auto chosen = Run(dialog, NameFilters(shape.filters), shape.filter);
-    return chosen ? std::optional(ChosenFiles{chosen->files}) : std::nullopt;
+    return Run(dialog, NameFilters(shape.filters), shape.filter);
 }
 
 }  // namespace qfr

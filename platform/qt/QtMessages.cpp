@@ -5,7 +5,6 @@
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QMessageBox>
-#include <QPushButton>
 
 #include "platform/qt/WaitCursor.h"
 
@@ -62,11 +61,8 @@ QMessageBox::StandardButton Ask(const Message& message, QMessageBox::StandardBut
 }  // namespace
 
 void QtMessages::Show(const Message& message) {
-    if (message.offerCancel) {
-        Ask<QMessageBox>(message, QMessageBox::Ok | QMessageBox::Cancel);
-    } else {
-        Ask<QMessageBox>(message, QMessageBox::Ok);
-    }
+    Ask<QMessageBox>(message, QMessageBox::Ok | (message.offerCancel ? QMessageBox::Cancel
+                                                                     : QMessageBox::NoButton));
 }
 
 bool QtMessages::AskYesNo(const Message& question) {

@@ -1,8 +1,6 @@
 // Message boxes of the desktop program.
 #pragma once
 
-#include <QWidget>
-
 #include "platform/Messages.h"
 
 namespace qfr {

@@ -109,9 +109,7 @@ void FormFont::Lay(std::string_view utf8, QList<quint32>& glyphs, QList<QPointF>
 }
 
 const FormFont& FormFonts::At(int points) {
-    const auto known = fonts_.find(points);
-    return known != fonts_.end() ? known->second
-                                 : fonts_.try_emplace(points, typeface_, points).first->second;
+    return fonts_.try_emplace(points, typeface_, points).first->second;
 }
 
 int QtTextMetrics::TextWidth(std::string_view utf8, int points) {

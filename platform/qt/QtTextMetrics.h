@@ -12,7 +12,7 @@
 #include <QPointF>
 #include <QRawFont>
 
-#include "platform/TextMetrics.h"
+#include "platform/Printer.h"
 
 namespace qfr {
 

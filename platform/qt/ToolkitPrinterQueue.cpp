@@ -4,7 +4,6 @@
 #include <QPrinterInfo>
 
 #include "platform/qt/PagePainter.h"
-#include "platform/qt/PaperSize.h"
 #include "platform/qt/PrinterQueue.h"
 
 namespace qfr {

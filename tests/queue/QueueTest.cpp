@@ -77,6 +77,11 @@ struct QueueTest : testing::Test {
     HeadlessHost host{saved, metrics, messages};
     ChooserScript chooser;
     DesktopSink sink{fonts, chooser, messages};
+
+    void Print(int printer, const PrintJob& job) {
+        EXPECT_TRUE(sink.BeginJob(printer, job.title));
+        sink.TakeJob(printer, job);
+    }
 };
 
 TEST_F(QueueTest, PagesLieOnThePaperAsTheirPdfFileShowsThem) {
@@ -86,7 +91,7 @@ TEST_F(QueueTest, PagesLieOnThePaperAsTheirPdfFileShowsThem) {
         driver(host);
         const PrintJob job = host.CollectJob().value();
         const auto own = Raster(RenderPdf({job}, job.title, fonts).toStdString());
-        sink.TakeJob(kLab, job);
+        Print(kLab, job);
         EXPECT_EQ(PrintInBatch(job, "Lab"), std::pair(0, std::string()));
         EXPECT_EQ(Printed("Lab"), titles += job.title + job.title);
         ASSERT_EQ(tray.entryList(QDir::Files).size(), 2);
@@ -115,7 +120,7 @@ TEST_F(QueueTest, TellsWhatAQueueRefusesAndLeavesNothingInIt) {
     const PrintJob job = host.CollectJob().value();
     for (std::string titles; const auto& [cause, reason, batchSays, cure] : kFaults) {
         EXPECT_EQ(std::system(cause), 0);
-        sink.TakeJob(kSpare, job);
+        Print(kSpare, job);
         EXPECT_EQ(messages.TakeTexts().at(0),
                   job.title + " could not be printed on Spare.\n" + reason);
         EXPECT_THAT(PrintInBatch(job, "Spare"),
@@ -123,7 +128,7 @@ TEST_F(QueueTest, TellsWhatAQueueRefusesAndLeavesNothingInIt) {
         if (*cure) {
             EXPECT_EQ(std::system(cure), 0);
             EXPECT_EQ(Printed("Spare"), titles) << cause;
-            sink.TakeJob(kSpare, job);
+            Print(kSpare, job);
             EXPECT_EQ(Printed("Spare"), titles += job.title) << cure;
         }
     }

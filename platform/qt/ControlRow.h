@@ -1,0 +1,28 @@
+// Rows of controls above and below what a window shows.
+#pragma once
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+namespace qfr {
+
+inline QPushButton* AddButton(QHBoxLayout* row, const QString& caption, const char* name) {
+    auto* const button = new QPushButton(caption);
+    button->setObjectName(name);
+    button->setAutoDefault(false);
+    row->addWidget(button);
+    return button;
+}
+
+// The control after the label that names it.
+inline void AddControl(QHBoxLayout* row, const QString& caption, QWidget* control,
+                       const char* name) {
+    auto* const label = new QLabel(caption);
+    label->setBuddy(control);
+    control->setObjectName(name);
+    row->addWidget(label);
+    row->addWidget(control);
+}
+
+}  // namespace qfr
