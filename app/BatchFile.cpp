@@ -51,9 +51,9 @@ void WriteRecord(BatchWriter& out, const SampleRecord& record) {
 }
 
 void WriteEntries(BatchWriter& out, const Entries& entries) {
-    for (const EntryTable* const table : kEntryTables) {
+    for (const EntryTable& table : EntryTables()) {
         std::vector<std::string> values;
-        for (const EntryField& field : table->Fields) {
+        for (const EntryField& field : table.Fields) {
             const std::size_t count = std::min(ItemCount(field, entries), field.Texts.SavedItems);
             for (std::size_t item = 0; item < count; ++item) {
                 const std::string text = field.Texts.Get(entries, item);
@@ -269,8 +269,8 @@ std::variant<SavedBatch, Message> RestoreBatch(LineReader file, std::string_view
     const std::int32_t flags = in.Count();
     ParseFlags(flags, in.Line(), saved.Batch.BlankHitFlags);
 
-    for (const EntryTable* const table : kEntryTables) {
-        ParseEntry(in, *table, saved.Entries);
+    for (const EntryTable& table : EntryTables()) {
+        ParseEntry(in, table, saved.Entries);
     }
 
     if (in.Failure()) {

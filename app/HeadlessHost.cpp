@@ -16,10 +16,11 @@ bool HeadlessHost::AskYesNo(const Message& question) {
 }
 
 bool HeadlessHost::ShowEntryDialog(EntryDialog dialog, std::size_t headerRecord) {
-    if (!ShowEntry(*this, dialog, headerRecord)) {
+    const FormRow& form = FormOf(dialog);
+    if (!form.onShow(*this, headerRecord)) {
         return false;
     }
-    if (const std::optional<EntryFault> fault = AcceptEntry(*this, dialog)) {
+    if (const std::optional<EntryFault> fault = form.onOk(*this)) {
         Show(fault->Message);
         return false;
     }

@@ -80,9 +80,10 @@ TQFRForm::TQFRForm(const DesktopServices& services)
       form1Header_(std::make_unique<TForm1Header>(*this, *this)),
       ticForm_(std::make_unique<TTICForm>(*this, *this, form1Header_.get())),
       aboutBox_(MakeAboutBox(this)) {
-    for (std::size_t i = 0; i < kEntryTables.size(); ++i) {
-        const auto dialog = static_cast<EntryDialog>(i);
-        entryDialogs_[dialog] = MakeEntryDialog(dialog, *this, *this, this);
+    for (const FormRow& form : kForms) {
+        if (form.entry) {
+            entryDialogs_[*form.entry] = MakeEntryDialog(*form.entry, *this, *this, this);
+        }
     }
     OnCreate();
 }

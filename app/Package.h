@@ -21,7 +21,7 @@ namespace qfr {
 
 // What is to be printed.
 struct PackageChoice {
-    std::array<bool, kFormCount> forms{};  // of kForms
+    std::vector<bool> forms = std::vector<bool>(kForms.size());  // of kForms
     // Of SampleList, for the forms that print for each sample; empty when there is no SampleList.
     std::vector<bool> samples;
     // The forms are asked for by name: a form that a sample has nothing for refuses it, instead of

@@ -14,7 +14,7 @@
 
 #include "data/LoadFiles.h"
 #include "data/QuantReport.h"
-#include "forms/FormDrivers.h"
+#include "forms/Form1VoaContent.h"
 #include "platform/FileLookup.h"
 #include "platform/qt/PdfFile.h"
 #include "platform/qt/QtTextMetrics.h"

@@ -135,7 +135,8 @@ std::optional<EntryFault> BrowseLevelFile(Entries& entries, std::size_t level,
 std::optional<EntryFault> AcceptInitialCalibration(Entries& entries, int levelCount,
                                                    BatchFlags& flags) {
     const InitialCalibrationEntry& entry = entries.InitialCalibration;
-    if (auto fault = CheckEntries(kInitialCalibrationTable, entries, {.LevelCount = levelCount})) {
+    if (auto fault = CheckEntries(TableOf(EntryDialog::kInitialCalibration), entries,
+                                  {.LevelCount = levelCount})) {
         return fault;
     }
     flags.InitCalEntered = true;
@@ -190,7 +191,7 @@ std::optional<EntryFault> BrowseContinuingStandard(Entries& entries, std::size_t
 }
 
 std::optional<EntryFault> AcceptContinuingCalibration(const Entries& entries, BatchFlags& flags) {
-    if (auto fault = CheckEntries(kContinuingCalibrationTable, entries)) {
+    if (auto fault = CheckEntries(TableOf(EntryDialog::kContinuingCalibration), entries)) {
         return fault;
     }
     flags.ContCalEntered = true;
@@ -268,7 +269,7 @@ std::optional<EntryFault> BrowseSummaryStandard(Entries& entries, std::size_t /*
 }
 
 std::optional<EntryFault> AcceptStandardSummary(const Entries& entries, const Batch& batch) {
-    return CheckEntries(kStandardSummaryTable, entries,
+    return CheckEntries(TableOf(EntryDialog::kStandardSummary), entries,
                         {.CheckReport = !Trim(batch.Files.CheckCal).empty()});
 }
 

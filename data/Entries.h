@@ -75,6 +75,16 @@ struct StandardSummaryEntry {
     bool operator==(const StandardSummaryEntry&) const = default;
 };
 
+// What is typed for the forms, a dialog each, in the order of the batch file's lines.
+enum class EntryDialog {
+    kRecoveryRanges,
+    kBlankComments,
+    kTune,
+    kInitialCalibration,
+    kContinuingCalibration,
+    kStandardSummary,
+};
+
 struct Entries {
     RangesEntry Ranges;
     BlankComments Comments;

@@ -260,25 +260,29 @@ int TurnWhenLeft(const EntryTable& table, const EntryField& field) {
     return table.ChecksAllWhenLeft ? field.Rules.RequiredTurn : field.Rules.FormTurn;
 }
 
+constexpr EntryTable kTables[] = {
+    {"Recovery ranges (Form II)", kRangesFields, Clear<&Entries::Ranges>,
+     "Please select a file for ranges.", "No File Specified"},
+    {"Method blank comments (Form IV)", kCommentsFields, Clear<&Entries::Comments>, "", ""},
+    {"BFB tune (Form V)", kTuneFields, Clear<&Entries::Tune>, "Please enter a value.",
+     "All Fields Are Required", true},
+    {"Initial calibration (Form VI)", kInitialCalibrationFields,
+     Clear<&Entries::InitialCalibration>, kRequiredText, kRequiredTitle},
+    {"Continuing calibration (Form VII)", kContinuingCalibrationFields,
+     Clear<&Entries::ContinuingCalibration>, kRequiredText, kRequiredTitle},
+    {"Internal standards (Form VIII)", kStandardSummaryFields, Clear<&Entries::StandardSummary>,
+     kRequiredText, kRequiredTitle},
+};
+
 }  // namespace
 
-constexpr EntryTable kRangesTable = {"Recovery ranges (Form II)", kRangesFields,
-                                     Clear<&Entries::Ranges>, "Please select a file for ranges.",
-                                     "No File Specified"};
-constexpr EntryTable kCommentsTable = {"Method blank comments (Form IV)", kCommentsFields,
-                                       Clear<&Entries::Comments>, "", ""};
-constexpr EntryTable kTuneTable = {"BFB tune (Form V)",       kTuneFields,
-                                   Clear<&Entries::Tune>,     "Please enter a value.",
-                                   "All Fields Are Required", true};
-constexpr EntryTable kInitialCalibrationTable = {
-    "Initial calibration (Form VI)", kInitialCalibrationFields, Clear<&Entries::InitialCalibration>,
-    kRequiredText, kRequiredTitle};
-constexpr EntryTable kContinuingCalibrationTable = {
-    "Continuing calibration (Form VII)", kContinuingCalibrationFields,
-    Clear<&Entries::ContinuingCalibration>, kRequiredText, kRequiredTitle};
-constexpr EntryTable kStandardSummaryTable = {
-    "Internal standards (Form VIII)", kStandardSummaryFields, Clear<&Entries::StandardSummary>,
-    kRequiredText, kRequiredTitle};
+std::span<const EntryTable> EntryTables() {
+    return kTables;
+}
+
+const EntryTable& TableOf(EntryDialog dialog) {
+    return kTables[static_cast<std::size_t>(dialog)];
+}
 
 std::size_t ItemCount(const EntryField& field, const Entries& entries) {
     return field.Texts.Count ? field.Texts.Count(entries) : 1;

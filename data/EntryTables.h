@@ -3,7 +3,6 @@
 // new field is a row here, its control in the dialog's design and its member in Entries.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <limits>
 #include <optional>
@@ -85,20 +84,9 @@ struct EntryTable {
     bool ChecksAllWhenLeft = false;
 };
 
-extern const EntryTable kRangesTable;
-extern const EntryTable kCommentsTable;
-extern const EntryTable kTuneTable;
-extern const EntryTable kInitialCalibrationTable;
-extern const EntryTable kContinuingCalibrationTable;
-extern const EntryTable kStandardSummaryTable;
-
-// In the order of the batch file's lines.
-inline constexpr std::array<const EntryTable*, 6> kEntryTables = {&kRangesTable,
-                                                                  &kCommentsTable,
-                                                                  &kTuneTable,
-                                                                  &kInitialCalibrationTable,
-                                                                  &kContinuingCalibrationTable,
-                                                                  &kStandardSummaryTable};
+// In the order of EntryDialog.
+std::span<const EntryTable> EntryTables();
+const EntryTable& TableOf(EntryDialog dialog);
 
 // Texts of the field: 1 where it is no list. Items count from 0.
 std::size_t ItemCount(const EntryField& field, const Entries& entries);

@@ -251,7 +251,7 @@ void EntryFormDialog::AddField(const EntryField& field) {
 }
 
 bool EntryFormDialog::Run(std::size_t headerRecord) {
-    if (!ShowEntry(host_, parts_.dialog, headerRecord)) {
+    if (!FormOf(parts_.dialog).onShow(host_, headerRecord)) {
         return false;
     }
     if (parts_.prepare) {
@@ -309,7 +309,7 @@ void EntryFormDialog::OkClick() {
     }
     FinishEditing();
     StoreEntries();
-    if (!ShowFault(host_, *this, AcceptEntry(host_, parts_.dialog))) {
+    if (!ShowFault(host_, *this, FormOf(parts_.dialog).onOk(host_))) {
         accept();
     }
 }

@@ -10,7 +10,8 @@
 
 #include "data/LabFiles.h"
 #include "dialogs/EntryDialogs.h"
-#include "forms/FormDrivers.h"
+#include "forms/Form1TicContent.h"
+#include "forms/Form1VoaContent.h"
 #include "platform/DateTime.h"
 #include "platform/FileLookup.h"
 #include "platform/Text.h"

@@ -4,7 +4,7 @@
 
 #include "forms/Form1TicContent.h"
 #include "forms/Form1Voa.h"
-#include "forms/FormDrivers.h"
+#include "forms/FormHost.h"
 
 namespace qfr {
 

@@ -1,7 +1,7 @@
 #include "forms/Form1Voa.h"
 
 #include "forms/Form1VoaContent.h"
-#include "forms/FormDrivers.h"
+#include "forms/FormHost.h"
 #include "forms/TableRows.h"
 
 namespace qfr {

@@ -12,6 +12,8 @@
 
 namespace qfr {
 
+class FormHost;
+
 struct VoaRow {
     std::string CasNumber;
     std::string Compound;
@@ -34,5 +36,8 @@ VoaRow ReadVoaRow(const CompoundRow& row, bool inBlank);
 // Rounds a number written as text to n significant figures the way the forms show them: with n = 2,
 // "1234" gives "1200", "5.04" gives "5.0", "0.053" gives "0.1". Other texts come back unchanged.
 std::string ToSignificantFigures(std::string_view text, int n);
+
+// Prints it for the record at this index of SampleList.
+void PrintFormIVoa(FormHost& host, std::size_t record);
 
 }  // namespace qfr

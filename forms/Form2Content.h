@@ -15,6 +15,8 @@
 
 namespace qfr {
 
+class FormHost;
+
 struct Form2Content : FormContent {
     struct Recovery {
         std::string Percent;  // whole number
@@ -47,5 +49,8 @@ std::string CompoundNumber(std::size_t compound);
 // "*" for a recovery outside the range, else empty; so also without a range and for a text that is
 // no number.
 std::string RecoveryFlag(const RecoveryRange* range, std::string_view recovery);
+
+// The driver: asks for what the form needs and prints it for the batch.
+void Form2MCRClick(FormHost& host);
 
 }  // namespace qfr

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "forms/Form4Content.h"
-#include "forms/FormDrivers.h"
+#include "forms/FormHost.h"
 #include "forms/TableRows.h"
 
 namespace qfr {

@@ -9,6 +9,8 @@
 
 namespace qfr {
 
+class FormHost;
+
 // Header and sample number are the lab blank's.
 struct Form4Content : FormContent {
     std::string DateAnalyzed;
@@ -20,5 +22,8 @@ struct Form4Content : FormContent {
 // `blankTime`: when the lab blank, the first of the samples, was analyzed.
 Form4Content BuildForm4Content(const SampleListType& samples, DateTime blankTime,
                                const BlankComments& comments);
+
+// The driver: asks for what the form needs and prints it for the batch.
+void Form4MBSClick(FormHost& host);
 
 }  // namespace qfr

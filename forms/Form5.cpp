@@ -4,7 +4,7 @@
 #include "data/EntryChecks.h"
 #include "data/TuneRules.h"
 #include "forms/Form5Content.h"
-#include "forms/FormDrivers.h"
+#include "forms/FormHost.h"
 #include "forms/TableRows.h"
 #include "platform/Text.h"
 

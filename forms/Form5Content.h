@@ -11,6 +11,8 @@
 
 namespace qfr {
 
+class FormHost;
+
 // The sample number is the tune's.
 struct Form5Content : FormContent {
     std::string LabFileId;
@@ -27,5 +29,8 @@ Form5Content BuildForm5Content(const SampleListType& samples, std::size_t header
 // The tune's abundances as they print: "  *" follows one that is outside its ion's range, four
 // blanks follow the others.
 std::array<std::string, TuneEntry::kIons> FlagTuneValues(const TuneEntry& tune);
+
+// The driver: asks for what the form needs and prints it for the batch.
+void Form5IPCClick(FormHost& host);
 
 }  // namespace qfr

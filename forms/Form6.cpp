@@ -4,7 +4,7 @@
 
 #include "data/CalibrationTables.h"
 #include "forms/Form6Content.h"
-#include "forms/FormDrivers.h"
+#include "forms/FormHost.h"
 #include "forms/TableRows.h"
 #include "platform/Text.h"
 

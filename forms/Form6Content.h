@@ -12,6 +12,8 @@
 
 namespace qfr {
 
+class FormHost;
+
 struct Form6Content : FormContent {
     struct Level {
         std::string LabFileId;
@@ -31,5 +33,8 @@ std::optional<Form6Content> BuildForm6Content(const SampleHeader& header,
                                               const CalibrationReport& report, int levelCount,
                                               const InitialCalibrationEntry& entry,
                                               Messages& messages);
+
+// The driver: asks for what the form needs and prints it for the batch.
+void Form6CIDClick(FormHost& host);
 
 }  // namespace qfr

@@ -12,6 +12,8 @@
 
 namespace qfr {
 
+class FormHost;
+
 // The sample number is the continuing standard's.
 struct Form7Content : FormContent {
     struct Compound {
@@ -38,5 +40,8 @@ Form7Content BuildForm7Content(const SampleHeader& header,
                                const std::vector<CalibrationRecord>& rfTable,
                                const CheckReport& check, const std::vector<RFCriterion>& criteria,
                                const ContinuingCalibrationEntry& entry);
+
+// The driver: asks for what the form needs and prints it for the batch.
+void Form7CCDClick(FormHost& host);
 
 }  // namespace qfr

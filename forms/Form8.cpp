@@ -5,7 +5,7 @@
 
 #include "data/CalibrationTables.h"
 #include "forms/Form8Content.h"
-#include "forms/FormDrivers.h"
+#include "forms/FormHost.h"
 #include "forms/TableRows.h"
 #include "platform/Text.h"
 

@@ -17,6 +17,8 @@
 
 namespace qfr {
 
+class FormHost;
+
 struct StandardISRecord {
     std::string Area;
     std::string RT;
@@ -65,5 +67,8 @@ std::string ShiftText(std::string_view text, double offset, int decimals);
 // Whether the value is beyond its limits. A value at a limit is inside, and so is one that cannot
 // be compared because one of the three is empty or no number.
 bool OutsideLimits(std::string_view value, std::string_view lower, std::string_view upper);
+
+// The driver: asks for what the form needs and prints it for the batch.
+void Form8ARTClick(FormHost& host);
 
 }  // namespace qfr

@@ -13,16 +13,6 @@
 
 namespace qfr {
 
-// The entry dialogs that form drivers show, in the order of kEntryTables.
-enum class EntryDialog {
-    kRecoveryRanges,
-    kBlankComments,
-    kTune,
-    kInitialCalibration,
-    kContinuingCalibration,
-    kStandardSummary,
-};
-
 class FormHost : public Messages {
   public:
     virtual qfr::Page& Page() = 0;

@@ -1,13 +1,13 @@
-// The forms, in the order in which they print. The menu, Print All and the companion command
-// go through these rows.
+// The forms, in the order in which they print. The menu, Print All, the companion command and the
+// entries without a dialog go through these rows.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <string_view>
 
-#include "data/EntryTables.h"
+#include "data/EntryChecks.h"
 #include "forms/FormHost.h"
 
 namespace qfr {
@@ -22,19 +22,18 @@ struct FormRow {
     void (*printBatch)(FormHost& host);
     // Unless it is asked for by name, only for samples that have TICs.
     bool onlyWithTics = false;
+    // What is typed before it prints, with and without a dialog; absent: the header has everything.
+    std::optional<EntryDialog> entry = std::nullopt;
+    // Before it is typed: takes over what is known elsewhere by now. False when the dialog cannot
+    // be shown, after a message.
+    bool (*onShow)(FormHost& host, std::size_t headerRecord) = nullptr;
+    // After it: why the dialog would stay open.
+    std::optional<EntryFault> (*onOk)(FormHost& host) = nullptr;
 };
 
-inline constexpr std::size_t kFormCount = 8;
-extern const std::array<FormRow, kFormCount> kForms;
+extern const std::span<const FormRow> kForms;
 
-// What is typed for a form before it prints, with and without a dialog.
-constexpr const EntryTable& TableOf(EntryDialog dialog) {
-    return *kEntryTables.at(static_cast<std::size_t>(dialog));
-}
-// Before it is typed: takes over what is known elsewhere by now. False when the dialog cannot be
-// shown, after a message.
-bool ShowEntry(FormHost& host, EntryDialog dialog, std::size_t headerRecord);
-// After it: why the dialog would stay open.
-std::optional<EntryFault> AcceptEntry(FormHost& host, EntryDialog dialog);
+// The form that the dialog is for.
+const FormRow& FormOf(EntryDialog dialog);
 
 }  // namespace qfr

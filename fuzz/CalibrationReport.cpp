@@ -1,6 +1,8 @@
 // An initial calibration report: checked, then printed with the forms that read it.
 #include "data/LoadFiles.h"
-#include "forms/FormDrivers.h"
+#include "forms/Form6Content.h"
+#include "forms/Form7Content.h"
+#include "forms/Form8Content.h"
 #include "fuzz/Laboratory.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

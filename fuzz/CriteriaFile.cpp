@@ -1,5 +1,5 @@
 // An RF criteria file.
-#include "forms/FormDrivers.h"
+#include "forms/Form7Content.h"
 #include "fuzz/Laboratory.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

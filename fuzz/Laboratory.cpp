@@ -6,7 +6,14 @@
 #include <variant>
 
 #include "app/HeadlessHost.h"
-#include "forms/FormDrivers.h"
+#include "forms/Form1TicContent.h"
+#include "forms/Form1VoaContent.h"
+#include "forms/Form2Content.h"
+#include "forms/Form4Content.h"
+#include "forms/Form5Content.h"
+#include "forms/Form6Content.h"
+#include "forms/Form7Content.h"
+#include "forms/Form8Content.h"
 #include "platform/FileLookup.h"
 #include "platform/LineReader.h"
 #include "platform/Text.h"

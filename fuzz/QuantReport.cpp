@@ -1,6 +1,8 @@
 // A quantitation report: checked and taken as sample and as lab blank, then printed.
 #include "data/LoadFiles.h"
-#include "forms/FormDrivers.h"
+#include "forms/Form2Content.h"
+#include "forms/Form4Content.h"
+#include "forms/Form8Content.h"
 #include "fuzz/Laboratory.h"
 
 namespace {

@@ -1,6 +1,6 @@
 // The raw data file of the first calibration standard.
 #include "data/Reports.h"
-#include "forms/FormDrivers.h"
+#include "forms/Form6Content.h"
 #include "fuzz/Laboratory.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

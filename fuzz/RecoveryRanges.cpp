@@ -1,7 +1,7 @@
 // A recovery ranges file, for each kind of limits.
 #include "data/RecoveryRanges.h"
 
-#include "forms/FormDrivers.h"
+#include "forms/Form2Content.h"
 #include "fuzz/Laboratory.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

@@ -61,16 +61,18 @@ TEST(TuneRules, OkNamesTheFirstFault) {
         Entries entries;
         entries.Tune = good;
         spoil(entries.Tune);
-        const EntryFault fault = CheckEntries(kTuneTable, entries).value();
+        const EntryFault fault = CheckEntries(TableOf(EntryDialog::kTune), entries).value();
         EXPECT_EQ(fault.Control + std::to_string(fault.Row), control + std::to_string(row));
         EXPECT_EQ(fault.Message.text, text);
         // The same box complains when it is left; the grid is checked on OK alone.
-        const auto& box = *std::ranges::find(kTuneTable.Fields, control, &EntryField::Control);
-        EXPECT_EQ(CheckLeft(kTuneTable, box, 0, entries).has_value(), row == 0) << control;
+        const auto& box =
+            *std::ranges::find(TableOf(EntryDialog::kTune).Fields, control, &EntryField::Control);
+        EXPECT_EQ(CheckLeft(TableOf(EntryDialog::kTune), box, 0, entries).has_value(), row == 0)
+            << control;
     };
     Entries entries;
     entries.Tune = good;
-    EXPECT_FALSE(CheckEntries(kTuneTable, entries));
+    EXPECT_FALSE(CheckEntries(TableOf(EntryDialog::kTune), entries));
     constexpr char kDate[] = "Enter the date/time format as\n MM/DD/YYYY or HH:MI";
     constexpr char kNumber[] = "Entry must be a valid real number.";
     constexpr char kValue[] = "Please enter a value.";

@@ -2,8 +2,8 @@
 #include <algorithm>
 #include <set>
 
+#include "forms/Form1TicContent.h"
 #include "forms/Form1VoaContent.h"
-#include "forms/FormDrivers.h"
 #include "tests/FormSupport.h"
 
 namespace qfr::test {

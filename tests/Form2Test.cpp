@@ -2,7 +2,6 @@
 #include "data/EntryTables.h"
 #include "data/RecoveryRanges.h"
 #include "forms/Form2Content.h"
-#include "forms/FormDrivers.h"
 #include "platform/Numbers.h"
 #include "tests/FormSupport.h"
 
@@ -46,7 +45,7 @@ TEST(RecoveryRanges, TakeTheChosenKindOnly) {
               file + " is not a recovery ranges file.\nPlease select another file.");
     EXPECT_FALSE(BrowseRangesFile(entries, 0, dir.Write("r.txt", "recovery ranges"), log));
     entries.Ranges.FileName = "  ";
-    EXPECT_EQ(CheckEntries(kRangesTable, entries).value().Message.text,
+    EXPECT_EQ(CheckEntries(TableOf(EntryDialog::kRecoveryRanges), entries).value().Message.text,
               "Please select a file for ranges.");
 }
 

@@ -1,9 +1,12 @@
 // Forms IV to VIII, which list the samples or the compounds of one run.
 #include <algorithm>
 
+#include "forms/Form4Content.h"
 #include "forms/Form5Content.h"
+#include "forms/Form6Content.h"
+#include "forms/Form7Content.h"
+#include "forms/Form8Content.h"
 #include "forms/FormContent.h"
-#include "forms/FormDrivers.h"
 #include "tests/FormSupport.h"
 
 namespace qfr::test {

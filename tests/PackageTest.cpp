@@ -17,7 +17,7 @@ TEST(PrintPackage, RunsOnACopyInOrderAndListsWhatIsRefused) {
     const Entries before = host.entries;
 
     PackageChoice choice{.samples = {true, true}};
-    choice.forms.fill(true);
+    choice.forms.assign(kForms.size(), true);
     const std::vector<PackageWork> works = PlanPackage(host.batch, choice);
     JobLog sink;
     const auto package = sink.BeginPackage(0, "Package");

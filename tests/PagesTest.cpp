@@ -69,7 +69,7 @@ std::map<std::string, std::string> PrintedPages(const PagesBatch& batch) {
         saved.Batch.Files.CheckCal.clear();
     }
     PackageChoice choice{.samples = std::vector<bool>(batch.samples, true)};
-    choice.forms.fill(true);
+    choice.forms.assign(kForms.size(), true);
     const std::vector<PackageWork> works = PlanPackage(saved.Batch, choice);
     TimesMetrics metrics;
     MessageLog messages;

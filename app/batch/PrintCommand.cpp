@@ -43,11 +43,11 @@ std::string FormList() {
 PackageChoice ParseForms(const std::string& list) {
     PackageChoice choice;
     choice.byName = !list.empty();
-    choice.forms.fill(!choice.byName);
+    choice.forms.assign(kForms.size(), !choice.byName);
     std::istringstream items(choice.byName ? list + "," : "");
     for (std::string item; std::getline(items, item, ',');) {
         const std::string name = LowerCase(Trim(item));
-        const auto* form = std::ranges::find(kForms, name, &FormRow::name);
+        const auto form = std::ranges::find(kForms, name, &FormRow::name);
         if (form == kForms.end()) {
             throw WrongUsage("there is no form \"" + name + "\"");
         }

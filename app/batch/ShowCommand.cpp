@@ -91,9 +91,9 @@ void ShowFiles(BatchText& text, const Batch& batch) {
 }
 
 void ShowEntries(BatchText& text, const Entries& entries) {
-    for (const EntryTable* const table : kEntryTables) {
-        text.Paragraph(std::string(table->Caption));
-        for (const EntryField& field : table->Fields) {
+    for (const EntryTable& table : EntryTables()) {
+        text.Paragraph(std::string(table.Caption));
+        for (const EntryField& field : table.Fields) {
             for (std::size_t item = 0; item < ItemCount(field, entries); ++item) {
                 text.Value(LabelOf(field, item), ShownText(field, entries, item));
             }

@@ -59,7 +59,7 @@ TEST(OpenedFiles, AreReadOnceInARunAndTheirFolderIsListedOnce) {
     host.entries.ContinuingCalibration.SampleNo = host.entries.StandardSummary.SampleNo = "VSTD010";
 
     PackageChoice choice{.samples = std::vector<bool>(500, true)};
-    choice.forms.fill(true);
+    choice.forms.assign(kForms.size(), true);
     const std::vector<PackageWork> dueJobs = PlanPackage(host.batch, choice);
     JobLog sink;
     const auto package = sink.BeginPackage(0, "Package");

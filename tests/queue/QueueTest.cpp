@@ -5,7 +5,8 @@
 #include <QImage>
 
 #include "app/HeadlessHost.h"
-#include "forms/FormDrivers.h"
+#include "forms/Form5Content.h"
+#include "forms/Form6Content.h"
 #include "platform/qt/DesktopSink.h"
 #include "platform/qt/PdfFile.h"
 #include "tests/ui/PdfSupport.h"
