@@ -1,6 +1,5 @@
 #include "app/MainForm.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <system_error>
 #include <vector>

@@ -2,7 +2,6 @@
 // whoever prints them can stop between two.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <functional>
 #include <optional>

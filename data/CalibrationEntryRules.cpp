@@ -1,7 +1,6 @@
 #include "data/CalibrationEntryRules.h"
 
 #include <algorithm>
-#include <array>
 
 #include "data/CalibrationTables.h"
 #include "data/EntryTables.h"

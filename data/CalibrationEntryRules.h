@@ -4,10 +4,8 @@
 // Faults name the control to focus, and nothing is taken over while there is one.
 #pragma once
 
-#include <cstddef>
 #include <optional>
 #include <string>
-#include <string_view>
 
 #include "data/Batch.h"
 #include "data/Entries.h"

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <unordered_map>
-#include <utility>
 
 #include "platform/DateTime.h"
 #include "platform/Numbers.h"

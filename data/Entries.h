@@ -5,7 +5,6 @@
 
 #include <array>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "platform/DateTime.h"

@@ -7,8 +7,6 @@
 
 namespace qfr {
 
-class FormHost;
-
 struct Form1TicContent : FormContent {
     TicListType Entries;  // as typed
 };

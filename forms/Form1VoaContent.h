@@ -12,8 +12,6 @@
 
 namespace qfr {
 
-class FormHost;
-
 struct VoaRow {
     std::string CasNumber;
     std::string Compound;

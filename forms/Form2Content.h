@@ -15,8 +15,6 @@
 
 namespace qfr {
 
-class FormHost;
-
 struct Form2Content : FormContent {
     struct Recovery {
         std::string Percent;  // whole number

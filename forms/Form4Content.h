@@ -9,8 +9,6 @@
 
 namespace qfr {
 
-class FormHost;
-
 // Header and sample number are the lab blank's.
 struct Form4Content : FormContent {
     std::string DateAnalyzed;

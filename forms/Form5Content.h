@@ -11,8 +11,6 @@
 
 namespace qfr {
 
-class FormHost;
-
 // The sample number is the tune's.
 struct Form5Content : FormContent {
     std::string LabFileId;

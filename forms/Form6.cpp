@@ -215,9 +215,7 @@ void Form6CIDClick(FormHost& host) {
     if (!content) {
         return;
     }
-    host.Page().PrintDocument(
-        "Form 6", *content, PrintPage,
-        IsLandscape(*content) ? PageOrientation::kLandscape : PageOrientation::kPortrait);
+    host.Page().PrintDocument("Form 6", *content, PrintPage, IsLandscape(*content));
 }
 
 }  // namespace qfr

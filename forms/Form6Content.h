@@ -12,8 +12,6 @@
 
 namespace qfr {
 
-class FormHost;
-
 struct Form6Content : FormContent {
     struct Level {
         std::string LabFileId;

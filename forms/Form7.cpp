@@ -131,13 +131,16 @@ void Form7CCDClick(FormHost& host) {
              kCalibrationNotSpecifiedTitle});
         return;
     }
-    const auto check = OpenCalibration<CheckReport>(
-        host, checkName,
-        "Please use Data Files|Load Files menu option to verify\na continuing calibration file.");
-    if (!check) {
+    const auto openCheck = [&host, &checkName] {
+        return OpenCalibration<CheckReport>(host, checkName,
+                                            "Please use Data Files|Load Files menu option to "
+                                            "verify\na continuing calibration file.");
+    };
+    const auto standardCheck = openCheck();
+    if (!standardCheck) {
         return;
     }
-    ReadCheckStandardInfo(check, host.Reports(), host.Entries().ContinuingCalibration);
+    ReadCheckStandardInfo(standardCheck, host.Reports(), host.Entries().ContinuingCalibration);
     const auto calibration = OpenCalibration<CalibrationReport>(
         host, calibrationName,
         "Please use Data Files|Load Files menu option to specify\nan initial calibration "
@@ -148,7 +151,9 @@ void Form7CCDClick(FormHost& host) {
     // On purpose: the raw data files of the initial calibration are not read here. Its dates are
     // those that Form VI left or that the user typed, even when there are none yet.
     const auto record = CheckAndAsk(host, "Form 7", EntryDialog::kContinuingCalibration);
-    if (!record) {
+    // The dialog may have asked to recreate the report.
+    const auto check = record ? openCheck() : FileContent<CheckReport>();
+    if (!check) {
         return;
     }
     const auto content =

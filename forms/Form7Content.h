@@ -12,8 +12,6 @@
 
 namespace qfr {
 
-class FormHost;
-
 // The sample number is the continuing standard's.
 struct Form7Content : FormContent {
     struct Compound {

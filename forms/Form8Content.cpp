@@ -31,21 +31,19 @@ std::optional<std::size_t> FindLevel(const CalibrationReport& report, int levelC
     }
     const std::string concentration = ConcentrationText(entry);
     const std::vector<std::string> amounts = ChooseLevelAmounts(*table, levelCount);
-    const auto chosen = static_cast<std::size_t>(entry.LevelIndex);
-    if (!concentration.empty()) {
-        if (chosen < amounts.size() && amounts[chosen] == concentration) {
-            return chosen;
-        }
-        if (const auto level = std::find(amounts.begin(), amounts.end(), concentration);
-            level != amounts.end()) {
-            return static_cast<std::size_t>(level - amounts.begin());
-        }
+    auto level = static_cast<std::size_t>(entry.LevelIndex);
+    if (level >= amounts.size() || amounts[level] != concentration) {
+        level =
+            static_cast<std::size_t>(std::ranges::find(amounts, concentration) - amounts.begin());
     }
-    messages.Show({"A " + concentration +
-                       " ug/L concentration was not found. Return to\nForm 8 entry to enter "
-                       "the appropriate concentration.",
-                   "Concentration Not Found"});
-    return std::nullopt;
+    if (concentration.empty() || level == amounts.size()) {
+        messages.Show({"A " + concentration +
+                           " ug/L concentration was not found. Return to\nForm 8 entry to enter "
+                           "the appropriate concentration.",
+                       "Concentration Not Found"});
+        return std::nullopt;
+    }
+    return level;
 }
 
 std::optional<StandardISTable> StandardFromCalibration(const CalibrationReport& report,

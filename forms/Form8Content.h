@@ -17,8 +17,6 @@
 
 namespace qfr {
 
-class FormHost;
-
 struct StandardISRecord {
     std::string Area;
     std::string RT;

@@ -13,6 +13,8 @@
 
 namespace qfr {
 
+class FormHost;
+
 struct FormContent {
     SampleHeader Header;   // as it prints: an empty date mask is empty
     std::string SampleNo;  // of the sample or standard that the form is about; empty without one

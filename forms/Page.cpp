@@ -170,24 +170,6 @@ std::string Page::FormLetter(int index) {
     return ToUtf8(std::string(1, static_cast<char>(64 + index)));
 }
 
-void Page::PrintDocument(const std::string& title, const std::function<bool(Page& page)>& printPage,
-                         PageOrientation orientation) {
-    testPrinter();
-    const bool turned = orientation == PageOrientation::kLandscape;
-    if (turned) {
-        printer_.Orientation = orientation;
-    }
-    printer_.Title = title;
-    printer_.BeginDoc();
-    while (!printPage(*this)) {
-        printer_.NewPage();
-    }
-    printer_.EndDoc();
-    if (turned) {
-        printer_.Orientation = PageOrientation::kPortrait;
-    }
-}
-
 void Page::PrintUnit(std::string_view unit, double x, double y, UnitLevel level) {
     const double up = level == UnitLevel::kTextHeightAbove ? -TextHeightInch() : FontHeightInch();
     TextOutInch(unit, x, level == UnitLevel::kBelowLine ? y - up : y + up);

@@ -138,18 +138,21 @@ class Page {
     static std::string FormLetter(int index);
 
     // One print job: makes sure that there is a printer, and prints page after page until
-    // `printPage` says that one was the last. Turned paper is turned back at the end.
-    void PrintDocument(const std::string& title, const std::function<bool(Page& page)>& printPage,
-                       PageOrientation orientation = PageOrientation::kPortrait);
-    // The same, of a form that goes through its rows (from 0): `printPage` moves `row` behind those
-    // that it printed.
+    // `printPage` says that one was the last; it moves `row` (from 0) behind the rows that it
+    // printed. Turned paper is landscape, and portrait again at the end.
     template <typename Content>
     void PrintDocument(const std::string& title, const Content& content,
                        bool (*printPage)(Page& page, const Content& content, std::size_t& row),
-                       PageOrientation orientation = PageOrientation::kPortrait) {
-        std::size_t row = 0;
-        PrintDocument(
-            title, [&](Page& page) { return printPage(page, content, row); }, orientation);
+                       bool turned = false) {
+        testPrinter();
+        printer_.Orientation = turned ? PageOrientation::kLandscape : printer_.Orientation;
+        printer_.Title = title;
+        printer_.BeginDoc();
+        for (std::size_t row = 0; !printPage(*this, content, row);) {
+            printer_.NewPage();
+        }
+        printer_.EndDoc();
+        printer_.Orientation = turned ? PageOrientation::kPortrait : printer_.Orientation;
     }
 
   private:

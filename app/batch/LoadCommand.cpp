@@ -1,6 +1,5 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <memory>
 #include <system_error>
