@@ -15,6 +15,7 @@
 #include "data/LoadFiles.h"
 #include "data/QuantReport.h"
 #include "forms/Form1VoaContent.h"
+#include "forms/FormHost.h"
 #include "platform/FileLookup.h"
 #include "platform/qt/PdfFile.h"
 #include "platform/qt/QtTextMetrics.h"
