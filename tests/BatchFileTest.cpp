@@ -8,22 +8,7 @@ using namespace ::testing;
 
 // A batch file in which every value differs from every other one of its kind.
 std::string FullText() {
-    std::string text =
-        "QFRForms\nvol.lib\nstd.is\nday1.cal\n/d/vblk.prn\n2\n/d/a.prn\n/d/gelöst.prn\n"
-        "/d/day1.cal\n/d/day1.check\n3\n";
-    for (const std::string name : {"/d/vblk.prn", "/d/a.prn", "/d/gelöst.prn"}) {
-        text += name + ";" + std::to_string(name.size()) + ";\n";
-        for (int i = 1; i <= SampleHeader::kCount; ++i) {
-            text += name + std::to_string(i) + ";";
-        }
-        text += name == "/d/a.prn" ? "\n2\n1-2-3;Unknown;4.5;6;J;\n;;;;;\n" : "\n0\n";
-    }
-    return text +
-           "3\n1;0;1;\n/d/ranges.txt;2;\nBlank was;;clean;\n"
-           "BFB01;GC1;B1.D;05/16/2005;08:15;1;2;3;4;5;6;7;8;9;\n"
-           "05/16/2005 09:00;05/16/2005 12:00;I1;I2;I3;I4;I5;\n"
-           "VSTD050;C1;/d/crit.txt;GC1;05/17/2005 08:00;  /  /       :  ;05/16/2005 12:01;\n"
-           "VSTD050A1;S1;05/17/2005 08:01;05/16/2005;  /  /    ;9.1;6.2;12.3;2;\n";
+    return ReadAll(TestData("full/full.qff"));
 }
 
 // Replaces line `number` (from 1) of the text.

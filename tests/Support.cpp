@@ -99,6 +99,10 @@ fs::path ExampleDir() {
     return fs::path(QFR_SOURCE_DIR) / "example";
 }
 
+fs::path TestData(std::string_view name) {
+    return fs::path(QFR_SOURCE_DIR) / "tests/data" / name;
+}
+
 int SquareMetrics::TextWidth(std::string_view utf8, int points) {
     const auto continues = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; };
     const auto bytes = std::count_if(utf8.begin(), utf8.end(), continues);

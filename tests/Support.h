@@ -78,6 +78,8 @@ std::string EndlessLine();
 
 std::string ReadAll(const std::filesystem::path& file);
 std::filesystem::path ExampleDir();
+// A file of tests/data.
+std::filesystem::path TestData(std::string_view name);
 
 // A typeface whose every character is half as wide as it is high, so that layouts are easy to
 // compute.
