@@ -101,22 +101,21 @@ TEST(Form1Tic, FullPagesAreFollowedByOneMore) {
     }
 }
 
-// The number of a sheet below, "1F - FORM I VOA-10", reaches beyond the overlay's own text.
-TEST(Form1Tic, TwoDigitPageNumberOfTheSheetBelowIsCovered) {
-    int number = 0;  // where it ends
-    int cover = 0;
-    for (const PageItem& item : PrintTics(271).pages.at(9).items) {
+// The number of the twelfth sheet below reaches beyond the overlay's own text.
+TEST(Form1Tic, TwoDigitNumberOfTheSheetBelowIsCovered) {
+    const TextItem* number = nullptr;
+    bool covered = false;
+    const JobPage page = PrintTics(331).pages.at(11);
+    for (const PageItem& item : page.items) {
         const auto* text = std::get_if<TextItem>(&item);
-        const int end = text ? text->x + text->width : 0;
-        if (text && text->text.ends_with("FORM I VOA-10")) {
-            number = end;
-        } else if (text && number > 0 && cover == 0 &&
-                   text->text.find_first_not_of(' ') == std::string::npos) {
-            cover = end;
+        if (text && text->text.ends_with("FORM I VOA-12")) {
+            number = text;
         }
+        covered =
+            covered || (text && number && text->text.starts_with("  ") && text->y == number->y &&
+                        text->x + text->width >= number->x + number->width);
     }
-    EXPECT_GT(number, 0);
-    EXPECT_GE(cover, number);
+    EXPECT_TRUE(covered);
 }
 
 }  // namespace
