@@ -59,6 +59,20 @@ CalibratedRun::CalibratedRun(int levels, int compounds, int samples) {
         "CRITERIA.TXT", "RF Criteria\nCompound-1;0.1;25\ncompound-2; 0.2\ncompound-1;9;99\n");
 }
 
+std::string CalibratedRun::PrintAll(JobLog& sink) {
+    PackageChoice choice{.samples = std::vector<bool>(host.batch.SampleList->size(), true)};
+    choice.forms.assign(kForms.size(), true);
+    const std::vector<PackageWork> works = PlanPackage(host.batch, choice);
+    const auto package = sink.BeginPackage(0, "Package");
+    const auto goesOn = [](std::size_t) { return true; };
+    std::string notes;
+    const auto outcome = PrintPackage(host, host.metrics, works, *package, goesOn);
+    for (const PackageNote& note : outcome.notes) {
+        notes += std::string(note.work->form->name) + (note.printed ? " did: " : ": ") + note.text;
+    }
+    return notes;
+}
+
 std::vector<std::string> CalibratedRun::Run(void (*driver)(FormHost&)) {
     driver(host);
     return host.messages.TakeTitles();

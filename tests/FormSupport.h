@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "app/Package.h"
 #include "forms/FormHost.h"
 #include "platform/JobSink.h"
 #include "tests/Support.h"
@@ -67,7 +68,7 @@ class ScriptedHost : public FormHost {
     void Show(const Message& message) override { messages.Show(message); }
     bool AskYesNo(const Message& question) override { return messages.AskYesNo(question); }
 
-    SquareMetrics metrics;
+    TimesMetrics metrics;
     JobLog sink;
     TPrinter printer{metrics, sink};
     int printerSetups = 0;
@@ -98,6 +99,8 @@ struct CalibratedRun {
     std::string check;        // text of RUN.CHECK
     ScriptedHost host;        // with the batch loaded and all headers complete
 
+    // Prints all forms of all samples as one package. What was noted, each after its form.
+    std::string PrintAll(JobLog& sink);
     // Runs a form's driver and returns the titles of its messages.
     std::vector<std::string> Run(void (*driver)(FormHost&));
     // The first page of the form, which is to print without a message.

@@ -1,4 +1,3 @@
-#include "app/Package.h"
 #include "tests/FormSupport.h"
 
 namespace qfr::test {
@@ -16,22 +15,14 @@ TEST(PrintPackage, RunsOnACopyInOrderAndListsWhatIsRefused) {
     host.flags.InitCalEntered = true;
     const Entries before = host.entries;
 
-    PackageChoice choice{.samples = {true, true}};
-    choice.forms.assign(kForms.size(), true);
-    const std::vector<PackageWork> works = PlanPackage(host.batch, choice);
     JobLog sink;
-    const auto package = sink.BeginPackage(0, "Package");
-    const auto goesOn = [](std::size_t) { return true; };
-    const PackageOutcome outcome = PrintPackage(host, host.metrics, works, *package, goesOn);
+    const std::string notes = run.PrintAll(sink);
     std::string told;
     for (const PrintJob& job : sink.jobs) {
         EXPECT_EQ(job.paper.name, "A4");
         told += job.title + "=" + job.form.substr(0, job.form.find(',')) + "/" + job.sample + "|";
     }
-    for (const PackageNote& note : outcome.notes) {
-        told += std::string(note.work->form->name) + (note.printed ? " did: " : ": ") + note.text;
-    }
-    EXPECT_EQ(told,
+    EXPECT_EQ(told + notes,
               "Form 1 S1=Form I VOA/S1|Form 1 S2=Form I VOA/S2|Form 1 TIC S2=Form I VOA-TIC/S2|"
               "Form 4 S1=Form IV/|Form 5 BFB01=Form V/|Form 6=Form VI/|"
               "2: No File Specified: Please select a file for ranges."

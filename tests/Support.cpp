@@ -1,6 +1,5 @@
 #include "tests/Support.h"
 
-#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <fstream>
@@ -101,17 +100,6 @@ fs::path ExampleDir() {
 
 fs::path TestData(std::string_view name) {
     return fs::path(QFR_SOURCE_DIR) / "tests/data" / name;
-}
-
-int SquareMetrics::TextWidth(std::string_view utf8, int points) {
-    const auto continues = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; };
-    const auto bytes = std::count_if(utf8.begin(), utf8.end(), continues);
-    return (static_cast<int>(utf8.size()) - static_cast<int>(bytes)) * points * kResolution / 72 /
-           2;
-}
-
-int SquareMetrics::TextHeight(int points) {
-    return points * kResolution / 72;
 }
 
 int TimesMetrics::TextWidth(std::string_view utf8, int points) {

@@ -81,14 +81,6 @@ std::filesystem::path ExampleDir();
 // A file of tests/data.
 std::filesystem::path TestData(std::string_view name);
 
-// A typeface whose every character is half as wide as it is high, so that layouts are easy to
-// compute.
-class SquareMetrics : public TextMetrics {
-  public:
-    int TextWidth(std::string_view utf8, int points) override;
-    int TextHeight(int points) override;
-};
-
 // The forms' typeface without its font file: ASCII, and "é" for the names that are not.
 class TimesMetrics : public TextMetrics {
   public:

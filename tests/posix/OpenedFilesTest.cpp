@@ -4,7 +4,6 @@
 #include <sys/inotify.h>
 #include <unistd.h>
 
-#include "app/Package.h"
 #include "platform/FileLookup.h"
 #include "platform/Text.h"
 #include "tests/FormSupport.h"
@@ -58,15 +57,9 @@ TEST(OpenedFiles, AreReadOnceInARunAndTheirFolderIsListedOnce) {
     host.entries.ContinuingCalibration.InstrumentId = "GC 2";
     host.entries.ContinuingCalibration.SampleNo = host.entries.StandardSummary.SampleNo = "VSTD010";
 
-    PackageChoice choice{.samples = std::vector<bool>(500, true)};
-    choice.forms.assign(kForms.size(), true);
-    const std::vector<PackageWork> dueJobs = PlanPackage(host.batch, choice);
     JobLog sink;
-    const auto package = sink.BeginPackage(0, "Package");
     const Openings openings(run.dir.Path());
-    const PackageOutcome outcome =
-        PrintPackage(host, host.metrics, dueJobs, *package, [](std::size_t) { return true; });
-    EXPECT_THAT(outcome.notes, testing::IsEmpty());
+    EXPECT_EQ(run.PrintAll(sink), "");
     EXPECT_EQ(sink.jobs.size(), 500U + 6U);
     std::map<std::string, int> counts = openings.Take();
     // The samples, the two reports, four standards, ranges, criteria, and the directory.
@@ -85,13 +78,9 @@ TEST(OpenedFiles, AreReadAnewByTheNextJobOnceTheyHaveChanged) {
         sample.CompoundCount = 1;
         run.dir.Write("S1.PRN", "Compound#\n1;before;\n");
     }
-    PackageChoice choice{.samples = {true, true}};
-    choice.forms[0] = true;
-    const std::vector<PackageWork> dueJobs = PlanPackage(run.host.batch, choice);
     JobLog sink;
     sink.onTake = [&run] { run.dir.Write("S1.PRN", "Compound#\n1;after;\n"); };
-    const auto package = sink.BeginPackage(0, "Package");
-    PrintPackage(run.host, run.host.metrics, dueJobs, *package, [](std::size_t) { return true; });
+    run.PrintAll(sink);
     EXPECT_TRUE(HasText(sink.jobs.at(0).pages.at(0), "before"));
     EXPECT_TRUE(HasText(sink.jobs.at(1).pages.at(0), "after"));
 }

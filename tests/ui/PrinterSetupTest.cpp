@@ -13,7 +13,7 @@ TEST(PrinterSetup, GivesThePrinterWhatIsChosen) {
     const std::tuple<Choice, Choice, bool> cases[] = {{letter, a4, true},    {a4, letter, true},
                                                       {a4, a3, true},        {label, label, true},
                                                       {label, letter, true}, {a4, letter, false}};
-    SquareMetrics metrics;
+    TimesMetrics metrics;
     JobLog sink;
     for (const auto& [before, chosen, accepted] : cases) {
         SCOPED_TRACE(std::string(before.second) + " to " + chosen.second);
