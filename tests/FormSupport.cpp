@@ -1,24 +1,9 @@
 #include "tests/FormSupport.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace qfr::test {
-
-namespace {
-
-template <typename Predicate>
-std::vector<std::string> TextsWhere(const JobPage& page, Predicate predicate) {
-    std::vector<std::string> texts;
-    for (const PageItem& item : page.items) {
-        if (const auto* found = std::get_if<TextItem>(&item);
-            found != nullptr && predicate(*found)) {
-            texts.push_back(found->text);
-        }
-    }
-    return texts;
-}
-
-}  // namespace
 
 ScriptedHost::ScriptedHost() {
     printer.Printers = {"PDF file"};
@@ -37,12 +22,21 @@ SampleRecord CompleteRecord(const std::string& sampleNo, const std::string& file
 }
 
 bool HasText(const JobPage& page, std::string_view text) {
-    return !TextsWhere(page, [&](const TextItem& t) { return t.text == text; }).empty();
+    return std::ranges::any_of(page.items, [text](const PageItem& item) {
+        const auto* found = std::get_if<TextItem>(&item);
+        return found != nullptr && found->text == text;
+    });
 }
 
 std::vector<std::string> TextsAt(const JobPage& page, double x) {
-    return TextsWhere(page,
-                      [x](const TextItem& t) { return std::abs(t.x - x * kResolution) <= 1.5; });
+    std::vector<std::string> texts;
+    for (const PageItem& item : page.items) {
+        const auto* found = std::get_if<TextItem>(&item);
+        if (found != nullptr && std::abs(found->x - x * kResolution) <= 1.5) {
+            texts.push_back(found->text);
+        }
+    }
+    return texts;
 }
 
 }  // namespace qfr::test
