@@ -4,19 +4,17 @@
 namespace qfr::test {
 namespace {
 
-// The dialog on a blank and two samples; only the blank's header is typed.
+// The dialog on a blank and a sample; only the blank's header is typed.
 struct HeaderRig : WindowRig {
     HeaderRig() {
-        SampleListType& samples = form.Batch().SampleList.emplace(3);
-        form.Batch().Files.QFiles = {"c:\\data\\s1.prn", "c:\\data\\s2.prn"};
-        const char* const names[] = {"VBLK01", "ZA101", "ZA102"};
-        for (std::size_t i = 0; i < samples.size(); ++i) {
-            samples[i].FileName = "c:\\data\\s" + std::to_string(i) + ".prn";
-            samples[i].Header[HeaderField::kZovSampleNo] = names[i];
-            samples[i].Header[HeaderField::kLabSampleId] = "L" + std::to_string(i);
-        }
+        SampleListType& samples = form.Batch().SampleList.emplace(2);
+        form.Batch().Files.QFiles = {"c:\\data\\s1.prn"};
         samples[0].FileName = Example("VBLK01.PRN");
+        samples[0].Header[HeaderField::kZovSampleNo] = "VBLK01";
         samples[0].Header[HeaderField::kLabName] = "Fairhaven";
+        samples[1].FileName = "c:\\data\\s1.prn";
+        samples[1].Header[HeaderField::kZovSampleNo] = "ZA101";
+        samples[1].Header[HeaderField::kLabSampleId] = "L1";
         Open();
     }
     void Open(const char* key = "^1") {
@@ -39,7 +37,6 @@ TEST(Form1Header, CarriesValuesOverToTheNextSample) {
     rig.Enter("Edit2", "C-17");
     rig.Get("ZOVComboBox").setFocus();
     EXPECT_EQ(rig.Stored(0, HeaderField::kContract), "C-17");
-    EXPECT_EQ(rig.Stored(0, HeaderField::kGcColumn), "Vocol");
     EXPECT_EQ(rig.Stored(0, HeaderField::kDateReceived), "  /  /       :  ");
 
     rig.Press(Qt::Key_Down);
@@ -49,29 +46,27 @@ TEST(Form1Header, CarriesValuesOverToTheNextSample) {
     rig.Get("Edit2").setFocus();
     rig.Type("\t");
     EXPECT_EQ(rig.Stored(1, HeaderField::kContract), "C-17");
-    EXPECT_EQ(rig.Stored(1, HeaderField::kLabName), "");
 
     rig.Type("&x");
     EXPECT_EQ(rig.Stored(1, HeaderField::kLabName), "Fairhaven");
     EXPECT_FALSE(rig.dialog.isVisible());
     EXPECT_TRUE(rig.form.isVisible());
-    rig.Open();
-    EXPECT_EQ(rig.Get<QComboBox>("FileComboBox").currentIndex(), 0);
 }
 
 TEST(Form1Header, KeepsTheDropDownsInStepWithWhatIsTyped) {
     HeaderRig rig;
-    rig.Enter("ZOVComboBox", "ZA102\r");  // as another sample's
-    EXPECT_EQ(rig.Get<QComboBox>("FileComboBox").currentIndex(), 0);
-    EXPECT_EQ(rig.Get<QComboBox>("ZOVComboBox").itemText(0), "ZA102");
+    const auto& files = rig.Get<QComboBox>("FileComboBox");
+    rig.Enter("ZOVComboBox", "ZA101\r");  // as another sample's
+    EXPECT_EQ(files.currentIndex(), 0);
+    EXPECT_EQ(rig.Get<QComboBox>("ZOVComboBox").itemText(0), "ZA101");
     rig.Type("\t");
-    EXPECT_EQ(rig.Stored(0, HeaderField::kZovSampleNo), "ZA102");
+    EXPECT_EQ(rig.Stored(0, HeaderField::kZovSampleNo), "ZA101");
 
     rig.Get("FileComboBox").setFocus();
-    rig.Type("s2");
-    EXPECT_EQ(rig.Get<QComboBox>("FileComboBox").currentIndex(), 0) << "typing chooses no file";
+    rig.Type("s1");
+    EXPECT_EQ(files.currentIndex(), 0) << "typing chooses no file";
     rig.Press(Qt::Key_Down);
-    EXPECT_EQ(rig.Get<QComboBox>("FileComboBox").currentIndex(), 1);
+    EXPECT_EQ(files.currentIndex(), 1);
     EXPECT_EQ(rig.Shown("LabComboBox"), "|L1");
 }
 
@@ -87,36 +82,26 @@ TEST(Form1Header, GoesThroughItsValuesInTheOrderOfTheForm) {
         rig.Enter(rig.Focus(), date ? "010220050304" : typed[field]);
         rig.Type("\t");
     }
-    EXPECT_EQ(rig.Focus(), "Button2");
-    for (int number = 1; number <= SampleHeader::kCount; ++number) {
-        EXPECT_EQ(rig.Stored(0, HeaderFieldAt(number)), typed[HeaderFieldAt(number)]) << number;
-    }
-    EXPECT_TRUE(rig.log.shown.empty());
+    EXPECT_EQ(rig.Samples()[0].Header.Values(), typed.Values());
 }
 
 TEST(Form1Header, HoldsTheUserAtAWrongDate) {
-    const char* const keys[] = {"\t", "&x", "&p", "\33"};
-    const char* const clicked[] = {"Edit1", "MaskEdit2", "ZOVComboBox", "OkButton", "PrintButton"};
-    std::vector<std::function<void(HeaderRig&)>> ways = {
-        [](HeaderRig& rig) { rig.dialog.close(); }};
-    for (const char* const key : keys) {
-        ways.emplace_back([key](HeaderRig& rig) { rig.Type(key); });
-    }
-    for (const char* const control : clicked) {
-        ways.emplace_back([control](HeaderRig& rig) { rig.Click(control); });
-    }
-    for (std::size_t way = 0; way < ways.size(); ++way) {
+    // Keys, controls to click, and the close box.
+    for (const std::string way : {"\t", "&p", "\33", "Edit1", "ZOVComboBox", "OkButton", ""}) {
         SCOPED_TRACE(way);
         HeaderRig rig;
         rig.Get("MaskEdit1").setFocus();
         rig.Use("\t", "", "MaskEdit2");
         EXPECT_EQ(rig.Stored(0, HeaderField::kDateReceived), "") << "left empty";
         rig.Enter("MaskEdit1", "023020051010");
-        ways[way](rig);
+        if (way.empty()) {
+            rig.dialog.close();
+        } else {
+            way.size() < 3 ? rig.Type(way) : rig.Click(way);
+        }
         rig.Use("", "The entry is not a correct date.", "MaskEdit1");
         EXPECT_EQ(rig.Stored(0, HeaderField::kDateReceived), "");
-        EXPECT_TRUE(rig.dialog.isVisible());
-        EXPECT_TRUE(rig.sink.jobs.empty());
+        EXPECT_TRUE(rig.dialog.isVisible() && rig.sink.jobs.empty());
 
         rig.Enter("MaskEdit1", "022820051010\t");
         EXPECT_EQ(rig.Stored(0, HeaderField::kDateReceived), "02/28/2005 10:10");
@@ -155,9 +140,7 @@ TEST(Form1Header, KeepsTheLaboratorysValuesInTwoFiles) {
         press(write, header);
         EXPECT_EQ(rig.Read("DefaultInfo.txt"), lines);
         press(read, others);
-        for (int number = 1; number <= SampleHeader::kCount; ++number) {
-            EXPECT_EQ(rig.Stored(0, HeaderFieldAt(number)), header[HeaderFieldAt(number)]) << read;
-        }
+        EXPECT_EQ(rig.Samples()[0].Header.Values(), header.Values()) << read;
         if (write == std::string("Button1")) {
             EXPECT_EQ(rig.chooser.saved.at(0).kind, SaveKind::kLaboratoryFile);
             EXPECT_EQ(rig.chooser.saved.at(0).directory, "/texts");
@@ -167,34 +150,27 @@ TEST(Form1Header, KeepsTheLaboratorysValuesInTwoFiles) {
 }
 
 TEST(Form1Header, PrintsTheSampleShownOnTheFormOfItsMode) {
-    const std::tuple<const char*, const char*, const char*, const char*, const char*> cases[] = {
-        {"^1", "Form 1 Header", "Edit7", "", "Form 1 VBLK01"},
-        {"^t", "Form 1 TIC Header", "Edit1", "Tentatively Identified Compound Input",
-         "Form 1 TIC VBLK01"}};
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {"^1", "Edit7", "Form 1 VBLK01"}, {"^t", "Edit1", "Form 1 TIC VBLK01"}};
     HeaderRig rig;
     rig.Samples()[0].TicList.emplace(1);
     rig.form.SetPendingFocus(HeaderField::kSdgNo);
-    for (const auto& [key, title, wanted, tics, job] : cases) {
+    for (const auto& [key, wanted, job] : cases) {
         rig.dialog.close();
         rig.Open(key);
-        EXPECT_EQ(rig.dialog.windowTitle().toStdString(), title);
         EXPECT_EQ(rig.Focus(), wanted);
-        EXPECT_EQ(rig.Opened([&] { rig.Get<QAbstractButton>("EnterButton").click(); }), tics);
+        rig.Opened([&] { rig.Get<QAbstractButton>("EnterButton").click(); });
         rig.Face(rig.dialog);
         rig.Enter("Edit2", "C-99\r");
         EXPECT_TRUE(rig.dialog.isVisible()) << "Enter is for buttons";
         rig.Type("&p");
         EXPECT_EQ(rig.sink.jobs.back().title, job);
-        const JobPage& page = rig.sink.jobs.back().pages[0];
-        EXPECT_TRUE(HasText(page, "C-99"));
+        EXPECT_TRUE(HasText(rig.sink.jobs.back().pages[0], "C-99"));
         rig.Click("Button5");
     }
     EXPECT_EQ(rig.sink.jobs.size(), 2U);
     EXPECT_EQ(rig.setups, 1);
     EXPECT_THAT(rig.topics, testing::ElementsAre(110, 420, 120));
-    rig.Get("OkButton").setFocus();
-    rig.Type("\r");
-    EXPECT_FALSE(rig.dialog.isVisible());
 }
 
 }  // namespace

@@ -11,9 +11,7 @@ const char* const kTimeMask = "!90:00;1;_";
 
 TEST(MaskEdit, TakesTextsAndGivesThemBackAsLongAsTheMask) {
     const std::tuple<const char*, const char*, const char*> cases[] = {
-        {kDateTimeMask, "", "  /  /       :  "},
         {kDateTimeMask, "/  /       :", "  /  /       :  "},
-        {kDateTimeMask, "1/ 2/2005  9:05", " 1/ 2/2005  9:05"},
         {kDateTimeMask, "1 /2 /2005 9 :05", " 1/ 2/2005  9:05"},
         {kDateTimeMask, "1/2/2005 9:05", "01/02/2005 09:05"},
         {kDateTimeMask, "1/2/05 2:05:30 PM", "01/02/2005 14:05"},

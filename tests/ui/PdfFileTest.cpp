@@ -32,19 +32,6 @@ TEST(RenderPdf, TextsCanBeFoundInASubsetOfTheOneTypeface) {
     EXPECT_LT(pdf.size(), 60000U);
 }
 
-TEST(RenderPdf, InchesAreInches) {
-    const TextItem measured = TextAt(0.9, 1.425, "AVAVAVAV");
-    const std::string pdf = Render({JobOf({measured, TextAt(6.75, 10.45, "TQW04.2")})});
-    const std::vector<Word> words = WordsOf(pdf);
-    ASSERT_EQ(words.size(), 2U);
-    EXPECT_NEAR(words[0].left, 0.9, 0.003);
-    EXPECT_NEAR(words[0].top, 1.425, 0.01);
-    EXPECT_NEAR(words[1].left, 6.75, 0.003);
-    EXPECT_NEAR(words[1].top, 10.45, 0.01);
-    EXPECT_NEAR(words[0].right - 0.9, measured.width / double{kResolution}, 0.003)
-        << "as wide as it was measured: not kerned";
-}
-
 TEST(RenderPdf, ACoveredTextCannotBeFound) {
     const std::string pdf = Render({JobOf({TextAt(1, 1, "old"), TextAt(1, 1, "newer"),
                                            TextAt(1, 2, "partly covered"), TextAt(1, 2, "part")})});
@@ -53,8 +40,9 @@ TEST(RenderPdf, ACoveredTextCannotBeFound) {
     EXPECT_THAT(found, testing::AllOf(HasSubstr("newer"), HasSubstr("covered")));
 }
 
-TEST(RenderPdf, PapersAndTurnedPagesMixInOneDocument) {
-    const PrintJob upright = JobOf({TextAt(0.9, 1, "upright")});
+TEST(RenderPdf, InchesAreInchesOnEveryPaperAndTurnedPage) {
+    const TextItem measured = TextAt(0.9, 1, "AVAVAVAV");
+    const PrintJob upright = JobOf({measured});
     PrintJob turned = JobOf({TextAt(9.5, 1, "turned")}, true);
     turned.pages.push_back(upright.pages.front());
     PrintJob a4 = JobOf({TextAt(0.9, 1, "metric")});
@@ -70,6 +58,10 @@ TEST(RenderPdf, PapersAndTurnedPagesMixInOneDocument) {
         EXPECT_NEAR(word.left, word.text == "turned" ? 9.5 : 0.9, 0.003);
         EXPECT_NEAR(word.top, 1, 0.015);
         EXPECT_GT(word.right - word.left, word.bottom - word.top) << "does not lie level";
+        if (word.text == measured.text) {
+            EXPECT_NEAR(word.right - word.left, measured.width / double{kResolution}, 0.003)
+                << "as wide as it was measured: not kerned";
+        }
     }
 }
 
@@ -85,18 +77,14 @@ TEST(WritePdf, ListsSeveralJobsByFormAndSample) {
         return made;
     };
     std::vector<PrintJob> jobs = {job("Form I", "MW-1", 2),
-                                  job("Form I", "Gr\xC3\xBCn \xCE\xB1", 1), job("TIC", "MW-1", 1),
-                                  job("Form II", "", 2), job("Form IV", "", 1)};
-    jobs[3].pages[0].items.clear();
+                                  job("Form I", "Gr\xC3\xBCn \xCE\xB1", 1), job("Form II", "", 2),
+                                  job("Form IV", "", 1)};
+    jobs[2].pages[0].items.clear();
     ASSERT_EQ(WritePdf(jobs, "Package", file, fonts), std::nullopt);
     const std::string pdf = ReadAll(PathOf(file));
-    EXPECT_EQ(OutlineOf(pdf),
-              "Form I 1 [MW-1 1 Gr\xC3\xBCn \xCE\xB1 3 ]TIC 4 [MW-1 4 ]Form II 6 Form IV 7 ")
+    EXPECT_EQ(OutlineOf(pdf), "Form I 1 [MW-1 1 Gr\xC3\xBCn \xCE\xB1 3 ]Form II 5 Form IV 6 ")
         << "no entry leads to an empty page";
     EXPECT_THAT(pdf, HasSubstr("/PageMode /UseOutlines"));
-    jobs.resize(1);
-    ASSERT_EQ(WritePdf(jobs, "Form 1 MW-1", file, fonts), std::nullopt);
-    EXPECT_EQ(OutlineOf(ReadAll(PathOf(file))), "");
 }
 
 TEST(WritePdf, ReplacesTheFileUnlessThereIsNoPage) {
