@@ -89,8 +89,6 @@ TEST(FilesDlg, StartsEachChoiceWhereItsKindOfFileWasLast) {
         SCOPED_TRACE(button);
         FilesRig rig;
         rig.form.Flags().Form8DataReady = true;
-        rig.Click(button);
-        EXPECT_TRUE(rig.form.Flags().Form8DataReady) << "cancelled";
         rig.chooser.answers = {{"/new/x"}};
         rig.Click(button);
         EXPECT_FALSE(rig.form.Flags().Form8DataReady);

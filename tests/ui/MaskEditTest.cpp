@@ -30,36 +30,28 @@ TEST(MaskEdit, TakesTextsAndGivesThemBackAsLongAsTheMask) {
     }
 }
 
-class MaskEditTyping : public testing::Test, protected WindowUser {
-  protected:
-    MaskEditTyping() {
-        edit_.SetMask(kDateTimeMask);
-        edit_.show();
-        Face(edit_);
-    }
-
-    MaskEdit edit_;
-};
-
-TEST_F(MaskEditTyping, ShortPartsReadAsTheDateThatWasMeant) {
+TEST(MaskEdit, IsTypedInPastedIntoAndErased) {
+    MaskEdit edit;
+    edit.SetMask(kDateTimeMask);
+    edit.show();
+    WindowUser user;
+    user.Face(edit);
     for (const char* typed :
          {"010220050905", "01/02/2005 09:05", "1/2/2005 9:05", " 1 220050905", "1/2/05  09:05"}) {
-        Type("^a\b");
-        Type(typed);
-        EXPECT_EQ(ParseDateTime(edit_.MaskText()), ParseDateTime("01/02/2005 09:05"))
-            << typed << " became " << edit_.MaskText();
+        user.Type("^a\b");
+        user.Type(typed);
+        EXPECT_EQ(ParseDateTime(edit.MaskText()), ParseDateTime("01/02/2005 09:05"))
+            << typed << " became " << edit.MaskText();
     }
-}
-
-TEST_F(MaskEditTyping, PastesADateAndErasesItsPlacesOneByOne) {
-    Paste("  01/02/2005 09:05\n");
-    EXPECT_EQ(edit_.MaskText(), "01/02/2005 09:05");
-    Press(Qt::Key_Delete);
-    Press(Qt::Key_End);
-    Type("\b");
-    EXPECT_EQ(edit_.MaskText(), " 1/02/2005 09: 0");
-    Type("^a\b");
-    EXPECT_EQ(edit_.MaskText(), kEmptyDateTimeMask);
+    user.Type("^a\b");
+    user.Paste("  01/02/2005 09:05\n");
+    EXPECT_EQ(edit.MaskText(), "01/02/2005 09:05");
+    user.Press(Qt::Key_Delete);
+    user.Press(Qt::Key_End);
+    user.Type("\b");
+    EXPECT_EQ(edit.MaskText(), " 1/02/2005 09: 0");
+    user.Type("^a\b");
+    EXPECT_EQ(edit.MaskText(), kEmptyDateTimeMask);
 }
 
 }  // namespace
