@@ -168,7 +168,7 @@ void ParseFlags(std::int32_t count, std::string_view line, std::vector<bool>& fl
 // The text that a field's next value comes back as. A masked entry always holds its literals; those
 // that open a line have lost their blanks.
 std::string TakeText(std::string_view& rest, const EntryField& field) {
-    const std::string text = TakeField(rest);
+    const std::string text(TakeField(rest));
     if (field.Texts.Restored) {
         return field.Texts.Restored(text);
     }

@@ -20,7 +20,7 @@ struct DataFileSection {
         } else if (state == kList) {
             for (std::string list = Trim(line); !list.empty();) {
                 std::string_view rest = list;
-                report.DataFiles.push_back(TakeField(rest));
+                report.DataFiles.emplace_back(TakeField(rest));
                 list = Trim(rest);
             }
             state = kDone;
@@ -46,7 +46,7 @@ CompoundBlock ParseBlock(std::string_view line, char type) {
         block.Amount[level] = TakeField(line);
         TakeField(line);
         TakeField(line);
-        const std::string rf = TakeField(line);
+        const std::string rf(TakeField(line));
         block.RF[level] = level < mask.size() && mask[level] == '1' ? rf : "";
         TakeField(line);
         TakeField(line);

@@ -1,5 +1,7 @@
 #include "data/QuantReport.h"
 
+#include <algorithm>
+#include <array>
 #include <utility>
 
 #include "data/RawDataFile.h"
@@ -13,6 +15,7 @@ namespace {
 constexpr std::string_view kTableHead = "compound#";
 
 // Fields of a row of the compound table, from 1. The CAS number is the last one.
+constexpr int kNameField = 2;
 constexpr int kConcentrationField = 3;
 constexpr int kQualifierField = 6;
 
@@ -66,23 +69,24 @@ void ReadHeaderLine(std::string_view line, QuantReport& report) {
     }
 }
 
-CompoundRow ReadCompoundRow(const std::string& line) {
+CompoundRow ReadCompoundRow(std::string_view line) {
+    const auto cells = static_cast<int>(std::ranges::count(line, ';')) + 1;
+    // From 1. On purpose: of a row that is cut short its last field is looked at.
+    std::array<std::string_view, kQualifierField + 1> fields;
     std::string_view rest = line;
-    const auto take = [&rest] {
-        return std::string(FirstCharacters(TakeField(rest), kMaxCellLength));
+    for (int k = 1; k <= kQualifierField; ++k) {
+        fields[k] = k <= cells ? TakeField(rest) : fields[k - 1];
+    }
+    const auto cell = [&](int k) {
+        return k <= cells ? FirstCharacters(fields[k], kMaxCellLength) : "";
     };
     CompoundRow row;
-    TakeField(rest);
-    row.Name = take();
-    row.Concentration = take();
-    TakeField(rest);
-    TakeField(rest);
-    row.Qualifier = take();
-    const std::string_view last = std::string_view(line).substr(line.rfind(';') + 1);
-    row.CasNumber = FirstCharacters(Trim(last), kMaxCellLength);
-    // On purpose: of a row that is cut short its last field is looked at.
-    row.Found = !GetField(line, kConcentrationField).starts_with('U') &&
-                !Contains(GetField(line, kQualifierField), "J");
+    row.Name = cell(kNameField);
+    row.Concentration = cell(kConcentrationField);
+    row.Qualifier = cell(kQualifierField);
+    row.CasNumber = FirstCharacters(Trim(line.substr(line.rfind(';') + 1)), kMaxCellLength);
+    row.Found = !Trim(fields[kConcentrationField]).starts_with('U') &&
+                !Contains(fields[kQualifierField], "J");
     return row;
 }
 
@@ -102,7 +106,7 @@ struct SampleSection {
                 ReadHeaderLine(trimmed, report);
             }
         } else if (state == kRows) {
-            if (Trim(line).empty()) {
+            if (IsBlank(line)) {
                 state = kDone;
             } else if (++report.RowCount <= kMaxCompoundRows) {
                 report.Rows.push_back(ReadCompoundRow(line));
@@ -123,7 +127,7 @@ struct MonitoringSection {
         } else if (state == kHeads) {
             state = kRows;
         } else if (state == kRows) {
-            if (Trim(line).empty() || report.Monitoring->size() == kMaxMonitoringCompounds) {
+            if (IsBlank(line) || report.Monitoring->size() == kMaxMonitoringCompounds) {
                 state = kDone;
             } else if (Contains(line, ";")) {
                 std::string_view rest = line;
@@ -142,7 +146,12 @@ struct InternalStandardSection {
 
     void Take(const std::string& line) {
         if (state == kSearching) {
-            if (LowerCase(Trim(CharacterRange(line, 11, 42))) == "internal standard data") {
+            constexpr std::string_view kHeading = "internal standard data";
+            std::string_view range = FirstCharacters(line, 42);
+            range.remove_prefix(FirstCharacters(range, 10).size());
+            const std::size_t start = std::min(range.find_first_of("iI"), range.size());
+            if (IsBlank(range.substr(0, start)) && BeginsWith(range.substr(start), kHeading) &&
+                IsBlank(range.substr(start + kHeading.size()))) {
                 state = kHeads;
             }
         } else if (state == kHeads) {

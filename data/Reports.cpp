@@ -29,7 +29,7 @@ FileContent<Content> Reports::Read(std::string_view name, std::string_view folde
         return {};
     }
     auto& files = std::get<Files<Content>>(files_);
-    const auto known = files.find(*path);
+    const auto known = files.find(path->native());
     if (known != files.end() && known->second.checkedIn == job_) {
         return known->second.content;
     }
@@ -40,9 +40,9 @@ FileContent<Content> Reports::Read(std::string_view name, std::string_view folde
     }
     FileContent<Content> content(ReadFile<Content>(*path), TextOf(path->parent_path()));
     if (content) {
-        files.insert_or_assign(*path, Known<Content>{stamp, job_, content});
+        files.insert_or_assign(path->native(), Known<Content>{stamp, job_, content});
     } else {
-        files.erase(*path);
+        files.erase(path->native());
     }
     return content;
 }

@@ -7,12 +7,12 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <tuple>
+#include <unordered_map>
 #include <utility>
 
 #include "data/CalibrationReport.h"
@@ -66,7 +66,7 @@ class Reports {
         FileContent<Content> content;
     };
     template <typename Content>
-    using Files = std::map<std::filesystem::path, Known<Content>>;
+    using Files = std::unordered_map<std::filesystem::path::string_type, Known<Content>>;
 
     // Absent when the system does not tell.
     static std::optional<Stamp> StampOf(const std::filesystem::path& path);

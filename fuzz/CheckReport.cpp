@@ -9,9 +9,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     laboratory.Put(data, size);
 
     qfr::fuzz::Silence silence;
+    qfr::fuzz::NoDialogs owner;
     qfr::Batch batch;
     qfr::Reports reports;
-    TakeCheckReport(batch, laboratory.Name(), reports, silence);
+    TakeCheckReport(batch, {laboratory.Name()}, reports, silence, owner);
     laboratory.Print({qfr::Form7CCDClick, qfr::Form8ARTClick});
     return 0;
 }

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "app/BatchFile.h"
+#include "data/LoadFiles.h"
 #include "forms/FormHost.h"
 #include "platform/Messages.h"
 
@@ -20,6 +21,12 @@ class Silence : public Messages {
   public:
     void Show(const Message&) override {}
     bool AskYesNo(const Message&) override { return false; }
+};
+
+// A batch without entry dialogs.
+class NoDialogs : public BatchOwner {
+  public:
+    void ResetEntryDialogs() override {}
 };
 
 using FormDriver = void (*)(FormHost& host);

@@ -5,24 +5,15 @@
 #include "forms/Form8Content.h"
 #include "fuzz/Laboratory.h"
 
-namespace {
-
-class NoDialogs : public qfr::BatchOwner {
-  public:
-    void ResetEntryDialogs() override {}
-};
-
-}  // namespace
-
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const qfr::fuzz::Laboratory laboratory("za101.prn");
     laboratory.Put(data, size);
 
     qfr::fuzz::Silence silence;
-    NoDialogs owner;
+    qfr::fuzz::NoDialogs owner;
     qfr::Batch taken;
     qfr::Reports reports;
-    TakeLabBlank(taken, laboratory.Name(), reports, silence, owner);
+    TakeLabBlank(taken, {laboratory.Name()}, reports, silence, owner);
     AddQuantReports(taken, {laboratory.Name()}, reports, silence, owner);
     BuildSampleList(taken, reports);
     laboratory.Print({taken, laboratory.Example().Entries}, {qfr::fuzz::PrintDataSheets});

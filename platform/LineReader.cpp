@@ -15,13 +15,9 @@ namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-// The size in bytes; absent for what is no file. A pipe or a device would be waited for, or never
-// end.
+// The size in bytes; absent for what is no file: a pipe or a device may never end.
 std::optional<std::uintmax_t> FileSize(const std::filesystem::path& file) {
     std::error_code error;
-    if (!std::filesystem::is_regular_file(file, error)) {
-        return std::nullopt;
-    }
     const auto size = std::filesystem::file_size(file, error);
     return error ? std::nullopt : std::optional(size);
 }
@@ -70,9 +66,10 @@ LineReader::LineReader(std::string content) : content_(std::move(content)) {
 }
 
 std::optional<std::string> LineReader::Next() {
-    const std::size_t lineEnd = content_.find('\n', position_);
     auto line = NextPiece(kMaxLineLength);
-    position_ = lineEnd == std::string::npos ? content_.size() : lineEnd + 1;
+    if (line && content_[position_ - 1] != '\n') {
+        position_ = std::min(content_.find('\n', position_), content_.size() - 1) + 1;
+    }
     return line;
 }
 

@@ -107,6 +107,10 @@ std::string TrimRight(std::string_view text) {
     return std::string(text);
 }
 
+bool IsBlank(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char c) { return IsBlank(c); });
+}
+
 std::string Trim(std::string_view text) {
     while (!text.empty() && IsBlank(text.front())) {
         text.remove_prefix(1);
@@ -198,10 +202,10 @@ std::string GetField(std::string_view line, int k) {
     return Trim(line.substr(0, line.find(';')));
 }
 
-std::string TakeField(std::string_view& rest) {
+std::string_view TakeField(std::string_view& rest) {
     const std::string_view field = rest.substr(0, rest.find(';'));
     rest.remove_prefix(std::min(field.size() + 1, rest.size()));
-    return std::string(field);
+    return field;
 }
 
 bool IsUtf8(std::string_view text) {

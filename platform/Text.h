@@ -10,6 +10,8 @@ namespace qfr {
 // The text without leading and trailing blanks and control characters (U+0000 to U+0020).
 std::string Trim(std::string_view text);
 std::string TrimRight(std::string_view text);
+// Whether Trim leaves nothing.
+bool IsBlank(std::string_view text);
 
 // Lower case of ASCII, Latin-1, Latin Extended-A, Greek and Cyrillic letters; the rest stays.
 std::string LowerCase(std::string_view text);
@@ -17,8 +19,7 @@ std::string LowerCase(std::string_view text);
 // At most `count` characters (not bytes) from the front; never cuts inside a character.
 std::string_view FirstCharacters(std::string_view text, std::size_t count);
 
-// Characters `first` (from 1) to `last`; the part of the range that lies beyond the text is
-// missing.
+// Characters `first` (from 1) to `last`; what of them lies beyond the text is missing.
 std::string CharacterRange(std::string_view text, std::size_t first, std::size_t last);
 
 // Whether the text begins with `lowerCasePrefix` when its case is ignored.
@@ -44,7 +45,7 @@ std::string FolderOnly(std::string_view path);
 std::string GetField(std::string_view line, int k);
 
 // The text before the first ";" (all of it without one); that text and its ";" leave `rest`.
-std::string TakeField(std::string_view& rest);
+std::string_view TakeField(std::string_view& rest);
 
 // The text as valid UTF-8: as it stands when it already is, else read as Windows-1252.
 std::string ToUtf8(std::string text);

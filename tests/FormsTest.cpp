@@ -37,12 +37,12 @@ TEST(Forms, TurnThePageWhenItIsFull) {
         int rows;  // samples (with the blank), or compounds
         std::size_t pages;
         const char* said;  // how many pages it says there are
-    } cases[] = {{kForm4, 31, 1, "1"}, {kForm4, 32, 2, "2"},  {kForm4, 62, 3, "3"},
-                 {kForm5, 21, 1, "1"}, {kForm5, 22, 1, "2"},  {kForm5, 44, 2, "3"},
-                 {kForm6, 0, 1, "1"},  {kForm6, 26, 1, "1"},  {kForm6, 27, 1, "2"},
-                 {kForm6, 28, 2, "2"}, {kTurned, 26, 1, "2"}, {kTurned, 27, 2, "2"},
-                 {kForm7, 0, 1, "1"},  {kForm7, 26, 1, "1"},  {kForm7, 27, 1, "2"},
-                 {kForm7, 90, 4, "4"}, {kForm8, 22, 1, "1"},  {kForm8, 45, 3, "3"}};
+    } cases[] = {
+        {kForm4, 31, 1, "1"}, {kForm4, 32, 2, "2"}, {kForm4, 62, 3, "3"},  {kForm5, 21, 1, "1"},
+        {kForm5, 22, 1, "2"}, {kForm5, 44, 2, "3"}, {kForm6, 0, 1, "1"},   {kForm6, 26, 1, "1"},
+        {kForm6, 27, 1, "2"}, {kForm6, 28, 2, "2"}, {kTurned, 26, 1, "2"}, {kTurned, 27, 2, "2"},
+        {kForm7, 0, 1, "1"},  {kForm7, 26, 1, "1"}, {kForm7, 27, 1, "2"},  {kForm7, 90, 4, "4"},
+        {kForm8, 22, 1, "1"}, {kForm8, 23, 2, "2"}, {kForm8, 45, 3, "3"},  {kForm5, 23, 2, "2"}};
     for (const auto& [form, rows, pages, said] : cases) {
         CalibratedRun run(form.levels, form.ofSamples ? 1 : rows, form.ofSamples ? rows : 1);
         run.FirstPage(form.driver);
