@@ -147,11 +147,13 @@ struct InternalStandardSection {
     void Take(const std::string& line) {
         if (state == kSearching) {
             constexpr std::string_view kHeading = "internal standard data";
-            std::string_view range = FirstCharacters(line, 42);
-            range.remove_prefix(FirstCharacters(range, 10).size());
-            const std::size_t start = std::min(range.find_first_of("iI"), range.size());
-            if (IsBlank(range.substr(0, start)) && BeginsWith(range.substr(start), kHeading) &&
-                IsBlank(range.substr(start + kHeading.size()))) {
+            std::string_view start = line;
+            start.remove_prefix(FirstCharacters(line, 10).size());
+            while (!start.empty() && IsBlank(start.substr(0, 1))) {
+                start.remove_prefix(1);
+            }
+            if (BeginsWith(start, kHeading) &&
+                LowerCase(Trim(CharacterRange(line, 11, 42))) == kHeading) {
                 state = kHeads;
             }
         } else if (state == kHeads) {

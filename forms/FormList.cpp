@@ -88,8 +88,9 @@ constexpr bool IsWhole(const FormRow& form) {
            hasEntry == (form.printBatch != nullptr) && hasEntry == (form.onShow != nullptr) &&
            hasEntry == (form.onOk != nullptr);
 }
-static_assert(std::ranges::all_of(kRows, IsWhole),
-              "a form without a driver, or with two, or whose entry lacks a rule");
+#ifndef __SANITIZE_ADDRESS__  // under which GCC takes no function's address for a constant
+static_assert(std::ranges::all_of(kRows, IsWhole), "one driver; an entry with both its rules");
+#endif
 
 }  // namespace
 

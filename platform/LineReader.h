@@ -17,8 +17,7 @@ class LineReader {
     static constexpr std::size_t kMaxFileSize = std::size_t{1} << 30;
 
     // Absent when the file does not exist, is a directory, cannot be read or is too large.
-    // The content is UTF-8, or Windows-1252 when it is not valid UTF-8; NUL characters become
-    // blanks.
+    // The content is UTF-8, or Windows-1252 when it is no valid UTF-8; NULs become blanks.
     static std::optional<LineReader> Open(const std::filesystem::path& file);
 
     // As Open, for a file of any size of which nothing behind its first lines is looked at. They
