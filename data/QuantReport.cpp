@@ -15,9 +15,9 @@ namespace {
 constexpr std::string_view kTableHead = "compound#";
 
 // Fields of a row of the compound table, from 1. The CAS number is the last one.
-constexpr int kNameField = 2;
-constexpr int kConcentrationField = 3;
-constexpr int kQualifierField = 6;
+constexpr std::size_t kNameField = 2;
+constexpr std::size_t kConcentrationField = 3;
+constexpr std::size_t kQualifierField = 6;
 
 // What follows the label of a header line; empty when the line has no such label.
 std::string AfterLastColon(std::string_view line) {
@@ -70,14 +70,14 @@ void ReadHeaderLine(std::string_view line, QuantReport& report) {
 }
 
 CompoundRow ReadCompoundRow(std::string_view line) {
-    const auto cells = static_cast<int>(std::ranges::count(line, ';')) + 1;
+    const auto cells = static_cast<std::size_t>(std::ranges::count(line, ';')) + 1;
     // From 1. On purpose: of a row that is cut short its last field is looked at.
     std::array<std::string_view, kQualifierField + 1> fields;
     std::string_view rest = line;
-    for (int k = 1; k <= kQualifierField; ++k) {
+    for (std::size_t k = 1; k <= kQualifierField; ++k) {
         fields[k] = k <= cells ? TakeField(rest) : fields[k - 1];
     }
-    const auto cell = [&](int k) {
+    const auto cell = [&](std::size_t k) {
         return k <= cells ? FirstCharacters(fields[k], kMaxCellLength) : "";
     };
     CompoundRow row;
