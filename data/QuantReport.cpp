@@ -14,6 +14,8 @@ namespace {
 
 constexpr std::string_view kTableHead = "compound#";
 
+constexpr std::size_t kUsualRows = 64;
+
 // Fields of a row of the compound table, from 1. The CAS number is the last one.
 constexpr std::size_t kNameField = 2;
 constexpr std::size_t kConcentrationField = 3;
@@ -101,6 +103,7 @@ struct SampleSection {
         if (state == kHeader) {
             const std::string trimmed = Trim(line);
             if (BeginsWith(trimmed, kTableHead)) {
+                report.Rows.reserve(kUsualRows);
                 state = kRows;
             } else {
                 ReadHeaderLine(trimmed, report);

@@ -14,9 +14,9 @@ namespace fs = std::filesystem;
 namespace {
 
 template <typename Content>
-std::shared_ptr<const Content> ReadFile(const fs::path& path) {
+std::shared_ptr<const Content> ReadFile(const fs::path& path, std::uintmax_t size) {
     auto lines = std::is_same_v<Content, RawDataFile> ? LineReader::OpenHead(path, kRawDataLines)
-                                                      : LineReader::Open(path);
+                                                      : LineReader::Open(path, size);
     return lines ? std::make_shared<const Content>(Content::Read(*std::move(lines))) : nullptr;
 }
 
@@ -34,13 +34,14 @@ FileContent<Content> Reports::Read(std::string_view name, std::string_view folde
         return known->second.content;
     }
     const std::optional<Stamp> stamp = StampOf(*path);
-    if (known != files.end() && stamp && known->second.stamp == stamp) {
+    if (known != files.end() && stamp == known->second.stamp) {
         known->second.checkedIn = job_;
         return known->second.content;
     }
-    FileContent<Content> content(ReadFile<Content>(*path), TextOf(path->parent_path()));
+    auto read = stamp ? ReadFile<Content>(*path, stamp->size) : nullptr;
+    FileContent<Content> content(std::move(read), TextOf(path->parent_path()));
     if (content) {
-        files.insert_or_assign(path->native(), Known<Content>{stamp, job_, content});
+        files.insert_or_assign(path->native(), Known<Content>{*stamp, job_, content});
     } else {
         files.erase(path->native());
     }

@@ -61,14 +61,14 @@ class Reports {
     };
     template <typename Content>
     struct Known {
-        std::optional<Stamp> stamp;
+        Stamp stamp;
         std::size_t checkedIn = 0;  // the job that last looked at the file on disk
         FileContent<Content> content;
     };
     template <typename Content>
     using Files = std::unordered_map<std::filesystem::path::string_type, Known<Content>>;
 
-    // Absent when the system does not tell.
+    // Absent when it is no file.
     static std::optional<Stamp> StampOf(const std::filesystem::path& path);
 
     FileFinder finder_;

@@ -26,17 +26,14 @@ std::string TemporaryName() {
 // The file that a link stands for, so that the link itself survives; it need not exist.
 fs::path LinkTarget(fs::path path, std::error_code& error) {
     constexpr int kMaxLinks = 40;
-    for (int i = 0; i < kMaxLinks; ++i) {
+    for (int i = 0; i < kMaxLinks && !error; ++i) {
         std::error_code ignored;
         if (!fs::is_symlink(fs::symlink_status(path, ignored))) {
             return path;
         }
         path = path.parent_path() / fs::read_symlink(path, error);
-        if (error) {
-            return path;
-        }
     }
-    error = std::make_error_code(std::errc::too_many_symbolic_link_levels);
+    error = error ? error : std::make_error_code(std::errc::too_many_symbolic_link_levels);
     return path;
 }
 

@@ -1,7 +1,6 @@
 #include "platform/LineReader.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <fstream>
 #include <string_view>
 #include <system_error>
@@ -38,7 +37,11 @@ std::optional<std::string> ReadBytes(const std::filesystem::path& file, std::uin
 
 std::optional<LineReader> LineReader::Open(const std::filesystem::path& file) {
     const auto size = FileSize(file);
-    auto content = size && *size <= kMaxFileSize ? ReadBytes(file, *size) : std::nullopt;
+    return size ? Open(file, *size) : std::nullopt;
+}
+
+std::optional<LineReader> LineReader::Open(const std::filesystem::path& file, std::uintmax_t size) {
+    auto content = size <= kMaxFileSize ? ReadBytes(file, size) : std::nullopt;
     return content ? std::optional<LineReader>(std::in_place, *std::move(content)) : std::nullopt;
 }
 
@@ -58,7 +61,9 @@ std::optional<LineReader> LineReader::OpenHead(const std::filesystem::path& file
 }
 
 LineReader::LineReader(std::string content) : content_(std::move(content)) {
-    std::replace(content_.begin(), content_.end(), '\0', ' ');
+    for (auto at = content_.find('\0'); at != content_.npos; at = content_.find('\0', at)) {
+        content_[at] = ' ';
+    }
     if (content_.starts_with(kByteOrderMark)) {
         content_.erase(0, kByteOrderMark.size());
     }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -19,6 +20,8 @@ class LineReader {
     // Absent when the file does not exist, is a directory, cannot be read or is too large.
     // The content is UTF-8, or Windows-1252 when it is no valid UTF-8; NULs become blanks.
     static std::optional<LineReader> Open(const std::filesystem::path& file);
+    // As Open, for a file of which the size has just been asked (bytes).
+    static std::optional<LineReader> Open(const std::filesystem::path& file, std::uintmax_t size);
 
     // As Open, for a file of any size of which nothing behind its first lines is looked at. They
     // are looked for in the first kMaxHeadSize bytes.

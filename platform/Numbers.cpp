@@ -29,10 +29,7 @@ std::optional<Number> Convert(const std::string& text) {
     Number value{};
     const char* const end = text.data() + text.size();
     const auto [stop, error] = std::from_chars(text.data(), end, value);
-    if (error != std::errc() || stop != end) {
-        return std::nullopt;
-    }
-    return value;
+    return error == std::errc() && stop == end ? std::optional(value) : std::nullopt;
 }
 
 }  // namespace

@@ -182,8 +182,7 @@ bool Contains(std::string_view text, std::string_view part) {
 }
 
 std::string FileNameOnly(std::string_view path) {
-    const std::size_t separator = LastSeparator(path);
-    return std::string(separator == std::string_view::npos ? path : path.substr(separator + 1));
+    return std::string(path.substr(LastSeparator(path) + 1));  // npos + 1 is 0
 }
 
 std::string FolderOnly(std::string_view path) {

@@ -65,17 +65,16 @@ class DropDown : public QAccessibleWidget {
 
 // The toolkit asks for each class of an object, the derived ones first, and owns what it gets.
 QAccessibleInterface* MakeInterface(const QString& className, QObject* object) {
-    auto* const box = qobject_cast<QComboBox*>(object);
-    if (box != nullptr) {
+    if (auto* const box = qobject_cast<QComboBox*>(object)) {
         QObject::connect(box, &QComboBox::currentTextChanged, box, [box] {
             QAccessibleEvent changed(box, QAccessible::DescriptionChanged);
             QAccessible::updateAccessibility(&changed);
         });
         return new DropDown(*box);
     }
-    auto* const widget = qobject_cast<QWidget*>(object);
-    if (widget != nullptr && widget->isWindow() && className == "QWidget") {
-        // A window of no class of its own would be taken for a group of controls.
+    // A window of no class of its own would be taken for a group of controls.
+    if (auto* const widget = qobject_cast<QWidget*>(object);
+        widget != nullptr && widget->isWindow() && className == "QWidget") {
         return new QAccessibleWidget(widget, QAccessible::Window);
     }
     return nullptr;
