@@ -8,7 +8,7 @@ HeadlessHost::HeadlessHost(SavedBatch saved, TextMetrics& metrics, Messages& mes
     : saved_(std::move(saved)),
       messages_(messages),
       printer_(metrics, *this),
-      page_(printer_, [] {}) {}
+      page_(printer_, [] { return true; }) {}
 
 bool HeadlessHost::AskYesNo(const Message& question) {
     messages_.Show(question);

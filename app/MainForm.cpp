@@ -73,7 +73,7 @@ TQFRForm::TQFRForm(const DesktopServices& services)
       page_(printer_,
             [this] {
                 const AskingCursor asking;
-                services_.ShowPrinterSetup(printer_);
+                return services_.ShowPrinterSetup(printer_);
             }),
       filesDlg_(std::make_unique<TFilesDlg>(*this, *this, *this)),
       form1Header_(std::make_unique<TForm1Header>(*this, *this)),

@@ -34,8 +34,8 @@ struct DesktopServices {
     JobSink& Sink;
     PackageSink& Packages;
     const SettingsDir& Settings;
-    // Lets the user change printer and paper; fills the printer's list first.
-    std::function<void(TPrinter&)> ShowPrinterSetup;
+    // Lets the user change printer and paper; fills the printer's list first. False: he cancelled.
+    std::function<bool(TPrinter&)> ShowPrinterSetup;
     // Ends the program.
     std::function<void()> Quit;
     // Opens the help file at a context number; false when there is no such file.

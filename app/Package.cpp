@@ -81,9 +81,7 @@ PackageOutcome PrintPackage(FormHost& program, TextMetrics& metrics,
     HeadlessHost host({program.Batch(), program.Entries()}, metrics, messages);
     host.Flags() = program.Flags();
     host.LevelCount() = program.LevelCount();
-    const TPrinter& chosen = program.Page().Printer();
-    host.Page().Printer().PaperSize = chosen.PaperSize;
-    host.Page().Printer().Orientation = chosen.Orientation;
+    host.Page().Printer().PaperSize = program.Page().Printer().PaperSize;
 
     PackageOutcome outcome;
     for (std::size_t i = 0; i < dueJobs.size() && !outcome.failed; ++i) {

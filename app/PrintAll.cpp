@@ -217,7 +217,9 @@ void PrintAll(TQFRForm& window, TextMetrics& metrics, PackageSink& sink) {
     if (dialog.exec() != QDialog::Accepted) {
         return;
     }
-    page.testPrinter();
+    if (!page.testPrinter()) {
+        return;
+    }
     const std::unique_ptr<JobPackage> package =
         sink.BeginPackage(page.Printer().PrinterIndex, PackageTitle(batch));
     if (!package) {

@@ -59,7 +59,8 @@ int main(int argc, char** argv) {
         .ShowPrinterSetup =
             [&sink](qfr::TPrinter& printer) {
                 printer.Printers = sink.Printers();
-                qfr::PrinterSetupDialog(printer, QApplication::activeWindow()).exec();
+                return qfr::PrinterSetupDialog(printer, QApplication::activeWindow()).exec() ==
+                       QDialog::Accepted;
             },
         .Quit = [] { QCoreApplication::exit(0); },
         .OpenHelp = [&help](int topic) { return help.Open(topic); },

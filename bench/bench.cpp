@@ -139,7 +139,7 @@ class BenchHost : public FormHost {
     QtTextMetrics metrics_;
     KeepJob sink_;
     TPrinter printer_{metrics_, sink_};
-    qfr::Page page_{printer_, [] {}};
+    qfr::Page page_{printer_, [] { return true; }};
     qfr::Batch batch_;
     qfr::Entries entries_;
     BatchFlags flags_;

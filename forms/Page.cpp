@@ -22,17 +22,19 @@ void Page::SetupPage() {
     Canvas().Font.Size = 10;
 }
 
-void Page::getPrinter() {
-    showPrinterSetup_();
+bool Page::getPrinter() {
+    const bool accepted = showPrinterSetup_();
     SetupPage();
     PrinterChosen = true;
     ChosenPrinterIndex = printer_.PrinterIndex;
+    return accepted;
 }
 
-void Page::testPrinter() {
+bool Page::testPrinter() {
     if (!PrinterChosen || printer_.PrinterIndex != ChosenPrinterIndex) {
-        getPrinter();
+        PrinterChosen = getPrinter();
     }
+    return PrinterChosen;
 }
 
 void Page::MoveToInch(double x, double y) {

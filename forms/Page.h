@@ -60,8 +60,8 @@ struct ColumnHead {
 
 class Page {
   public:
-    // `showPrinterSetup` lets the user change printer and paper.
-    Page(TPrinter& printer, std::function<void()> showPrinterSetup)
+    // `showPrinterSetup` lets the user change printer and paper; false: he cancelled it.
+    Page(TPrinter& printer, std::function<bool()> showPrinterSetup)
         : printer_(printer), showPrinterSetup_(std::move(showPrinterSetup)) {}
 
     std::int32_t HorzScale = 0;  // pixels per inch across the page
@@ -77,9 +77,12 @@ class Page {
 
     // Takes the scales from the printer's page and sets the forms' pen and font.
     void SetupPage();
-    void getPrinter();
-    // Makes sure that a printer was chosen.
-    void testPrinter();
+    // Shows the printer setup. False: the user cancelled it; the printer of before then counts as
+    // chosen.
+    bool getPrinter();
+    // Makes sure that a printer was chosen. False: the user cancelled the setup that this took, so
+    // that nothing is to be printed; the next job asks again.
+    bool testPrinter();
 
     void MoveToInch(double x, double y);
     void LineToInch(double x, double y);
@@ -139,27 +142,30 @@ class Page {
 
     // One print job: makes sure that there is a printer, and prints page after page until
     // `printPage` says that one was the last; it moves `row` (from 0) behind the rows that it
-    // printed. Turned paper is landscape, and portrait again at the end.
+    // printed. Turned paper is landscape; every other form is portrait, and so is the printer at
+    // the end.
     template <typename Content>
     void PrintDocument(const std::string& title, const Content& content,
                        bool (*printPage)(Page& page, const Content& content, std::size_t& row),
                        bool turned = false) {
-        testPrinter();
-        printer_.Orientation = turned ? PageOrientation::kLandscape : printer_.Orientation;
+        if (!testPrinter()) {
+            return;
+        }
+        printer_.Orientation = turned ? PageOrientation::kLandscape : PageOrientation::kPortrait;
         printer_.Title = title;
         printer_.BeginDoc();
         for (std::size_t row = 0; !printPage(*this, content, row);) {
             printer_.NewPage();
         }
         printer_.EndDoc();
-        printer_.Orientation = turned ? PageOrientation::kPortrait : printer_.Orientation;
+        printer_.Orientation = PageOrientation::kPortrait;
     }
 
   private:
     void PrintUnit(std::string_view unit, double x, double y, UnitLevel level);
 
     TPrinter& printer_;
-    std::function<void()> showPrinterSetup_;
+    std::function<bool()> showPrinterSetup_;
 };
 
 }  // namespace qfr

@@ -72,7 +72,11 @@ class ScriptedHost : public FormHost {
     JobLog sink;
     TPrinter printer{metrics, sink};
     int printerSetups = 0;
-    qfr::Page page{printer, [this] { ++printerSetups; }};
+    bool chooses = true;  // does not cancel the printer setup
+    qfr::Page page{printer, [this] {
+                       ++printerSetups;
+                       return chooses;
+                   }};
     qfr::Batch batch;
     qfr::Entries entries;
     BatchFlags flags;

@@ -143,6 +143,7 @@ TEST(Form6, MoreThanFiveLevelsTurnThePage) {
         CalibratedRun run(levels, 1);
         // What an earlier calibration of more levels left behind.
         run.host.entries.InitialCalibration.LabFileIds.fill("OLD.D");
+        run.host.printer.Orientation = PageOrientation::kLandscape;  // no form's choice
         const JobPage& page = run.FirstPage(Form6CIDClick);
         EXPECT_EQ(page.orientation == PageOrientation::kLandscape, levels > 5);
         EXPECT_FALSE(HasText(page, "old") || HasText(page, "OLD.D"));
@@ -153,6 +154,10 @@ TEST(Form6, MoreThanFiveLevelsTurnThePage) {
     EXPECT_THAT(bad.Run(Form6CIDClick), ElementsAre("Calibration File Error"));
     EXPECT_THAT(bad.host.sink.jobs, IsEmpty()) << "the job is dropped";
     EXPECT_EQ(bad.host.printer.Orientation, PageOrientation::kPortrait);
+    CalibratedRun cancelled(1, 1);
+    cancelled.host.page.PrinterChosen = cancelled.host.chooses = false;
+    EXPECT_THAT(cancelled.Run(Form6CIDClick), IsEmpty());
+    EXPECT_THAT(cancelled.host.sink.begun, IsEmpty()) << "with the printer setup";
 }
 
 // Of one compound the check report knows no numbers, and one it lacks.

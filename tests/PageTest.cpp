@@ -19,12 +19,15 @@ TEST(Page, ScalesFollowThePaper) {
 
 TEST(Page, AsksForThePrinterOnceAndAgainWhenItChanged) {
     ScriptedHost host;
-    host.page.testPrinter();
+    EXPECT_TRUE(host.page.testPrinter());
     EXPECT_EQ(host.printerSetups, 1);
     host.printer.PrinterIndex = 2;
-    host.page.testPrinter();
-    host.page.testPrinter();
-    EXPECT_EQ(host.printerSetups, 2);
+    host.chooses = false;
+    EXPECT_FALSE(host.page.testPrinter() || host.page.testPrinter());
+    EXPECT_EQ(host.printerSetups, 3) << "cancelled, it comes up again";
+    host.chooses = true;
+    EXPECT_TRUE(host.page.testPrinter() && host.page.testPrinter());
+    EXPECT_EQ(host.printerSetups, 4);
 }
 
 TEST(Page, SplitsNamesAfterHyphensOnly) {

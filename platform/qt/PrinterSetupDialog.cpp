@@ -4,8 +4,6 @@
 
 #include <QDialogButtonBox>
 #include <QFormLayout>
-#include <QGroupBox>
-#include <QHBoxLayout>
 #include <QPushButton>
 
 #include "platform/WindowServices.h"
@@ -32,8 +30,7 @@ PrinterSetupDialog::PrinterSetupDialog(TPrinter& printer, QWidget* parent)
       printer_(printer),
       papers_(Papers(printer.PaperSize)),
       printerCombo_(new QComboBox(this)),
-      paperCombo_(new QComboBox(this)),
-      landscapeButton_(new QRadioButton("&Landscape")) {
+      paperCombo_(new QComboBox(this)) {
     setWindowTitle("Printer Setup");
     setProperty(kHelpTopicProperty, kPrintingHelpTopic);
 
@@ -53,18 +50,6 @@ PrinterSetupDialog::PrinterSetupDialog(TPrinter& printer, QWidget* parent)
     const auto current = std::find(papers_.begin(), papers_.end(), printer_.PaperSize);
     paperCombo_->setCurrentIndex(static_cast<int>(current - papers_.begin()));
 
-    auto* const orientation = new QGroupBox("Orientation", this);
-    auto* const portraitButton = new QRadioButton("Po&rtrait", orientation);
-    portraitButton->setObjectName("PortraitButton");
-    landscapeButton_->setParent(orientation);
-    landscapeButton_->setObjectName("LandscapeButton");
-    (printer_.Orientation == PageOrientation::kLandscape ? landscapeButton_ : portraitButton)
-        ->setChecked(true);
-    auto* const orientationRow = new QHBoxLayout(orientation);
-    orientationRow->addWidget(portraitButton);
-    orientationRow->addWidget(landscapeButton_);
-    orientationRow->addStretch();
-
     auto* const buttons =
         new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     buttons->button(QDialogButtonBox::Ok)->setObjectName("OkButton");
@@ -79,7 +64,6 @@ PrinterSetupDialog::PrinterSetupDialog(TPrinter& printer, QWidget* parent)
     rows->addRow("P&aper:", paperCombo_);
     auto* const layout = new QVBoxLayout(this);
     layout->addLayout(rows);
-    layout->addWidget(orientation);
     layout->addStretch();
     layout->addWidget(buttons);
     printerCombo_->setFocus();
@@ -88,8 +72,6 @@ PrinterSetupDialog::PrinterSetupDialog(TPrinter& printer, QWidget* parent)
 void PrinterSetupDialog::accept() {
     printer_.PrinterIndex = std::max(0, printerCombo_->currentIndex());
     printer_.PaperSize = papers_[static_cast<std::size_t>(paperCombo_->currentIndex())];
-    printer_.Orientation =
-        landscapeButton_->isChecked() ? PageOrientation::kLandscape : PageOrientation::kPortrait;
     QDialog::accept();
 }
 

@@ -1,11 +1,11 @@
-// "Printer Setup": printer, paper and orientation of the coming jobs.
+// "Printer Setup": printer and paper of the coming jobs. Each form turns the paper as it
+// needs it.
 #pragma once
 
 #include <vector>
 
 #include <QComboBox>
 #include <QDialog>
-#include <QRadioButton>
 
 #include "platform/Printer.h"
 
@@ -25,7 +25,6 @@ class PrinterSetupDialog : public QDialog {
     std::vector<Paper> papers_;  // in the order of the list
     QComboBox* printerCombo_;
     QComboBox* paperCombo_;
-    QRadioButton* landscapeButton_;
 };
 
 }  // namespace qfr

@@ -70,6 +70,10 @@ TEST(PrintAll, PrintsWhatIsCheckedByKeyboardAndListsRefusalsAtTheEnd) {
 TEST(PrintAll, CanBeCancelledBetweenJobs) {
     PrintAllRig rig;
     rig.form.RestoreFile(Example("example.qff"));
+    rig.chooses = false;
+    rig.PrintAll("\r");
+    EXPECT_TRUE(rig.sink.begun.empty()) << "the printer setup was cancelled";
+    rig.chooses = true;
     rig.sink.onTake = [&] {
         if (rig.sink.jobs.size() == 1) {
             ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activeModalWidget(); }));

@@ -88,6 +88,7 @@ struct WindowRig : WindowUser {
     SettingsDir settings{dir.Path(), dir.Path()};
     int quits = 0;
     int setups = 0;
+    bool chooses = true;  // does not cancel the printer setup
     std::vector<int> topics;
     TQFRForm form{{.Messages = log,
                    .Chooser = chooser,
@@ -95,7 +96,11 @@ struct WindowRig : WindowUser {
                    .Sink = sink,
                    .Packages = sink,
                    .Settings = settings,
-                   .ShowPrinterSetup = [this](TPrinter&) { ++setups; },
+                   .ShowPrinterSetup =
+                       [this](TPrinter&) {
+                           ++setups;
+                           return chooses;
+                       },
                    .Quit = [this] { ++quits; },
                    .OpenHelp = [this](int topic) { return OpenHelp(topic); }}};
 };
