@@ -49,6 +49,12 @@ std::optional<std::vector<std::string>> ReadLaboratoryFile(const std::filesystem
     return ReadValues(file, kLaboratoryFields.size(), &LineReader::NextOrEmpty);
 }
 
+Message CouldNotReadValues() {
+    return {.text = "Can't perform one of the following file operations: Open, Seek, Read, Close",
+            .title = "FileError",
+            .offerCancel = true};
+}
+
 std::optional<std::string> WriteValueLines(const std::filesystem::path& file,
                                            const std::vector<std::string>& values) {
     std::string content;

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "data/Batch.h"
+#include "platform/Messages.h"
 
 namespace qfr {
 
@@ -32,6 +33,9 @@ std::optional<std::vector<std::string>> ReadDefaultsFile(const std::filesystem::
 
 // The lines of a laboratory file, as they stand, at most 7. Absent when it cannot be opened.
 std::optional<std::vector<std::string>> ReadLaboratoryFile(const std::filesystem::path& file);
+
+// What is said of a file of values that cannot be read to its end.
+Message CouldNotReadValues();
 
 // One value a line. The result is the reason of a failure, absent on success.
 std::optional<std::string> WriteValueLines(const std::filesystem::path& file,

@@ -232,8 +232,14 @@ void TForm1Header::SaveAll() {
     }
 }
 
-void TForm1Header::OnDateExit(MaskEdit* date) {
+// The laboratory may know the day only on which it has received a sample.
+std::string TForm1Header::TextOfDate(const MaskEdit* date) const {
     const std::string text = date->MaskText();
+    return date == ControlOf(HeaderField::kDateReceived) ? WithoutUnfilledTime(text) : text;
+}
+
+void TForm1Header::OnDateExit(MaskEdit* date) {
+    const std::string text = TextOfDate(date);
     if (!IsDateTimeOrUnfilled(text)) {
         RefuseDate(date);
     } else if (!IsUnfilled(text)) {
@@ -247,7 +253,7 @@ bool TForm1Header::DateRefused() {
         return true;
     }
     auto* const date = qobject_cast<MaskEdit*>(focusWidget());
-    if (date == nullptr || IsDateTimeOrUnfilled(date->MaskText())) {
+    if (date == nullptr || IsDateTimeOrUnfilled(TextOfDate(date))) {
         return false;
     }
     RefuseDate(date);
@@ -361,7 +367,10 @@ void TForm1Header::Button1Click() {
 
 void TForm1Header::Button2Click() {
     if (const auto chosen = services_.ChooseFiles(FileKind::kText, false)) {
-        TakeTexts(kLaboratoryFields, ReadLaboratoryFile(PathOf(chosen->files.front())));
+        const auto texts = ReadLaboratoryFile(PathOf(chosen->files.front()));
+        if (!TakeTexts(kLaboratoryFields, texts)) {
+            host_.Show(CouldNotReadValues());
+        }
     }
 }
 
@@ -372,7 +381,10 @@ void TForm1Header::Button3Click() {
 }
 
 void TForm1Header::Button4Click() {
-    TakeTexts(kDefaultsFields, ReadDefaultsFile(services_.Settings().ForReading(kDefaultsFile)));
+    const auto texts = ReadDefaultsFile(services_.Settings().ForReading(kDefaultsFile));
+    if (!TakeTexts(kDefaultsFields, texts) || texts->size() < kDefaultsFields.size()) {
+        host_.Show(CouldNotReadValues());
+    }
 }
 
 void TForm1Header::Button5Click() {
@@ -386,7 +398,9 @@ void TForm1Header::PrintButtonClick() {
     }
     const WaitCursor wait;
     host_.BeginRun();
-    host_.Page().testPrinter();
+    if (!host_.Page().testPrinter()) {
+        return;
+    }
     if (ui_->EnterButton->isEnabled()) {
         PrintFormITic(host_, currentRecord_);
     } else {
@@ -410,7 +424,7 @@ QWidget* TForm1Header::ControlOf(HeaderField field) const {
 std::string TForm1Header::TextOfField(HeaderField field) const {
     const QWidget* const control = ControlOf(field);
     if (const auto* const date = qobject_cast<const MaskEdit*>(control)) {
-        return date->MaskText();
+        return TextOfDate(date);
     }
     if (const auto* const box = qobject_cast<const QComboBox*>(control)) {
         return EnteredText(box->currentText().toStdString());
@@ -437,18 +451,12 @@ std::vector<std::string> TForm1Header::TextsOf(std::span<const HeaderField> fiel
     return texts;
 }
 
-void TForm1Header::TakeTexts(std::span<const HeaderField> fields,
+bool TForm1Header::TakeTexts(std::span<const HeaderField> fields,
                              const std::optional<std::vector<std::string>>& texts) {
-    if (!texts) {
-        host_.Show({.text = "Can't perform one of the following file operations: Open, Seek, Read, "
-                            "Close",
-                    .title = "FileError",
-                    .offerCancel = true});
-        return;
-    }
-    for (std::size_t i = 0; i < fields.size() && i < texts->size(); ++i) {
+    for (std::size_t i = 0; texts && i < fields.size() && i < texts->size(); ++i) {
         SetTextOfField(fields[i], (*texts)[i]);
     }
+    return texts.has_value();
 }
 
 }  // namespace qfr

@@ -11,6 +11,8 @@ SampleHeader PrintedHeader(const SampleHeader& header) {
     for (int number = 1; number <= SampleHeader::kCount; ++number) {
         printed[HeaderFieldAt(number)] = PrintableDate(header[HeaderFieldAt(number)]);
     }
+    std::string& received = printed[HeaderField::kDateReceived];
+    received = WithoutUnfilledTime(received);
     return printed;
 }
 

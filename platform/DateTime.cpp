@@ -134,6 +134,15 @@ std::string OrEmptyMask(std::string_view text, std::string_view emptyMask) {
     return std::string(IsUnfilled(text) ? emptyMask : text);
 }
 
+std::string WithoutUnfilledTime(std::string_view text) {
+    std::string date = Trim(text);
+    if (!date.ends_with(':')) {
+        return std::string(text);
+    }
+    date = TrimRight(date.substr(0, date.size() - 1));
+    return IsDateTimeText(date) ? date : std::string(text);
+}
+
 std::string PrintableDate(std::string_view text) {
     return std::string(IsEmptyMask(text) ? "" : text);
 }

@@ -46,6 +46,9 @@ bool IsDateTimeOrUnfilled(std::string_view text);
 // The text, or else the whole empty mask: one that a file holds may have lost its blanks.
 std::string OrEmptyMask(std::string_view text, std::string_view emptyMask);
 
+// The date of a date and time whose time nobody has filled in; any other text as it stands.
+std::string WithoutUnfilledTime(std::string_view text);
+
 // The text as the forms print it: an empty mask prints as nothing.
 std::string PrintableDate(std::string_view text);
 

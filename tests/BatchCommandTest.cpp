@@ -202,7 +202,7 @@ TEST_F(BatchCommand, TakesSeveralBatches) {
 }
 
 TEST_F(BatchCommand, LoadsABatchThatRestores) {
-    dir_.Write("Defaults.txt", "Lab\nC#1\n\nCase 7\n\n\n\n\n\n\nonly for soil\n");
+    dir_.Write("Defaults.txt", "Lab\nC#1\n\nCase 7\n\n\n\n\n\n\nonly for soil\n\n\n");
     Report("Sub/Z.PRN", "Z");
     EXPECT_EQ(Run("load -o x.qff --defaults Defaults.txt --check day.check --cal day.cal --blank "
                   "blank.prn Sub/../Sub/Z.PRN a.prn ./a.prn"),
@@ -225,13 +225,17 @@ TEST_F(BatchCommand, LoadsABatchThatRestores) {
 TEST_F(BatchCommand, LoadsTheRestOfRejectedFiles) {
     dir_.Write("old.prn", "Quantitation Report Version 4.1\n");
     dir_.Write("a;b.prn", "Quantitation Report Version 4.1\n");
+    dir_.Write("short.txt", std::string(12, '\n'));
     fs::create_directory("folder");
-    EXPECT_EQ(Run("load --cal day.cal a.prn no.prn old.prn folder -o x.qff --check old.prn"),
+    EXPECT_EQ(Run("load --cal day.cal a.prn no.prn old.prn folder -o x.qff --check old.prn "
+                  "--defaults short.txt"),
               "qfrbatch: no.prn could not be found\n"
               "qfrbatch: folder could not be read\n"
               "File Error: The version # must be 4.2 for old.prn. The file will not be processed.\n"
               "File Error: old.prn does not appear to be a check calibration file. The file will "
               "not be processed.\n"
+              "FileError: Can't perform one of the following file operations: Open, Seek, Read, "
+              "Close\n"
               "qfrbatch: x.qff has no lab blank and cannot be restored\n"
               "qfrbatch: x.qff has no check report and cannot be restored\n[1]");
     EXPECT_THAT(ReadAll("x.qff"), HasSubstr("\n1\n" + Stored("a.prn") + "\n"));

@@ -105,6 +105,11 @@ TEST(DateTime, ReadsWhatReportsAndMasksHold) {
         EXPECT_TRUE(IsEmptyMask(" " + std::string(mask)) && !IsEmptyMask(""));
     }
     EXPECT_EQ(PrintableDate("05/12/2005   :  "), "05/12/2005   :  ");
+    EXPECT_EQ(Joined({"05/12/2005   :  ", "05/12/2005 :", "05/12/2005  8:  ", "  /  /       :  ",
+                      "02/30/2005   :  ", "05/12/2005 08:30"},
+                     WithoutUnfilledTime),
+              "05/12/2005|05/12/2005|05/12/2005  8:  |  /  /       :  |02/30/2005   :  |"
+              "05/12/2005 08:30");
 }
 
 }  // namespace

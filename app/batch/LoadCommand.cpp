@@ -85,6 +85,9 @@ Batch LoadBatch(const Arguments& arguments, Context& context) {
     std::vector<std::string> defaults;
     for (const std::string& path : pathOf(arguments.Defaults)) {
         defaults = ReadDefaultsFile(PathOf(path)).value_or(defaults);
+        if (defaults.size() < kDefaultsFields.size()) {
+            context.Show(CouldNotReadValues());
+        }
     }
     if (batch.SampleList) {
         for (SampleRecord& record : *batch.SampleList) {

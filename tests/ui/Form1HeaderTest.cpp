@@ -1,4 +1,5 @@
 #include "dialogs/Form1Header.h"
+#include "forms/Form1VoaContent.h"
 #include "tests/ui/WindowRig.h"
 
 namespace qfr::test {
@@ -108,6 +109,22 @@ TEST(Form1Header, HoldsTheUserAtAWrongDate) {
     }
 }
 
+TEST(Form1Header, TakesADateReceivedWithoutItsTime) {
+    HeaderRig rig;
+    rig.Enter("MaskEdit1", "02282005");
+    rig.Use("\t");
+    EXPECT_EQ(rig.Stored(0, HeaderField::kDateReceived), "02/28/2005");
+    rig.Enter("MaskEdit2", "02282005");
+    rig.Use("\t", "The entry is not a correct date.", "MaskEdit2");
+    rig.Enter("MaskEdit2", "022820051010");
+    rig.dialog.close();
+    rig.Samples()[0].Header[HeaderField::kDateReceived] = "03/01/2005   :  ";  // of another hand
+    PrintFormIVoa(rig.form, 0);
+    EXPECT_TRUE(HasText(rig.sink.jobs.at(0).pages[0], "03/01/2005"));
+    rig.Open();
+    EXPECT_EQ(rig.Shown("MaskEdit1"), "|03/01/2005 :");
+}
+
 TEST(Form1Header, KeepsTheLaboratorysValuesInTwoFiles) {
     using enum HeaderField;
     // The buttons that write and read a file, and its lines.
@@ -141,6 +158,13 @@ TEST(Form1Header, KeepsTheLaboratorysValuesInTwoFiles) {
         EXPECT_EQ(rig.Read("DefaultInfo.txt"), lines);
         press(read, others);
         EXPECT_EQ(rig.Samples()[0].Header.Values(), header.Values()) << read;
+        EXPECT_THAT(rig.log.TakeTitles(), testing::IsEmpty());
+        // Without its last line.
+        rig.dir.Write("DefaultInfo.txt", lines.substr(0, lines.rfind("line")));
+        press(read, others);
+        header[fields.back()] = others[fields.back()];
+        EXPECT_EQ(rig.Samples()[0].Header.Values(), header.Values()) << read;
+        EXPECT_EQ(rig.log.TakeTitles().size(), fields.size() == 13 ? 1 : 0);
         if (write == std::string("Button1")) {
             EXPECT_EQ(rig.chooser.saved.at(0).kind, SaveKind::kLaboratoryFile);
             EXPECT_EQ(rig.chooser.saved.at(0).directory, "/texts");
@@ -155,6 +179,10 @@ TEST(Form1Header, PrintsTheSampleShownOnTheFormOfItsMode) {
     HeaderRig rig;
     rig.Samples()[0].TicList.emplace(1);
     rig.form.SetPendingFocus(HeaderField::kSdgNo);
+    rig.chooses = false;
+    rig.Type("&p");
+    EXPECT_TRUE(rig.sink.begun.empty()) << "the printer setup was cancelled";
+    rig.chooses = true;
     for (const auto& [key, wanted, job] : cases) {
         rig.dialog.close();
         rig.Open(key);
@@ -168,7 +196,7 @@ TEST(Form1Header, PrintsTheSampleShownOnTheFormOfItsMode) {
         EXPECT_TRUE(HasText(rig.sink.jobs.back().pages[0], "C-99"));
         rig.Click("Button5");
     }
-    EXPECT_EQ(rig.setups, 1);
+    EXPECT_EQ(rig.setups, 2);
     EXPECT_THAT(rig.topics, testing::ElementsAre(110, 420, 120));
 }
 
