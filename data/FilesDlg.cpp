@@ -10,6 +10,7 @@
 #include <QUrl>
 
 #include "platform/Text.h"
+#include "platform/qt/FieldEntry.h"
 #include "platform/qt/WaitCursor.h"
 #include "ui_FilesDlg.h"
 
@@ -91,6 +92,7 @@ TFilesDlg::TFilesDlg(FilesDlgOwner& owner, WindowServices& services, Messages& m
 
     ui_->BrowseLabBlank->setFocus();
 
+    KeepToOneFieldEach(*this);
     // What is typed here is taken as it is; emptying it removes the report.
     connect(ui_->CheckCalEdit, &QLineEdit::textChanged, this, [this](const QString& text) {
         batch_.Files.CheckCal = EnteredText(text.toStdString());

@@ -52,7 +52,7 @@ void ShowText(QLineEdit& edit, const std::string& text) {
 }
 
 std::string EnteredIn(const QLineEdit& edit) {
-    return EnteredText(edit.text().toStdString());
+    return EnteredField(edit.text().toStdString());
 }
 
 LeaveChecks::LeaveChecks(FormHost& host, QDialog& dialog, Check check)

@@ -42,7 +42,7 @@ void ConnectHelp(QDialog& dialog, WindowServices& services, int topic,
 // Puts the text in, its beginning in view.
 void ShowText(QLineEdit& edit, const std::string& text);
 
-// What was entered there, as one line.
+// What was entered there, as one field of a batch file's line.
 std::string EnteredIn(const QLineEdit& edit);
 
 // Runs a check whenever the user goes from a watched control to another one of the dialog. After a

@@ -13,6 +13,7 @@
 #include <QStyledItemDelegate>
 
 #include "platform/Text.h"
+#include "platform/qt/FieldEntry.h"
 
 namespace qfr {
 
@@ -45,6 +46,7 @@ class CellDelegate : public QStyledItemDelegate {
                                   ' ' + model.headerData(index.row(), Qt::Vertical).toString());
         // Cells that came in by another way than the key, such as the context menu.
         if (auto* const line = qobject_cast<QLineEdit*>(editor)) {
+            KeepToOneField(*line);
             connect(
                 line, &QLineEdit::textEdited, &grid_,
                 [this, line](const QString& text) {
@@ -106,7 +108,7 @@ void EntryGrid::SetUp(std::initializer_list<Column> columns, int rows, int visib
 
 std::string EntryGrid::Cell(int row, int column) const {
     const QTableWidgetItem* const cell = item(row, column);
-    return cell != nullptr ? EnteredText(cell->text().toStdString()) : "";
+    return cell != nullptr ? EnteredField(cell->text().toStdString()) : "";
 }
 
 void EntryGrid::SetCell(int row, int column, const std::string& text) {
@@ -155,7 +157,7 @@ void EntryGrid::Paste() {
         int column = firstColumn;
         for (const QString& cell : cells.split('\t')) {
             if (IsEditable(model()->index(row, column))) {
-                SetCell(row, column, cell.toStdString());
+                SetCell(row, column, EnteredField(cell.toStdString()));
             }
             ++column;
         }

@@ -15,6 +15,7 @@
 #include "platform/DateTime.h"
 #include "platform/FileLookup.h"
 #include "platform/Text.h"
+#include "platform/qt/FieldEntry.h"
 #include "platform/qt/MaskEdit.h"
 #include "platform/qt/WaitCursor.h"
 #include "ui_Form1Header.h"
@@ -66,6 +67,7 @@ TForm1Header::TForm1Header(FormHost& host, WindowServices& services)
          std::initializer_list<QWidget*>{ui_->FileComboBox, ui_->OkButton, ui_->PrintButton}) {
         control->installEventFilter(this);
     }
+    KeepToOneFieldEach(*this);
     for (QComboBox* const box : findChildren<QComboBox*>()) {
         // A wheel that passes over the dialog must not change a value.
         box->setFocusPolicy(Qt::StrongFocus);
@@ -427,7 +429,7 @@ std::string TForm1Header::TextOfField(HeaderField field) const {
         return TextOfDate(date);
     }
     if (const auto* const box = qobject_cast<const QComboBox*>(control)) {
-        return EnteredText(box->currentText().toStdString());
+        return EnteredField(box->currentText().toStdString());
     }
     return EnteredIn(*static_cast<const QLineEdit*>(control));
 }

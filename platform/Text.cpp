@@ -248,6 +248,21 @@ std::string EnteredText(std::string_view text) {
     return OneLine(text);
 }
 
+std::string EnteredField(std::string_view text) {
+    std::string field = EnteredText(text);
+    std::ranges::replace(field, ';', ',');
+    return field;
+}
+
+std::string Enumerated(const std::vector<std::string>& items) {
+    std::string text;
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        text += i == 0 ? "" : i + 1 == items.size() ? " and " : ", ";
+        text += items[i];
+    }
+    return text;
+}
+
 std::string OneLine(std::string_view text) {
     std::string line;
     line.reserve(text.size());

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace qfr {
 
@@ -54,6 +55,12 @@ bool IsUtf8(std::string_view text);
 // What was entered in an edit of one line: a paste may bring line breaks along, which become
 // blanks, but for those at its end.
 std::string EnteredText(std::string_view text);
+
+// The same for a field of a batch file's line, which its ";" would end: that becomes ",".
+std::string EnteredField(std::string_view text);
+
+// "1", "1 and 2", "1, 2 and 3".
+std::string Enumerated(const std::vector<std::string>& items);
 
 // The text with line breaks as single blanks, for a line of a log.
 std::string OneLine(std::string_view text);

@@ -25,7 +25,8 @@ TEST(Text, IsTrimmedCutAndSplit) {
     std::string_view row = "a ;;c";
     EXPECT_EQ(Joined({1, 2, 3, 4}, [&row](int) { return TakeField(row); }), "a ||c|");
     EXPECT_EQ(Joined({"a\nb\r\nc\rd", "a\n"}, OneLine), "a b c d|a ");
-    EXPECT_EQ(EnteredText("a\r\nb\n"), "a b");
+    EXPECT_EQ(EnteredText("a;\r\nb\n") + EnteredField("a;\r\nb\n"), "a; ba, b");
+    EXPECT_EQ(Enumerated({"1"}) + Enumerated({"1", "2", "3"}), "11, 2 and 3");
     EXPECT_TRUE(BeginsWith("COMPound#;x", "compound#") && EndsWith("VERSION 4.2", "version 4.2"));
     EXPECT_FALSE(BeginsWith("compound", "compound#") || EndsWith("Version 4.21", "version 4.2"));
 }

@@ -58,7 +58,7 @@ TEST(FilesDlg, AssemblesABatch) {
     rig.Open();
     rig.Choose("AddButton", {"VHBLK01.PRN"});
     EXPECT_THAT(rig.Recorded(), ElementsAre("vblk01.prn", "vhblk01.prn", "za101.prn", "za102.prn"));
-    rig.Enter("CheckCalEdit", "C:\\A.CHECK");
+    rig.Enter("CheckCalEdit", "C:\\A;.CHECK");
     EXPECT_EQ(rig.form.Batch().Files.CheckCal, "C:\\A.CHECK") << "typed, it is taken as it is";
 }
 

@@ -86,6 +86,17 @@ TEST(Form1Header, GoesThroughItsValuesInTheOrderOfTheForm) {
     EXPECT_EQ(rig.Samples()[0].Header.Values(), typed.Values());
 }
 
+TEST(Form1Header, KeepsEachValueInOneField) {
+    HeaderRig rig;
+    for (const char* const control : {"ZOVComboBox", "Edit1"}) {
+        rig.Enter(control, "a;b");
+        rig.Paste(";c\nd");
+        rig.Type("\t");
+    }
+    EXPECT_EQ(rig.Stored(0, HeaderField::kZovSampleNo), "ab,c d");
+    EXPECT_EQ(rig.Stored(0, HeaderField::kLabName), "ab,c d");
+}
+
 TEST(Form1Header, HoldsTheUserAtAWrongDate) {
     // Keys, controls to click, and the close box.
     for (const std::string way : {"\t", "&p", "\33", "Edit1", "ZOVComboBox", "OkButton", ""}) {
