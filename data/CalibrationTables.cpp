@@ -72,6 +72,34 @@ CalibrationRecord RecordOf(const CompoundBlock& block, int levelCount) {
     return record;
 }
 
+// Lab file IDs and dates follow the files that are there, also past what the user has entered.
+void TellOfChanges(const std::vector<std::string>& missing, const InitialCalibrationEntry& entered,
+                   const InitialCalibrationEntry& now, Messages& messages) {
+    std::vector<std::string> levels;
+    for (std::size_t i = 0; i < now.LabFileIds.size(); ++i) {
+        if (now.LabFileIds[i] != entered.LabFileIds[i]) {
+            levels.push_back(std::to_string(i + 1));
+        }
+    }
+    std::vector<std::string> changes;
+    if (!levels.empty()) {
+        changes.push_back(
+            (levels.size() > 1 ? "the lab file IDs of levels " : "the lab file ID of level ") +
+            Enumerated(levels));
+    }
+    if (ParseDateTime(now.FirstStandard) != ParseDateTime(entered.FirstStandard)) {
+        changes.emplace_back("the date of the first standard");
+    }
+    if (ParseDateTime(now.LastStandard) != ParseDateTime(entered.LastStandard)) {
+        changes.emplace_back("the date of the last standard");
+    }
+    if (!changes.empty()) {
+        messages.Show({"Calibration raw data not found: " + Enumerated(missing) +
+                           ".\nThis has changed on Form 6: " + Enumerated(changes) + ".",
+                       "Warning"});
+    }
+}
+
 }  // namespace
 
 int ReadCalibrationDataFiles(const FileContent<CalibrationReport>& report, Reports& reports,
@@ -86,18 +114,19 @@ int ReadCalibrationDataFiles(const FileContent<CalibrationReport>& report, Repor
         files.resize(kMaxLevels);
     }
     DateRange dates;
+    const InitialCalibrationEntry entered = entry;
     std::size_t found = 0;
-    bool missing = false;
+    std::vector<std::string> missing;
     for (const std::string& file : files) {
         const auto data = reports.Read<RawDataFile>(file, report.Folder);
         if (!data) {
-            if (!missing && !initCalEntered) {
+            if (missing.empty() && !initCalEntered) {
                 messages.Show(
                     {"At least one calibration raw data file was not found.\n"
                      "Please complete and check all entries in next form.",
                      "Warning"});
             }
-            missing = true;
+            missing.push_back(FileNameOnly(file));
             continue;
         }
         // On purpose: IDs go to the levels in the order of the files that are there.
@@ -110,7 +139,7 @@ int ReadCalibrationDataFiles(const FileContent<CalibrationReport>& report, Repor
         }
         entry.LabFileIds[slot] = data->LabFileId();
     }
-    if (missing && !initCalEntered) {
+    if (!missing.empty() && !initCalEntered) {
         entry = InitialCalibrationEntry{};
         return static_cast<int>(files.size());
     }
@@ -119,6 +148,9 @@ int ReadCalibrationDataFiles(const FileContent<CalibrationReport>& report, Repor
     }
     if (dates.last.HasDate() && dates.last != dates.first) {
         entry.LastStandard = FormatDateTime(dates.last);
+    }
+    if (!missing.empty()) {
+        TellOfChanges(missing, entered, entry, messages);
     }
     return static_cast<int>(files.size());
 }

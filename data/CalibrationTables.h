@@ -25,8 +25,9 @@ struct CalibrationRecord : CompoundBlock {
 
 // Takes the lab file IDs and the dates of the first and the last standard from the raw data files
 // that the report lists, into `entry`. A file that is missing empties the entry, with one message,
-// unless the user has accepted the entry before (`initCalEntered`). Returns the number of levels,
-// at most kMaxLevels (a message tells of more).
+// unless the user has accepted the entry before (`initCalEntered`): then one message names the
+// levels whose lab file ID is another one now, and the dates. Returns the number of levels, at most
+// kMaxLevels (a message tells of more).
 int ReadCalibrationDataFiles(const FileContent<CalibrationReport>& report, Reports& reports,
                              bool initCalEntered, InitialCalibrationEntry& entry,
                              Messages& messages);

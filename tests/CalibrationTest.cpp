@@ -142,7 +142,7 @@ TEST(CalibrationTables, LeaveMissingDataFilesForTheUserToComplete) {
         {"no files", "", false, "0: id1 id2 id3 first last 0"},
         {"two of three levels", "STD3.D;STD1.D", false, "2: STD3.D STD1.D id3 01:00 03:00 0"},
         {"a file is missing", "GONE.D;STD1.D;GONE2.D;", false, "3:    : : 1"},
-        {"one that was entered", "GONE.D;STD1.D;", true, "2: STD1.D id2 id3 01:00 last 0"},
+        {"one that was entered", "GONE.D;STD1.D;", true, "2: STD1.D id2 id3 01:00 last 1"},
         {"no names", "; ;", false, "2:    : : 1"},
         {"a file without title", "STD2.D;OTHER.D", false, "2: STD2.D id2 id3 02:00 last 0"},
         {"no date at last", "STD2.D;UNDATED.D", false, "2: STD2.D SEEN.D id3 02:00 last 0"},
@@ -163,6 +163,35 @@ TEST(CalibrationTables, LeaveMissingDataFilesForTheUserToComplete) {
             read += Trim(text.size() < 16 ? text : text.substr(11)) + " ";
         }
         EXPECT_EQ(read + std::to_string(run.host.messages.TakeTexts().size()), expected) << what;
+    }
+}
+
+TEST(CalibrationTables, NameTheAcceptedEntriesThatMissingDataFilesChange) {
+    const CalibratedRun run(3, 0);
+    const std::string changed = ".\nThis has changed on Form 6: the ";
+    // The list, and what is said.
+    const std::tuple<const char*, std::string> cases[] = {
+        {"STD1.D;STD2.D;STD3.D", ""},
+        {"STD1.D;C:\\GONE.D;STD3.D", "GONE.D" + changed + "lab file ID of level 2."},
+        {"STD1.D;STD2.D;GONE.D", "GONE.D" + changed + "date of the last standard."},
+        {"GONE.D;STD2.D;GO.D", "GONE.D and GO.D" + changed +
+                                   "lab file ID of level 1 and the date of the first standard."},
+        {"GONE.D;STD2.D;STD3.D", "GONE.D" + changed +
+                                     "lab file IDs of levels 1 and 2 and the date of the first "
+                                     "standard."},
+        {"GONE.D;GONE.D", ""}};
+    for (const auto& [list, said] : cases) {
+        InitialCalibrationEntry entry{
+            "05/16/2005 01:00", "05/16/2005 03:00", {"STD1.D", "STD2.D", "STD3.D"}};
+        Reports reports;
+        MessageLog messages;
+        ReadCalibrationDataFiles(
+            Calibration(run.dir, "Date\nData File(s):\n" + std::string(list) + "\n"), reports, true,
+            entry, messages);
+        const auto texts = messages.TakeTexts();
+        EXPECT_EQ(texts.empty() ? "" : texts.front(),
+                  said.empty() ? "" : "Calibration raw data not found: " + said)
+            << list;
     }
 }
 
