@@ -27,23 +27,47 @@ std::optional<HeaderField> FirstEmptyField(const SampleHeader& header) {
     return std::nullopt;
 }
 
+namespace {
+
+bool IsWholeRow(const TicEntry& row) {
+    return std::none_of(row.cells.begin(), row.cells.begin() + TicEntry::kRequired,
+                        [](const std::string& cell) { return IsBlank(cell); });
+}
+
+}  // namespace
+
 std::optional<TicListType> TicListFromRows(const std::vector<TicEntry>& rows) {
     constexpr std::size_t kNameCell = 1;
-    constexpr std::size_t kRequiredCells = 4;
     TicListType list;
     for (const TicEntry& row : rows) {
         TicEntry entry;
         std::ranges::transform(row.cells, entry.cells.begin(), Trim);
         entry.cells[kNameCell] = LowerCase(entry.cells[kNameCell]);
-        if (!std::ranges::count(entry.cells.begin(), entry.cells.begin() + kRequiredCells, "")) {
+        if (IsWholeRow(entry)) {
             list.push_back(std::move(entry));
         }
     }
     return list.empty() ? std::nullopt : std::optional(std::move(list));
 }
 
+std::vector<std::size_t> IncompleteTicRows(const std::vector<TicEntry>& rows) {
+    std::vector<std::size_t> incomplete;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (!IsWholeRow(rows[i]) &&
+            !std::ranges::all_of(rows[i].cells,
+                                 [](const std::string& cell) { return IsBlank(cell); })) {
+            incomplete.push_back(i + 1);
+        }
+    }
+    return incomplete;
+}
+
 bool FilesSpecified(const Batch& batch) {
     return LabBlankRecords(batch) > 0 || !batch.Files.QFiles.empty();
+}
+
+bool CheckReportNamed(const Batch& batch) {
+    return !Trim(batch.Files.CheckCal).empty();
 }
 
 std::size_t LabBlankRecords(const Batch& batch) {

@@ -72,6 +72,7 @@ std::optional<HeaderField> FirstEmptyField(const SampleHeader& header);
 // One tentatively identified compound, as typed.
 struct TicEntry {
     static constexpr int kCount = 5;
+    static constexpr int kRequired = 4;  // the first ones; without a qualifier a row is whole
     // CAS number, compound name, retention time, estimated concentration, qualifier.
     std::array<std::string, kCount> cells;
     bool operator==(const TicEntry&) const = default;
@@ -81,6 +82,9 @@ using TicListType = std::vector<TicEntry>;
 // What the rows of the TIC entry grid hold: every row in which nothing but the qualifier is empty,
 // its cells trimmed and its compound name in lower case. Absent when there is no such row.
 std::optional<TicListType> TicListFromRows(const std::vector<TicEntry>& rows);
+
+// The rows, from 1, that hold something but are left out of that list.
+std::vector<std::size_t> IncompleteTicRows(const std::vector<TicEntry>& rows);
 
 // One quantitation report.
 struct SampleRecord {
@@ -133,6 +137,9 @@ inline constexpr std::array<std::string_view, 3> InternalStandardNames = {
 
 // Whether a lab blank or at least one quantitation report is named.
 bool FilesSpecified(const Batch& batch);
+
+// Whether the batch names a continuing calibration report.
+bool CheckReportNamed(const Batch& batch);
 
 // 1 when the first record of SampleList is the lab blank's, else 0.
 std::size_t LabBlankRecords(const Batch& batch);

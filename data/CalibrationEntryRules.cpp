@@ -1,6 +1,7 @@
 #include "data/CalibrationEntryRules.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "data/CalibrationTables.h"
 #include "data/EntryTables.h"
@@ -65,22 +66,33 @@ std::optional<double> ConcentrationOf(std::string_view sampleNo) {
     return ParseNumber(digits);
 }
 
-// Lab file ID and date from the raw data file of the chosen level.
-void TakeLevelFile(StandardSummaryEntry& entry, const Batch& batch, Reports& reports,
-                   Messages& messages) {
-    // The continuing calibration report already knows its own standard.
-    const bool onlyEmpty = !Trim(batch.Files.CheckCal).empty();
+// The raw data file of the standard: the continuing calibration report names its own, otherwise it
+// is that of the chosen level. Empty when it cannot be found.
+FileContent<RawDataFile> StandardFile(const StandardSummaryEntry& entry, const Batch& batch,
+                                      Reports& reports) {
+    if (CheckReportNamed(batch)) {
+        const auto report = reports.Read<CheckReport>(Trim(batch.Files.CheckCal), batch.Folder);
+        return report ? reports.Read<RawDataFile>(report->StandardFile, report.Folder)
+                      : FileContent<RawDataFile>();
+    }
+    const auto level = static_cast<std::size_t>(entry.LevelIndex);
+    const auto report = reports.Read<CalibrationReport>(Trim(batch.Files.Calib), batch.Folder);
+    return report && level < report->DataFiles.size()
+               ? reports.Read<RawDataFile>(report->DataFiles[level], report.Folder)
+               : FileContent<RawDataFile>();
+}
+
+// Lab file ID and date from the standard's raw data file.
+void TakeStandardData(StandardSummaryEntry& entry, const Batch& batch, Reports& reports,
+                      Messages& messages) {
+    // Form VII has taken them from the continuing calibration report's file before.
+    const bool onlyEmpty = CheckReportNamed(batch);
     const bool takeId = !onlyEmpty || IsUnfilled(entry.LabFileId);
     const bool takeDate = !onlyEmpty || IsUnfilled(entry.AnalysisDateTime);
     if (!takeId && !takeDate) {
         return;
     }
-    FileContent<RawDataFile> data;
-    const auto level = static_cast<std::size_t>(entry.LevelIndex);
-    if (const auto report = reports.Read<CalibrationReport>(Trim(batch.Files.Calib), batch.Folder);
-        report && level < report->DataFiles.size()) {
-        data = reports.Read<RawDataFile>(report->DataFiles[level], report.Folder);
-    }
+    const FileContent<RawDataFile> data = StandardFile(entry, batch, reports);
     if (!data || !data->HasTitle()) {
         messages.Show(
             {"The appropriate raw data file could not be found.\n"
@@ -202,23 +214,30 @@ bool ShowStandardSummary(Entries& entries, const Batch& batch, Reports& reports,
     StandardSummaryEntry& entry = entries.StandardSummary;
     const ContinuingCalibrationEntry& continuing = entries.ContinuingCalibration;
     const InitialCalibrationEntry& initial = entries.InitialCalibration;
+    const std::string before = LowerCase(Trim(entry.SampleNo));
     TakeWhenFilled(entry.SampleNo, continuing.SampleNo);
     TakeWhenFilled(entry.LabFileId, continuing.LabFileId);
     TakeWhenFilled(entry.AnalysisDateTime, continuing.AnalysisDateTime);
     TakeDate(entry.FirstCalibrationDate, initial.FirstStandard, continuing.FirstStandard);
     TakeDate(entry.LastCalibrationDate, initial.LastStandard, continuing.LastStandard);
 
+    entry.Levels.clear();
     const auto report = reports.Read<CalibrationReport>(Trim(batch.Files.Calib), batch.Folder);
-    if (!report) {
-        return true;
+    if (report) {
+        const auto table = BuildRFTable(*report, levelCount, messages);
+        if (!table) {
+            return false;
+        }
+        entry.Levels = ChooseLevelAmounts(*table, levelCount);
+        if (entry.LevelIndex >= levelCount) {
+            entry.LevelIndex = -1;
+        }
     }
-    const auto table = BuildRFTable(*report, levelCount, messages);
-    if (!table) {
-        return false;
-    }
-    entry.Levels = ChooseLevelAmounts(*table, levelCount);
-    if (entry.LevelIndex >= levelCount) {
-        entry.LevelIndex = -1;
+    // What was entered for this number, and perhaps saved, prints as it was.
+    const bool filled = !IsUnfilled(entry.LabFileId) && !IsUnfilled(entry.AnalysisDateTime) &&
+                        (!report || entry.LevelIndex >= 0);
+    if (filled && LowerCase(Trim(entry.SampleNo)) == before) {
+        entry.AnsweredSampleNo = before;
     }
     return true;
 }
@@ -247,19 +266,38 @@ std::optional<EntryFault> LeaveStandardSampleNo(Entries& entries, const Batch& b
     if (!concentration) {
         return std::nullopt;
     }
-    const auto level = std::find_if(
-        entry.Levels.begin(), entry.Levels.end(),
-        [&](const std::string& amount) { return ParseNumber(amount) == concentration; });
-    if (level == entry.Levels.end()) {
-        messages.Show({"A calibration concentration of " + FormatShortest(*concentration) +
-                           " was not found.\nPlease re-enter the sample ID with a calibration "
-                           "concentration.",
-                       "Warning"});
+    const auto level = std::ranges::find_if(entry.Levels, [&](const std::string& amount) {
+        return ParseNumber(amount) == concentration;
+    });
+    const bool found = level != entry.Levels.end();
+    const Message notFound{"A calibration concentration of " + FormatShortest(*concentration) +
+                               " was not found.\nPlease re-enter the sample ID with a calibration "
+                               "concentration.",
+                           "Warning"};
+    // Without a calibration report there is no number that would be found.
+    if (!found && !entry.Levels.empty()) {
+        return EntryFault{notFound, "SampleEdit"};
+    }
+    // What the user has corrected since stays.
+    const std::string number = LowerCase(Trim(entry.SampleNo));
+    if (std::exchange(entry.AnsweredSampleNo, number) == number) {
         return std::nullopt;
     }
-    entry.LevelIndex = static_cast<int>(level - entry.Levels.begin());
-    TakeLevelFile(entry, batch, reports, messages);
+    if (found) {
+        entry.LevelIndex = static_cast<int>(level - entry.Levels.begin());
+    } else {
+        messages.Show(notFound);
+    }
+    TakeStandardData(entry, batch, reports, messages);
     return std::nullopt;
+}
+
+std::optional<Message> CheckRetentionTime(const std::string& text) {
+    if (ParseNumber(text)) {
+        return std::nullopt;
+    }
+    return Message{"Please enter the retention time in minutes, as 8.84.",
+                   "Incorrect Number Format"};
 }
 
 std::optional<EntryFault> BrowseSummaryStandard(Entries& entries, std::size_t /*item*/,
@@ -267,9 +305,14 @@ std::optional<EntryFault> BrowseSummaryStandard(Entries& entries, std::size_t /*
     return TakeStandardFile(entries.StandardSummary, fileName, messages);
 }
 
-std::optional<EntryFault> AcceptStandardSummary(const Entries& entries, const Batch& batch) {
+std::optional<EntryFault> AcceptStandardSummary(Entries& entries, const Batch& batch,
+                                                Reports& reports, Messages& messages) {
+    // Comes first: the number brings some of the other entries along.
+    if (auto fault = LeaveStandardSampleNo(entries, batch, reports, messages)) {
+        return fault;
+    }
     return CheckEntries(TableOf(EntryDialog::kStandardSummary), entries,
-                        {.CheckReport = !Trim(batch.Files.CheckCal).empty()});
+                        {.CheckReport = CheckReportNamed(batch)});
 }
 
 std::string ConcentrationText(const StandardSummaryEntry& entry) {

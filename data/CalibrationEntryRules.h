@@ -59,16 +59,21 @@ bool ShowStandardSummary(Entries& entries, const Batch& batch, Reports& reports,
 std::optional<Message> CheckStandardSampleNo(const std::string& sampleNo);
 
 // Leaving SampleEdit: the sample number names the level, whose raw data file gives lab file ID and
-// date (with a continuing calibration report named, only where they are empty). Without a level of
-// that concentration a message says so.
+// date; with a continuing calibration report named it is the file that this one names, and gives
+// only what is empty. A level that the calibration report has not is a fault. A number that has
+// been left before takes nothing over again.
 std::optional<EntryFault> LeaveStandardSampleNo(Entries& entries, const Batch& batch,
                                                 Reports& reports, Messages& messages);
 
 // Browse of the standard's raw data file: its lab file ID and its date.
 BrowseAction BrowseSummaryStandard;
 
-// OK: the required entries, then the form of the sample number and the dates.
-std::optional<EntryFault> AcceptStandardSummary(const Entries& entries, const Batch& batch);
+// What is wrong with a retention time that is no number.
+std::optional<Message> CheckRetentionTime(const std::string& text);
+
+// OK: the sample number as when it is left, the required entries, then retention times and dates.
+std::optional<EntryFault> AcceptStandardSummary(Entries& entries, const Batch& batch,
+                                                Reports& reports, Messages& messages);
 
 // The text of ConcCombo: the amount of the chosen level, empty when there is none.
 std::string ConcentrationText(const StandardSummaryEntry& entry);

@@ -71,6 +71,9 @@ struct StandardSummaryEntry {
     int LevelIndex = -1;                        // chosen calibration level, from 0; -1: none
     // Amounts of the levels to choose from, filled when the dialog is shown; never saved.
     std::vector<std::string> Levels;
+    // The sample number, in lower case, whose level and data were taken over or corrected since;
+    // never saved.
+    std::string AnsweredSampleNo;
     bool operator==(const StandardSummaryEntry&) const = default;
 };
 

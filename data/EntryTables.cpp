@@ -193,7 +193,10 @@ bool WithoutCheckReport(const EntryScope& scope, std::size_t) {
     return !scope.CheckReport;
 }
 
-constexpr EntryRules kRetentionTimeRules = {.RequiredTurn = 2, .AskedFor = WithoutCheckReport};
+constexpr EntryRules kRetentionTimeRules = {.RequiredTurn = 2,
+                                            .FormTurn = 3,
+                                            .AskedFor = WithoutCheckReport,
+                                            .WrongForm = CheckRetentionTime};
 constexpr EntryRules kLevelRules = {
     .RequiredTurn = 2,
     .AskedFor = WithoutCheckReport,
@@ -340,8 +343,11 @@ bool IsCheckedWhenLeft(const EntryTable& table, const EntryField& field) {
 }
 
 std::optional<EntryFault> CheckLeft(const EntryTable& table, const EntryField& field,
-                                    std::size_t item, const Entries& entries) {
-    return CheckItem(table, field, entries, item, TurnWhenLeft(table, field));
+                                    std::size_t item, const Entries& entries,
+                                    const EntryScope& scope) {
+    const bool asked = !field.Rules.AskedFor || field.Rules.AskedFor(scope, item);
+    return asked ? CheckItem(table, field, entries, item, TurnWhenLeft(table, field))
+                 : std::nullopt;
 }
 
 }  // namespace qfr

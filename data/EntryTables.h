@@ -108,6 +108,7 @@ std::optional<EntryFault> CheckEntries(const EntryTable& table, const Entries& e
 // Whether the field is checked when its control is left, and what is wrong then. Cells are not.
 bool IsCheckedWhenLeft(const EntryTable& table, const EntryField& field);
 std::optional<EntryFault> CheckLeft(const EntryTable& table, const EntryField& field,
-                                    std::size_t item, const Entries& entries);
+                                    std::size_t item, const Entries& entries,
+                                    const EntryScope& scope = {});
 
 }  // namespace qfr

@@ -9,6 +9,7 @@
 #include "dialogs/EntryGrid.h"
 #include "dialogs/MBSHeader.h"
 #include "platform/Numbers.h"
+#include "platform/qt/FieldEntry.h"
 #include "platform/qt/MaskEdit.h"
 #include "ui_ARTSummForm.h"
 #include "ui_ChkCalForm.h"
@@ -227,6 +228,7 @@ EntryFormDialog::EntryFormDialog(EntryDialog dialog, FormHost& host, WindowServi
     for (const EntryField& field : table_.Fields) {
         AddField(field);
     }
+    KeepToOneFieldEach(*this);
     connect(Find<QPushButton>(*this, parts_.okButton), &QPushButton::clicked, this,
             &EntryFormDialog::OkClick);
     connect(&cancel, &QPushButton::clicked, this, &EntryFormDialog::reject);
@@ -280,7 +282,9 @@ std::optional<EntryFault> EntryFormDialog::Leave(const QWidget& control) {
                 continue;
             }
             if (!field.Rules.Leave) {
-                return CheckLeft(table_, field, item, entries);
+                return CheckLeft(table_, field, item, entries,
+                                 {.LevelCount = host_.LevelCount(),
+                                  .CheckReport = CheckReportNamed(host_.Batch())});
             }
             host_.BeginRun();
             auto fault = field.Rules.Leave(entries, host_.Batch(), host_.Reports(), host_);
@@ -309,7 +313,10 @@ void EntryFormDialog::OkClick() {
     }
     FinishEditing();
     StoreEntries();
-    if (!ShowFault(host_, *this, FormOf(parts_.dialog).onOk(host_))) {
+    host_.BeginRun();
+    const std::optional<EntryFault> fault = FormOf(parts_.dialog).onOk(host_);
+    ShowEntries();  // also what OK has taken over
+    if (!ShowFault(host_, *this, fault)) {
         accept();
     }
 }

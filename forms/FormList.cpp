@@ -61,7 +61,7 @@ bool OnShowSummary(FormHost& host, std::size_t /*headerRecord*/) {
 }
 
 std::optional<EntryFault> OnOkSummary(FormHost& host) {
-    return AcceptStandardSummary(host.Entries(), host.Batch());
+    return AcceptStandardSummary(host.Entries(), host.Batch(), host.Reports(), host);
 }
 
 constexpr FormRow kRows[] = {

@@ -98,21 +98,32 @@ TEST(TicList, OnlyTheQualifierMayBeMissing) {
     }
 }
 
+TEST(TicList, RowsThatLackACellAreNumbered) {
+    const TicEntry whole{{"71-43-2", "benzene", "10.25", "12", ""}};
+    EXPECT_THAT(IncompleteTicRows({whole,
+                                   {{" ", "", "", "", ""}},
+                                   {{"", "", "", "", "J"}},
+                                   whole,
+                                   {{"71-43-2", "benzene", " ", "12", "J"}}}),
+                ElementsAre(3, 5));
+}
+
 TEST(CalibrationEntryRules, OkAsksInItsOrder) {
     Entries entries;
     BatchFlags flags;
     Batch batch;
+    Reports reports;
+    MessageLog messages;
     InitialCalibrationEntry& initial = entries.InitialCalibration;
     ContinuingCalibrationEntry& continuing = entries.ContinuingCalibration;
     StandardSummaryEntry& standard = entries.StandardSummary;
     initial = {kFirst, "13/16/2005 11:49", {"STD005.D", " "}};
     continuing.AnalysisDateTime = "05/16/2005 24:00";
-    standard.Levels = {""};
-    standard.LevelIndex = 0;
+    standard.Levels = {"20"};
     const auto fault = [&] {
         auto found = AcceptInitialCalibration(entries, 2, flags);
         found = found ? found : AcceptContinuingCalibration(entries, flags);
-        return Control(found ? found : AcceptStandardSummary(entries, batch));
+        return Control(found ? found : AcceptStandardSummary(entries, batch, reports, messages));
     };
     // The control that is asked for, and what is entered there then.
     const std::tuple<const char*, std::string&, std::string> steps[] = {
@@ -124,13 +135,14 @@ TEST(CalibrationEntryRules, OkAsksInItsOrder) {
         {"InstrEdit", continuing.InstrumentId, "GCMS2"},
         {"MaskEdit1", continuing.AnalysisDateTime, kLast},
         {"SampleEdit", standard.SampleNo, "VSTDX50"},
+        {"SampleEdit", standard.SampleNo, "VSTD050"},
+        {"SampleEdit", standard.Levels[0], "50"},
         {"LabFileEdit", standard.LabFileId, "VSTD050.D"},
         {"MaskEdit1", standard.AnalysisDateTime, kLast},
-        {"RTEdit1", standard.RetentionTimes[0], "6.01"},
+        {"RTEdit1", standard.RetentionTimes[0], "6,01"},
         {"RTEdit2", standard.RetentionTimes[1], "8.84"},
         {"RTEdit3", standard.RetentionTimes[2], "11.82"},
-        {"ConcCombo", standard.Levels[0], "50"},
-        {"SampleEdit", standard.SampleNo, "VSTD050"}};
+        {"RTEdit1", standard.RetentionTimes[0], "6.01"}};
     for (const auto& [control, entry, value] : steps) {
         EXPECT_EQ(fault(), control) << "before " << value;
         entry = value;
@@ -141,7 +153,18 @@ TEST(CalibrationEntryRules, OkAsksInItsOrder) {
         << "handed on by Form VI";
     EXPECT_EQ(standard.FirstCalibrationDate, "05/16/2005");
     EXPECT_EQ(standard.LastCalibrationDate, "05/17/2005");
-    standard.RetentionTimes = {};
+    EXPECT_EQ(standard.LevelIndex, 0) << "of the number";
+    EXPECT_THAT(messages.TakeTitles(), ElementsAre("Warning")) << "of its data, once";
+    const auto& times = *std::ranges::find(TableOf(EntryDialog::kStandardSummary).Fields, "RTEdit",
+                                           &EntryField::Control);
+    standard.RetentionTimes = {"late"};
+    const auto leaveTime = [&](bool check) {
+        return CheckLeft(TableOf(EntryDialog::kStandardSummary), times, 0, entries,
+                         {.CheckReport = check});
+    };
+    EXPECT_EQ(leaveTime(false).value().Message.text,
+              "Please enter the retention time in minutes, as 8.84.");
+    EXPECT_FALSE(leaveTime(true));
     batch.Files.CheckCal = "named";
     EXPECT_EQ(fault(), "") << "the check report has them";
 }
@@ -201,7 +224,7 @@ TEST(CalibrationEntryRules, SampleNumberNamesTheLevelAndItsFile) {
         {"two digits", "VSTD05", "SampleEdit -1 typed "},
         {"a point at its end", "VSTD05.", "SampleEdit -1 typed "},
         {"a level without a file", "VSTD2.5A", "2 typed "},
-        {"no such level", "VSTD0.1", "-1 typed "}};
+        {"no such level", "VSTD0.1", "SampleEdit -1 typed "}};
     CalibratedRun run(2, 0);
     const auto leave = [&run](const char* sampleNo) {
         Entries entries;
@@ -211,19 +234,23 @@ TEST(CalibrationEntryRules, SampleNumberNamesTheLevelAndItsFile) {
         entry.Levels = {"10", "20", "2.5", "20"};
         const std::string control =
             Control(LeaveStandardSampleNo(entries, run.host.batch, run.host.Reports(), run.host));
-        return control + (control.empty() ? "" : " ") + std::to_string(entry.LevelIndex) + " " +
+        // What is corrected then stays.
+        const int level = std::exchange(entry.LevelIndex, 9);
+        if (control.empty() && !entry.AnsweredSampleNo.empty()) {
+            LeaveStandardSampleNo(entries, run.host.batch, run.host.Reports(), run.host);
+            EXPECT_EQ(entry.LevelIndex, 9) << sampleNo;
+        }
+        return control + (control.empty() ? "" : " ") + std::to_string(level) + " " +
                entry.LabFileId + " " + PrintableDate(entry.AnalysisDateTime);
     };
-    EXPECT_EQ(leave("VSTD010"), "0 typed 05/16/2005 01:00") << "the check report knows its file";
+    EXPECT_EQ(leave("VSTD010"), "0 typed 05/18/2005 08:46") << "the check report knows its file";
     run.host.batch.Files.CheckCal = "";
     for (const auto& [what, sampleNo, expected] : cases) {
         EXPECT_EQ(leave(sampleNo), expected) << what;
     }
     EXPECT_THAT(run.host.messages.TakeTexts(),
                 ElementsAre("The appropriate raw data file could not be found.\nPlease enter and "
-                            "check all data entries.",
-                            "A calibration concentration of 0.1 was not found.\nPlease re-enter "
-                            "the sample ID with a calibration concentration."));
+                            "check all data entries."));
 }
 
 }  // namespace
