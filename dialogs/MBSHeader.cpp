@@ -7,6 +7,9 @@
 #include <QScrollBar>
 #include <QTextBlock>
 
+#include "forms/Form4Content.h"
+#include "platform/Text.h"
+#include "platform/qt/FieldEntry.h"
 #include "ui_MBSHeader.h"
 
 namespace qfr {
@@ -14,7 +17,6 @@ namespace qfr {
 namespace {
 
 constexpr int kHelpTopic = 122;
-constexpr int kPrintedLines = 2;
 constexpr int kBoxWidth = 369;  // pixels
 constexpr int kBoxLetters = 50;
 constexpr int kSlack = 4;  // pixels; the box rounds each line up
@@ -27,8 +29,13 @@ TMBSHeader::TMBSHeader(FormHost& host, WindowServices& services, QWidget* parent
       ui_(std::make_unique<Ui::TMBSHeader>()) {
     ui_->setupUi(this);
     FitToFont();
-    connect(ui_->RichEdit1, &QPlainTextEdit::textChanged, this, &TMBSHeader::CutToLength);
-    connect(ui_->OkButton, &QPushButton::clicked, this, &TMBSHeader::accept);
+    TypeNoFieldEnd(*ui_->RichEdit1);
+    connect(ui_->RichEdit1, &QPlainTextEdit::textChanged, this, [this] {
+        TakeBackFieldEnds();
+        CutToLength();
+        ShowRoom();
+    });
+    connect(ui_->OkButton, &QPushButton::clicked, this, &TMBSHeader::OkClick);
     connect(ui_->CancelButton, &QPushButton::clicked, this, &TMBSHeader::reject);
     ConnectHelp(*this, services, kHelpTopic);
 }
@@ -45,15 +52,75 @@ bool TMBSHeader::Run(std::size_t /*headerRecord*/) {
     // Comments of a batch file that was edited elsewhere are not cut, they only do not grow.
     room_ = std::max(kMaxLength, static_cast<int>(text.size()));
     ui_->RichEdit1->setPlainText(text);
+    ShowRoom();
     ui_->RichEdit1->moveCursor(QTextCursor::End);
     ui_->RichEdit1->horizontalScrollBar()->setValue(0);
     ui_->RichEdit1->setFocus();
     const bool accepted = exec() == Accepted;
-    entry.clear();
-    for (const QString& line : ui_->RichEdit1->toPlainText().split('\n')) {
-        entry.push_back(line.toStdString());
-    }
+    entry = Lines();
     return accepted;
+}
+
+std::vector<std::string> TMBSHeader::Lines() const {
+    std::vector<std::string> lines;
+    for (const QString& line : ui_->RichEdit1->toPlainText().split('\n')) {
+        lines.push_back(EnteredField(line.toStdString()));
+    }
+    return lines;
+}
+
+void TMBSHeader::OkClick() {
+    auto question = CommentsNotPrinted(host_.Page(), Lines());
+    if (question) {
+        question->text += "\nPrint the form all the same?";
+        question->icon = MessageIcon::kWarning;
+    }
+    if (!question || host_.AskYesNo(*question)) {
+        accept();
+    } else {
+        ui_->RichEdit1->setFocus();
+    }
+}
+
+// A pasted one; no key types it.
+void TMBSHeader::TakeBackFieldEnds() {
+    QTextDocument& document = *ui_->RichEdit1->document();
+    for (QTextCursor found = document.find(";"); !found.isNull();
+         found = document.find(";", found)) {
+        found.joinPreviousEditBlock();
+        found.insertText(",");
+        found.endEditBlock();
+    }
+}
+
+void TMBSHeader::ShowRoom() {
+    const std::vector<std::string> lines = Lines();
+    const std::vector<std::size_t> lengths = CommentsOnForm(host_.Page(), lines);
+    QList<QTextEdit::ExtraSelection> beyond;
+    QStringList used;
+    for (std::size_t i = 0; i < std::max(lines.size(), kCommentLines); ++i) {
+        const std::string line = i < lines.size() ? lines[i] : "";
+        if (i < kCommentLines) {
+            used << QString::number(CommentLengthInch(host_.Page(), line), 'f', 1);
+        }
+        if (i < lines.size() && lengths[i] < line.size()) {
+            const auto printed = QString::fromStdString(line.substr(0, lengths[i])).size();
+            QTextCursor cursor(ui_->RichEdit1->document()->findBlockByNumber(static_cast<int>(i)));
+            cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::MoveAnchor,
+                                static_cast<int>(printed));
+            cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+            QTextCharFormat struckOut;
+            struckOut.setFontStrikeOut(true);
+            struckOut.setForeground(Qt::red);
+            beyond.push_back({cursor, struckOut});
+        }
+    }
+    ui_->RichEdit1->setExtraSelections(beyond);
+    ui_->RoomLabel->setText(
+        QString("Two lines print, each %1 inches long. Used: %2 and %3 inches.\n%4")
+            .arg(kCommentLineLength)
+            .arg(used[0], used[1],
+                 beyond.empty() ? "" : "What is struck out has no room on the form."));
 }
 
 void TMBSHeader::CutToLength() {
@@ -83,7 +150,7 @@ void TMBSHeader::changeEvent(QEvent* event) {
 void TMBSHeader::FitToFont() {
     QPlainTextEdit& box = *ui_->RichEdit1;
     const double margins = 2 * (box.document()->documentMargin() + box.frameWidth());
-    const int lines = kPrintedLines * box.fontMetrics().lineSpacing();
+    const int lines = static_cast<int>(kCommentLines) * box.fontMetrics().lineSpacing();
     box.setMinimumWidth(std::max(kBoxWidth, kBoxLetters * box.fontMetrics().averageCharWidth()));
     box.setFixedHeight(lines + static_cast<int>(std::ceil(margins)) + kSlack);
 }

@@ -3,6 +3,8 @@
 
 #include <cstddef>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "dialogs/EntryDialogs.h"
 #include "forms/FormHost.h"
@@ -31,6 +33,11 @@ class TMBSHeader : public EntryWindow {
 
     // Takes back what was typed or pasted beyond the room for comments.
     void CutToLength();
+    void TakeBackFieldEnds();
+    // Strikes out what the form has no room for, and says how much of its lines is used.
+    void ShowRoom();
+    void OkClick();
+    std::vector<std::string> Lines() const;
     void FitToFont();
 
     FormHost& host_;

@@ -1,8 +1,7 @@
 #include "dialogs/TicForm.h"
 
-#include <vector>
-
 #include "dialogs/EntryDialogs.h"
+#include "platform/Text.h"
 #include "ui_TicForm.h"
 
 namespace qfr {
@@ -92,6 +91,32 @@ void TTICForm::DeleteButtonClick() {
     }
 }
 
+bool TTICForm::AreToBeLeftOut(const std::vector<std::size_t>& rows) {
+    if (rows.empty()) {
+        return true;
+    }
+    std::vector<std::string> numbers;
+    for (const std::size_t row : rows) {
+        numbers.push_back(std::to_string(row));
+    }
+    const bool one = rows.size() == 1;
+    if (host_.AskYesNo({(one ? "Row " : "Rows ") + Enumerated(numbers) +
+                            " will not be kept, because a cell is missing.\nClose the list " +
+                            (one ? "without it?" : "without them?"),
+                        "Incomplete Rows", MessageIcon::kWarning})) {
+        return true;
+    }
+    EntryGrid& grid = *ui_->StringGrid1;
+    const int row = static_cast<int>(rows.front()) - 1;
+    int column = 0;
+    while (column < TicEntry::kRequired - 1 && !IsBlank(grid.Cell(row, column))) {
+        ++column;
+    }
+    grid.setFocus();
+    grid.setCurrentCell(row, column);
+    return false;
+}
+
 void TTICForm::OkButtonClick() {
     EntryGrid& grid = *ui_->StringGrid1;
     grid.FinishEditing();
@@ -101,6 +126,9 @@ void TTICForm::OkButtonClick() {
             rows[static_cast<std::size_t>(row)].cells[static_cast<std::size_t>(column)] =
                 grid.Cell(row, column);
         }
+    }
+    if (!AreToBeLeftOut(IncompleteTicRows(rows))) {
+        return;
     }
     host_.Batch().SampleList->at(record_).TicList = TicListFromRows(rows);
     EmptyRows();

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include <QDialog>
 
@@ -33,6 +34,8 @@ class TTICForm : public QDialog {
     void DeleteButtonClick();
     void OkButtonClick();
     void EmptyRows();
+    // Whether the user agrees to lose these rows, from 1; otherwise he is at what the first lacks.
+    bool AreToBeLeftOut(const std::vector<std::size_t>& rows);
 
     FormHost& host_;
     std::unique_ptr<Ui::TTICForm> ui_;

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <vector>
@@ -5,12 +6,15 @@
 #include "forms/Form4Content.h"
 #include "forms/FormHost.h"
 #include "forms/TableRows.h"
+#include "platform/Text.h"
 
 namespace qfr {
 
 namespace {
 
 constexpr double kTableTop = 3.35;
+constexpr double kCommentsLeft = 2.1;
+constexpr double kCommentsRight = kCommentsLeft + kCommentLineLength;
 constexpr double kColumnLines[] = {1.75, 3.0, 4.25, 5.5, 6.75};
 // On purpose: the empty rows are numbered one too high.
 constexpr SampleRows kRows{.rowsPerPage = 30,
@@ -70,10 +74,10 @@ void PrintSample(Page& page, const ListedSample& sample, double y) {
 void PrintComments(Page& page, const std::vector<std::string>& lines, double y) {
     page.TextOutInch("COMMENTS:", 0.9, y + 0.1);
     for (std::size_t i = 0; i < lines.size(); ++i) {
-        page.TextOutInch(lines[i], 2.1, y + 0.1 + 0.2 * static_cast<double>(i));
+        page.TextOutInch(lines[i], kCommentsLeft, y + 0.1 + 0.2 * static_cast<double>(i));
     }
-    page.DrawLineInch(2.0, y + 0.25, 7.5, y + 0.25);
-    page.DrawLineInch(2.0, y + 0.45, 7.5, y + 0.45);
+    page.DrawLineInch(2.0, y + 0.25, kCommentsRight, y + 0.25);
+    page.DrawLineInch(2.0, y + 0.45, kCommentsRight, y + 0.45);
     page.TextOutInch("*   Sample time is outside acceptance criteria", 0.9, y + 0.5);
 }
 
@@ -110,6 +114,51 @@ std::optional<DateTime> BlankTime(FormHost& host) {
 }
 
 }  // namespace
+
+double CommentLengthInch(Page& page, std::string_view text) {
+    page.SetupPage();  // before the first job there are no scales yet
+    return page.TextWidthInch(text);
+}
+
+std::vector<std::size_t> CommentsOnForm(Page& page, const std::vector<std::string>& lines) {
+    std::vector<std::size_t> lengths(lines.size(), 0);
+    for (std::size_t i = 0; i < std::min(lines.size(), kCommentLines); ++i) {
+        const std::string& line = lines[i];
+        // Characters: so many fit, and so many do not.
+        std::size_t fits = 0;
+        std::size_t tooMany = line.size() + 1;
+        while (tooMany - fits > 1) {
+            const std::size_t middle = fits + (tooMany - fits) / 2;
+            const bool room =
+                CommentLengthInch(page, FirstCharacters(line, middle)) <= kCommentLineLength;
+            (room ? fits : tooMany) = middle;
+        }
+        lengths[i] = FirstCharacters(line, fits).size();
+    }
+    return lengths;
+}
+
+std::optional<Message> CommentsNotPrinted(Page& page, const std::vector<std::string>& lines) {
+    constexpr std::size_t kShown = 60;  // characters
+    const std::vector<std::size_t> lengths = CommentsOnForm(page, lines);
+    std::string rest;
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+        const std::string text = Trim(std::string_view(lines[i]).substr(lengths[i]));
+        const std::string_view shown = FirstCharacters(text, kShown);
+        if (!text.empty()) {
+            rest.append(i < kCommentLines ? "\nThe end of line " : "\nLine ")
+                .append(std::to_string(i + 1))
+                .append(": ")
+                .append(shown);
+            rest += shown.size() < text.size() ? "..." : "";
+        }
+    }
+    if (rest.empty()) {
+        return std::nullopt;
+    }
+    return Message{"The two lines for comments on Form 4 have no room for this:" + rest,
+                   "Comments Too Long"};
+}
 
 void Form4MBSClick(FormHost& host) {
     if (!LabBlankSpecified(host)) {

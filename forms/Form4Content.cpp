@@ -6,7 +6,6 @@ namespace qfr {
 
 Form4Content BuildForm4Content(const SampleListType& samples, DateTime blankTime,
                                const BlankComments& comments) {
-    constexpr std::size_t kCommentLines = 2;
     Form4Content content;
     const SampleHeader& blank = samples.front().Header;
     content.Header = PrintedHeader(blank);

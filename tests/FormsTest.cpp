@@ -138,6 +138,22 @@ TEST(Form5, MarksTuneValuesOneStepBeyondEitherEnd) {
         count({"40.01", "80.01", "", "9.01", "2.01", "120.01", "9.01", "101.01", "9.01"}, "*"), 8);
 }
 
+TEST(Form4, SaysWhatItsCommentLinesHaveNoRoomFor) {
+    const std::string full(77, 'b');  // 5.4 inches hold them, and not one more
+    using Lines = std::vector<std::string>;
+    const std::pair<Lines, std::string> cases[] = {
+        {{}, ""},
+        {{full, full, " ", ""}, ""},
+        {{full + "b"}, "\nThe end of line 1: b"},
+        {{"", full + "\u00e9"}, "\nThe end of line 2: \u00e9"},
+        {{"1", "2", "", full}, "\nLine 4: " + full.substr(0, 60) + "..."}};
+    ScriptedHost host;
+    for (const auto& [lines, rest] : cases) {
+        const auto message = CommentsNotPrinted(host.page, lines);
+        EXPECT_EQ(message ? message->text.substr(message->text.find(':') + 1) : "", rest);
+    }
+}
+
 TEST(Form6, MoreThanFiveLevelsTurnThePage) {
     for (const int levels : {0, 1, 5, 6, 10}) {
         CalibratedRun run(levels, 1);

@@ -1,3 +1,6 @@
+#include <QLabel>
+#include <QPlainTextEdit>
+
 #include "dialogs/EntryFormDialog.h"
 #include "dialogs/MBSHeader.h"
 #include "platform/Text.h"
@@ -76,6 +79,52 @@ TEST(MBSHeader, HasRoomFor256Characters) {
         });
         EXPECT_EQ(rig.form.Entries().Comments.Lines, after);
     }
+}
+
+TEST(MBSHeader, ShowsAndAsksAboutWhatTheFormHasNoRoomFor) {
+    DialogRig<TMBSHeader> rig;
+    rig.form.Entries().Comments.Lines = {"one", std::string(91, 'b'), "three"};
+    rig.log.answers = {false, true};
+    EXPECT_TRUE(rig.Run([&] {
+        const std::string asked =
+            "The two lines for comments on Form 4 have no room for this:\nThe end of line 2: " +
+            std::string(14, 'b') + "\nLine 3: three\nPrint the form all the same?";
+        EXPECT_EQ(rig.Get<QLabel>("RoomLabel").text().toStdString(),
+                  "Two lines print, each 5.4 inches long. Used: 0.2 and 6.3 inches.\n"
+                  "What is struck out has no room on the form.");
+        EXPECT_EQ(rig.Get<QPlainTextEdit>("RichEdit1").extraSelections().size(), 2);
+        rig.Use("\t\r", asked, "RichEdit1");
+        rig.Use("\t\r", asked);
+    }));
+}
+
+// Somebody types and pastes what would end a field of a batch file's line, and its line.
+void TypeAndPaste(WindowUser& user) {
+    user.Type("a;b");
+    user.Paste(";c\nd");
+}
+
+TEST(MBSHeader, KeepsItsLinesInOneFieldEach) {
+    DialogRig<TMBSHeader> rig;
+    rig.Run([&] {
+        TypeAndPaste(rig);
+        rig.Type("\33");
+    });
+    EXPECT_THAT(rig.form.Entries().Comments.Lines, testing::ElementsAre("ab,c", "d"));
+}
+
+TEST(TuneForm, KeepsEachEntryInOneField) {
+    EntryRig<EntryDialog::kTune> rig;
+    rig.Run([&] {
+        TypeAndPaste(rig);
+        EXPECT_EQ(rig.Shown("SampleEdit"), "|ab,c d");
+        rig.Get("StringGrid1").setFocus();
+        rig.Type("1;2");
+        rig.Paste(";3");
+        rig.Type("\t\33\33");
+    });
+    const TuneEntry& stored = rig.form.Entries().Tune;
+    EXPECT_EQ(stored.SampleNo + " " + stored.Abundances[0], "ab,c d 12,3");
 }
 
 struct TuneRig : EntryRig<EntryDialog::kTune> {
@@ -173,9 +222,14 @@ TEST(ARTSummForm, TheSampleNumberChoosesTheLevel) {
     rig.form.Batch().Files.Calib = Example("VOA0516.CAL");
     rig.form.LevelCount() = 5;
     EXPECT_TRUE(rig.Run([&] {
-        rig.Use("&zVSTD050A1\t");
+        const char* const kNotFound =
+            "A calibration concentration of 99 was not found.\nPlease re-enter the sample ID with "
+            "a calibration concentration.";
+        rig.Use("&zVSTD099A1\r", kNotFound, "SampleEdit");
+        rig.Use("\t", kNotFound, "SampleEdit");
+        rig.Use("VSTD050A1\r", kRequired, "RTEdit1");
         EXPECT_EQ(rig.Shown("ConcCombo", "LabFileEdit"), "|50|VSTD050.D");
-        rig.Use("\r", kRequired, "RTEdit1");
+        rig.Use("late\t", "Please enter the retention time in minutes, as 8.84.", "RTEdit1");
         rig.Use("8.84\t6.01\t11.82\t\r");
     }));
     EXPECT_EQ(rig.form.Entries().StandardSummary.LevelIndex, 2);

@@ -22,7 +22,13 @@ TEST(TicForm, StoresCompleteRowsTypedFromCellToCellUnlessCancelled) {
         EXPECT_EQ(rig.Shown("ZOVEdit"), "|ZA101");
         rig.Type("71-43-2\t Benzene \t10.25\t12\tJN\t");
         rig.Type("100-41-4\tNo Time\t\t12\tJ\t");
-        rig.Type("108-88-3\tTOLUENE\t11\t7&o");
+        rig.Type("108-88-3\tTOLUENE\t11\t7");
+        rig.log.answers = {false, true};
+        const char* const kAsked =
+            "Row 2 will not be kept, because a cell is missing.\nClose the list without it?";
+        rig.Use("&o", kAsked, "StringGrid1");
+        EXPECT_EQ(rig.Grid().currentRow() * 10 + rig.Grid().currentColumn(), 12);
+        rig.Use("&o", kAsked);
     }));
     const TicListType stored = {{{"71-43-2", "benzene", "10.25", "12", "JN"}},
                                 {{"108-88-3", "toluene", "11", "7", ""}}};
@@ -61,14 +67,14 @@ TEST(TicForm, PastesRowsOfASpreadsheet) {
         rig.Paste(many);
         EXPECT_EQ(rig.Grid().rowCount(), 40);
         rig.Type("\ttyped before");
-        rig.Paste("Phenol\t9\nCumene\t8\t7\tX\tbeyond the grid\n");
-        rig.Type("\t1");
+        rig.Paste("Phen;ol\t9\nCumene\t8\t7\tX\tbeyond the grid\n");
+        rig.Type("\t1;");
         rig.Paste("1");
         rig.Type("&o");
     }));
     const TicListType& list = rig.List(0).value();
     ASSERT_EQ(list.size(), 40U);
-    EXPECT_EQ(list[0], (TicEntry{{"71-43-2", "phenol", "11", "12", ""}}));
+    EXPECT_EQ(list[0], (TicEntry{{"71-43-2", "phen,ol", "11", "12", ""}}));
     EXPECT_EQ(list[1], (TicEntry{{"71-43-2", "cumene", "8", "7", "X"}}));
     EXPECT_EQ(list[39], Tic("benzene"));
 }
