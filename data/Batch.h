@@ -109,6 +109,9 @@ struct FileSet {
     bool operator==(const FileSet&) const = default;
 };
 
+// What the sample is called in lists: its number, or else its report.
+std::string SampleName(const SampleRecord& record);
+
 using SampleListType = std::vector<SampleRecord>;
 
 struct Batch {
@@ -116,7 +119,9 @@ struct Batch {
     // The lab blank's record first when one is named, then one per entry of QFiles. Absent until it
     // is built; never empty.
     std::optional<SampleListType> SampleList;
-    // One per compound row of the lab blank: true when the blank contains the compound.
+    // One per compound row of the lab blank: true when the blank contains the compound. Those of
+    // the last lab blank stay when the batch is emptied, so they count only while a lab blank is
+    // named.
     std::vector<bool> BlankHitFlags;
     // Folder of the batch file that this batch was restored from (UTF-8), empty otherwise. Reports
     // that are not where their names say are looked for here.

@@ -16,9 +16,12 @@ std::optional<Form1VoaContent> BuildForm1VoaContent(const Batch& batch, std::siz
     Form1VoaContent content{
         {PrintedHeader(sample.Header), sample.Header[HeaderField::kZovSampleNo]}, {}};
     const auto rows = static_cast<std::size_t>(sample.CompoundCount);
+    // The flags outlive the blank that they are about: without one they say nothing.
+    const std::size_t blanks = LabBlankRecords(batch);
+    const bool comparesToBlank = blanks > 0 && record >= blanks;
     for (std::size_t row = 0; row < rows; ++row) {
         const bool inBlank =
-            record != 0 && row < batch.BlankHitFlags.size() && batch.BlankHitFlags[row];
+            comparesToBlank && row < batch.BlankHitFlags.size() && batch.BlankHitFlags[row];
         content.Rows.push_back(
             ReadVoaRow(row < report->Rows.size() ? report->Rows[row] : CompoundRow(), inBlank));
     }

@@ -43,6 +43,7 @@ struct VoaSheets {
         SampleRecord record = CompleteRecord("MW-1", dir.Write("a.prn", report + "\n"));
         record.CompoundCount = static_cast<std::int32_t>(compounds);
         host.batch.SampleList = {record, record};
+        host.batch.Files.LabBlank = record.FileName;
     }
     // How many compounds each page of the sample names.
     std::vector<std::size_t> Names() {
@@ -69,11 +70,17 @@ TEST(Form1Voa, MissesRowsOrTheWholeReport) {
     sheets.host.batch.BlankHitFlags = {true};
     (*sheets.host.batch.SampleList)[1].CompoundCount = 3;
     EXPECT_THAT(sheets.Names(), ElementsAre(2)) << "the counted row that is not there";
-    EXPECT_THAT(TextsAt(sheets.host.sink.jobs.at(0).pages.at(0), 7.3), ElementsAre("B"));
+    const auto qualifiers = [&] { return TextsAt(sheets.host.sink.jobs.back().pages.at(0), 7.3); };
+    EXPECT_THAT(qualifiers(), ElementsAre("B"));
+    sheets.host.batch.Files.LabBlank = " ";
+    for (const std::size_t sample : {0, 1}) {
+        PrintFormIVoa(sheets.host, sample);
+        EXPECT_THAT(qualifiers(), IsEmpty()) << "of a blank that is not in the batch";
+    }
 
     (*sheets.host.batch.SampleList)[1].FileName = "c:\\gone\\mw-1.x";
     PrintFormIVoa(sheets.host, 1);
-    EXPECT_EQ(sheets.host.sink.begun.size(), 1U);
+    EXPECT_EQ(sheets.host.sink.begun.size(), 3U);
     EXPECT_THAT(sheets.host.messages.TakeTexts(),
                 ElementsAre("c:\\gone\\mw-1.x\ncould not be found.  Use Data Files|Load Files menu "
                             "option\nto relocate file"));
