@@ -219,7 +219,7 @@ std::vector<std::string> ChooseLevelAmounts(const std::vector<CalibrationRecord>
 void ReadCheckStandardInfo(const FileContent<CheckReport>& report, Reports& reports,
                            ContinuingCalibrationEntry& entry) {
     const auto data = reports.Read<RawDataFile>(report->StandardFile, report.Folder);
-    if (!data) {
+    if (!data || !data->HasTitle()) {
         return;
     }
     if (const auto acquired = data->Acquired()) {

@@ -53,7 +53,8 @@ std::vector<std::string> ChooseLevelAmounts(const std::vector<CalibrationRecord>
                                             int levelCount);
 
 // Takes the standard's date and time and its lab file ID from the raw data file that the report
-// names. A file that cannot be opened changes nothing.
+// names. A file that cannot be opened changes nothing, and so does one without the title of a raw
+// data file: the report may name any file, and the form would print its lines.
 void ReadCheckStandardInfo(const FileContent<CheckReport>& report, Reports& reports,
                            ContinuingCalibrationEntry& entry);
 
