@@ -45,13 +45,13 @@ std::vector<PackageWork> PlanPackage(const Batch& batch, const PackageChoice& ch
     return dueJobs;
 }
 
-std::string SampleName(const SampleRecord& record) {
-    const std::string number = Trim(record.Header[HeaderField::kZovSampleNo]);
-    return number.empty() ? FileNameOnly(record.FileName) : number;
-}
-
 std::optional<PrintJob> PrintWork(HeadlessHost& host, const PackageWork& work) {
     host.Reports().BeginJob();
+    // The dialogs take values over from each other when they show, and a form empties what a
+    // missing file leaves open. The next form must not find any of it.
+    const Entries entries = host.Entries();
+    const BatchFlags flags = host.Flags();
+    const int levelCount = host.LevelCount();
     const FormRow& form = *work.form;
     std::string sample;
     if (form.printBatch) {
@@ -62,6 +62,9 @@ std::optional<PrintJob> PrintWork(HeadlessHost& host, const PackageWork& work) {
     } else {
         host.Show({std::string(kSpecifyFiles), kFilesNotSpecifiedTitle});
     }
+    host.Entries() = entries;
+    host.Flags() = flags;
+    host.LevelCount() = levelCount;
     std::optional<PrintJob> job = host.CollectJob();
     if (job) {
         job->form = form.caption;
@@ -74,10 +77,9 @@ PackageOutcome PrintPackage(FormHost& program, TextMetrics& metrics,
                             const std::vector<PackageWork>& dueJobs, JobPackage& package,
                             const std::function<bool(std::size_t job)>& shouldContinue) {
     MessageKeeper messages;
-    // On copies. The dialogs take values over from each other when they show, and a form empties
-    // what a missing file leaves open; nobody has seen any of it here, so none of it may stay. But
-    // each form finds what the forms and dialogs before it have left: the milestones of the batch
-    // and the number of calibration levels go along.
+    // On copies: nobody has seen here what the forms and dialogs take over from each other, so none
+    // of it may stay. What they have left in the program goes along: the milestones of the batch
+    // and the number of calibration levels.
     HeadlessHost host({program.Batch(), program.Entries()}, metrics, messages);
     host.Flags() = program.Flags();
     host.LevelCount() = program.LevelCount();

@@ -39,11 +39,9 @@ struct PackageWork {
 // In the order in which they print: form, then sample.
 std::vector<PackageWork> PlanPackage(const Batch& batch, const PackageChoice& choice);
 
-// What the sample is called in lists: its number, or else its report.
-std::string SampleName(const SampleRecord& record);
-
 // Runs the form's driver, which finds the dialogs answered. The job, named by form and sample;
-// absent when the driver has refused it with a message.
+// absent when the driver has refused it with a message. The host keeps its entries, flags and
+// levels, so that a form prints the same alone and among others, in any order.
 std::optional<PrintJob> PrintWork(HeadlessHost& host, const PackageWork& work);
 
 // What a form had to say while it was printed, or why it was not.

@@ -62,6 +62,11 @@ std::vector<std::size_t> IncompleteTicRows(const std::vector<TicEntry>& rows) {
     return incomplete;
 }
 
+std::string SampleName(const SampleRecord& record) {
+    const std::string number = Trim(record.Header[HeaderField::kZovSampleNo]);
+    return number.empty() ? FileNameOnly(record.FileName) : number;
+}
+
 bool FilesSpecified(const Batch& batch) {
     return LabBlankRecords(batch) > 0 || !batch.Files.QFiles.empty();
 }

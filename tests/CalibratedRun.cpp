@@ -59,9 +59,11 @@ CalibratedRun::CalibratedRun(int levels, int compounds, int samples) {
         "CRITERIA.TXT", "RF Criteria\nCompound-1;0.1;25\ncompound-2; 0.2\ncompound-1;9;99\n");
 }
 
-std::string CalibratedRun::PrintAll(JobLog& sink) {
+std::string CalibratedRun::PrintAll(JobLog& sink, std::string_view only) {
     PackageChoice choice{.samples = std::vector<bool>(host.batch.SampleList->size(), true)};
-    choice.forms.assign(kForms.size(), true);
+    for (std::size_t i = 0; i < kForms.size(); ++i) {
+        choice.forms[i] = only.empty() || kForms[i].name == only;
+    }
     const std::vector<PackageWork> works = PlanPackage(host.batch, choice);
     const auto package = sink.BeginPackage(0, "Package");
     const auto goesOn = [](std::size_t) { return true; };

@@ -103,8 +103,8 @@ struct CalibratedRun {
     std::string check;        // text of RUN.CHECK
     ScriptedHost host;        // with the batch loaded and all headers complete
 
-    // Prints all forms of all samples as one package. What was noted, each after its form.
-    std::string PrintAll(JobLog& sink);
+    // Prints all forms, or one, of all samples as one package. What was noted, each after its form.
+    std::string PrintAll(JobLog& sink, std::string_view only = "");
     // Runs a form's driver and returns the titles of its messages.
     std::vector<std::string> Run(void (*driver)(FormHost&));
     // The first page of the form, which is to print without a message.

@@ -32,5 +32,25 @@ TEST(PrintPackage, RunsOnACopyInOrderAndListsWhatIsRefused) {
     EXPECT_TRUE(host.dialogs.empty() && host.messages.shown.empty() && host.sink.begun.empty());
 }
 
+TEST(PrintPackage, PrintsAFormTheSameAloneAndAmongOthers) {
+    CalibratedRun run(2, 1, 2);
+    ContinuingCalibrationEntry& continuing = run.host.entries.ContinuingCalibration;
+    continuing.SampleNo = "VSTD050";
+    continuing.InstrumentId = "MS";
+    StandardSummaryEntry& summary = run.host.entries.StandardSummary;
+    summary.SampleNo = "VSTD020A";
+    summary.LabFileId = "CHK.D";
+    summary.AnalysisDateTime = "05/18/2005 08:46";
+    JobLog together;
+    run.PrintAll(together);
+    JobLog alone;
+    for (const FormRow& form : kForms) {
+        run.PrintAll(alone, form.name);
+    }
+    EXPECT_EQ(together.jobs.size(), 7U);
+    EXPECT_EQ(together.jobs.back().title, "Form 8 VSTD050");
+    EXPECT_TRUE(together.jobs == alone.jobs);
+}
+
 }  // namespace
 }  // namespace qfr::test

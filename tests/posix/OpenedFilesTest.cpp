@@ -56,6 +56,8 @@ TEST(OpenedFiles, AreReadOnceInARunAndTheirFolderIsListedOnce) {
     host.entries.Ranges.FileName = run.dir.Write("RANGES.TXT", "recovery ranges\n1\nd8;1;2\n");
     host.entries.ContinuingCalibration.InstrumentId = "GC 2";
     host.entries.ContinuingCalibration.SampleNo = host.entries.StandardSummary.SampleNo = "VSTD010";
+    host.entries.StandardSummary.LabFileId = "CHK.D";
+    host.entries.StandardSummary.AnalysisDateTime = "05/18/2005 08:46";
 
     JobLog sink;
     const Openings openings(run.dir.Path());
