@@ -19,8 +19,8 @@ TEST(Browse, TakesTheIdAndTheDateOfARawDataFileOnly) {
          "|vstd050c.d|vstd050cc|GCMS2|05/18/2005 08:46|05/16/2005 09:41|05/16/2005 11:49",
          "|NEW.D|vstd050cc|GCMS2|06/17/2005 07:30|05/16/2005 09:41|05/16/2005 11:49"},
         {"^8", "BrowseButton", "SampleEdit LabFileEdit MaskEdit1 MaskEdit2 MaskEdit3",
-         "|VSTD050CC|VSTD050C.D|05/18/2005 08:46|05/16/2005|05/16/2005",
-         "|VSTD050CC|NEW.D|06/17/2005 07:30|05/16/2005|05/16/2005"}};
+         "|vstd050cc|vstd050c.d|05/18/2005 08:46|05/16/2005|05/16/2005",
+         "|vstd050cc|NEW.D|06/17/2005 07:30|05/16/2005|05/16/2005"}};
     for (const auto& dialog : dialogs) {
         WindowRig rig;
         rig.form.RestoreFile(Example("example.qff"));
