@@ -15,6 +15,31 @@ std::string LimitsText(const RecoveryRange* range) {
                : "(" + FormatShortest(range->Low) + "-" + FormatShortest(range->High) + ")";
 }
 
+// Samples that get no row, and why.
+struct MissingSamples {
+    std::string NotOpened;      // each with its report
+    std::string BehindSection;  // from the report without the section on
+    std::string Report;         // that one
+
+    std::optional<Message> Told() const {
+        std::string text;
+        if (!NotOpened.empty()) {
+            text += "\nThe report could not be opened: " + NotOpened + ".";
+        }
+        if (!BehindSection.empty()) {
+            text +=
+                "\nFrom " + Report + " on, which has no volatile section: " + BehindSection + ".";
+        }
+        return text.empty() ? std::nullopt
+                            : std::optional(Message{"Form 2 lacks samples of the batch." + text,
+                                                    "Samples Missing"});
+    }
+};
+
+void AddName(std::string& names, const std::string& name) {
+    names += (names.empty() ? "" : ", ") + name;
+}
+
 }  // namespace
 
 std::optional<Form2Content> BuildForm2Content(const Batch& batch, std::size_t headerRecord,
@@ -32,14 +57,23 @@ std::optional<Form2Content> BuildForm2Content(const Batch& batch, std::size_t he
     // All samples are taken to list the compounds of the batch's first one.
     std::vector<const RecoveryRange*> ranges;
     std::vector<std::string> names;
+    MissingSamples missing;
     for (const SampleRecord& sample : samples) {
+        if (!missing.BehindSection.empty()) {
+            AddName(missing.BehindSection, SampleName(sample));
+            continue;
+        }
         const auto report = reports.Read<QuantReport>(sample.FileName, batch.Folder);
+        const std::string fileName = FileNameOnly(sample.FileName);
         if (!report) {
+            AddName(missing.NotOpened, SampleName(sample) + " (" + fileName + ")");
             continue;
         }
         if (!report->Monitoring) {
             messages.Show({"Did not find keyword, volatile", ""});
-            break;
+            missing.BehindSection = SampleName(sample);
+            missing.Report = fileName;
+            continue;
         }
         if (&sample == &samples.front()) {
             for (const MonitoringCompound& compound : *report->Monitoring) {
@@ -56,6 +90,9 @@ std::optional<Form2Content> BuildForm2Content(const Batch& batch, std::size_t he
             row.Recoveries.push_back({std::move(percent), std::move(flag)});
         }
         content.Samples.push_back(std::move(row));
+    }
+    if (const auto told = missing.Told()) {
+        messages.Show(*told);
     }
     const std::size_t compounds =
         content.Samples.empty() ? 0 : content.Samples.front().Recoveries.size();

@@ -35,8 +35,9 @@ struct Form2Content : FormContent {
 };
 
 // `headerRecord`: whose header prints, as index of SampleList. A report without a "volatile"
-// section is told in a message, and neither it nor any report after it is taken. Absent after the
-// message that the ranges file could not be read.
+// section is told in a message, and neither it nor any report after it is taken. Another message
+// names the samples that are missing for it or because their report cannot be opened. Absent after
+// the message that the ranges file could not be read.
 std::optional<Form2Content> BuildForm2Content(const Batch& batch, std::size_t headerRecord,
                                               const RangesEntry& entry, Reports& reports,
                                               Messages& messages);
