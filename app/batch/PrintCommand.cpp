@@ -123,10 +123,12 @@ std::vector<PrintJob> Record(Context& context, NamedBatch batch, const PackageCh
     HeadlessHost host(std::move(batch.saved), context.platform.Metrics(), context);
     std::vector<PrintJob> jobs;
     for (const PackageWork& dueJob : dueJobs) {
-        if (auto job = PrintWork(host, dueJob)) {
+        context.anyMessages = false;
+        auto job = PrintWork(host, dueJob);
+        // A page that was printed with a message is not to pass for one without.
+        context.Fail(!job || context.anyMessages ? kIncomplete : kDone);
+        if (job) {
             jobs.push_back(*std::move(job));
-        } else {
-            context.Fail(kIncomplete);
         }
     }
     context.prefix.clear();
