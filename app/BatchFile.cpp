@@ -277,6 +277,9 @@ std::variant<SavedBatch, Message> RestoreBatch(LineReader file, std::string_view
         return *in.Failure();
     }
     saved.Batch.Folder = FolderOf(fileName);
+    std::error_code failed;
+    const auto savedAt = std::filesystem::last_write_time(PathOf(fileName), failed);
+    saved.Batch.SavedAt = failed ? std::nullopt : std::optional(savedAt);
     return saved;
 }
 

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -86,12 +87,21 @@ std::optional<TicListType> TicListFromRows(const std::vector<TicEntry>& rows);
 // The rows, from 1, that hold something but are left out of that list.
 std::vector<std::size_t> IncompleteTicRows(const std::vector<TicEntry>& rows);
 
+// The header values that tell which analysis a report is about.
+struct AnalysisIds {
+    std::string LabFileId;
+    std::string ZovSampleNo;
+    bool operator==(const AnalysisIds&) const = default;
+};
+
 // One quantitation report.
 struct SampleRecord {
     std::string FileName;  // full path, lower case
     SampleHeader Header;
     std::int32_t CompoundCount = 0;      // rows of the report's compound table
     std::optional<TicListType> TicList;  // absent until entered
+    // As this run took them from the report; absent in a record that was restored.
+    std::optional<AnalysisIds> TakenIds;
     bool operator==(const SampleRecord&) const = default;
 };
 
@@ -126,6 +136,8 @@ struct Batch {
     // Folder of the batch file that this batch was restored from (UTF-8), empty otherwise. Reports
     // that are not where their names say are looked for here.
     std::string Folder;
+    // When that batch file was written.
+    std::optional<std::filesystem::file_time_type> SavedAt;
     bool operator==(const Batch&) const = default;
 };
 

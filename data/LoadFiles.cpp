@@ -188,6 +188,7 @@ void ClearBatch(Batch& batch, BatchOwner& owner) {
     batch.Files = {};
     batch.SampleList.reset();
     batch.Folder.clear();
+    batch.SavedAt.reset();
     owner.ResetEntryDialogs();
 }
 

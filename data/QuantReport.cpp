@@ -20,6 +20,7 @@ constexpr std::size_t kUsualRows = 64;
 constexpr std::size_t kNameField = 2;
 constexpr std::size_t kConcentrationField = 3;
 constexpr std::size_t kQualifierField = 6;
+constexpr std::size_t kRowFields = 7;
 
 // What follows the label of a header line; empty when the line has no such label.
 std::string AfterLastColon(std::string_view line) {
@@ -89,6 +90,7 @@ CompoundRow ReadCompoundRow(std::string_view line) {
     row.CasNumber = FirstCharacters(Trim(line.substr(line.rfind(';') + 1)), kMaxCellLength);
     row.Found = !Trim(fields[kConcentrationField]).starts_with('U') &&
                 !Contains(fields[kQualifierField], "J");
+    row.Whole = cells >= kRowFields;
     return row;
 }
 
@@ -216,6 +218,8 @@ void ReadSampleHeader(const QuantReport& report, SampleRecord& record) {
         record.Header[field] = value;
     }
     record.CompoundCount = report.RowCount;
+    record.TakenIds = {record.Header[HeaderField::kLabFileId],
+                       record.Header[HeaderField::kZovSampleNo]};
 }
 
 std::vector<bool> ReadBlankHits(const QuantReport& blank) {

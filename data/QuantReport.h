@@ -30,6 +30,7 @@ struct CompoundRow {
     std::string Qualifier;
     std::string CasNumber;
     bool Found = false;  // detected, and not an estimate
+    bool Whole = false;  // has as many fields as a row needs, and not only its first ones
 };
 
 struct MonitoringCompound {

@@ -39,7 +39,8 @@ FileContent<Content> Reports::Read(std::string_view name, std::string_view folde
         return known->second.content;
     }
     auto read = stamp ? ReadFile<Content>(*path, stamp->size) : nullptr;
-    FileContent<Content> content(std::move(read), TextOf(path->parent_path()));
+    FileContent<Content> content(std::move(read), TextOf(path->parent_path()),
+                                 stamp ? stamp->written : fs::file_time_type());
     if (content) {
         files.insert_or_assign(path->native(), Known<Content>{*stamp, job_, content});
     } else {

@@ -31,13 +31,15 @@ template <typename Content>
 class FileContent {
   public:
     FileContent() = default;
-    FileContent(std::shared_ptr<const Content> content, std::string folder)
-        : Folder(std::move(folder)), content_(std::move(content)) {}
+    FileContent(std::shared_ptr<const Content> content, std::string folder,
+                std::filesystem::file_time_type written)
+        : Folder(std::move(folder)), Written(written), content_(std::move(content)) {}
     explicit operator bool() const { return content_ != nullptr; }
     const Content& operator*() const { return *content_; }
     const Content* operator->() const { return content_.get(); }
 
     std::string Folder;
+    std::filesystem::file_time_type Written;  // when the file was changed last
 
   private:
     std::shared_ptr<const Content> content_;

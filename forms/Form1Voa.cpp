@@ -89,10 +89,8 @@ bool PrintPage(Page& page, const Form1VoaContent& content, std::size_t& row) {
 }  // namespace
 
 void PrintFormIVoa(FormHost& host, std::size_t record) {
-    const Batch& batch = host.Batch();
-    const auto content = BuildForm1VoaContent(batch, record, host.Reports());
+    const auto content = BuildForm1VoaContent(host.Batch(), record, host.Reports(), host);
     if (!content) {
-        host.Show(ReportNotFound((*batch.SampleList)[record].FileName));
         return;
     }
     host.Page().PrintDocument("Form 1 " + content->SampleNo, *content, PrintPage);

@@ -7,11 +7,15 @@
 namespace qfr {
 
 std::optional<Form1VoaContent> BuildForm1VoaContent(const Batch& batch, std::size_t record,
-                                                    Reports& reports) {
+                                                    Reports& reports, Messages& messages) {
     const SampleRecord& sample = (*batch.SampleList)[record];
     const auto report = reports.Read<QuantReport>(sample.FileName, batch.Folder);
     if (!report) {
+        messages.Show(ReportNotFound(sample.FileName));
         return std::nullopt;
+    }
+    if (const auto changed = ReportChanged(batch, sample, report)) {
+        messages.Show(*changed);
     }
     Form1VoaContent content{
         {PrintedHeader(sample.Header), sample.Header[HeaderField::kZovSampleNo]}, {}};

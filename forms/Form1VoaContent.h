@@ -24,9 +24,10 @@ struct Form1VoaContent : FormContent {
         Rows;  // as many as the record counts; those that the report lacks are empty
 };
 
-// For the record at this index of SampleList. Absent when its report cannot be opened.
+// For the record at this index of SampleList. A report that has changed since it was loaded is told
+// in a message. Absent, after a message, when it cannot be opened.
 std::optional<Form1VoaContent> BuildForm1VoaContent(const Batch& batch, std::size_t record,
-                                                    Reports& reports);
+                                                    Reports& reports, Messages& messages);
 
 // `inBlank`: the lab blank contains this compound and the sample is not the blank itself.
 VoaRow ReadVoaRow(const CompoundRow& row, bool inBlank);

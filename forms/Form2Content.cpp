@@ -75,6 +75,9 @@ std::optional<Form2Content> BuildForm2Content(const Batch& batch, std::size_t he
             missing.Report = fileName;
             continue;
         }
+        if (const auto changed = ReportChanged(batch, sample, report)) {
+            messages.Show(*changed);
+        }
         if (&sample == &samples.front()) {
             for (const MonitoringCompound& compound : *report->Monitoring) {
                 names.push_back(compound.Name);

@@ -94,6 +94,8 @@ std::optional<Form8Content> BuildForm8Content(const Batch& batch, std::size_t he
         if (!sampleReports.back()) {
             complete = false;
             messages.Show(ReportNotFound(sample.FileName));
+        } else if (const auto changed = ReportChanged(batch, sample, sampleReports.back())) {
+            messages.Show(*changed);
         }
     }
     const auto standard = check != nullptr

@@ -3,11 +3,13 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "data/Batch.h"
+#include "data/Reports.h"
 #include "platform/DateTime.h"
 #include "platform/Messages.h"
 
@@ -44,5 +46,12 @@ std::string TwelveHourFlag(std::string_view dateAnalyzed, DateTime start);
 
 // What is said of a sample's report that is gone.
 Message ReportNotFound(std::string_view fileName);
+
+// What is said of a sample's report that no longer is the one its record was read from: its rows,
+// or the analysis that it is about while the header still shows the former one; or that has rows
+// cut short. Absent for one that is as it was. Of a restored record nobody knows what was typed
+// over: its header shows the former analysis where the report is newer than the batch file.
+std::optional<Message> ReportChanged(const Batch& batch, const SampleRecord& sample,
+                                     const FileContent<QuantReport>& report);
 
 }  // namespace qfr

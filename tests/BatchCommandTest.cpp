@@ -295,6 +295,12 @@ TEST_F(BatchCommand, SaysWhatItCannotPrint) {
     EXPECT_EQ(Print("empty.qff --forms 1 -o x.pdf"),
               "Files Not Specified: Please use Data Files|Load Files menu selections to specify "
               "files.\n[1]");
+    Report("a.prn", "S3", 2);
+    EXPECT_EQ(Print("day.qff --forms 1 -o x.pdf --sample S2"),
+              "Quantitation Report Changed: a.prn is damaged, or has changed since it was loaded. "
+              "Compound rows: 2 instead of 1. Sample ID: S3 instead of S2. "
+              "Please use Data Files|Load Files menu option to load it again.\n"
+              "[1]Form 1 S2: [Form 1 S2 1]");
     fs::remove("a.prn");
     const std::string refusal =
         "File Not Found: " + Stored("a.prn") +
