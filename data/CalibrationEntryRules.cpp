@@ -167,7 +167,7 @@ void ShowContinuingCalibration(Entries& entries, const Batch& batch, Reports& re
             messages.Show(
                 {"The check calibration file could not be read.\n"
                  "Recreate the check calibration file.",
-                 "Check Calibration File Error"});
+                 kCheckFileError});
         }
     }
     ContinuingCalibrationEntry& entry = entries.ContinuingCalibration;
@@ -188,11 +188,14 @@ std::optional<EntryFault> BrowseCriteriaFile(Entries& entries, std::size_t /*ite
         entry = LowerCase(fileName);
     } else {
         entry.clear();
-        messages.Show(
-            {FileNameOnly(fileName) + " is not a RF criteria file.\nPlease select another file.",
-             kIncorrectFileTypeTitle});
+        messages.Show(NotACriteriaFile(fileName));
     }
     return std::nullopt;
+}
+
+Message NotACriteriaFile(std::string_view fileName) {
+    return {FileNameOnly(fileName) + " is not a RF criteria file.\nPlease select another file.",
+            kIncorrectFileTypeTitle};
 }
 
 std::optional<EntryFault> BrowseContinuingStandard(Entries& entries, std::size_t /*item*/,
@@ -201,9 +204,14 @@ std::optional<EntryFault> BrowseContinuingStandard(Entries& entries, std::size_t
     return TakeStandardFile(entries.ContinuingCalibration, fileName, messages);
 }
 
-std::optional<EntryFault> AcceptContinuingCalibration(const Entries& entries, BatchFlags& flags) {
+std::optional<EntryFault> AcceptContinuingCalibration(const Entries& entries, const Batch& batch,
+                                                      Reports& reports, BatchFlags& flags) {
     if (auto fault = CheckEntries(TableOf(EntryDialog::kContinuingCalibration), entries)) {
         return fault;
+    }
+    const std::string name = Trim(entries.ContinuingCalibration.CriteriaFile);
+    if (const auto file = reports.Read<CriteriaFile>(name, batch.Folder); file && !file->HasTitle) {
+        return EntryFault{NotACriteriaFile(name), "LimitEdit"};
     }
     flags.ContCalEntered = true;
     return std::nullopt;

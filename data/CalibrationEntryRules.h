@@ -6,6 +6,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "data/Batch.h"
 #include "data/Entries.h"
@@ -43,8 +44,13 @@ BrowseAction BrowseCriteriaFile;
 // Browse of the standard's raw data file: its lab file ID and its date.
 BrowseAction BrowseContinuingStandard;
 
-// OK: four entries are required, then the dates. Sets ContCalEntered.
-std::optional<EntryFault> AcceptContinuingCalibration(const Entries& entries, BatchFlags& flags);
+// What is said of a file that is no RF criteria file.
+Message NotACriteriaFile(std::string_view fileName);
+
+// OK: four entries are required, then the dates, then an RF criteria file that, where there is one,
+// has its title. Sets ContCalEntered.
+std::optional<EntryFault> AcceptContinuingCalibration(const Entries& entries, const Batch& batch,
+                                                      Reports& reports, BatchFlags& flags);
 
 // --- TARTSummForm, "Internal Standard Summary Input" ---
 

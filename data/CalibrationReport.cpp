@@ -59,26 +59,44 @@ struct BlockSection {
     CalibrationReport& report;
     int blankLines = 0;
     int lineOfBlock = 0;
-    bool ended = false;
+    // A sound report ends with the blocks of its internal standards, the first of which ends the
+    // table.
+    enum { kCompounds, kStandards, kOver } state = kCompounds;
     std::string firstLine = {};
+    bool hasText = false;  // the lines of this block
 
     void Take(const std::string& line) {
-        if (ended) {
-            return;
-        }
         if (blankLines < 2) {
             blankLines += Trim(line).empty() ? 1 : 0;
             return;
         }
+        hasText = hasText || !IsBlank(line);
         ++lineOfBlock;
         if (lineOfBlock == 1) {
             firstLine = line;
         } else if (lineOfBlock == 3) {
+            EndBlock(line.empty() ? ' ' : line.front());
             lineOfBlock = 0;
-            ended = !line.starts_with('A') && !line.starts_with('S');
-            if (!ended) {
-                report.Blocks.push_back(ParseBlock(firstLine, line.front()));
+            hasText = false;
+        }
+    }
+
+    void EndBlock(char type) {
+        if (state == kCompounds) {
+            if (type == 'A' || type == 'S') {
+                report.Blocks.push_back(ParseBlock(firstLine, type));
+            } else {
+                state = type == 'I' ? kStandards : kOver;
             }
+        } else if (hasText && (state == kOver || type != 'I')) {
+            report.HasTextBehind = true;
+        }
+    }
+
+    void EndReport() {
+        const bool cutShort = state == kCompounds && Contains(firstLine, ";");
+        if (lineOfBlock > 0 && hasText && (state != kCompounds || cutShort)) {
+            report.HasTextBehind = true;
         }
     }
 };
@@ -106,6 +124,7 @@ CalibrationReport CalibrationReport::Read(LineReader file) {
             }
         }
     }
+    blocks.EndReport();
     return report;
 }
 

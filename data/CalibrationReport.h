@@ -28,6 +28,9 @@ struct CalibrationReport {
     std::vector<std::string> DataFiles;
     // In report order, up to the first block that is neither an analyte's nor a surrogate's.
     std::vector<CompoundBlock> Blocks;
+    // There is text behind the block at which Blocks end, besides the blocks of internal standards
+    // (type 'I'); or a compound's block is cut short at the end of the report.
+    bool HasTextBehind = false;
     // The areas of each internal standard, in the order of InternalStandardNames, by level; counts,
     // decimals cut off. Empty for a standard that the report lacks.
     std::array<std::array<std::string, kMaxLevels>, InternalStandardNames.size()> StandardAreas;

@@ -12,6 +12,8 @@ namespace qfr {
 
 namespace {
 
+constexpr char kCalibrationFileError[] = "Calibration File Error";
+
 // The standards' dates as they are collected from their raw data files.
 struct DateRange {
     DateTime first;
@@ -41,7 +43,7 @@ bool AddStatistics(CalibrationRecord& record, Messages& messages) {
         if (!x) {
             messages.Show(
                 {"The response factor \"" + rf + "\" of\n" + record.Name + "\nis not a number.",
-                 "Calibration File Error"});
+                 kCalibrationFileError});
             return false;
         }
         ++n;
@@ -168,6 +170,17 @@ std::optional<std::vector<CalibrationRecord>> BuildRFTable(const CalibrationRepo
     return table;
 }
 
+void TellOfDamage(const CalibrationReport& report, std::string_view name, Messages& messages) {
+    if (report.Blocks.empty() || report.HasTextBehind) {
+        messages.Show(
+            {FileNameOnly(name) +
+                 (report.Blocks.empty() ? " has no compound blocks."
+                                        : " has text behind its compounds that is not read.") +
+                 "\nIt may be damaged. Recreate the calibration file.",
+             kCalibrationFileError});
+    }
+}
+
 std::string ChooseAmount(std::span<const AmountVote> votes) {
     std::unordered_map<std::string_view, std::size_t> analytesWith;
     for (const AmountVote& vote : votes) {
@@ -233,6 +246,35 @@ std::vector<CheckRow> ReadCheckTable(const CheckReport& report,
     std::vector<CheckRow> rows = report.Rows;
     rows.resize(rfTable.size());
     return rows;
+}
+
+void TellOfOtherRows(const CheckReport& report, const std::vector<CalibrationRecord>& rfTable,
+                     std::string_view name, Messages& messages) {
+    if (!report.HasTable) {
+        return;
+    }
+    std::size_t rows = report.Rows.size();
+    while (rows > 0 && report.Rows[rows - 1].Name.empty()) {
+        --rows;
+    }
+    std::string differences;
+    if (rows < rfTable.size()) {
+        differences = "\nRows: " + std::to_string(rows) + " for " + std::to_string(rfTable.size()) +
+                      " compounds.";
+    }
+    for (std::size_t i = 0; i < std::min(rows, rfTable.size()); ++i) {
+        if (report.Rows[i].Name != rfTable[i].Name) {
+            differences += "\nRow " + std::to_string(i + 1) + ": " + report.Rows[i].Name +
+                           " instead of " + rfTable[i].Name + ".";
+            break;
+        }
+    }
+    if (!differences.empty()) {
+        messages.Show(
+            {FileNameOnly(name) + " does not list the compounds of the calibration report" +
+                 " in their order." + differences + "\nRecreate the check calibration file.",
+             kCheckFileError});
+    }
 }
 
 }  // namespace qfr

@@ -17,6 +17,9 @@
 
 namespace qfr {
 
+// The title of what is said of a check report that cannot be used as it is.
+inline constexpr char kCheckFileError[] = "Check Calibration File Error";
+
 // One compound, its response factors as whole numbers.
 struct CalibrationRecord : CompoundBlock {
     std::string MeanRF;  // empty when no level is used
@@ -36,6 +39,10 @@ int ReadCalibrationDataFiles(const FileContent<CalibrationReport>& report, Repor
 // message, when a response factor that is used is no number.
 std::optional<std::vector<CalibrationRecord>> BuildRFTable(const CalibrationReport& report,
                                                            int levelCount, Messages& messages);
+
+// Tells of a report that has no compounds or, behind them, text that is not read; `name`: of its
+// file.
+void TellOfDamage(const CalibrationReport& report, std::string_view name, Messages& messages);
 
 // What a compound says about the amount of a level.
 struct AmountVote {
@@ -61,5 +68,10 @@ void ReadCheckStandardInfo(const FileContent<CheckReport>& report, Reports& repo
 // One row for each of `rfTable`, matched by position; rows that the report lacks are empty.
 std::vector<CheckRow> ReadCheckTable(const CheckReport& report,
                                      const std::vector<CalibrationRecord>& rfTable);
+
+// Tells of a report whose rows do not follow `rfTable`: they are fewer, or name other compounds.
+// `name`: of its file. Not of one without a table.
+void TellOfOtherRows(const CheckReport& report, const std::vector<CalibrationRecord>& rfTable,
+                     std::string_view name, Messages& messages);
 
 }  // namespace qfr

@@ -215,6 +215,7 @@ void Form6CIDClick(FormHost& host) {
     if (!content) {
         return;
     }
+    TellOfDamage(*report, name, host);
     host.Page().PrintDocument("Form 6", *content, PrintPage, IsLandscape(*content));
 }
 

@@ -3,6 +3,7 @@
 #include <string_view>
 #include <vector>
 
+#include "data/CalibrationEntryRules.h"
 #include "data/CalibrationTables.h"
 #include "forms/Form7Content.h"
 #include "forms/FormHost.h"
@@ -115,6 +116,12 @@ std::optional<Form7Content> ReadContent(FormHost& host, const SampleHeader& head
                    "File Could Not Be Opened"});
         return std::nullopt;
     }
+    if (!criteria->HasTitle) {
+        host.Show(NotACriteriaFile(Trim(entry.CriteriaFile)));
+        return std::nullopt;
+    }
+    TellOfDamage(calibration, host.Batch().Files.Calib, host);
+    TellOfOtherRows(check, *rfTable, host.Batch().Files.CheckCal, host);
     return BuildForm7Content(header, *rfTable, check, criteria->Criteria, entry);
 }
 

@@ -186,6 +186,9 @@ void Form8ARTClick(FormHost& host) {
     if (!content) {
         return;
     }
+    if (!check) {
+        TellOfDamage(*calibration, calibrationName, host);
+    }
     host.Flags().Form8DataReady = true;
     host.Page().PrintDocument("Form 8 " + content->SampleNo, *content, PrintPage);
 }

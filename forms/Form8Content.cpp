@@ -79,6 +79,36 @@ Form8Content::Peak FlagPeak(const PeakData& peak, const StandardISRecord& standa
             flag(OutsideLimits(peak.RetentionTime, standard.RTLower, standard.RTUpper))};
 }
 
+// Adds who it is that lacks areas or retention times, and of which internal standards where it does
+// not lack all.
+template <typename Values>
+void AddIncomplete(std::string& names, const std::string& name, const Values& values) {
+    std::string standards;
+    std::size_t missing = 0;
+    for (std::size_t i = 0; i < kStandards; ++i) {
+        if (Trim(values[i].Area).empty() || Trim(values[i].RT).empty()) {
+            standards.append(missing++ == 0 ? "" : " and ").append(InternalStandardNames[i]);
+        }
+    }
+    if (missing > 0) {
+        names += (names.empty() ? "" : "; ") + name +
+                 (missing < kStandards ? " (" + standards + ")" : "");
+    }
+}
+
+void TellOfMissingValues(const Form8Content& content, const SampleListType& samples,
+                         Messages& messages) {
+    std::string names;
+    AddIncomplete(names, "the 12 hour standard", content.Standard);
+    for (std::size_t i = 0; i < samples.size(); ++i) {
+        AddIncomplete(names, SampleName(samples[i]), content.Samples[i].Peaks);
+    }
+    if (!names.empty()) {
+        messages.Show({"Form 8 lacks internal standard values of\n" + names + ".",
+                       "Internal Standard Values Missing"});
+    }
+}
+
 }  // namespace
 
 std::optional<Form8Content> BuildForm8Content(const Batch& batch, std::size_t headerRecord,
@@ -120,6 +150,7 @@ std::optional<Form8Content> BuildForm8Content(const Batch& batch, std::size_t he
             sample.Peaks[k] = FlagPeak(sampleReports[i]->InternalStandards[k], content.Standard[k]);
         }
     }
+    TellOfMissingValues(content, samples, messages);
     return content;
 }
 

@@ -50,7 +50,8 @@ struct Form8Content : FormContent {
 };
 
 // The standard is that of the check report when there is one, else the chosen level of the
-// calibration report. Absent, after messages, when a sample's report cannot be opened or no level
+// calibration report. A message names it and the samples where they lack values. Absent, after
+// messages, when a sample's report cannot be opened or no level
 // has the chosen concentration.
 std::optional<Form8Content> BuildForm8Content(const Batch& batch, std::size_t headerRecord,
                                               const CheckReport* check,

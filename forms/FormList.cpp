@@ -52,7 +52,7 @@ bool OnShowContinuing(FormHost& host, std::size_t /*headerRecord*/) {
 }
 
 std::optional<EntryFault> OnOkContinuing(FormHost& host) {
-    return AcceptContinuingCalibration(host.Entries(), host.Flags());
+    return AcceptContinuingCalibration(host.Entries(), host.Batch(), host.Reports(), host.Flags());
 }
 
 bool OnShowSummary(FormHost& host, std::size_t /*headerRecord*/) {

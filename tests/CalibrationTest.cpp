@@ -78,6 +78,27 @@ TEST(CalibrationTables, WorkedExample) {
     EXPECT_THAT(messages.shown, IsEmpty());
 }
 
+TEST(CalibrationReport, KnowsTextBehindItsCompounds) {
+    const std::string standard = "is;1\nx\nI\n";
+    const std::string other = "x;1\nx\nX\n";
+    const std::pair<std::string, bool> cases[] = {{"", false},
+                                                  {standard + standard + " \n", false},
+                                                  {other + "\n \n\n", false},
+                                                  {"End of report", false},
+                                                  {"c;1", true},
+                                                  {"c;1\nx", true},
+                                                  {standard + "is;1\nx", true},
+                                                  {standard + "c;1\nx\nA\n", true},
+                                                  {other + standard, true},
+                                                  {"\n\n\nEnd of report", true}};
+    for (const auto& [text, behind] : cases) {
+        const auto report =
+            CalibrationReport::Read(LineReader("Date\n\nheads\n\nc;1\nx\nA\n" + text));
+        EXPECT_EQ(report.HasTextBehind, behind) << text;
+        EXPECT_EQ(report.Blocks.size(), 1U);
+    }
+}
+
 TEST(CalibrationTables, UseTheLevelsThatTheMaskNames) {
     MessageLog messages;
     const auto build = [&messages](const std::string& line) {

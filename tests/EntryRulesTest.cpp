@@ -114,6 +114,7 @@ TEST(CalibrationEntryRules, OkAsksInItsOrder) {
     Batch batch;
     Reports reports;
     MessageLog messages;
+    const TempDir dir;
     InitialCalibrationEntry& initial = entries.InitialCalibration;
     ContinuingCalibrationEntry& continuing = entries.ContinuingCalibration;
     StandardSummaryEntry& standard = entries.StandardSummary;
@@ -122,7 +123,7 @@ TEST(CalibrationEntryRules, OkAsksInItsOrder) {
     standard.Levels = {"20"};
     const auto fault = [&] {
         auto found = AcceptInitialCalibration(entries, 2, flags);
-        found = found ? found : AcceptContinuingCalibration(entries, flags);
+        found = found ? found : AcceptContinuingCalibration(entries, batch, reports, flags);
         return Control(found ? found : AcceptStandardSummary(entries, batch, reports, messages));
     };
     // The control that is asked for, and what is entered there then.
@@ -130,10 +131,11 @@ TEST(CalibrationEntryRules, OkAsksInItsOrder) {
         {"CalEndMaskEdit", initial.LastStandard, kLast},
         {"CalFileEdit2", initial.LabFileIds[1], "STD020.D"},
         {"LabFileEdit", continuing.LabFileId, "CHECK.D"},
-        {"LimitEdit", continuing.CriteriaFile, "criteria.txt"},
+        {"LimitEdit", continuing.CriteriaFile, dir.Write("typed.txt", "rf criteri")},
         {"ZOV_IDEdit", continuing.SampleNo, "VSTD050CC"},
         {"InstrEdit", continuing.InstrumentId, "GCMS2"},
         {"MaskEdit1", continuing.AnalysisDateTime, kLast},
+        {"LimitEdit", continuing.CriteriaFile, dir.Write("c.txt", "RF Criteria")},
         {"SampleEdit", standard.SampleNo, "VSTDX50"},
         {"SampleEdit", standard.SampleNo, "VSTD050"},
         {"SampleEdit", standard.Levels[0], "50"},

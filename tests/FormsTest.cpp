@@ -37,12 +37,12 @@ TEST(Forms, TurnThePageWhenItIsFull) {
         int rows;  // samples (with the blank), or compounds
         std::size_t pages;
         const char* said;  // how many pages it says there are
-    } cases[] = {
-        {kForm4, 31, 1, "1"}, {kForm4, 32, 2, "2"}, {kForm4, 62, 3, "3"},  {kForm5, 21, 1, "1"},
-        {kForm5, 22, 1, "2"}, {kForm5, 44, 2, "3"}, {kForm6, 0, 1, "1"},   {kForm6, 26, 1, "1"},
-        {kForm6, 27, 1, "2"}, {kForm6, 28, 2, "2"}, {kTurned, 26, 1, "2"}, {kTurned, 27, 2, "2"},
-        {kForm7, 0, 1, "1"},  {kForm7, 26, 1, "1"}, {kForm7, 27, 1, "2"},  {kForm7, 90, 4, "4"},
-        {kForm8, 22, 1, "1"}, {kForm8, 23, 2, "2"}, {kForm8, 45, 3, "3"},  {kForm5, 23, 2, "2"}};
+    } cases[] = {{kForm4, 31, 1, "1"},  {kForm4, 32, 2, "2"},  {kForm4, 62, 3, "3"},
+                 {kForm5, 21, 1, "1"},  {kForm5, 22, 1, "2"},  {kForm5, 44, 2, "3"},
+                 {kForm6, 26, 1, "1"},  {kForm6, 27, 1, "2"},  {kForm6, 28, 2, "2"},
+                 {kTurned, 26, 1, "2"}, {kTurned, 27, 2, "2"}, {kForm7, 26, 1, "1"},
+                 {kForm7, 27, 1, "2"},  {kForm7, 90, 4, "4"},  {kForm8, 22, 1, "1"},
+                 {kForm8, 23, 2, "2"},  {kForm8, 45, 3, "3"},  {kForm5, 23, 2, "2"}};
     for (const auto& [form, rows, pages, said] : cases) {
         CalibratedRun run(form.levels, form.ofSamples ? 1 : rows, form.ofSamples ? rows : 1);
         run.FirstPage(form.driver);
@@ -83,6 +83,8 @@ TEST(Forms, SayWhatIsMissingAndPrintNothing) {
     ScriptedHost& host = run.host;
     host.entries.ContinuingCalibration.CriteriaFile = kGone;
     EXPECT_THAT(run.Run(Form7CCDClick), ElementsAre("File Could Not Be Opened"));
+    host.entries.ContinuingCalibration.CriteriaFile = run.dir.Write("OTHER.TXT", " RF Criteria\n");
+    EXPECT_THAT(run.Run(Form7CCDClick), ElementsAre("Incorrect File Type"));
     Analyzed(host, 1) = "13/32/2005 10:00";
     EXPECT_THAT(run.Run(Form4MBSClick), ElementsAre("Incorrect Time Format"));
     Analyzed(host, 0) = " ";
@@ -105,6 +107,43 @@ TEST(Forms, SayWhatIsMissingAndPrintNothing) {
     EXPECT_THAT(run.Run(Form8ARTClick), ElementsAre("Required Files Missing"));
     EXPECT_THAT(host.sink.begun, IsEmpty());
     EXPECT_FALSE(host.flags.Form8DataReady);
+}
+
+TEST(Forms, TellWhatADamagedReportLacksAndPrint) {
+    const auto told = [](void (*driver)(FormHost&), const char* file, const std::string& from,
+                         const std::string& to, int compounds = 3,
+                         const char* check = "RUN.CHECK") {
+        CalibratedRun run(2, compounds, 2);
+        std::string text = ReadAll(run.dir.Path() / file);
+        run.dir.Write(file, text.replace(text.find(from), from.size(), to));
+        run.host.entries.StandardSummary.Levels = {"10"};
+        run.host.entries.StandardSummary.LevelIndex = 0;
+        run.host.entries.StandardSummary.RetentionTimes = {"7", "6", "8"};
+        std::string& checkName = run.host.batch.Files.CheckCal;
+        checkName = *check != '\0' ? checkName : "";
+        driver(run.host);
+        EXPECT_EQ(run.host.sink.jobs.size(), 1U);
+        EXPECT_LE(run.host.messages.shown.size(), 1U);
+        run.host.messages.shown.resize(1);
+        return run.host.messages.TakeTexts().front();
+    };
+    constexpr char kCal[] = "RUN.CAL";
+    constexpr char kCheck[] = "RUN.CHECK";
+    const auto none = StartsWith("RUN.CAL has no compound blocks.\n");
+    EXPECT_THAT(told(Form6CIDClick, kCal, "", "", 0), none);
+    EXPECT_THAT(told(Form7CCDClick, kCal, "", "", 0), none);
+    EXPECT_EQ(told(Form8ARTClick, kCal, "", "", 0), "") << "it prints nothing of them";
+    const auto behind = StartsWith("RUN.CAL has text behind its compounds that is not read.\n");
+    EXPECT_THAT(told(Form6CIDClick, kCal, "A\nCompound-3", "X\nCompound-3"), behind);
+    EXPECT_THAT(told(Form8ARTClick, kCal, "A\nCompound-3", "X\nCompound-3", 3, ""), behind);
+    EXPECT_THAT(told(Form7CCDClick, kCheck, "2;Compound-2;", "2;Compound-9;"),
+                HasSubstr(" in their order.\nRow 2: compound-9 instead of compound-2.\n"));
+    const std::string values = "Form 8 lacks internal standard values of\n";
+    EXPECT_EQ(told(Form8ARTClick, kCheck, "1,4-difluorobenzene", "other"),
+              values + "the 12 hour standard (1,4-difluorobenzene).");
+    EXPECT_EQ(told(Form8ARTClick, "S2.PRN", "d5;1000.9;7.25", "d5;1000.9;"),
+              values + "S2 (chlorobenzene-d5).");
+    EXPECT_EQ(told(Form8ARTClick, "S1.PRN", "Internal", "other"), values + "S1.");
 }
 
 TEST(TwelveHourFlag, MarksOneMinuteBeyondEitherEnd) {
@@ -187,7 +226,10 @@ TEST(Form7, ShowsWhatTheCheckReportHolds) {
     run.dir.Write("RUN.CHECK", check);
     run.host.entries.ContinuingCalibration.SampleNo = "VSTD050 ";
     run.host.entries.InitialCalibration.FirstStandard = "typed";
-    const JobPage& page = run.FirstPage(Form7CCDClick);
+    Form7CCDClick(run.host);
+    EXPECT_THAT(run.host.messages.TakeTexts(),
+                ElementsAre(HasSubstr("\nRows: 3 for 4 compounds.\n")));
+    const JobPage& page = run.host.sink.jobs.at(0).pages.at(0);
     EXPECT_THAT(run.host.sink.begun, ElementsAre("Form 7 VSTD050"));
     EXPECT_THAT(TextsAt(page, 1.0),
                 ElementsAre("COMPOUND", "compound-1", "compound-2", "compound-3"));
