@@ -193,31 +193,25 @@ TEST(CalibrationTables, LeaveMissingDataFilesForTheUserToComplete) {
 
 TEST(CalibrationTables, NameTheAcceptedEntriesThatMissingDataFilesChange) {
     const CalibratedRun run(3, 0);
-    const std::string changed = ".\nThis has changed on Form 6: the ";
-    // The list, and what is said.
-    const std::tuple<const char*, std::string> cases[] = {
-        {"STD1.D;STD2.D;STD3.D", ""},
-        {"STD1.D;C:\\GONE.D;STD3.D", "GONE.D" + changed + "lab file ID of level 2."},
-        {"STD1.D;STD2.D;GONE.D", "GONE.D" + changed + "date of the last standard."},
-        {"GONE.D;STD2.D;GO.D", "GONE.D and GO.D" + changed +
-                                   "lab file ID of level 1 and the date of the first standard."},
-        {"GONE.D;STD2.D;STD3.D", "GONE.D" + changed +
-                                     "lab file IDs of levels 1 and 2 and the date of the first "
-                                     "standard."},
-        {"GONE.D;GONE.D", ""}};
-    for (const auto& [list, said] : cases) {
+    const auto said = [&run](const std::string& list) {
         InitialCalibrationEntry entry{
             "05/16/2005 01:00", "05/16/2005 03:00", {"STD1.D", "STD2.D", "STD3.D"}};
         Reports reports;
         MessageLog messages;
-        ReadCalibrationDataFiles(
-            Calibration(run.dir, "Date\nData File(s):\n" + std::string(list) + "\n"), reports, true,
-            entry, messages);
-        const auto texts = messages.TakeTexts();
-        EXPECT_EQ(texts.empty() ? "" : texts.front(),
-                  said.empty() ? "" : "Calibration raw data not found: " + said)
-            << list;
-    }
+        ReadCalibrationDataFiles(Calibration(run.dir, "Date\nData File(s):\n" + list + "\n"),
+                                 reports, true, entry, messages);
+        return messages.shown.empty() ? "" : messages.shown.front().text;
+    };
+    const std::string missing = "Calibration raw data not found: ";
+    const std::string changed = ".\nThis has changed on Form 6: the ";
+    EXPECT_EQ(said("STD1.D;STD2.D;STD3.D") + said("GONE.D;GONE.D"), "");
+    EXPECT_EQ(said("STD1.D;C:\\GONE.D;STD3.D"),
+              missing + "GONE.D" + changed + "lab file ID of level 2.");
+    EXPECT_EQ(said("STD1.D;STD2.D;GO.D;GONE.D"),
+              missing + "GO.D and GONE.D" + changed + "date of the last standard.");
+    EXPECT_EQ(said("GONE.D;STD2.D;STD3.D"),
+              missing + "GONE.D" + changed +
+                  "lab file IDs of levels 1 and 2 and the date of the first standard.");
 }
 
 TEST(InternalStandards, OfASampleAreBelowTheirHeading) {

@@ -73,10 +73,7 @@ class ScriptedHost : public FormHost {
     TPrinter printer{metrics, sink};
     int printerSetups = 0;
     bool chooses = true;  // does not cancel the printer setup
-    qfr::Page page{printer, [this] {
-                       ++printerSetups;
-                       return chooses;
-                   }};
+    qfr::Page page{printer, [this] { return ++printerSetups > 0 && chooses; }};
     qfr::Batch batch;
     qfr::Entries entries;
     BatchFlags flags;

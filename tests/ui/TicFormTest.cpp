@@ -69,12 +69,12 @@ TEST(TicForm, PastesRowsOfASpreadsheet) {
         rig.Type("\ttyped before");
         rig.Paste("Phen;ol\t9\nCumene\t8\t7\tX\tbeyond the grid\n");
         rig.Type("\t1;");
-        rig.Paste("1");
+        rig.Paste("1;");
         rig.Type("&o");
     }));
     const TicListType& list = rig.List(0).value();
     ASSERT_EQ(list.size(), 40U);
-    EXPECT_EQ(list[0], (TicEntry{{"71-43-2", "phen,ol", "11", "12", ""}}));
+    EXPECT_EQ(list[0], (TicEntry{{"71-43-2", "phen,ol", "11,", "12", ""}}));
     EXPECT_EQ(list[1], (TicEntry{{"71-43-2", "cumene", "8", "7", "X"}}));
     EXPECT_EQ(list[39], Tic("benzene"));
 }

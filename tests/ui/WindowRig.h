@@ -96,11 +96,7 @@ struct WindowRig : WindowUser {
                    .Sink = sink,
                    .Packages = sink,
                    .Settings = settings,
-                   .ShowPrinterSetup =
-                       [this](TPrinter&) {
-                           ++setups;
-                           return chooses;
-                       },
+                   .ShowPrinterSetup = [this](TPrinter&) { return ++setups > 0 && chooses; },
                    .Quit = [this] { ++quits; },
                    .OpenHelp = [this](int topic) { return OpenHelp(topic); }}};
 };
