@@ -110,40 +110,37 @@ TEST(Forms, SayWhatIsMissingAndPrintNothing) {
 }
 
 TEST(Forms, TellWhatADamagedReportLacksAndPrint) {
-    const auto told = [](void (*driver)(FormHost&), const char* file, const std::string& from,
-                         const std::string& to, int compounds = 3,
-                         const char* check = "RUN.CHECK") {
-        CalibratedRun run(2, compounds, 2);
+    const auto told = [](const Form& form, const char* file, const std::string& from,
+                         const std::string& to, bool checked = true) {
+        CalibratedRun run(2, from.empty() ? 0 : 3, 2);
         std::string text = ReadAll(run.dir.Path() / file);
         run.dir.Write(file, text.replace(text.find(from), from.size(), to));
         run.host.entries.StandardSummary.Levels = {"10"};
         run.host.entries.StandardSummary.LevelIndex = 0;
         run.host.entries.StandardSummary.RetentionTimes = {"7", "6", "8"};
-        std::string& checkName = run.host.batch.Files.CheckCal;
-        checkName = *check != '\0' ? checkName : "";
-        driver(run.host);
+        run.host.batch.Files.CheckCal.resize(checked ? run.host.batch.Files.CheckCal.size() : 0);
+        form.driver(run.host);
         EXPECT_EQ(run.host.sink.jobs.size(), 1U);
         EXPECT_LE(run.host.messages.shown.size(), 1U);
-        run.host.messages.shown.resize(1);
-        return run.host.messages.TakeTexts().front();
+        return run.host.messages.shown.size() == 1 ? run.host.messages.TakeTexts()[0] : "";
     };
     constexpr char kCal[] = "RUN.CAL";
     constexpr char kCheck[] = "RUN.CHECK";
     const auto none = StartsWith("RUN.CAL has no compound blocks.\n");
-    EXPECT_THAT(told(Form6CIDClick, kCal, "", "", 0), none);
-    EXPECT_THAT(told(Form7CCDClick, kCal, "", "", 0), none);
-    EXPECT_EQ(told(Form8ARTClick, kCal, "", "", 0), "") << "it prints nothing of them";
+    EXPECT_THAT(told(kForm6, kCal, "", ""), none);
+    EXPECT_THAT(told(kForm7, kCal, "", ""), none);
+    EXPECT_EQ(told(kForm8, kCal, "", ""), "") << "it prints nothing of them";
     const auto behind = StartsWith("RUN.CAL has text behind its compounds that is not read.\n");
-    EXPECT_THAT(told(Form6CIDClick, kCal, "A\nCompound-3", "X\nCompound-3"), behind);
-    EXPECT_THAT(told(Form8ARTClick, kCal, "A\nCompound-3", "X\nCompound-3", 3, ""), behind);
-    EXPECT_THAT(told(Form7CCDClick, kCheck, "2;Compound-2;", "2;Compound-9;"),
+    EXPECT_THAT(told(kForm6, kCal, "A\nCompound-3", "X\nCompound-3"), behind);
+    EXPECT_THAT(told(kForm8, kCal, "A\nCompound-3", "X\nCompound-3", false), behind);
+    EXPECT_THAT(told(kForm7, kCheck, "2;Compound-2;", "2;Compound-9;"),
                 HasSubstr(" in their order.\nRow 2: compound-9 instead of compound-2.\n"));
     const std::string values = "Form 8 lacks internal standard values of\n";
-    EXPECT_EQ(told(Form8ARTClick, kCheck, "1,4-difluorobenzene", "other"),
+    EXPECT_EQ(told(kForm8, kCheck, "1,4-difluorobenzene", "other"),
               values + "the 12 hour standard (1,4-difluorobenzene).");
-    EXPECT_EQ(told(Form8ARTClick, "S2.PRN", "d5;1000.9;7.25", "d5;1000.9;"),
+    EXPECT_EQ(told(kForm8, "S2.PRN", "d5;1000.9;7.25", "d5;1000.9;"),
               values + "S2 (chlorobenzene-d5).");
-    EXPECT_EQ(told(Form8ARTClick, "S1.PRN", "Internal", "other"), values + "S1.");
+    EXPECT_EQ(told(kForm8, "S1.PRN", "Internal", "other"), values + "S1.");
 }
 
 TEST(TwelveHourFlag, MarksOneMinuteBeyondEitherEnd) {
