@@ -7,6 +7,7 @@
 #include <optional>
 #include <span>
 #include <system_error>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -143,8 +144,7 @@ SampleRecord ParseRecord(BatchParser& in) {
     std::array<std::string, 2> report;
     TakeValues(in.Line(), report);
     record.FileName = report[0];
-    // No accepted report has more rows, and forms print a line for each.
-    record.CompoundCount = std::clamp(ParseInteger(report[1]).value_or(0), 0, kMaxCompoundRows);
+    record.CompoundCount = std::max(ParseInteger(report[1]).value_or(0), 0);
     TakeValues(in.Line(), record.Header.Values());
 
     const std::int32_t tics = in.Count();
@@ -158,11 +158,56 @@ SampleRecord ParseRecord(BatchParser& in) {
     return record;
 }
 
+// A line that ends early leaves the other compounds of the blank not found.
 void ParseFlags(std::int32_t count, std::string_view line, std::vector<bool>& flags) {
+    // What a count without flags is believed: more rows than any form could print.
+    constexpr std::int32_t kMostWithoutFlags = 100'000;
     while (std::ssize(flags) < count && !line.empty()) {
         flags.push_back(line.front() == '1');
         TakeField(line);
     }
+    const auto stated = static_cast<std::size_t>(std::min(count, kMostWithoutFlags));
+    flags.resize(std::max(flags.size(), stated));
+}
+
+// Sorts the list of reports; each record goes with its report, the lab blank's stays first.
+void SortReports(Batch& batch) {
+    std::vector<std::string>& names = batch.Files.QFiles;
+    std::ranges::sort(names);
+    if (!batch.SampleList) {
+        return;
+    }
+    std::unordered_map<std::string, std::size_t> places;
+    for (const std::string& name : names) {
+        places.try_emplace(LowerCase(name), places.size());
+    }
+    const auto placeOf = [&places](const SampleRecord& record) {
+        const auto place = places.find(LowerCase(record.FileName));
+        return place == places.end() ? places.size() : place->second;
+    };
+    SampleListType& records = *batch.SampleList;
+    const std::size_t first = std::min(LabBlankRecords(batch), records.size());
+    std::ranges::stable_sort(records.begin() + static_cast<std::ptrdiff_t>(first), records.end(),
+                             {}, placeOf);
+}
+
+// A calibration that was accepted is complete; its raw data files need not be there any more.
+bool IsComplete(const InitialCalibrationEntry& entry) {
+    return IsDateTimeText(entry.FirstStandard) && IsDateTimeText(entry.LastStandard) &&
+           std::ranges::any_of(entry.LabFileIds,
+                               [](const std::string& id) { return !IsBlank(id); });
+}
+
+// A choice of limits that does not come back as it was saved.
+std::optional<Message> LimitsNoteFor(std::string_view rangesLine, std::string_view fileName) {
+    TakeField(rangesLine);
+    if (ParseInteger(TakeField(rangesLine)) != static_cast<int>(RecoveryLimits::kOil)) {
+        return std::nullopt;
+    }
+    return Message{FileNameOnly(fileName) +
+                       " was saved with oil limits for Form 2.\n"
+                       "They come back as soil limits. Please check the choice.",
+                   "Warning", MessageIcon::kWarning};
 }
 
 // The text that a field's next value comes back as. A masked entry always holds its literals; those
@@ -176,12 +221,10 @@ std::string TakeText(std::string_view& rest, const EntryField& field) {
     return emptyMask.empty() ? text : OrEmptyMask(text, emptyMask);
 }
 
-void ParseEntry(BatchParser& in, const EntryTable& table, Entries& entries) {
-    const std::string line = Trim(in.Line());
+void ParseEntry(std::string_view line, const EntryTable& table, Entries& entries) {
     if (line.empty()) {
         return;
     }
-    table.Clear(entries);
     std::string_view rest = line;
     for (const EntryField& field : table.Fields) {
         const bool open = field.Kind == EntryKind::kLines;
@@ -232,8 +275,7 @@ std::string SaveBatch(const Batch& batch, const Entries& entries) {
     return out.Take();
 }
 
-std::variant<SavedBatch, Message> RestoreBatch(LineReader file, std::string_view fileName,
-                                               const Entries& current) {
+std::variant<SavedBatch, Message> RestoreBatch(LineReader file, std::string_view fileName) {
     if (file.Next() != kFirstLine) {
         return Message{std::string(fileName) + " is not a\nQFRForm saved file.",
                        "Improper File Type", MessageIcon::kInformation};
@@ -245,7 +287,7 @@ std::variant<SavedBatch, Message> RestoreBatch(LineReader file, std::string_view
     file.Seek(afterFirstLine);
 
     BatchParser in(std::move(file));
-    SavedBatch saved{{}, current};
+    SavedBatch saved;
     FileSet& files = saved.Batch.Files;
     for (std::string* name : {&files.LibFile, &files.SurrFile, &files.CalFile, &files.LabBlank}) {
         *name = in.Line();
@@ -270,12 +312,18 @@ std::variant<SavedBatch, Message> RestoreBatch(LineReader file, std::string_view
     ParseFlags(flags, in.Line(), saved.Batch.BlankHitFlags);
 
     for (const EntryTable& table : EntryTables()) {
-        ParseEntry(in, table, saved.Entries);
+        const std::string line = Trim(in.Line());
+        ParseEntry(line, table, saved.Entries);
+        if (&table == &TableOf(EntryDialog::kRecoveryRanges)) {
+            saved.LimitsNote = LimitsNoteFor(line, fileName);
+        }
     }
 
     if (in.Failure()) {
         return *in.Failure();
     }
+    SortReports(saved.Batch);
+    saved.Flags.InitCalEntered = IsComplete(saved.Entries.InitialCalibration);
     saved.Batch.Folder = FolderOf(fileName);
     return saved;
 }

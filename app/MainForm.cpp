@@ -207,7 +207,7 @@ bool TQFRForm::RestoreFile(const std::string& fileName) {
     const WaitCursor wait;
     std::optional<LineReader> file = LineReader::Open(PathOf(fileName));
     // A file that cannot be read is treated as one that holds nothing.
-    auto restored = RestoreBatch(file ? std::move(*file) : LineReader(""), fileName, entries_);
+    auto restored = RestoreBatch(file ? std::move(*file) : LineReader(""), fileName);
     if (const auto* const refusal = std::get_if<Message>(&restored)) {
         Show(*refusal);
         return false;
@@ -215,8 +215,13 @@ bool TQFRForm::RestoreFile(const std::string& fileName) {
     auto& saved = std::get<SavedBatch>(restored);
     Batch() = std::move(saved.Batch);
     entries_ = std::move(saved.Entries);
+    flags_ = saved.Flags;
+    form1Header_->Reset();
     filesDlg_->ShowFileSet();
     ShowBatchState();
+    if (saved.LimitsNote) {
+        Show(*saved.LimitsNote);
+    }
     return true;
 }
 

@@ -78,8 +78,7 @@ PackageOutcome PrintPackage(FormHost& program, TextMetrics& metrics,
     // what a missing file leaves open; nobody has seen any of it here, so none of it may stay. But
     // each form finds what the forms and dialogs before it have left: the milestones of the batch
     // and the number of calibration levels go along.
-    HeadlessHost host({program.Batch(), program.Entries()}, metrics, messages);
-    host.Flags() = program.Flags();
+    HeadlessHost host({program.Batch(), program.Entries(), program.Flags()}, metrics, messages);
     host.LevelCount() = program.LevelCount();
     const TPrinter& chosen = program.Page().Printer();
     host.Page().Printer().PaperSize = chosen.PaperSize;

@@ -12,6 +12,9 @@
 
 namespace qfr {
 
+// The text as a line of the batch file can hold it: ";" becomes ",", line breaks become blanks.
+std::string BatchText(std::string_view text);
+
 // The 26 values of a Form I header, numbered from 1 in the order in which they are entered.
 enum class HeaderField {
     kZovSampleNo = 1,

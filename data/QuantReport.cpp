@@ -111,7 +111,7 @@ struct SampleSection {
         } else if (state == kRows) {
             if (IsBlank(line)) {
                 state = kDone;
-            } else if (++report.RowCount <= kMaxCompoundRows) {
+            } else if (++report.RowCount <= kMaxPrintedRows) {
                 report.Rows.push_back(ReadCompoundRow(line));
             }
         }

@@ -16,8 +16,10 @@
 
 namespace qfr {
 
-// A report carries at most this many compound rows.
+// A report carries at most this many compound rows when it enters a batch.
 inline constexpr std::int32_t kMaxCompoundRows = 301;
+// A batch file may count more for it, of which no more than these are read and printed.
+inline constexpr std::int32_t kMaxPrintedRows = 1'000;
 inline constexpr std::size_t kMaxMonitoringCompounds = 21;
 // No laboratory's compound library has longer texts; what a cell of the compound table holds beyond
 // is cut (characters).
@@ -68,7 +70,7 @@ struct QuantReport {
     std::string LabFileId;
     std::string Instrument;
 
-    std::vector<CompoundRow> Rows;  // the first kMaxCompoundRows
+    std::vector<CompoundRow> Rows;  // the first kMaxPrintedRows
     std::int32_t RowCount = 0;      // of the table
     // The first kMaxMonitoringCompounds; absent when the report has no such section.
     std::optional<std::vector<MonitoringCompound>> Monitoring;

@@ -3,6 +3,7 @@
 #include "forms/Form1VoaContent.h"
 #include "forms/FormHost.h"
 #include "forms/TableRows.h"
+#include "platform/Text.h"
 
 namespace qfr {
 
@@ -90,9 +91,16 @@ bool PrintPage(Page& page, const Form1VoaContent& content, std::size_t& row) {
 
 void PrintFormIVoa(FormHost& host, std::size_t record) {
     const Batch& batch = host.Batch();
+    const SampleRecord& sample = (*batch.SampleList)[record];
+    if (sample.CompoundCount > kMaxPrintedRows) {
+        host.Show({"The batch counts more than 1,000 compounds for\n" +
+                       FileNameOnly(sample.FileName) + ". They cannot be printed.",
+                   kFileErrorTitle});
+        return;
+    }
     const auto content = BuildForm1VoaContent(batch, record, host.Reports());
     if (!content) {
-        host.Show(ReportNotFound((*batch.SampleList)[record].FileName));
+        host.Show(ReportNotFound(sample.FileName));
         return;
     }
     host.Page().PrintDocument("Form 1 " + content->SampleNo, *content, PrintPage);

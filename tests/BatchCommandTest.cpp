@@ -102,7 +102,7 @@ class BatchCommand : public testing::Test {
 };
 
 SavedBatch Restored(const std::string& file) {
-    return std::get<SavedBatch>(RestoreBatch(*LineReader::Open(PathOf(file)), file, {}));
+    return std::get<SavedBatch>(RestoreBatch(*LineReader::Open(PathOf(file)), file));
 }
 
 TEST_F(BatchCommand, RefusesWrongUsage) {
@@ -282,6 +282,16 @@ TEST_F(BatchCommand, ShowsEveryValueUnderItsName) {
               "[0]" + ReadAll(TestData("full/shown.txt")));
     EXPECT_THAT(Run("show day.qff"),
                 HasSubstr("\n\nSample 2 of 4\n  Report:               " + Stored("a.prn")));
+}
+
+TEST_F(BatchCommand, TellsOfOilLimitsBeforeFormII) {
+    std::string batch = ReadAll("day.qff");
+    batch.replace(batch.find("\n;1;\n"), 5, "\n;3;\n");
+    dir_.Write("oil.qff", batch);
+    EXPECT_EQ(Print("oil.qff --forms 1 -o x.pdf --sample S2"), "[0]Form 1 S2: [Form 1 S2 1]");
+    EXPECT_THAT(Print("oil.qff --forms 2 -o x.pdf"),
+                StartsWith("Warning: oil.qff was saved with oil limits for Form 2. They come back "
+                           "as soil limits. Please check the choice.\n"));
 }
 
 TEST_F(BatchCommand, SaysWhatItCannotPrint) {

@@ -25,11 +25,7 @@ std::string Saved(const SavedBatch& saved) {
 }
 
 std::variant<SavedBatch, Message> Restore(const std::string& text) {
-    Entries current;
-    current.Comments.Lines = {"old"};
-    current.Tune.SampleNo = "old";
-    current.InitialCalibration.LabFileIds[7] = "old";
-    return RestoreBatch(LineReader(text), "/d/x.qff", current);
+    return RestoreBatch(LineReader(text), "/d/x.qff");
 }
 
 SavedBatch Restored(const std::string& text) {
@@ -113,19 +109,20 @@ TEST(BatchFile, TakesNoMoreThanTheFileHolds) {
     };
     EXPECT_THAT(flags("0"), IsEmpty());
     EXPECT_THAT(flags("2"), ElementsAre(true, false));
-    EXPECT_THAT(flags(huge), ElementsAre(true, false, true));
+    EXPECT_THAT(flags("5"), ElementsAre(true, false, true, false, false));
+    EXPECT_EQ(flags("100000").size() + flags(huge).size(), 200000u);
     const auto rows = [&full](const std::string& count) {
         const SavedBatch saved = Restored(WithLine(full, kFirstRecord, "/d/a.prn;" + count + ";"));
         return std::to_string(saved.Batch.SampleList->front().CompoundCount);
     };
-    EXPECT_EQ(Joined({"301", "302", "-1", "x", ""}, rows), "301|301|0|0|0");
+    EXPECT_EQ(Joined({"301", "302", "-1", "x", ""}, rows), "301|302|0|0|0");
 
     // Cut after the first record's first line.
     const SavedBatch cut = Restored(full.substr(0, full.find(";11;\n") + 5));
     ASSERT_THAT(*cut.Batch.SampleList, SizeIs(1));
     EXPECT_EQ(cut.Batch.SampleList->front().Header[HeaderField::kMatrix], "");
     EXPECT_THAT(cut.Batch.BlankHitFlags, IsEmpty());
-    EXPECT_EQ(cut.Entries.Tune.SampleNo, "old");
+    EXPECT_EQ(cut.Entries, Entries());
 }
 
 TEST(BatchFile, RestoresEntries) {
@@ -138,9 +135,8 @@ TEST(BatchFile, RestoresEntries) {
     };
     // A saved choice of oil comes back as soil.
     EXPECT_EQ(Joined({"f;1;", "f;2;", "f;3;", "f;4;", "f"}, limits), "1|2|2|1|1");
-    EXPECT_THAT(with(kComments, " ").Comments.Lines, ElementsAre("old"));
     EXPECT_THAT(with(kComments, ";").Comments.Lines, ElementsAre(""));
-    EXPECT_EQ(with(kTune, "").Tune.SampleNo, "old");
+    EXPECT_EQ(with(kTune, " ").Tune, TuneEntry()) << "an empty line is an initial dialog";
     TuneEntry fresh;
     fresh.SampleNo = "new";
     EXPECT_EQ(with(kTune, "new").Tune, fresh);
@@ -161,6 +157,37 @@ TEST(BatchFile, RestoresEntries) {
     EXPECT_EQ(
         Joined({"", ";;;;;;;;", ";;;;;;;;-1;", ";;;;;;;;-7;", ";;;;;;;;10;", ";;;;;;;;x;"}, level),
         "-1|-1|-1|-1|-1|-1");
+}
+
+TEST(BatchFile, RestoresReportsInOrderWithTheirRecords) {
+    SavedBatch batch = Restored(FullText());
+    const std::string sorted = Saved(batch);
+    std::ranges::reverse(batch.Batch.Files.QFiles);
+    std::reverse(batch.Batch.SampleList->begin() + 1, batch.Batch.SampleList->end());
+    EXPECT_EQ(Saved(Restored(Saved(batch))), sorted);
+    batch.Batch.SampleList->insert(batch.Batch.SampleList->begin() + 1, {"/d/0.prn", {}, 0, {}});
+    const SampleListType records = *Restored(Saved(batch)).Batch.SampleList;
+    EXPECT_EQ(records.at(0).FileName + records.at(1).FileName + records.at(3).FileName,
+              "/d/vblk.prn/d/a.prn/d/0.prn");
+}
+
+TEST(BatchFile, TellsWhatWasAcceptedAndWhatChanges) {
+    const auto entered = [full = FullText()](const char* line) {
+        return Restored(WithLine(full, kInitial, line)).Flags.InitCalEntered ? "1" : "0";
+    };
+    EXPECT_EQ(Joined({"05/16/2005 09:00;05/16/2005 12:00;;;C;;;",
+                      "05/16/2005 09:00;05/16/2005 12:00;;; ;;;",
+                      "05/16/2005 09:00;  /  /       :  ;A;;;;;",
+                      "  /  /       :  ;05/16/2005 12:00;A;;;;;", ""},
+                     entered),
+              "1|0|0|0|0");
+    const auto note = [full = FullText()](const char* line) {
+        const auto message = Restored(WithLine(full, kRanges, line)).LimitsNote;
+        return message ? message->text : "none";
+    };
+    EXPECT_EQ(Joined({"f;2;", "f;4;", "", "f;3;"}, note),
+              "none|none|none|x.qff was saved with oil limits for Form 2.\n"
+              "They come back as soil limits. Please check the choice.");
 }
 
 }  // namespace

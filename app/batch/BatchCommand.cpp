@@ -125,7 +125,7 @@ std::vector<NamedBatch> ReadBatches(Context& context, const std::vector<std::str
     for (const std::string& name : names) {
         context.prefix = names.size() > 1 ? name + ": " : "";
         if (std::optional<LineReader> content = OpenInput(context, name)) {
-            auto restored = RestoreBatch(*std::move(content), name, Entries());
+            auto restored = RestoreBatch(*std::move(content), name);
             if (const auto* message = std::get_if<Message>(&restored)) {
                 context.Show(*message);
             } else {

@@ -120,9 +120,14 @@ bool HasPrinter(Context& context, const std::string& printer) {
 std::vector<PrintJob> Record(Context& context, NamedBatch batch, const PackageChoice& choice) {
     context.prefix = batch.prefix;
     const std::vector<PackageWork> dueJobs = PlanPackage(batch.saved.Batch, choice);
+    const std::optional<Message> limitsNote = batch.saved.LimitsNote;
     HeadlessHost host(std::move(batch.saved), context.platform.Metrics(), context);
     std::vector<PrintJob> jobs;
     for (const PackageWork& dueJob : dueJobs) {
+        if (limitsNote && dueJob.form->entry == EntryDialog::kRecoveryRanges) {
+            context.Show(*limitsNote);
+            context.Fail(kIncomplete);
+        }
         if (auto job = PrintWork(host, dueJob)) {
             jobs.push_back(*std::move(job));
         } else {

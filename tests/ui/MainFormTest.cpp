@@ -1,3 +1,4 @@
+#include <QLineEdit>
 #include <QStatusBar>
 
 #include "app/MainForm.h"
@@ -62,6 +63,24 @@ TEST(MainForm, SavesAndRestoresABatchWithItsState) {
     EXPECT_EQ(rig.chooser.opened.at(0).kind, FileKind::kBatch);
     EXPECT_EQ(rig.chooser.opened.at(0).directory, "/batches");
     EXPECT_EQ(rig.chooser.saved.at(0).directory, TextOf(ExampleDir()));
+}
+
+TEST(MainForm, RestoresOverNothingOfAnotherBatch) {
+    WindowRig rig;
+    rig.form.RestoreFile(Example("example.qff"));
+    EXPECT_TRUE(rig.form.Flags().InitCalEntered);
+    rig.form.Flags() = {true, true, true};
+    rig.Type("^1");  // the header dialog shows the first sample
+    const std::string empty = "QFRForms\n\n\n\n/b.prn\n0\n/d.cal\n/d.check\n1\n/b.prn;1;\n\n0\n";
+    rig.form.RestoreFile(rig.dir.Write("empty.qff", empty + "0\n\n;3;\n"));
+    EXPECT_THAT(rig.log.TakeTitles(), testing::ElementsAre("Warning"));
+    Entries soil;
+    soil.Ranges.Limits = RecoveryLimits::kSoil;
+    EXPECT_EQ(rig.form.Entries(), soil);
+    const BatchFlags& flags = rig.form.Flags();
+    EXPECT_FALSE(flags.InitCalEntered || flags.ContCalEntered || flags.Form8DataReady);
+    auto& header = rig.Find<QWidget>("TForm1Header");
+    EXPECT_EQ(header.findChild<QLineEdit*>("Edit1")->text(), "");
 }
 
 TEST(MainForm, OpensTheOneBatchItWasStartedWith) {
