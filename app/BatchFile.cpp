@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
+#include <limits>
 #include <optional>
 #include <span>
 #include <system_error>
@@ -12,7 +14,6 @@
 #include <vector>
 
 #include "data/EntryTables.h"
-#include "data/QuantReport.h"
 #include "platform/DateTime.h"
 #include "platform/FileLookup.h"
 #include "platform/Numbers.h"
@@ -106,51 +107,84 @@ std::optional<Message> FindTrouble(LineReader& file) {
     return std::nullopt;
 }
 
+// How much of a thing a batch may have, and how that is told.
+struct Limit {
+    std::int32_t Most;
+    std::string_view Text;
+};
+constexpr Limit kMaxReports = {10'000, "10,000 reports"};
+constexpr Limit kMaxTics = {1'000, "1,000 TICs in a sample"};
+constexpr Limit kMaxTicsOfBatch = {100'000, "100,000 TICs"};
+constexpr Limit kMaxComments = {1'000, "1,000 comment lines"};
+constexpr Limit kNoLimit = {std::numeric_limits<std::int32_t>::max(), ""};
+
 // Takes the lines one after the other. After a failure everything reads as empty.
 class BatchParser {
   public:
-    explicit BatchParser(LineReader file) : file_(std::move(file)) {}
+    BatchParser(LineReader file, std::string_view fileName)
+        : file_(std::move(file)), fileName_(fileName) {}
 
     const std::optional<Message>& Failure() const { return failure_; }
     bool AtEnd() const { return failure_ || file_.AtEnd(); }
     std::string Line() { return file_.NextOrEmpty(); }
 
     // 0 at the end of the file.
-    std::int32_t Count() {
+    std::int32_t Count(const Limit& limit) {
         const std::optional<std::string> line = file_.Next();
-        return line ? Number(*line) : 0;
+        return line ? Number(*line, limit) : 0;
     }
-    std::int32_t Number(const std::string& text) {
+    std::int32_t Number(const std::string& text, const Limit& limit) {
         const std::int32_t number = ParseInteger(text).value_or(-1);
         if (number < 0 && !failure_) {
             failure_ = DoesNotReadProperly(Trim(text));
         }
-        return std::max(number, 0);
+        return Within(limit, std::max(number, 0)) ? std::max(number, 0) : 0;
     }
+    // False, and a failure, for more.
+    bool Within(const Limit& limit, std::int32_t count) {
+        if (count > limit.Most && !failure_) {
+            failure_ = Message{FileNameOnly(fileName_) + " has more than " +
+                                   std::string(limit.Text) + ".\nRestore will be aborted",
+                               kFileErrorTitle, MessageIcon::kInformation};
+        }
+        return count <= limit.Most;
+    }
+    // The next line's values.
+    void Values(std::span<std::string> values) {
+        const std::string line = Line();
+        std::string_view rest = line;
+        for (std::string& value : values) {
+            value = Cut(std::string(TakeField(rest)));
+        }
+    }
+    std::string Cut(std::string text) {
+        textsCut_ |= CutText(text);
+        return text;
+    }
+    bool TextsCut() const { return textsCut_; }
+    // Counts one more of the batch.
+    bool AddTic() { return Within(kMaxTicsOfBatch, ++tics_); }
 
   private:
     LineReader file_;
+    std::string fileName_;
     std::optional<Message> failure_;
+    bool textsCut_ = false;
+    std::int32_t tics_ = 0;
 };
-
-void TakeValues(std::string_view line, std::span<std::string> values) {
-    for (std::string& value : values) {
-        value = TakeField(line);
-    }
-}
 
 SampleRecord ParseRecord(BatchParser& in) {
     SampleRecord record;
-    std::array<std::string, 2> report;
-    TakeValues(in.Line(), report);
-    record.FileName = report[0];
-    record.CompoundCount = std::max(ParseInteger(report[1]).value_or(0), 0);
-    TakeValues(in.Line(), record.Header.Values());
+    const std::string line = in.Line();
+    std::string_view rest = line;
+    record.FileName = TakeField(rest);
+    record.CompoundCount = std::max(ParseInteger(TakeField(rest)).value_or(0), 0);
+    in.Values(record.Header.Values());
 
-    const std::int32_t tics = in.Count();
+    const std::int32_t tics = in.Count(kMaxTics);
     TicListType list;
-    for (std::int32_t i = 0; i < tics && !in.AtEnd(); ++i) {
-        TakeValues(in.Line(), list.emplace_back().cells);
+    for (std::int32_t i = 0; i < tics && !in.AtEnd() && in.AddTic(); ++i) {
+        in.Values(list.emplace_back().cells);
     }
     if (!list.empty()) {
         record.TicList = std::move(list);
@@ -221,16 +255,21 @@ std::string TakeText(std::string_view& rest, const EntryField& field) {
     return emptyMask.empty() ? text : OrEmptyMask(text, emptyMask);
 }
 
-void ParseEntry(std::string_view line, const EntryTable& table, Entries& entries) {
-    if (line.empty()) {
+void ParseEntry(BatchParser& in, std::string_view rest, const EntryTable& table, Entries& entries) {
+    if (rest.empty()) {
         return;
     }
-    std::string_view rest = line;
     for (const EntryField& field : table.Fields) {
         const bool open = field.Kind == EntryKind::kLines;
         const std::size_t count = std::min(ItemCount(field, entries), field.Texts.SavedItems);
+        // Comments stay whole: what of them does not print has still been typed.
+        const bool whole = open || field.Kind == EntryKind::kFile;
         for (std::size_t item = 0; open ? !rest.empty() : item < count; ++item) {
-            field.Texts.Set(entries, item, TakeText(rest, field));
+            if (open && !in.Within(kMaxComments, static_cast<std::int32_t>(item) + 1)) {
+                return;
+            }
+            const std::string text = TakeText(rest, field);
+            field.Texts.Set(entries, item, whole ? text : in.Cut(text));
         }
     }
 }
@@ -275,6 +314,20 @@ std::string SaveBatch(const Batch& batch, const Entries& entries) {
     return out.Take();
 }
 
+std::vector<std::string_view> LackingForRestore(const FileSet& files) {
+    const std::pair<std::string_view, const std::string&> required[] = {
+        {"lab blank", files.LabBlank},
+        {"calibration report", files.Calib},
+        {"check report", files.CheckCal}};
+    std::vector<std::string_view> lacking;
+    for (const auto& [what, name] : required) {
+        if (IsBlank(name)) {
+            lacking.push_back(what);
+        }
+    }
+    return lacking;
+}
+
 std::variant<SavedBatch, Message> RestoreBatch(LineReader file, std::string_view fileName) {
     if (file.Next() != kFirstLine) {
         return Message{std::string(fileName) + " is not a\nQFRForm saved file.",
@@ -286,21 +339,22 @@ std::variant<SavedBatch, Message> RestoreBatch(LineReader file, std::string_view
     }
     file.Seek(afterFirstLine);
 
-    BatchParser in(std::move(file));
+    BatchParser in(std::move(file), fileName);
     SavedBatch saved;
     FileSet& files = saved.Batch.Files;
     for (std::string* name : {&files.LibFile, &files.SurrFile, &files.CalFile, &files.LabBlank}) {
         *name = in.Line();
     }
-    const std::int32_t names = in.Count();
+    const std::int32_t names = in.Count(kMaxReports);
     for (std::int32_t i = 0; i < names && !in.AtEnd(); ++i) {
         files.QFiles.push_back(in.Line());
     }
     files.Calib = in.Line();
     files.CheckCal = in.Line();
 
-    const std::int32_t records = in.Count();
+    const std::int32_t records = in.Count(kMaxReports);
     SampleListType samples;
+    samples.reserve(static_cast<std::size_t>(records));
     for (std::int32_t i = 0; i < records && !in.AtEnd(); ++i) {
         samples.push_back(ParseRecord(in));
     }
@@ -308,12 +362,12 @@ std::variant<SavedBatch, Message> RestoreBatch(LineReader file, std::string_view
         saved.Batch.SampleList = std::move(samples);
     }
 
-    const std::int32_t flags = in.Count();
+    const std::int32_t flags = in.Count(kNoLimit);
     ParseFlags(flags, in.Line(), saved.Batch.BlankHitFlags);
 
     for (const EntryTable& table : EntryTables()) {
         const std::string line = Trim(in.Line());
-        ParseEntry(line, table, saved.Entries);
+        ParseEntry(in, line, table, saved.Entries);
         if (&table == &TableOf(EntryDialog::kRecoveryRanges)) {
             saved.LimitsNote = LimitsNoteFor(line, fileName);
         }
@@ -321,6 +375,9 @@ std::variant<SavedBatch, Message> RestoreBatch(LineReader file, std::string_view
 
     if (in.Failure()) {
         return *in.Failure();
+    }
+    if (in.TextsCut()) {
+        saved.TextsNote = TextsWereCut(fileName);
     }
     SortReports(saved.Batch);
     saved.Flags.InitCalEntered = IsComplete(saved.Entries.InitialCalibration);

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 #include "data/Batch.h"
 #include "data/Entries.h"
@@ -19,12 +20,17 @@ struct SavedBatch {
     qfr::Entries Entries;
     // Of a batch that comes from a file: what was accepted before it was saved.
     BatchFlags Flags = {};
-    // Of such a batch: what Form II now does otherwise than when it was saved.
+    // Of such a batch: what Form II now does otherwise than when it was saved, and that texts were
+    // cut.
     std::optional<Message> LimitsNote = {};
+    std::optional<Message> TextsNote = {};
 };
 
 // The whole file. Values are written as they stand; a ";" in one is not escaped.
 std::string SaveBatch(const Batch& batch, const Entries& entries);
+
+// What a batch of these files lacks to be restored once it is saved.
+std::vector<std::string_view> LackingForRestore(const FileSet& files);
 
 // The batch, or the message that says why nothing is restored. `fileName` is how the user knows the
 // file; its folder becomes the batch's. A file that ends early leaves the rest empty and the

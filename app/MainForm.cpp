@@ -163,6 +163,14 @@ TQFRForm::SaveResult TQFRForm::Save() {
     }
     paths_.RememberDir(file, FileKind::kBatch);
     Show({"File information saved.", "", MessageIcon::kInformation});
+    std::string lacking;
+    for (const std::string_view what : LackingForRestore(Batch().Files)) {
+        lacking += std::string(lacking.empty() ? "" : ", ") + "no " + std::string(what);
+    }
+    if (!lacking.empty()) {
+        Show({FileNameOnly(file) + " cannot be restored: it has\n" + lacking + ".", "Warning",
+              MessageIcon::kWarning});
+    }
     return SaveResult::kSaved;
 }
 
@@ -205,6 +213,10 @@ void TQFRForm::OpenArguments(const std::vector<std::string>& arguments) {
 
 bool TQFRForm::RestoreFile(const std::string& fileName) {
     const WaitCursor wait;
+    if (LineReader::IsTooLarge(PathOf(fileName))) {
+        Show(OverLimitMessage(FileNameOnly(fileName), LineReader::kMaxFileSizeText));
+        return false;
+    }
     std::optional<LineReader> file = LineReader::Open(PathOf(fileName));
     // A file that cannot be read is treated as one that holds nothing.
     auto restored = RestoreBatch(file ? std::move(*file) : LineReader(""), fileName);
@@ -219,8 +231,10 @@ bool TQFRForm::RestoreFile(const std::string& fileName) {
     form1Header_->Reset();
     filesDlg_->ShowFileSet();
     ShowBatchState();
-    if (saved.LimitsNote) {
-        Show(*saved.LimitsNote);
+    for (const std::optional<Message>& note : {saved.TextsNote, saved.LimitsNote}) {
+        if (note) {
+            Show(*note);
+        }
     }
     return true;
 }

@@ -54,6 +54,15 @@ CompoundBlock ParseBlock(std::string_view line, char type) {
     return block;
 }
 
+bool CutTexts(CompoundBlock& block) {
+    bool cut = CutText(block.Name);
+    for (std::size_t level = 0; level < kMaxLevels; ++level) {
+        cut |= CutText(block.Amount[level]);
+        cut |= CutText(block.RF[level]);
+    }
+    return cut;
+}
+
 // Behind the second blank line of the report.
 struct BlockSection {
     CalibrationReport& report;
@@ -76,8 +85,11 @@ struct BlockSection {
         } else if (lineOfBlock == 3) {
             lineOfBlock = 0;
             ended = !line.starts_with('A') && !line.starts_with('S');
+            report.TooManyBlocks = !ended && report.Blocks.size() == kMaxCompounds;
+            ended = ended || report.TooManyBlocks;
             if (!ended) {
                 report.Blocks.push_back(ParseBlock(firstLine, line.front()));
+                report.TextsCut |= CutTexts(report.Blocks.back());
             }
         }
     }
@@ -102,6 +114,7 @@ CalibrationReport CalibrationReport::Read(LineReader file) {
             int field = kAreaField;
             for (std::string& area : report.StandardAreas[*standard]) {
                 area = WholeCounts(GetField(*line, field));
+                report.TextsCut |= CutText(area);
                 field += kFieldsOfLevel;
             }
         }

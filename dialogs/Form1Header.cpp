@@ -361,7 +361,8 @@ void TForm1Header::Button1Click() {
 
 void TForm1Header::Button2Click() {
     if (const auto chosen = services_.ChooseFiles(FileKind::kText, false)) {
-        TakeTexts(kLaboratoryFields, ReadLaboratoryFile(PathOf(chosen->files.front())));
+        const std::string& file = chosen->files.front();
+        TakeTexts(kLaboratoryFields, ReadLaboratoryFile(PathOf(file)), file);
     }
 }
 
@@ -372,7 +373,8 @@ void TForm1Header::Button3Click() {
 }
 
 void TForm1Header::Button4Click() {
-    TakeTexts(kDefaultsFields, ReadDefaultsFile(services_.Settings().ForReading(kDefaultsFile)));
+    TakeTexts(kDefaultsFields, ReadDefaultsFile(services_.Settings().ForReading(kDefaultsFile)),
+              kDefaultsFile);
 }
 
 void TForm1Header::Button5Click() {
@@ -438,13 +440,17 @@ std::vector<std::string> TForm1Header::TextsOf(std::span<const HeaderField> fiel
 }
 
 void TForm1Header::TakeTexts(std::span<const HeaderField> fields,
-                             const std::optional<std::vector<std::string>>& texts) {
+                             std::optional<std::vector<std::string>> texts,
+                             const std::string& fileName) {
     if (!texts) {
         host_.Show({.text = "Can't perform one of the following file operations: Open, Seek, Read, "
                             "Close",
                     .title = "FileError",
                     .offerCancel = true});
         return;
+    }
+    for (const Message& message : MakeBatchTexts(*texts, fileName)) {
+        host_.Show(message);
     }
     for (std::size_t i = 0; i < fields.size() && i < texts->size(); ++i) {
         SetTextOfField(fields[i], (*texts)[i]);

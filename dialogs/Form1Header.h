@@ -86,9 +86,9 @@ class TForm1Header : public QDialog {
     std::string TextOfField(HeaderField field) const;
     void SetTextOfField(HeaderField field, const std::string& text);
     std::vector<std::string> TextsOf(std::span<const HeaderField> fields) const;
-    // Absent: the file of the texts could not be read.
+    // Of the file of that name. Absent: it could not be read.
     void TakeTexts(std::span<const HeaderField> fields,
-                   const std::optional<std::vector<std::string>>& texts);
+                   std::optional<std::vector<std::string>> texts, const std::string& fileName);
 
     FormHost& host_;
     WindowServices& services_;

@@ -103,6 +103,9 @@ void PrintFormIVoa(FormHost& host, std::size_t record) {
         host.Show(ReportNotFound(sample.FileName));
         return;
     }
+    if (host.Reports().Read<QuantReport>(sample.FileName, batch.Folder)->TextsCut) {
+        host.Show(TextsWereCut(sample.FileName));
+    }
     host.Page().PrintDocument("Form 1 " + content->SampleNo, *content, PrintPage);
 }
 

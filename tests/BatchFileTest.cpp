@@ -98,11 +98,11 @@ TEST(BatchFile, TakesNoMoreThanTheFileHolds) {
     const std::string full = FullText();
     const std::string huge = "2147483647";
     // Every line after the count is a name then.
-    EXPECT_THAT(Restored(WithLine(full, kNameCount, huge)).Batch.Files.QFiles, SizeIs(24));
+    EXPECT_THAT(Restored(WithLine(full, kNameCount, "10000")).Batch.Files.QFiles, SizeIs(24));
     const std::string samplesOnly = full.substr(0, full.find("3\n1;0;1;\n"));
-    EXPECT_EQ(Restored(WithLine(samplesOnly, kRecordCount, huge)).Batch.SampleList,
+    EXPECT_EQ(Restored(WithLine(samplesOnly, kRecordCount, "10000")).Batch.SampleList,
               Restored(full).Batch.SampleList);
-    EXPECT_THAT(*(*Restored(WithLine(full, kSecondTicCount, huge)).Batch.SampleList)[1].TicList,
+    EXPECT_THAT(*(*Restored(WithLine(full, kSecondTicCount, "1000")).Batch.SampleList)[1].TicList,
                 SizeIs(13));
     const auto flags = [&full](const std::string& count) {
         return Restored(WithLine(full, kFlagCount, count)).Batch.BlankHitFlags;
@@ -123,6 +123,39 @@ TEST(BatchFile, TakesNoMoreThanTheFileHolds) {
     EXPECT_EQ(cut.Batch.SampleList->front().Header[HeaderField::kMatrix], "");
     EXPECT_THAT(cut.Batch.BlankHitFlags, IsEmpty());
     EXPECT_EQ(cut.Entries, Entries());
+}
+
+TEST(BatchFile, HasLimits) {
+    const std::string full = FullText();
+    const auto refusal = [](const std::string& text) {
+        const auto restored = Restore(text);
+        const auto* const message = std::get_if<Message>(&restored);
+        return message ? message->text.substr(0, message->text.find('\n')) : "";
+    };
+    EXPECT_EQ(refusal(WithLine(full, kNameCount, "10001")), "x.qff has more than 10,000 reports.");
+    EXPECT_EQ(refusal(WithLine(full, kRecordCount, "10001")),
+              "x.qff has more than 10,000 reports.");
+    SavedBatch batch = Restored(full);
+    SampleListType& samples = *batch.Batch.SampleList;
+    samples[1].TicList = TicListType(1000);
+    samples.resize(102, samples[1]);
+    EXPECT_EQ(refusal(Saved(batch)), "") << "a hundred samples with 1,000 TICs";
+    samples[2].TicList = TicListType(1);
+    EXPECT_EQ(refusal(Saved(batch)), "x.qff has more than 100,000 TICs.");
+    batch = Restored(full);
+    (*batch.Batch.SampleList)[1].TicList = TicListType(1001);
+    EXPECT_EQ(refusal(Saved(batch)), "x.qff has more than 1,000 TICs in a sample.");
+    EXPECT_EQ(refusal(WithLine(full, kComments, std::string(1000, ';'))), "");
+    EXPECT_EQ(refusal(WithLine(full, kComments, std::string(1001, ';'))),
+              "x.qff has more than 1,000 comment lines.");
+
+    const auto tune = [&full](std::size_t characters) {
+        const SavedBatch saved = Restored(WithLine(full, kTune, std::string(characters, 'x')));
+        return std::to_string(saved.Entries.Tune.SampleNo.size()) +
+               (saved.TextsNote ? saved.TextsNote->text.substr(0, 12) : "");
+    };
+    EXPECT_EQ(Joined({400u, 401u}, tune), "400|400x.qff holds ");
+    EXPECT_EQ(Restored(WithLine(full, kComments, std::string(401, 'x'))).TextsNote, std::nullopt);
 }
 
 TEST(BatchFile, RestoresEntries) {

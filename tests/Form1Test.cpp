@@ -78,6 +78,7 @@ TEST(Form1Voa, MissesRowsOrTheWholeReport) {
     EXPECT_THAT(sheets.host.messages.TakeTitles(), ElementsAre("File Error"));
     EXPECT_EQ(VoaSheets(302).Names().back(), 2u) << "the report's rows, as many as counted";
 
+    (*sheets.host.batch.SampleList)[1].CompoundCount = 2;
     (*sheets.host.batch.SampleList)[1].FileName = "c:\\gone\\mw-1.x";
     PrintFormIVoa(sheets.host, 1);
     EXPECT_EQ(sheets.host.sink.begun.size(), 2U);

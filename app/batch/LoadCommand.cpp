@@ -3,10 +3,12 @@
 #include <cstddef>
 #include <memory>
 #include <system_error>
+#include <variant>
 
 #include "app/batch/BatchCommand.h"
 #include "data/LabFiles.h"
 #include "data/LoadFiles.h"
+#include "data/QuantReport.h"
 #include "platform/DateTime.h"
 #include "platform/FileLookup.h"
 #include "platform/FileReplace.h"
@@ -24,15 +26,25 @@ struct Arguments {
     std::vector<std::string> Reports;
 };
 
-// No entries have been made yet.
-struct NoEntries : BatchOwner {
+// No entries have been made yet, and a report that cannot be taken costs no other.
+class LoadOwner : public BatchOwner {
+  public:
+    explicit LoadOwner(Context& context) : context_(context) {}
     void ResetEntryDialogs() override {}
+    bool ClearsForTooManyRows(const std::string& fileName) override {
+        context_.Complain() << FileNameOnly(fileName) << " has more than " << kMaxCompoundRows
+                            << " compound rows and is left out\n";
+        return false;
+    }
+
+  private:
+    Context& context_;
 };
 
 // The full path of a file that can be read. The dialog offers only such files, and its rules let
 // others pass.
 std::optional<std::string> FullPath(Context& context, const std::string& name) {
-    if (!OpenInput(context, name)) {
+    if (!OpenInput(context, name, true)) {
         return std::nullopt;
     }
     std::error_code failed;
@@ -71,7 +83,7 @@ Batch LoadBatch(const Arguments& arguments, Context& context) {
     };
     Batch batch;
     Reports files;
-    NoEntries owner;
+    LoadOwner owner(context);
     const auto take = [&](TakeReports& takeReports, const std::vector<std::string>& found) {
         if (!found.empty()) {
             takeReports(batch, found, files, context, owner);
@@ -85,6 +97,9 @@ Batch LoadBatch(const Arguments& arguments, Context& context) {
     std::vector<std::string> defaults;
     for (const std::string& path : pathOf(arguments.Defaults)) {
         defaults = ReadDefaultsFile(PathOf(path)).value_or(defaults);
+        for (const Message& message : MakeBatchTexts(defaults, path)) {
+            context.Show(message);
+        }
     }
     if (batch.SampleList) {
         for (SampleRecord& record : *batch.SampleList) {
@@ -93,6 +108,10 @@ Batch LoadBatch(const Arguments& arguments, Context& context) {
     }
     context.Fail(context.anyMessages ? kIncomplete : kDone);
     return batch;
+}
+
+bool CanBeRestored(std::optional<LineReader> file) {
+    return file && std::holds_alternative<SavedBatch>(RestoreBatch(*std::move(file), ""));
 }
 
 void Load(const Arguments& arguments, Context& context) {
@@ -105,18 +124,30 @@ void Load(const Arguments& arguments, Context& context) {
         throw WrongUsage(target + " is the name of a report, not of a batch file");
     }
     const Batch batch = LoadBatch(arguments, context);
-    if (const auto reason = ReplaceFile(PathOf(target), SaveBatch(batch, Entries()))) {
-        context.WriteFailed(target, *reason);
+    const FileSet& files = batch.Files;
+    if (!FilesSpecified(batch) && files.Calib.empty() && files.CheckCal.empty()) {
+        context.Complain() << "no report was accepted; " << target << " is not written\n";
         return;
     }
-    const std::pair<std::string_view, const std::string&> required[] = {
-        {"lab blank", batch.Files.LabBlank},
-        {"calibration report", batch.Files.Calib},
-        {"check report", batch.Files.CheckCal}};
-    for (const auto& [what, name] : required) {
-        if (name.empty()) {
-            context.Complain() << target << " has no " << what << " and cannot be restored\n";
+    const std::string content = SaveBatch(batch, Entries());
+    const bool restores = CanBeRestored(LineReader(content));
+    const bool keeps = !restores && CanBeRestored(LineReader::Open(PathOf(target)));
+    if (!keeps) {
+        if (const auto reason = ReplaceFile(PathOf(target), content)) {
+            context.WriteFailed(target, *reason);
+            return;
         }
+    }
+    const std::vector<std::string_view> lacking = LackingForRestore(files);
+    const std::string batchName = keeps ? "the new batch" : target;
+    for (const std::string_view what : lacking) {
+        context.Complain() << batchName << " has no " << what << " and cannot be restored\n";
+    }
+    if (!restores && lacking.empty()) {
+        context.Complain() << batchName << " cannot be restored\n";
+    }
+    if (keeps) {
+        context.Complain() << target << " can be restored and is not replaced\n";
     }
 }
 

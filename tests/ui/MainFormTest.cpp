@@ -23,13 +23,15 @@ std::string State(TQFRForm& form) {
 TEST(MainForm, EndsThroughTheExitSequenceOnly) {
     const char* const kNotWritten = "a.qff could not be written.";
     const char* const kSaved = "File information saved.";
+    const char* const kLacking =
+        "b.qff cannot be restored: it has\nno lab blank, no calibration report, no check report.";
     using Texts = std::vector<std::string>;
     // The answer, where there is something to save; the files chosen for it; what is told.
     const std::tuple<std::deque<bool>, Texts, Texts> cases[] = {
         {{}, {}, {}},
         {{false}, {}, {kSaveQuestion}},
         {{true}, {}, {kSaveQuestion}},
-        {{true}, {"no/a.qff", "b.qff"}, {kSaveQuestion, kNotWritten, kSaved}},
+        {{true}, {"no/a.qff", "b.qff"}, {kSaveQuestion, kNotWritten, kSaved, kLacking}},
     };
     for (const auto& [answers, files, told] : cases) {
         WindowRig rig;
