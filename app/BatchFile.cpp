@@ -113,9 +113,9 @@ struct Limit {
     std::string_view Text;
 };
 constexpr Limit kMaxReports = {10'000, "10,000 reports"};
-constexpr Limit kMaxTics = {1'000, "1,000 TICs in a sample"};
+constexpr Limit kMaxTicsOfSample = {kMaxTics, "1,000 TICs in a sample"};
 constexpr Limit kMaxTicsOfBatch = {100'000, "100,000 TICs"};
-constexpr Limit kMaxComments = {1'000, "1,000 comment lines"};
+constexpr Limit kMaxComments = {10'000, "10,000 comment lines"};
 constexpr Limit kNoLimit = {std::numeric_limits<std::int32_t>::max(), ""};
 
 // Takes the lines one after the other. After a failure everything reads as empty.
@@ -181,7 +181,7 @@ SampleRecord ParseRecord(BatchParser& in) {
     record.CompoundCount = std::max(ParseInteger(TakeField(rest)).value_or(0), 0);
     in.Values(record.Header.Values());
 
-    const std::int32_t tics = in.Count(kMaxTics);
+    const std::int32_t tics = in.Count(kMaxTicsOfSample);
     TicListType list;
     for (std::int32_t i = 0; i < tics && !in.AtEnd() && in.AddTic(); ++i) {
         in.Values(list.emplace_back().cells);

@@ -157,7 +157,8 @@ TQFRForm::SaveResult TQFRForm::Save() {
     }
     const WaitCursor wait;
     const std::string& file = chosen->files.front();
-    if (ReplaceFile(PathOf(file), SaveBatch(Batch(), entries_))) {
+    std::string content = SaveBatch(Batch(), entries_);
+    if (ReplaceFile(PathOf(file), content)) {
         Show(CouldNotBeWritten(file));
         return SaveResult::kNotWritten;
     }
@@ -169,6 +170,12 @@ TQFRForm::SaveResult TQFRForm::Save() {
     }
     if (!lacking.empty()) {
         Show({FileNameOnly(file) + " cannot be restored: it has\n" + lacking + ".", "Warning",
+              MessageIcon::kWarning});
+        return SaveResult::kSaved;
+    }
+    const auto restored = RestoreBatch(LineReader(std::move(content)), file);
+    if (const auto* const refusal = std::get_if<Message>(&restored)) {
+        Show({FileNameOnly(file) + " cannot be restored:\n" + refusal->text, "Warning",
               MessageIcon::kWarning});
     }
     return SaveResult::kSaved;

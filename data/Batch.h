@@ -80,6 +80,7 @@ struct TicEntry {
     bool operator==(const TicEntry&) const = default;
 };
 using TicListType = std::vector<TicEntry>;
+inline constexpr std::int32_t kMaxTics = 1'000;  // of a sample
 
 // What the rows of the TIC entry grid hold: every row in which nothing but the qualifier is empty,
 // its cells trimmed and its compound name in lower case. Absent when there is no such row.

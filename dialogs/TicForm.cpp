@@ -1,5 +1,8 @@
 #include "dialogs/TicForm.h"
 
+#include <iterator>
+#include <optional>
+#include <utility>
 #include <vector>
 
 #include "dialogs/EntryDialogs.h"
@@ -102,7 +105,12 @@ void TTICForm::OkButtonClick() {
                 grid.Cell(row, column);
         }
     }
-    host_.Batch().SampleList->at(record_).TicList = TicListFromRows(rows);
+    std::optional<TicListType> list = TicListFromRows(rows);
+    if (list && std::ssize(*list) > kMaxTics) {
+        host_.Show({"No more than 1,000 TICs can be kept for a sample.", "Too Many Entries"});
+        return;
+    }
+    host_.Batch().SampleList->at(record_).TicList = std::move(list);
     EmptyRows();
     accept();
 }

@@ -248,9 +248,14 @@ TEST_F(BatchCommand, LoadsTheRestOfRejectedFiles) {
 
 TEST_F(BatchCommand, LoadsNothingOverABatchThatRestores) {
     const std::string before = ReadAll("day.qff");
+    dir_.Write("huge.txt", "");
     EXPECT_EQ(Run("load --blank blank.prn --check day.check -o day.qff a.prn"),
               "qfrbatch: the new batch has no calibration report and cannot be restored\n"
               "qfrbatch: day.qff can be restored and is not replaced\n[1]");
+    fs::resize_file("huge.txt", LineReader::kMaxFileSize + 1);
+    EXPECT_EQ(Run("show huge.txt"), "qfrbatch: huge.txt has more than 64 MB\n[2]");
+    EXPECT_THAT(Run("load -o x.qff a.prn --defaults huge.txt"),
+                StartsWith("File Error: huge.txt has more than 64 MB. "));
     EXPECT_EQ(Run("load -o day.qff"),
               "qfrbatch: no report was accepted; day.qff is not written\n[1]");
     EXPECT_EQ(ReadAll("day.qff"), before);
@@ -314,6 +319,13 @@ TEST_F(BatchCommand, ShowsEveryValueUnderItsName) {
               "[0]" + ReadAll(TestData("full/shown.txt")));
     EXPECT_THAT(Run("show day.qff"),
                 HasSubstr("\n\nSample 2 of 4\n  Report:               " + Stored("a.prn")));
+}
+
+TEST_F(BatchCommand, PrintsACalibrationThatWasKeptWithoutItsRawDataFiles) {
+    for (const std::string file : {"example.qff", "VOA0516.CAL"}) {
+        fs::copy_file(ExampleDir() / file, file);
+    }
+    EXPECT_THAT(Print("example.qff --forms 6 -o x.pdf"), StartsWith("[0]Form 6: "));
 }
 
 TEST_F(BatchCommand, TellsOfOilLimitsBeforeFormII) {

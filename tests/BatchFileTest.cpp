@@ -145,9 +145,9 @@ TEST(BatchFile, HasLimits) {
     batch = Restored(full);
     (*batch.Batch.SampleList)[1].TicList = TicListType(1001);
     EXPECT_EQ(refusal(Saved(batch)), "x.qff has more than 1,000 TICs in a sample.");
-    EXPECT_EQ(refusal(WithLine(full, kComments, std::string(1000, ';'))), "");
-    EXPECT_EQ(refusal(WithLine(full, kComments, std::string(1001, ';'))),
-              "x.qff has more than 1,000 comment lines.");
+    EXPECT_EQ(refusal(WithLine(full, kComments, std::string(10'000, ';'))), "");
+    EXPECT_EQ(refusal(WithLine(full, kComments, std::string(10'001, ';'))),
+              "x.qff has more than 10,000 comment lines.");
 
     const auto tune = [&full](std::size_t characters) {
         const SavedBatch saved = Restored(WithLine(full, kTune, std::string(characters, 'x')));

@@ -9,6 +9,7 @@
 #include "data/LabFiles.h"
 #include "data/LoadFiles.h"
 #include "data/QuantReport.h"
+#include "data/ReportFrame.h"
 #include "platform/DateTime.h"
 #include "platform/FileLookup.h"
 #include "platform/FileReplace.h"
@@ -96,7 +97,11 @@ Batch LoadBatch(const Arguments& arguments, Context& context) {
     BuildSampleList(batch, files);
     std::vector<std::string> defaults;
     for (const std::string& path : pathOf(arguments.Defaults)) {
-        defaults = ReadDefaultsFile(PathOf(path)).value_or(defaults);
+        if (auto values = ReadDefaultsFile(PathOf(path))) {
+            defaults = *std::move(values);
+        } else {
+            context.Show(OverLimitMessage(FileNameOnly(path), LineReader::kMaxFileSizeText));
+        }
         for (const Message& message : MakeBatchTexts(defaults, path)) {
             context.Show(message);
         }
@@ -167,7 +172,8 @@ void AddLoadCommand(CLI::App& program, Context& context) {
               "laboratory values for the empty header values of every sample,\n"
               "as the Form 1 dialog saves them");
     AddOption(command, "-o", arguments->Target, "BATCH.qff",
-              "batch file to write; a file of that name is replaced");
+              "batch file to write; a file of that name is replaced, but no batch that can\n"
+              "be restored by one that cannot");
     AddNames(command, "FILE.prn", arguments->Reports, "...", "quantitation reports of the samples");
     command.callback([arguments, &context] { Load(*arguments, context); });
 }
