@@ -328,6 +328,14 @@ TEST_F(BatchCommand, PrintsACalibrationThatWasKeptWithoutItsRawDataFiles) {
     EXPECT_THAT(Print("example.qff --forms 6 -o x.pdf"), StartsWith("[0]Form 6: "));
 }
 
+TEST_F(BatchCommand, ExitsOneForAFormThatPrintsWithAWarning) {
+    std::string report = ReadAll("a.prn");
+    dir_.Write("a.prn", report.replace(report.find("Compound;"), 8, std::string(401, 'x')));
+    EXPECT_EQ(Print("day.qff --forms 1 -o x.pdf --sample S2"),
+              "Warning: a.prn holds a text of more than 400 characters. Of such a text the first "
+              "400 are taken.\n[1]Form 1 S2: [Form 1 S2 1]");
+}
+
 TEST_F(BatchCommand, TellsOfOilLimitsBeforeFormII) {
     std::string batch = ReadAll("day.qff");
     batch.replace(batch.find("\n;1;\n"), 5, "\n;3;\n");

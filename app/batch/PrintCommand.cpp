@@ -126,7 +126,6 @@ std::vector<PrintJob> Record(Context& context, NamedBatch batch, const PackageCh
     for (const PackageWork& dueJob : dueJobs) {
         if (limitsNote && dueJob.form->entry == EntryDialog::kRecoveryRanges) {
             context.Show(*limitsNote);
-            context.Fail(kIncomplete);
         }
         if (auto job = PrintWork(host, dueJob)) {
             jobs.push_back(*std::move(job));
@@ -134,6 +133,8 @@ std::vector<PrintJob> Record(Context& context, NamedBatch batch, const PackageCh
             context.Fail(kIncomplete);
         }
     }
+    // Also what printed with a warning is to be looked at.
+    context.Fail(context.anyMessages ? kIncomplete : kDone);
     context.prefix.clear();
     return jobs;
 }
