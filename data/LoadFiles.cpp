@@ -28,12 +28,12 @@ std::optional<Message> RejectionOfUnread(const std::string& file) {
 class OddReports {
   public:
     void Look(const std::string& file, const QuantReport& report, Messages& messages) {
-        const std::string name = FileNameOnly(file);
+        const std::string name = FileNameOnly(file) + ": ";
         if (!report.UnreadDate.empty()) {
-            dates_.push_back(name + ": " + report.UnreadDate);
+            dates_.push_back(name + report.UnreadDate);
         }
         for (const std::string& value : ChangedValues(report)) {
-            values_.push_back(name + ": " + value);
+            values_.push_back(name + value);
         }
         if (report.TextsCut) {
             messages.Show(TextsWereCut(file));
