@@ -3,15 +3,17 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
+#include <limits>
 #include <optional>
 #include <span>
 #include <system_error>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
 #include "data/EntryTables.h"
-#include "data/QuantReport.h"
 #include "platform/DateTime.h"
 #include "platform/FileLookup.h"
 #include "platform/Numbers.h"
@@ -105,52 +107,84 @@ std::optional<Message> FindTrouble(LineReader& file) {
     return std::nullopt;
 }
 
+// How much of a thing a batch may have, and how that is told.
+struct Limit {
+    std::int32_t Most;
+    std::string_view Text;
+};
+constexpr Limit kMaxReports = {10'000, "10,000 reports"};
+constexpr Limit kMaxTicsOfSample = {kMaxTics, "1,000 TICs in a sample"};
+constexpr Limit kMaxTicsOfBatch = {100'000, "100,000 TICs"};
+constexpr Limit kMaxComments = {10'000, "10,000 comment lines"};
+constexpr Limit kNoLimit = {std::numeric_limits<std::int32_t>::max(), ""};
+
 // Takes the lines one after the other. After a failure everything reads as empty.
 class BatchParser {
   public:
-    explicit BatchParser(LineReader file) : file_(std::move(file)) {}
+    BatchParser(LineReader file, std::string_view fileName)
+        : file_(std::move(file)), fileName_(fileName) {}
 
     const std::optional<Message>& Failure() const { return failure_; }
     bool AtEnd() const { return failure_ || file_.AtEnd(); }
     std::string Line() { return file_.NextOrEmpty(); }
 
     // 0 at the end of the file.
-    std::int32_t Count() {
+    std::int32_t Count(const Limit& limit) {
         const std::optional<std::string> line = file_.Next();
-        return line ? Number(*line) : 0;
+        return line ? Number(*line, limit) : 0;
     }
-    std::int32_t Number(const std::string& text) {
+    std::int32_t Number(const std::string& text, const Limit& limit) {
         const std::int32_t number = ParseInteger(text).value_or(-1);
         if (number < 0 && !failure_) {
             failure_ = DoesNotReadProperly(Trim(text));
         }
-        return std::max(number, 0);
+        return Within(limit, std::max(number, 0)) ? std::max(number, 0) : 0;
     }
+    // False, and a failure, for more.
+    bool Within(const Limit& limit, std::int32_t count) {
+        if (count > limit.Most && !failure_) {
+            failure_ = Message{FileNameOnly(fileName_) + " has more than " +
+                                   std::string(limit.Text) + ".\nRestore will be aborted",
+                               kFileErrorTitle, MessageIcon::kInformation};
+        }
+        return count <= limit.Most;
+    }
+    // The next line's values.
+    void Values(std::span<std::string> values) {
+        const std::string line = Line();
+        std::string_view rest = line;
+        for (std::string& value : values) {
+            value = Cut(std::string(TakeField(rest)));
+        }
+    }
+    std::string Cut(std::string text) {
+        textsCut_ |= CutText(text);
+        return text;
+    }
+    bool TextsCut() const { return textsCut_; }
+    // Counts one more of the batch.
+    bool AddTic() { return Within(kMaxTicsOfBatch, ++tics_); }
 
   private:
     LineReader file_;
+    std::string fileName_;
     std::optional<Message> failure_;
+    bool textsCut_ = false;
+    std::int32_t tics_ = 0;
 };
-
-void TakeValues(std::string_view line, std::span<std::string> values) {
-    for (std::string& value : values) {
-        value = TakeField(line);
-    }
-}
 
 SampleRecord ParseRecord(BatchParser& in) {
     SampleRecord record;
-    std::array<std::string, 2> report;
-    TakeValues(in.Line(), report);
-    record.FileName = report[0];
-    // No accepted report has more rows, and forms print a line for each.
-    record.CompoundCount = std::clamp(ParseInteger(report[1]).value_or(0), 0, kMaxCompoundRows);
-    TakeValues(in.Line(), record.Header.Values());
+    const std::string line = in.Line();
+    std::string_view rest = line;
+    record.FileName = TakeField(rest);
+    record.CompoundCount = std::max(ParseInteger(TakeField(rest)).value_or(0), 0);
+    in.Values(record.Header.Values());
 
-    const std::int32_t tics = in.Count();
+    const std::int32_t tics = in.Count(kMaxTicsOfSample);
     TicListType list;
-    for (std::int32_t i = 0; i < tics && !in.AtEnd(); ++i) {
-        TakeValues(in.Line(), list.emplace_back().cells);
+    for (std::int32_t i = 0; i < tics && !in.AtEnd() && in.AddTic(); ++i) {
+        in.Values(list.emplace_back().cells);
     }
     if (!list.empty()) {
         record.TicList = std::move(list);
@@ -158,11 +192,56 @@ SampleRecord ParseRecord(BatchParser& in) {
     return record;
 }
 
+// A line that ends early leaves the other compounds of the blank not found.
 void ParseFlags(std::int32_t count, std::string_view line, std::vector<bool>& flags) {
+    // What a count without flags is believed: more rows than any form could print.
+    constexpr std::int32_t kMostWithoutFlags = 100'000;
     while (std::ssize(flags) < count && !line.empty()) {
         flags.push_back(line.front() == '1');
         TakeField(line);
     }
+    const auto stated = static_cast<std::size_t>(std::min(count, kMostWithoutFlags));
+    flags.resize(std::max(flags.size(), stated));
+}
+
+// Sorts the list of reports; each record goes with its report, the lab blank's stays first.
+void SortReports(Batch& batch) {
+    std::vector<std::string>& names = batch.Files.QFiles;
+    std::ranges::sort(names);
+    if (!batch.SampleList) {
+        return;
+    }
+    std::unordered_map<std::string, std::size_t> places;
+    for (const std::string& name : names) {
+        places.try_emplace(LowerCase(name), places.size());
+    }
+    const auto placeOf = [&places](const SampleRecord& record) {
+        const auto place = places.find(LowerCase(record.FileName));
+        return place == places.end() ? places.size() : place->second;
+    };
+    SampleListType& records = *batch.SampleList;
+    const std::size_t first = std::min(LabBlankRecords(batch), records.size());
+    std::ranges::stable_sort(records.begin() + static_cast<std::ptrdiff_t>(first), records.end(),
+                             {}, placeOf);
+}
+
+// A calibration that was accepted is complete; its raw data files need not be there any more.
+bool IsComplete(const InitialCalibrationEntry& entry) {
+    return IsDateTimeText(entry.FirstStandard) && IsDateTimeText(entry.LastStandard) &&
+           std::ranges::any_of(entry.LabFileIds,
+                               [](const std::string& id) { return !IsBlank(id); });
+}
+
+// A choice of limits that does not come back as it was saved.
+std::optional<Message> LimitsNoteFor(std::string_view rangesLine, std::string_view fileName) {
+    TakeField(rangesLine);
+    if (ParseInteger(TakeField(rangesLine)) != static_cast<int>(RecoveryLimits::kOil)) {
+        return std::nullopt;
+    }
+    return Message{FileNameOnly(fileName) +
+                       " was saved with oil limits for Form 2.\n"
+                       "They come back as soil limits. Please check the choice.",
+                   "Warning", MessageIcon::kWarning};
 }
 
 // The text that a field's next value comes back as. A masked entry always holds its literals; those
@@ -176,18 +255,21 @@ std::string TakeText(std::string_view& rest, const EntryField& field) {
     return emptyMask.empty() ? text : OrEmptyMask(text, emptyMask);
 }
 
-void ParseEntry(BatchParser& in, const EntryTable& table, Entries& entries) {
-    const std::string line = Trim(in.Line());
-    if (line.empty()) {
+void ParseEntry(BatchParser& in, std::string_view rest, const EntryTable& table, Entries& entries) {
+    if (rest.empty()) {
         return;
     }
-    table.Clear(entries);
-    std::string_view rest = line;
     for (const EntryField& field : table.Fields) {
         const bool open = field.Kind == EntryKind::kLines;
         const std::size_t count = std::min(ItemCount(field, entries), field.Texts.SavedItems);
+        // Comments stay whole: what of them does not print has still been typed.
+        const bool whole = open || field.Kind == EntryKind::kFile;
         for (std::size_t item = 0; open ? !rest.empty() : item < count; ++item) {
-            field.Texts.Set(entries, item, TakeText(rest, field));
+            if (open && !in.Within(kMaxComments, static_cast<std::int32_t>(item) + 1)) {
+                return;
+            }
+            const std::string text = TakeText(rest, field);
+            field.Texts.Set(entries, item, whole ? text : in.Cut(text));
         }
     }
 }
@@ -232,8 +314,21 @@ std::string SaveBatch(const Batch& batch, const Entries& entries) {
     return out.Take();
 }
 
-std::variant<SavedBatch, Message> RestoreBatch(LineReader file, std::string_view fileName,
-                                               const Entries& current) {
+std::vector<std::string_view> LackingForRestore(const FileSet& files) {
+    const std::pair<std::string_view, const std::string&> required[] = {
+        {"lab blank", files.LabBlank},
+        {"calibration report", files.Calib},
+        {"check report", files.CheckCal}};
+    std::vector<std::string_view> lacking;
+    for (const auto& [what, name] : required) {
+        if (IsBlank(name)) {
+            lacking.push_back(what);
+        }
+    }
+    return lacking;
+}
+
+std::variant<SavedBatch, Message> RestoreBatch(LineReader file, std::string_view fileName) {
     if (file.Next() != kFirstLine) {
         return Message{std::string(fileName) + " is not a\nQFRForm saved file.",
                        "Improper File Type", MessageIcon::kInformation};
@@ -244,21 +339,22 @@ std::variant<SavedBatch, Message> RestoreBatch(LineReader file, std::string_view
     }
     file.Seek(afterFirstLine);
 
-    BatchParser in(std::move(file));
-    SavedBatch saved{{}, current};
+    BatchParser in(std::move(file), fileName);
+    SavedBatch saved;
     FileSet& files = saved.Batch.Files;
     for (std::string* name : {&files.LibFile, &files.SurrFile, &files.CalFile, &files.LabBlank}) {
         *name = in.Line();
     }
-    const std::int32_t names = in.Count();
+    const std::int32_t names = in.Count(kMaxReports);
     for (std::int32_t i = 0; i < names && !in.AtEnd(); ++i) {
         files.QFiles.push_back(in.Line());
     }
     files.Calib = in.Line();
     files.CheckCal = in.Line();
 
-    const std::int32_t records = in.Count();
+    const std::int32_t records = in.Count(kMaxReports);
     SampleListType samples;
+    samples.reserve(static_cast<std::size_t>(records));
     for (std::int32_t i = 0; i < records && !in.AtEnd(); ++i) {
         samples.push_back(ParseRecord(in));
     }
@@ -266,16 +362,25 @@ std::variant<SavedBatch, Message> RestoreBatch(LineReader file, std::string_view
         saved.Batch.SampleList = std::move(samples);
     }
 
-    const std::int32_t flags = in.Count();
+    const std::int32_t flags = in.Count(kNoLimit);
     ParseFlags(flags, in.Line(), saved.Batch.BlankHitFlags);
 
     for (const EntryTable& table : EntryTables()) {
-        ParseEntry(in, table, saved.Entries);
+        const std::string line = Trim(in.Line());
+        ParseEntry(in, line, table, saved.Entries);
+        if (&table == &TableOf(EntryDialog::kRecoveryRanges)) {
+            saved.LimitsNote = LimitsNoteFor(line, fileName);
+        }
     }
 
     if (in.Failure()) {
         return *in.Failure();
     }
+    if (in.TextsCut()) {
+        saved.TextsNote = TextsWereCut(fileName);
+    }
+    SortReports(saved.Batch);
+    saved.Flags.InitCalEntered = IsComplete(saved.Entries.InitialCalibration);
     saved.Batch.Folder = FolderOf(fileName);
     std::error_code failed;
     const auto savedAt = std::filesystem::last_write_time(PathOf(fileName), failed);

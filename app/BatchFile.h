@@ -2,9 +2,11 @@
 // the entry dialogs, as lines of ";"-ended values.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
+#include <vector>
 
 #include "data/Batch.h"
 #include "data/Entries.h"
@@ -16,17 +18,23 @@ namespace qfr {
 struct SavedBatch {
     qfr::Batch Batch;
     qfr::Entries Entries;
-    bool operator==(const SavedBatch&) const = default;
+    // Of a batch that comes from a file: what was accepted before it was saved.
+    BatchFlags Flags = {};
+    // Of such a batch: what Form II now does otherwise than when it was saved, and that texts were
+    // cut.
+    std::optional<Message> LimitsNote = {};
+    std::optional<Message> TextsNote = {};
 };
 
 // The whole file. Values are written as they stand; a ";" in one is not escaped.
 std::string SaveBatch(const Batch& batch, const Entries& entries);
 
+// What a batch of these files lacks to be restored once it is saved.
+std::vector<std::string_view> LackingForRestore(const FileSet& files);
+
 // The batch, or the message that says why nothing is restored. `fileName` is how the user knows the
-// file; its folder becomes the batch's. `current` are the entries of this run: what the file leaves
-// out stays as it is there. A file that ends early leaves the rest empty; counts that promise more
-// than the file holds cost nothing.
-std::variant<SavedBatch, Message> RestoreBatch(LineReader file, std::string_view fileName,
-                                               const Entries& current);
+// file; its folder becomes the batch's. A file that ends early leaves the rest empty and the
+// entries initial; counts that promise more than the file holds cost nothing. Reports come sorted.
+std::variant<SavedBatch, Message> RestoreBatch(LineReader file, std::string_view fileName);
 
 }  // namespace qfr

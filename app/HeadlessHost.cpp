@@ -6,6 +6,7 @@ namespace qfr {
 
 HeadlessHost::HeadlessHost(SavedBatch saved, TextMetrics& metrics, Messages& messages)
     : saved_(std::move(saved)),
+      flags_(saved_.Flags),
       messages_(messages),
       printer_(metrics, *this),
       page_(printer_, [] { return true; }) {}

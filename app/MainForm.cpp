@@ -157,12 +157,27 @@ TQFRForm::SaveResult TQFRForm::Save() {
     }
     const WaitCursor wait;
     const std::string& file = chosen->files.front();
-    if (ReplaceFile(PathOf(file), SaveBatch(Batch(), entries_))) {
+    std::string content = SaveBatch(Batch(), entries_);
+    if (ReplaceFile(PathOf(file), content)) {
         Show(CouldNotBeWritten(file));
         return SaveResult::kNotWritten;
     }
     paths_.RememberDir(file, FileKind::kBatch);
     Show({"File information saved.", "", MessageIcon::kInformation});
+    std::string lacking;
+    for (const std::string_view what : LackingForRestore(Batch().Files)) {
+        lacking += std::string(lacking.empty() ? "" : ", ") + "no " + std::string(what);
+    }
+    if (!lacking.empty()) {
+        Show({FileNameOnly(file) + " cannot be restored: it has\n" + lacking + ".", "Warning",
+              MessageIcon::kWarning});
+        return SaveResult::kSaved;
+    }
+    const auto restored = RestoreBatch(LineReader(std::move(content)), file);
+    if (const auto* const refusal = std::get_if<Message>(&restored)) {
+        Show({FileNameOnly(file) + " cannot be restored:\n" + refusal->text, "Warning",
+              MessageIcon::kWarning});
+    }
     return SaveResult::kSaved;
 }
 
@@ -205,9 +220,13 @@ void TQFRForm::OpenArguments(const std::vector<std::string>& arguments) {
 
 bool TQFRForm::RestoreFile(const std::string& fileName) {
     const WaitCursor wait;
+    if (LineReader::IsTooLarge(PathOf(fileName))) {
+        Show(OverLimitMessage(FileNameOnly(fileName), LineReader::kMaxFileSizeText));
+        return false;
+    }
     std::optional<LineReader> file = LineReader::Open(PathOf(fileName));
     // A file that cannot be read is treated as one that holds nothing.
-    auto restored = RestoreBatch(file ? std::move(*file) : LineReader(""), fileName, entries_);
+    auto restored = RestoreBatch(file ? std::move(*file) : LineReader(""), fileName);
     if (const auto* const refusal = std::get_if<Message>(&restored)) {
         Show(*refusal);
         return false;
@@ -215,8 +234,15 @@ bool TQFRForm::RestoreFile(const std::string& fileName) {
     auto& saved = std::get<SavedBatch>(restored);
     Batch() = std::move(saved.Batch);
     entries_ = std::move(saved.Entries);
+    flags_ = saved.Flags;
+    form1Header_->Reset();
     filesDlg_->ShowFileSet();
     ShowBatchState();
+    for (const std::optional<Message>& note : {saved.TextsNote, saved.LimitsNote}) {
+        if (note) {
+            Show(*note);
+        }
+    }
     return true;
 }
 

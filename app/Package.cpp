@@ -80,8 +80,7 @@ PackageOutcome PrintPackage(FormHost& program, TextMetrics& metrics,
     // On copies: nobody has seen here what the forms and dialogs take over from each other, so none
     // of it may stay. What they have left in the program goes along: the milestones of the batch
     // and the number of calibration levels.
-    HeadlessHost host({program.Batch(), program.Entries()}, metrics, messages);
-    host.Flags() = program.Flags();
+    HeadlessHost host({program.Batch(), program.Entries(), program.Flags()}, metrics, messages);
     host.LevelCount() = program.LevelCount();
     host.Page().Printer().PaperSize = program.Page().Printer().PaperSize;
 

@@ -6,6 +6,12 @@
 
 namespace qfr {
 
+std::string BatchText(std::string_view text) {
+    std::string line = OneLine(text);
+    std::ranges::replace(line, ';', ',');
+    return line;
+}
+
 SampleHeader::SampleHeader() {
     SampleHeader& header = *this;
     header[HeaderField::kMatrix] = "WATER";

@@ -13,6 +13,9 @@
 
 namespace qfr {
 
+// The text as a line of the batch file can hold it: ";" becomes ",", line breaks become blanks.
+std::string BatchText(std::string_view text);
+
 // The 26 values of a Form I header, numbered from 1 in the order in which they are entered.
 enum class HeaderField {
     kZovSampleNo = 1,
@@ -79,6 +82,7 @@ struct TicEntry {
     bool operator==(const TicEntry&) const = default;
 };
 using TicListType = std::vector<TicEntry>;
+inline constexpr std::int32_t kMaxTics = 1'000;  // of a sample
 
 // What the rows of the TIC entry grid hold: every row in which nothing but the qualifier is empty,
 // its cells trimmed and its compound name in lower case. Absent when there is no such row.

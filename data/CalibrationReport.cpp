@@ -54,6 +54,15 @@ CompoundBlock ParseBlock(std::string_view line, char type) {
     return block;
 }
 
+bool CutTexts(CompoundBlock& block) {
+    bool cut = CutText(block.Name);
+    for (std::size_t level = 0; level < kMaxLevels; ++level) {
+        cut |= CutText(block.Amount[level]);
+        cut |= CutText(block.RF[level]);
+    }
+    return cut;
+}
+
 // Behind the second blank line of the report.
 struct BlockSection {
     CalibrationReport& report;
@@ -84,7 +93,13 @@ struct BlockSection {
     void EndBlock(char type) {
         if (state == kCompounds) {
             if (type == 'A' || type == 'S') {
+                report.TooManyBlocks = report.Blocks.size() == kMaxCompounds;
+                if (report.TooManyBlocks) {
+                    state = kOver;
+                    return;
+                }
                 report.Blocks.push_back(ParseBlock(firstLine, type));
+                report.TextsCut |= CutTexts(report.Blocks.back());
             } else {
                 state = type == 'I' ? kStandards : kOver;
             }
@@ -120,6 +135,7 @@ CalibrationReport CalibrationReport::Read(LineReader file) {
             int field = kAreaField;
             for (std::string& area : report.StandardAreas[*standard]) {
                 area = WholeCounts(GetField(*line, field));
+                report.TextsCut |= CutText(area);
                 field += kFieldsOfLevel;
             }
         }

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "data/Entries.h"
@@ -22,15 +23,22 @@ struct CompoundBlock {
     std::array<std::string, kMaxLevels> RF;  // empty where the level is not used
 };
 
+// A report with more is refused.
+inline constexpr std::size_t kMaxCompounds = 2'000;
+inline constexpr std::string_view kMaxCompoundsText = "2,000 compounds";
+
 struct CalibrationReport {
     ReportFrame Frame;
     // The paths of the raw data files, as they stand; one for each level.
     std::vector<std::string> DataFiles;
-    // In report order, up to the first block that is neither an analyte's nor a surrogate's.
+    // In report order, up to the first block that is neither an analyte's nor a surrogate's; the
+    // first kMaxCompounds.
     std::vector<CompoundBlock> Blocks;
     // There is text behind the block at which Blocks end, besides the blocks of internal standards
     // (type 'I'); or a compound's block is cut short at the end of the report.
     bool HasTextBehind = false;
+    bool TooManyBlocks = false;
+    bool TextsCut = false;  // it holds texts longer than kMaxPrintedText
     // The areas of each internal standard, in the order of InternalStandardNames, by level; counts,
     // decimals cut off. Empty for a standard that the report lacks.
     std::array<std::array<std::string, kMaxLevels>, InternalStandardNames.size()> StandardAreas;

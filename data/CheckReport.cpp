@@ -1,5 +1,6 @@
 #include "data/CheckReport.h"
 
+#include "data/CalibrationReport.h"
 #include "data/RawDataFile.h"
 #include "platform/Text.h"
 
@@ -9,7 +10,7 @@ namespace {
 
 constexpr std::string_view kTableHead = "n;comp";
 
-CheckRow ReadCheckRow(const std::string& line) {
+CheckRow ReadCheckRow(const std::string& line, bool& textsCut) {
     std::string_view rest = line;
     CheckRow row;
     TakeField(rest);
@@ -21,6 +22,9 @@ CheckRow ReadCheckRow(const std::string& line) {
     TakeField(rest);
     row.RF = TakeField(rest);
     row.PercentD = TakeField(rest);
+    for (std::string* text : {&row.Name, &row.MeanRF, &row.Amount, &row.RF, &row.PercentD}) {
+        textsCut |= CutText(*text);
+    }
     return row;
 }
 
@@ -31,7 +35,9 @@ struct TableSection {
 
     void Take(const std::string& line) {
         if (state == kRows) {
-            report.Rows.push_back(ReadCheckRow(Trim(line)));
+            if (report.Rows.size() < kMaxCompounds) {
+                report.Rows.push_back(ReadCheckRow(Trim(line), report.TextsCut));
+            }
         } else if (state == kRuler) {
             state = kRows;
         } else if (BeginsWith(Trim(line), kTableHead)) {
@@ -57,8 +63,10 @@ CheckReport CheckReport::Read(LineReader file) {
         }
         table.Take(*line);
         if (const auto standard = standards.Take(*line)) {
-            report.InternalStandards[*standard] = {WholeCounts(GetField(*line, 10)),
-                                                   GetField(*line, 11)};
+            PeakData& peak = report.InternalStandards[*standard];
+            peak = {WholeCounts(GetField(*line, 10)), GetField(*line, 11)};
+            report.TextsCut |= CutText(peak.Area);
+            report.TextsCut |= CutText(peak.RetentionTime);
         }
     }
     return report;

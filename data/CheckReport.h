@@ -24,9 +24,11 @@ struct CheckReport {
     ReportFrame Frame;
     std::string StandardFile;  // path of the standard's raw data file
     bool HasTable = false;     // also with an indented head
-    // The lines of the table to the end of the report; a blank one is an empty row.
+    // The lines of the table to the end of the report, the first kMaxCompounds; a blank one is an
+    // empty row.
     std::vector<CheckRow> Rows;
     InternalStandardPeaks InternalStandards;  // of the continuing standard
+    bool TextsCut = false;                    // it holds texts longer than kMaxPrintedText
 
     static CheckReport Read(LineReader file);
 };

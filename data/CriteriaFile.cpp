@@ -7,7 +7,7 @@
 namespace qfr {
 
 CriteriaFile CriteriaFile::Read(LineReader file) {
-    CriteriaFile criteria{BeginsWith(file.NextOrEmpty(), "rf criteria"), {}};
+    CriteriaFile criteria{BeginsWith(file.NextOrEmpty(), "rf criteria"), {}, false};
     while (const auto line = file.Next()) {
         if (Trim(*line).empty()) {
             continue;
@@ -17,6 +17,8 @@ CriteriaFile CriteriaFile::Read(LineReader file) {
         criterion.Name = LowerCase(Trim(TakeField(rest)));
         criterion.MinimumRF = Trim(TakeField(rest));
         criterion.MaximumPercentD = Trim(rest);
+        criteria.TextsCut |= CutText(criterion.MinimumRF);
+        criteria.TextsCut |= CutText(criterion.MaximumPercentD);
     }
     return criteria;
 }

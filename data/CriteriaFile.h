@@ -19,6 +19,7 @@ struct CriteriaFile {
     bool HasTitle = false;  // blanks before the title make it none
     // Every line with a text after the title, in the order of the file.
     std::vector<RFCriterion> Criteria;
+    bool TextsCut = false;  // it holds texts longer than kMaxPrintedText
 
     static CriteriaFile Read(LineReader file);
 };

@@ -35,11 +35,6 @@ constexpr EntryTexts TextsOf(std::size_t savedItems = std::numeric_limits<std::s
     }
 }
 
-template <auto entry>
-void Clear(Entries& entries) {
-    entries.*entry = {};
-}
-
 // Required in one turn, its form looked at in the other.
 constexpr EntryRules Turns(int required, int form = 0) {
     return {.RequiredTurn = required, .FormTurn = form};
@@ -264,17 +259,14 @@ int TurnWhenLeft(const EntryTable& table, const EntryField& field) {
 }
 
 constexpr EntryTable kTables[] = {
-    {"Recovery ranges (Form II)", kRangesFields, Clear<&Entries::Ranges>,
-     "Please select a file for ranges.", "No File Specified"},
-    {"Method blank comments (Form IV)", kCommentsFields, Clear<&Entries::Comments>, "", ""},
-    {"BFB tune (Form V)", kTuneFields, Clear<&Entries::Tune>, "Please enter a value.",
-     "All Fields Are Required", true},
-    {"Initial calibration (Form VI)", kInitialCalibrationFields,
-     Clear<&Entries::InitialCalibration>, kRequiredText, kRequiredTitle},
-    {"Continuing calibration (Form VII)", kContinuingCalibrationFields,
-     Clear<&Entries::ContinuingCalibration>, kRequiredText, kRequiredTitle},
-    {"Internal standards (Form VIII)", kStandardSummaryFields, Clear<&Entries::StandardSummary>,
-     kRequiredText, kRequiredTitle},
+    {"Recovery ranges (Form II)", kRangesFields, "Please select a file for ranges.",
+     "No File Specified"},
+    {"Method blank comments (Form IV)", kCommentsFields, "", ""},
+    {"BFB tune (Form V)", kTuneFields, "Please enter a value.", "All Fields Are Required", true},
+    {"Initial calibration (Form VI)", kInitialCalibrationFields, kRequiredText, kRequiredTitle},
+    {"Continuing calibration (Form VII)", kContinuingCalibrationFields, kRequiredText,
+     kRequiredTitle},
+    {"Internal standards (Form VIII)", kStandardSummaryFields, kRequiredText, kRequiredTitle},
 };
 
 }  // namespace

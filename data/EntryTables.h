@@ -76,7 +76,6 @@ struct EntryField {
 struct EntryTable {
     std::string_view Caption;
     std::span<const EntryField> Fields;  // in the order of the batch file's line
-    void (*Clear)(Entries& entries);
     // Said where a required entry is missing.
     std::string_view MissingText;
     std::string_view MissingTitle;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 #include <iterator>
+#include <utility>
 
 #include "platform/FileReplace.h"
 #include "platform/LineReader.h"
@@ -53,6 +54,27 @@ Message CouldNotReadValues() {
     return {.text = "Can't perform one of the following file operations: Open, Seek, Read, Close",
             .title = "FileError",
             .offerCancel = true};
+}
+
+std::vector<Message> MakeBatchTexts(std::vector<std::string>& values, std::string_view fileName) {
+    std::vector<Message> messages;
+    std::vector<std::string> changed;
+    bool cut = false;
+    for (std::string& value : values) {
+        cut |= CutText(value);
+        std::string text = BatchText(value);
+        if (text != value) {
+            changed.push_back(FileNameOnly(fileName) + ": " + value);
+        }
+        value = std::move(text);
+    }
+    if (cut) {
+        messages.push_back(TextsWereCut(fileName));
+    }
+    if (!changed.empty()) {
+        messages.push_back(ListMessage(std::string(kDelimiterTaken), changed));
+    }
+    return messages;
 }
 
 std::optional<std::string> WriteValueLines(const std::filesystem::path& file,

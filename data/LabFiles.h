@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "data/Batch.h"
@@ -36,6 +37,12 @@ std::optional<std::vector<std::string>> ReadLaboratoryFile(const std::filesystem
 
 // What is said of a file of values that cannot be read to its end.
 Message CouldNotReadValues();
+
+// Said before the values in which BatchText changes something.
+inline constexpr std::string_view kDelimiterTaken =
+    "A \";\" cannot be kept in a batch. It is taken as \",\" in these values:";
+// Makes the values of a file ones that a record can hold. What is to be told of that.
+std::vector<Message> MakeBatchTexts(std::vector<std::string>& values, std::string_view fileName);
 
 // One value a line. The result is the reason of a failure, absent on success.
 std::optional<std::string> WriteValueLines(const std::filesystem::path& file,

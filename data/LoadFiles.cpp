@@ -4,45 +4,100 @@
 #include <iterator>
 #include <utility>
 
+#include "data/LabFiles.h"
 #include "data/QuantReport.h"
 #include "data/ReportFrame.h"
+#include "platform/FileLookup.h"
+#include "platform/LineReader.h"
 #include "platform/Text.h"
 
 namespace qfr {
 
 namespace {
 
+// Why a report that could not be read is not taken all the same.
+std::optional<Message> RejectionOfUnread(const std::string& file) {
+    const auto path = FindFile(file);
+    if (!path || !LineReader::IsTooLarge(*path)) {
+        return std::nullopt;
+    }
+    return OverLimitMessage(FileNameOnly(file), LineReader::kMaxFileSizeText);
+}
+
+// What is odd about the reports that are taken, in one message for all of a kind.
+class OddReports {
+  public:
+    void Look(const std::string& file, const QuantReport& report, Messages& messages) {
+        const std::string name = FileNameOnly(file) + ": ";
+        if (!report.UnreadDate.empty()) {
+            dates_.push_back(name + report.UnreadDate);
+        }
+        for (const std::string& value : ChangedValues(report)) {
+            values_.push_back(name + value);
+        }
+        if (report.TextsCut) {
+            messages.Show(TextsWereCut(file));
+        }
+    }
+    void Tell(Messages& messages) const {
+        if (!dates_.empty()) {
+            messages.Show(ListMessage(
+                "The date could not be read in these reports. Please enter it for Form 1.",
+                dates_));
+        }
+        if (!values_.empty()) {
+            messages.Show(ListMessage(std::string(kDelimiterTaken), values_));
+        }
+    }
+
+  private:
+    std::vector<std::string> dates_;
+    std::vector<std::string> values_;
+};
+
 // The files of the selection that the batch accepts, in lower case.
 std::vector<std::string> AcceptedReports(Batch& batch, const std::vector<std::string>& selection,
                                          Reports& reports, Messages& messages, BatchOwner& owner) {
     std::vector<std::string> accepted;
+    OddReports odd;
     for (const std::string& file : selection) {
         const auto report = reports.Read<QuantReport>(file, "");
         auto rejection = report ? CheckReportFrame(ReportKind::kQuantitation, report->Frame,
                                                    FileNameOnly(file), batch.Files)
-                                : std::nullopt;
+                                : RejectionOfUnread(file);
         const bool tooLong = report && !rejection && report->RowCount > kMaxCompoundRows;
         if (tooLong) {
             rejection = FileErrorMessage("File Compound list Error");
         }
         if (!rejection) {
             accepted.push_back(LowerCase(file));
+            if (report) {
+                odd.Look(file, *report, messages);
+            }
             continue;
         }
         messages.Show(*rejection);
-        if (tooLong && batch.Files.QFiles.empty()) {
+        if (tooLong && owner.ClearsForTooManyRows(file) && batch.Files.QFiles.empty()) {
             ClearBatch(batch, owner);
         }
     }
+    odd.Tell(messages);
     return accepted;
 }
 
 // Why the calibration report is not taken.
 std::optional<Message> RejectionOf(const FileContent<CalibrationReport>& report,
-                                   const std::string& baseName, FileSet& files) {
+                                   const std::string& fileName, FileSet& files) {
     constexpr auto kKind = ReportKind::kCalibration;
+    const std::string baseName = FileNameOnly(fileName);
+    if (auto rejection = report ? std::nullopt : RejectionOfUnread(fileName)) {
+        return rejection;
+    }
     const std::string expected = LowerCase(Trim(files.CalFile));
     if (expected.empty() || LowerCase(baseName) == expected) {
+        if (report && report->TooManyBlocks) {
+            return OverLimitMessage(baseName, kMaxCompoundsText);
+        }
         return report ? CheckReportFrame(kKind, report->Frame, baseName, files) : std::nullopt;
     }
     if (!report || !HasTitleOf(kKind, report->Frame)) {
@@ -135,14 +190,16 @@ bool AddQuantReports(Batch& batch, const std::vector<std::string>& fileNames, Re
 bool TakeCalReport(Batch& batch, const std::vector<std::string>& fileNames, Reports& reports,
                    Messages& messages, BatchOwner& /*owner*/) {
     const std::string& fileName = fileNames.front();
-    const std::string baseName = FileNameOnly(fileName);
     const auto report = reports.Read<CalibrationReport>(fileName, "");
-    if (const auto rejection = RejectionOf(report, baseName, batch.Files)) {
+    if (const auto rejection = RejectionOf(report, fileName, batch.Files)) {
         messages.Show(*rejection);
         return false;
     }
+    if (report && report->TextsCut) {
+        messages.Show(TextsWereCut(fileName));
+    }
     if (Trim(batch.Files.CalFile).empty()) {
-        batch.Files.CalFile = LowerCase(baseName);
+        batch.Files.CalFile = LowerCase(FileNameOnly(fileName));
     }
     batch.Files.Calib = LowerCase(fileName);
     return true;
@@ -154,9 +211,12 @@ bool TakeCheckReport(Batch& batch, const std::vector<std::string>& fileNames, Re
     const auto report = reports.Read<CheckReport>(fileName, "");
     if (const auto rejection = report ? CheckReportFrame(ReportKind::kCheck, report->Frame,
                                                          FileNameOnly(fileName), batch.Files)
-                                      : std::nullopt) {
+                                      : RejectionOfUnread(fileName)) {
         messages.Show(*rejection);
         return false;
+    }
+    if (report && report->TextsCut) {
+        messages.Show(TextsWereCut(fileName));
     }
     batch.Files.CheckCal = LowerCase(fileName);
     return true;

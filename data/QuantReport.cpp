@@ -22,6 +22,15 @@ constexpr std::size_t kConcentrationField = 3;
 constexpr std::size_t kQualifierField = 6;
 constexpr std::size_t kRowFields = 7;
 
+// Where the values of a report's header go.
+constexpr std::pair<HeaderField, std::string QuantReport::*> kHeaderValues[] = {
+    {HeaderField::kDateAnalyzed, &QuantReport::Acquired},
+    {HeaderField::kSampleWtVol, &QuantReport::SampleSize},
+    {HeaderField::kLabSampleId, &QuantReport::ClientSample},
+    {HeaderField::kZovSampleNo, &QuantReport::SampleId},
+    {HeaderField::kLabFileId, &QuantReport::LabFileId},
+    {HeaderField::kInstrumentId, &QuantReport::Instrument}};
+
 // What follows the label of a header line; empty when the line has no such label.
 std::string AfterLastColon(std::string_view line) {
     const std::size_t colon = line.rfind(':');
@@ -34,8 +43,11 @@ void ReadAcquisitionLine(std::string_view line, QuantReport& report) {
     if (label == std::string_view::npos) {
         return;
     }
-    if (const auto when = ParseDateTime(line.substr(label + kLabel.size()))) {
+    const std::string date = Trim(line.substr(label + kLabel.size()));
+    if (const auto when = ParseDateTime(date)) {
         report.Acquired = FormatDateTime(*when);
+    } else {
+        report.UnreadDate = date;
     }
 }
 
@@ -72,7 +84,7 @@ void ReadHeaderLine(std::string_view line, QuantReport& report) {
     }
 }
 
-CompoundRow ReadCompoundRow(std::string_view line) {
+CompoundRow ReadCompoundRow(std::string_view line, bool& textsCut) {
     const auto cells = static_cast<std::size_t>(std::ranges::count(line, ';')) + 1;
     // From 1. On purpose: of a row that is cut short its last field is looked at.
     std::array<std::string_view, kQualifierField + 1> fields;
@@ -80,14 +92,15 @@ CompoundRow ReadCompoundRow(std::string_view line) {
     for (std::size_t k = 1; k <= kQualifierField; ++k) {
         fields[k] = k <= cells ? TakeField(rest) : fields[k - 1];
     }
-    const auto cell = [&](std::size_t k) {
-        return k <= cells ? FirstCharacters(fields[k], kMaxCellLength) : "";
-    };
+    const auto cell = [&](std::size_t k) { return std::string(k <= cells ? fields[k] : ""); };
     CompoundRow row;
     row.Name = cell(kNameField);
     row.Concentration = cell(kConcentrationField);
     row.Qualifier = cell(kQualifierField);
-    row.CasNumber = FirstCharacters(Trim(line.substr(line.rfind(';') + 1)), kMaxCellLength);
+    row.CasNumber = Trim(line.substr(line.rfind(';') + 1));
+    for (std::string* text : {&row.Name, &row.Concentration, &row.Qualifier, &row.CasNumber}) {
+        textsCut |= CutText(*text);
+    }
     row.Found = !Trim(fields[kConcentrationField]).starts_with('U') &&
                 !Contains(fields[kQualifierField], "J");
     row.Whole = cells >= kRowFields;
@@ -113,8 +126,8 @@ struct SampleSection {
         } else if (state == kRows) {
             if (IsBlank(line)) {
                 state = kDone;
-            } else if (++report.RowCount <= kMaxCompoundRows) {
-                report.Rows.push_back(ReadCompoundRow(line));
+            } else if (++report.RowCount <= kMaxPrintedRows) {
+                report.Rows.push_back(ReadCompoundRow(line, report.TextsCut));
             }
         }
     }
@@ -138,7 +151,10 @@ struct MonitoringSection {
                 std::string_view rest = line;
                 TakeField(rest);
                 std::string name = LowerCase(Trim(TakeField(rest)));
-                report.Monitoring->push_back({std::move(name), Trim(TakeField(rest))});
+                std::string recovery = Trim(TakeField(rest));
+                report.TextsCut |= CutText(name);
+                report.TextsCut |= CutText(recovery);
+                report.Monitoring->push_back({std::move(name), std::move(recovery)});
             }
         }
     }
@@ -189,6 +205,14 @@ QuantReport QuantReport::Read(LineReader file) {
         monitoring.Take(*line);
         standards.Take(*line);
     }
+    for (std::string* text : {&report.UnreadDate, &report.SampleSize, &report.ClientSample,
+                              &report.SampleId, &report.LabFileId, &report.Instrument}) {
+        report.TextsCut |= CutText(*text);
+    }
+    for (PeakData& peak : report.InternalStandards) {
+        report.TextsCut |= CutText(peak.Area);
+        report.TextsCut |= CutText(peak.RetentionTime);
+    }
     return report;
 }
 
@@ -207,19 +231,22 @@ std::string WholeCounts(const std::string& area) {
 }
 
 void ReadSampleHeader(const QuantReport& report, SampleRecord& record) {
-    const std::pair<HeaderField, const std::string&> values[] = {
-        {HeaderField::kDateAnalyzed, report.Acquired},
-        {HeaderField::kSampleWtVol, report.SampleSize},
-        {HeaderField::kLabSampleId, report.ClientSample},
-        {HeaderField::kZovSampleNo, report.SampleId},
-        {HeaderField::kLabFileId, report.LabFileId},
-        {HeaderField::kInstrumentId, report.Instrument}};
-    for (const auto& [field, value] : values) {
-        record.Header[field] = value;
+    for (const auto& [field, value] : kHeaderValues) {
+        record.Header[field] = BatchText(report.*value);
     }
     record.CompoundCount = report.RowCount;
     record.TakenIds = {record.Header[HeaderField::kLabFileId],
                        record.Header[HeaderField::kZovSampleNo]};
+}
+
+std::vector<std::string> ChangedValues(const QuantReport& report) {
+    std::vector<std::string> changed;
+    for (const auto& [field, value] : kHeaderValues) {
+        if (BatchText(report.*value) != report.*value) {
+            changed.push_back(report.*value);
+        }
+    }
+    return changed;
 }
 
 std::vector<bool> ReadBlankHits(const QuantReport& blank) {

@@ -16,12 +16,11 @@
 
 namespace qfr {
 
-// A report carries at most this many compound rows.
+// A report carries at most this many compound rows when it enters a batch.
 inline constexpr std::int32_t kMaxCompoundRows = 301;
+// A batch file may count more for it, of which no more than these are read and printed.
+inline constexpr std::int32_t kMaxPrintedRows = 1'000;
 inline constexpr std::size_t kMaxMonitoringCompounds = 21;
-// No laboratory's compound library has longer texts; what a cell of the compound table holds beyond
-// is cut (characters).
-inline constexpr std::size_t kMaxCellLength = 400;
 
 // One row of the compound table, as written: but for the CAS number, blanks around a text stay.
 struct CompoundRow {
@@ -62,18 +61,20 @@ struct QuantReport {
     ReportFrame Frame;
 
     // The header; what it lacks is empty.
-    std::string Acquired;  // "mm/dd/yyyy hh:nn"
+    std::string Acquired;    // "mm/dd/yyyy hh:nn"
+    std::string UnreadDate;  // as written, where it cannot be read as a date and time
     std::string SampleSize;
     std::string ClientSample;
     std::string SampleId;
     std::string LabFileId;
     std::string Instrument;
 
-    std::vector<CompoundRow> Rows;  // the first kMaxCompoundRows
+    std::vector<CompoundRow> Rows;  // the first kMaxPrintedRows
     std::int32_t RowCount = 0;      // of the table
     // The first kMaxMonitoringCompounds; absent when the report has no such section.
     std::optional<std::vector<MonitoringCompound>> Monitoring;
     InternalStandardPeaks InternalStandards;
+    bool TextsCut = false;  // it holds texts longer than kMaxPrintedText
 
     static QuantReport Read(LineReader file);
 };
@@ -81,8 +82,10 @@ struct QuantReport {
 // Areas are reported with decimals that nobody counts.
 std::string WholeCounts(const std::string& area);
 
-// Fills a new record from the report.
+// Fills a new record from the report; its values are as BatchText makes them.
 void ReadSampleHeader(const QuantReport& report, SampleRecord& record);
+// The values of the report's header that BatchText changes.
+std::vector<std::string> ChangedValues(const QuantReport& report);
 
 // Which compounds the lab blank contains, one flag per compound row.
 std::vector<bool> ReadBlankHits(const QuantReport& blank);

@@ -1,7 +1,6 @@
 #include "data/RecoveryRanges.h"
 
-#include <cstdint>
-
+#include "data/ReportFrame.h"
 #include "data/Reports.h"
 #include "platform/Numbers.h"
 #include "platform/Text.h"
@@ -34,7 +33,8 @@ RecoveryRangesFile RecoveryRangesFile::Read(LineReader file) {
     RecoveryRangesFile ranges;
     ranges.HasTitle = BeginsWith(file.NextOrEmpty(), "recovery ranges");
     const std::optional<std::int32_t> count = ParseInteger(file.NextOrEmpty());
-    if (!count || *count < 0) {
+    ranges.TooMany = count > kMaxRanges;
+    if (!count || *count < 0 || ranges.TooMany) {
         return ranges;
     }
     ranges.Kinds.fill(std::vector<RecoveryRange>());
@@ -66,11 +66,14 @@ const RecoveryRange* FindRange(const std::vector<RecoveryRange>& ranges,
 std::optional<EntryFault> BrowseRangesFile(Entries& entries, std::size_t /*item*/,
                                            const std::string& fileName, Messages& /*messages*/) {
     const auto file = Reports().Read<RecoveryRangesFile>(fileName, "");
-    if (file && file->HasTitle) {
+    if (file && file->HasTitle && !file->TooMany) {
         entries.Ranges.FileName = fileName;
         return std::nullopt;
     }
     entries.Ranges.FileName.clear();
+    if (file && file->HasTitle) {
+        return EntryFault{OverLimitMessage(FileNameOnly(fileName), kMaxRangesText), "FileEdit"};
+    }
     return EntryFault{{fileName + " is not a recovery ranges file.\nPlease select another file.",
                        kIncorrectFileTypeTitle},
                       "FileEdit"};

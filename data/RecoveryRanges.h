@@ -4,6 +4,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -22,8 +23,13 @@ struct RecoveryRange {
     bool operator==(const RecoveryRange&) const = default;
 };
 
+// A file that states more is refused.
+inline constexpr std::int32_t kMaxRanges = 1'000;
+inline constexpr std::string_view kMaxRangesText = "1,000 recovery ranges";
+
 struct RecoveryRangesFile {
     bool HasTitle = false;
+    bool TooMany = false;  // no kind is there then
     // The ranges of each kind, in the order of RecoveryLimits and of the file. A kind is absent
     // when the count is no number from 0 up, the file has fewer lines than that, or a limit up to
     // this kind is no number.

@@ -131,6 +131,11 @@ Message FileErrorMessage(std::string text) {
     return {.text = std::move(text), .title = kFileErrorTitle, .icon = MessageIcon::kInformation};
 }
 
+Message OverLimitMessage(const std::string& baseName, std::string_view limit) {
+    return FileErrorMessage(baseName + " has more than " + std::string(limit) + ".\n" +
+                            std::string(kNotProcessed));
+}
+
 Message NotAReportMessage(ReportKind kind, const std::string& baseName) {
     return FileErrorMessage(baseName + " does not appear to be a " +
                             std::string(Describe(kind).name) + " file.\n" +

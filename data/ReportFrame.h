@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "data/Batch.h"
@@ -51,6 +52,8 @@ std::optional<Message> CheckReportFrame(ReportKind kind, const ReportFrame& fram
 
 // A message titled "File Error".
 Message FileErrorMessage(std::string text);
+// That the file holds more than a limit, as "2,000 compounds".
+Message OverLimitMessage(const std::string& baseName, std::string_view limit);
 // That the file is no report of this kind.
 Message NotAReportMessage(ReportKind kind, const std::string& baseName);
 

@@ -369,8 +369,8 @@ void TForm1Header::Button1Click() {
 
 void TForm1Header::Button2Click() {
     if (const auto chosen = services_.ChooseFiles(FileKind::kText, false)) {
-        const auto texts = ReadLaboratoryFile(PathOf(chosen->files.front()));
-        if (!TakeTexts(kLaboratoryFields, texts)) {
+        const std::string& file = chosen->files.front();
+        if (!TakeTexts(kLaboratoryFields, ReadLaboratoryFile(PathOf(file)), file)) {
             host_.Show(CouldNotReadValues());
         }
     }
@@ -384,7 +384,8 @@ void TForm1Header::Button3Click() {
 
 void TForm1Header::Button4Click() {
     const auto texts = ReadDefaultsFile(services_.Settings().ForReading(kDefaultsFile));
-    if (!TakeTexts(kDefaultsFields, texts) || texts->size() < kDefaultsFields.size()) {
+    if (!TakeTexts(kDefaultsFields, texts, kDefaultsFile) ||
+        texts->size() < kDefaultsFields.size()) {
         host_.Show(CouldNotReadValues());
     }
 }
@@ -454,11 +455,18 @@ std::vector<std::string> TForm1Header::TextsOf(std::span<const HeaderField> fiel
 }
 
 bool TForm1Header::TakeTexts(std::span<const HeaderField> fields,
-                             const std::optional<std::vector<std::string>>& texts) {
-    for (std::size_t i = 0; texts && i < fields.size() && i < texts->size(); ++i) {
+                             std::optional<std::vector<std::string>> texts,
+                             const std::string& fileName) {
+    if (!texts) {
+        return false;
+    }
+    for (const Message& message : MakeBatchTexts(*texts, fileName)) {
+        host_.Show(message);
+    }
+    for (std::size_t i = 0; i < fields.size() && i < texts->size(); ++i) {
         SetTextOfField(fields[i], (*texts)[i]);
     }
-    return texts.has_value();
+    return true;
 }
 
 }  // namespace qfr

@@ -87,9 +87,9 @@ class TForm1Header : public QDialog {
     void SetTextOfField(HeaderField field, const std::string& text);
     std::vector<std::string> TextsOf(std::span<const HeaderField> fields) const;
     std::string TextOfDate(const MaskEdit* date) const;
-    // False: the file of the texts could not be read.
+    // Of the file of that name. False: it could not be read.
     bool TakeTexts(std::span<const HeaderField> fields,
-                   const std::optional<std::vector<std::string>>& texts);
+                   std::optional<std::vector<std::string>> texts, const std::string& fileName);
 
     FormHost& host_;
     WindowServices& services_;

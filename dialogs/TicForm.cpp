@@ -1,5 +1,10 @@
 #include "dialogs/TicForm.h"
 
+#include <iterator>
+#include <optional>
+#include <utility>
+#include <vector>
+
 #include "dialogs/EntryDialogs.h"
 #include "platform/Text.h"
 #include "ui_TicForm.h"
@@ -130,7 +135,12 @@ void TTICForm::OkButtonClick() {
     if (!AreToBeLeftOut(IncompleteTicRows(rows))) {
         return;
     }
-    host_.Batch().SampleList->at(record_).TicList = TicListFromRows(rows);
+    std::optional<TicListType> list = TicListFromRows(rows);
+    if (list && std::ssize(*list) > kMaxTics) {
+        host_.Show({"No more than 1,000 TICs can be kept for a sample.", "Too Many Entries"});
+        return;
+    }
+    host_.Batch().SampleList->at(record_).TicList = std::move(list);
     EmptyRows();
     accept();
 }

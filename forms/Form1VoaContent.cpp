@@ -3,12 +3,19 @@
 #include <cmath>
 
 #include "platform/Numbers.h"
+#include "platform/Text.h"
 
 namespace qfr {
 
 std::optional<Form1VoaContent> BuildForm1VoaContent(const Batch& batch, std::size_t record,
                                                     Reports& reports, Messages& messages) {
     const SampleRecord& sample = (*batch.SampleList)[record];
+    if (sample.CompoundCount > kMaxPrintedRows) {
+        messages.Show({"The batch counts more than 1,000 compounds for\n" +
+                           FileNameOnly(sample.FileName) + ". They cannot be printed.",
+                       kFileErrorTitle});
+        return std::nullopt;
+    }
     const auto report = reports.Read<QuantReport>(sample.FileName, batch.Folder);
     if (!report) {
         messages.Show(ReportNotFound(sample.FileName));
@@ -16,6 +23,9 @@ std::optional<Form1VoaContent> BuildForm1VoaContent(const Batch& batch, std::siz
     }
     if (const auto changed = ReportChanged(batch, sample, report)) {
         messages.Show(*changed);
+    }
+    if (report->TextsCut) {
+        messages.Show(TextsWereCut(sample.FileName));
     }
     Form1VoaContent content{
         {PrintedHeader(sample.Header), sample.Header[HeaderField::kZovSampleNo]}, {}};

@@ -25,7 +25,7 @@ struct Form1VoaContent : FormContent {
 };
 
 // For the record at this index of SampleList. A report that has changed since it was loaded is told
-// in a message. Absent, after a message, when it cannot be opened.
+// in a message. Absent, after a message, when it cannot be opened or counts too many compounds.
 std::optional<Form1VoaContent> BuildForm1VoaContent(const Batch& batch, std::size_t record,
                                                     Reports& reports, Messages& messages);
 

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "data/ReportFrame.h"
 #include "platform/Numbers.h"
 #include "platform/Text.h"
 
@@ -46,6 +47,10 @@ std::optional<Form2Content> BuildForm2Content(const Batch& batch, std::size_t he
                                               const RangesEntry& entry, Reports& reports,
                                               Messages& messages) {
     const auto file = reports.Read<RecoveryRangesFile>(Trim(entry.FileName), batch.Folder);
+    if (file && file->TooMany) {
+        messages.Show(OverLimitMessage(FileNameOnly(entry.FileName), kMaxRangesText));
+        return std::nullopt;
+    }
     if (!file || !file->Of(entry.Limits)) {
         messages.Show(
             {FileNameOnly(entry.FileName) + " could not be read as a recovery ranges file.",
@@ -68,6 +73,9 @@ std::optional<Form2Content> BuildForm2Content(const Batch& batch, std::size_t he
         if (!report) {
             AddName(missing.NotOpened, SampleName(sample) + " (" + fileName + ")");
             continue;
+        }
+        if (report->TextsCut) {
+            messages.Show(TextsWereCut(sample.FileName));
         }
         if (!report->Monitoring) {
             messages.Show({"Did not find keyword, volatile", ""});

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "platform/Text.h"
+
 namespace qfr {
 
 Form4Content BuildForm4Content(const SampleListType& samples, DateTime blankTime,
@@ -15,6 +17,9 @@ Form4Content BuildForm4Content(const SampleListType& samples, DateTime blankTime
     content.Samples = ListSamples(samples, 1, blankTime);
     content.Comments = comments.Lines;
     content.Comments.resize(std::min(content.Comments.size(), kCommentLines));
+    for (std::string& line : content.Comments) {
+        CutText(line);
+    }
     return content;
 }
 

@@ -122,6 +122,9 @@ std::optional<Form7Content> ReadContent(FormHost& host, const SampleHeader& head
     }
     TellOfDamage(calibration, host.Batch().Files.Calib, host);
     TellOfOtherRows(check, *rfTable, host.Batch().Files.CheckCal, host);
+    if (criteria->TextsCut) {
+        host.Show(TextsWereCut(entry.CriteriaFile));
+    }
     return BuildForm7Content(header, *rfTable, check, criteria->Criteria, entry);
 }
 
@@ -138,12 +141,13 @@ void Form7CCDClick(FormHost& host) {
              kCalibrationNotSpecifiedTitle});
         return;
     }
-    const auto openCheck = [&host, &checkName] {
+    const auto openCheck = [&host, &checkName](bool onceMore) {
         return OpenCalibration<CheckReport>(host, checkName,
                                             "Please use Data Files|Load Files menu option to "
-                                            "verify\na continuing calibration file.");
+                                            "verify\na continuing calibration file.",
+                                            onceMore);
     };
-    const auto standardCheck = openCheck();
+    const auto standardCheck = openCheck(false);
     if (!standardCheck) {
         return;
     }
@@ -159,7 +163,7 @@ void Form7CCDClick(FormHost& host) {
     // those that Form VI left or that the user typed, even when there are none yet.
     const auto record = CheckAndAsk(host, "Form 7", EntryDialog::kContinuingCalibration);
     // The dialog may have asked to recreate the report.
-    const auto check = record ? openCheck() : FileContent<CheckReport>();
+    const auto check = record ? openCheck(true) : FileContent<CheckReport>();
     if (!check) {
         return;
     }

@@ -121,6 +121,9 @@ std::optional<Form8Content> BuildForm8Content(const Batch& batch, std::size_t he
     bool complete = true;
     for (const SampleRecord& sample : samples) {
         sampleReports.push_back(reports.Read<QuantReport>(sample.FileName, batch.Folder));
+        if (sampleReports.back() && sampleReports.back()->TextsCut) {
+            messages.Show(TextsWereCut(sample.FileName));
+        }
         if (!sampleReports.back()) {
             complete = false;
             messages.Show(ReportNotFound(sample.FileName));

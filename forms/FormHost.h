@@ -3,13 +3,16 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
+#include <type_traits>
 
 #include "data/Batch.h"
 #include "data/Entries.h"
 #include "data/Reports.h"
 #include "forms/Page.h"
 #include "platform/Messages.h"
+#include "platform/Text.h"
 
 namespace qfr {
 
@@ -48,13 +51,24 @@ inline constexpr std::string_view kSpecifyFiles =
 // The title of the calibration forms where a file is not named.
 inline constexpr char kCalibrationNotSpecifiedTitle[] = "Calibration File Not Specified";
 
-// A calibration or check report that the batch names; absent after the message `notOpened`.
+// A calibration or check report that the batch names; absent after the message `notOpened`, or that
+// it has too many compounds. Texts that are cut are told of unless it is opened once more.
 template <typename Report>
-FileContent<Report> OpenCalibration(FormHost& host, const std::string& name,
-                                    const char* notOpened) {
+FileContent<Report> OpenCalibration(FormHost& host, const std::string& name, const char* notOpened,
+                                    bool onceMore = false) {
     FileContent<Report> report = host.Reports().Read<Report>(name, host.Batch().Folder);
     if (!report) {
         host.Show({notOpened, "Calibration File Could Not Be Opened"});
+        return report;
+    }
+    if constexpr (std::is_same_v<Report, CalibrationReport>) {
+        if (report->TooManyBlocks) {
+            host.Show(OverLimitMessage(FileNameOnly(name), kMaxCompoundsText));
+            return {};
+        }
+    }
+    if (report->TextsCut && !onceMore) {
+        host.Show(TextsWereCut(name));
     }
     return report;
 }

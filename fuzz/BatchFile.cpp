@@ -10,7 +10,7 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static const qfr::fuzz::Laboratory laboratory("example.qff");
     const auto restore = [](std::string content) {
-        return RestoreBatch(qfr::LineReader(std::move(content)), laboratory.Name(), qfr::Entries());
+        return RestoreBatch(qfr::LineReader(std::move(content)), laboratory.Name());
     };
     const auto restored = restore(std::string(data, data + size));
     const auto* const batch = std::get_if<qfr::SavedBatch>(&restored);

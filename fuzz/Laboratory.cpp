@@ -42,7 +42,7 @@ fs::path NewDirectory() {
 }
 
 SavedBatch Restore(const fs::path& file) {
-    auto restored = RestoreBatch(LineReader::Open(file).value(), TextOf(file), Entries());
+    auto restored = RestoreBatch(LineReader::Open(file).value(), TextOf(file));
     return std::get<SavedBatch>(std::move(restored));
 }
 

@@ -35,6 +35,10 @@ std::optional<std::string> ReadBytes(const std::filesystem::path& file, std::uin
 
 }  // namespace
 
+bool LineReader::IsTooLarge(const std::filesystem::path& file) {
+    return FileSize(file).value_or(0) > kMaxFileSize;
+}
+
 std::optional<LineReader> LineReader::Open(const std::filesystem::path& file) {
     const auto size = FileSize(file);
     return size ? Open(file, *size) : std::nullopt;
@@ -61,9 +65,7 @@ std::optional<LineReader> LineReader::OpenHead(const std::filesystem::path& file
 }
 
 LineReader::LineReader(std::string content) : content_(std::move(content)) {
-    for (auto at = content_.find('\0'); at != content_.npos; at = content_.find('\0', at)) {
-        content_[at] = ' ';
-    }
+    std::ranges::replace(content_, '\0', ' ');
     if (content_.starts_with(kByteOrderMark)) {
         content_.erase(0, kByteOrderMark.size());
     }

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace qfr {
 
@@ -14,8 +15,11 @@ class LineReader {
   public:
     // A longer line is cut here and its rest is dropped (characters).
     static constexpr std::size_t kMaxLineLength = 1 << 20;
-    // A larger file is treated as one that cannot be opened (bytes).
-    static constexpr std::size_t kMaxFileSize = std::size_t{1} << 30;
+    // A larger file is treated as one that cannot be opened (bytes, and as it is told).
+    static constexpr std::size_t kMaxFileSize = std::size_t{1} << 26;
+    static constexpr std::string_view kMaxFileSizeText = "64 MB";
+    // Whether it is such a file.
+    static bool IsTooLarge(const std::filesystem::path& file);
 
     // Absent when the file does not exist, is a directory, cannot be read or is too large.
     // The content is UTF-8, or Windows-1252 when it is no valid UTF-8; NULs become blanks.

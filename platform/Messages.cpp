@@ -1,5 +1,7 @@
 #include "platform/Messages.h"
 
+#include <algorithm>
+
 #include "platform/Text.h"
 
 namespace qfr {
@@ -10,6 +12,25 @@ Message CouldNotBeWritten(std::string_view fileName) {
 
 Message CouldNotBeRead(std::string_view fileName) {
     return {FileNameOnly(fileName) + " could not be read.", kFileErrorTitle};
+}
+
+Message TextsWereCut(std::string_view fileName) {
+    return {FileNameOnly(fileName) +
+                " holds a text of more than 400 characters.\nOf such a text the first 400 are "
+                "taken.",
+            "Warning", MessageIcon::kWarning};
+}
+
+Message ListMessage(const std::string& head, const std::vector<std::string>& lines) {
+    constexpr std::size_t kMost = 20;  // that a message box has room for
+    std::string text = head;
+    for (std::size_t i = 0; i < std::min(lines.size(), kMost); ++i) {
+        text += "\n" + lines[i];
+    }
+    if (lines.size() > kMost) {
+        text += "\nand " + std::to_string(lines.size() - kMost) + " more";
+    }
+    return {text, "Warning", MessageIcon::kWarning};
 }
 
 std::string AsLine(const Message& message) {

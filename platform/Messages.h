@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace qfr {
 
@@ -24,6 +25,12 @@ struct Message {
 // That the user's file, given by its path, could not be written, or not read.
 Message CouldNotBeWritten(std::string_view fileName);
 Message CouldNotBeRead(std::string_view fileName);
+
+// What became of texts of the file that are longer than kMaxPrintedText.
+Message TextsWereCut(std::string_view fileName);
+
+// A warning: `head`, then these lines; of many, only the first ones.
+Message ListMessage(const std::string& head, const std::vector<std::string>& lines);
 
 // "TITLE: text" as one line; a message without a title is its text alone.
 std::string AsLine(const Message& message);

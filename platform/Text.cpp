@@ -241,6 +241,13 @@ std::string ToUtf8(std::string text) {
     return converted;
 }
 
+bool CutText(std::string& text) {
+    const std::size_t kept = FirstCharacters(text, kMaxPrintedText).size();
+    const bool longer = kept < text.size();
+    text.resize(kept);
+    return longer;
+}
+
 std::string EnteredText(std::string_view text) {
     while (text.ends_with('\n') || text.ends_with('\r')) {
         text.remove_suffix(1);

@@ -20,6 +20,11 @@ std::string LowerCase(std::string_view text);
 // At most `count` characters (not bytes) from the front; never cuts inside a character.
 std::string_view FirstCharacters(std::string_view text, std::size_t count);
 
+// The longest text that a form prints (characters).
+inline constexpr std::size_t kMaxPrintedText = 400;
+// Cuts the text there; whether it was longer.
+bool CutText(std::string& text);
+
 // Characters `first` (from 1) to `last`; what of them lies beyond the text is missing.
 std::string CharacterRange(std::string_view text, std::size_t first, std::size_t last);
 

@@ -102,7 +102,7 @@ class BatchCommand : public testing::Test {
 };
 
 SavedBatch Restored(const std::string& file) {
-    return std::get<SavedBatch>(RestoreBatch(*LineReader::Open(PathOf(file)), file, {}));
+    return std::get<SavedBatch>(RestoreBatch(*LineReader::Open(PathOf(file)), file));
 }
 
 TEST_F(BatchCommand, RefusesWrongUsage) {
@@ -164,6 +164,7 @@ TEST_F(BatchCommand, TakesOptionsAndFilesInAnyOrder) {
         }
         EXPECT_EQ(found, names) << commandLine;
     }
+    EXPECT_THAT(Run("load -o=--cal a.prn"), HasSubstr(": --cal has no lab blank"));
     EXPECT_TRUE(fs::exists("--cal"));
 }
 
@@ -241,14 +242,50 @@ TEST_F(BatchCommand, LoadsTheRestOfRejectedFiles) {
     EXPECT_THAT(ReadAll("x.qff"), HasSubstr("\n1\n" + Stored("a.prn") + "\n"));
     EXPECT_EQ(Run("load -o x.qff a;b.prn"),
               "qfrbatch: a;b.prn has a path that no batch file can hold\n"
-              "qfrbatch: x.qff has no lab blank and cannot be restored\n"
-              "qfrbatch: x.qff has no calibration report and cannot be restored\n"
-              "qfrbatch: x.qff has no check report and cannot be restored\n[1]");
+              "qfrbatch: no report was accepted; x.qff is not written\n[1]");
     EXPECT_THAT(
         Run("load --blank blank.prn --cal day.cal --check day.check -o x.qff a.prn old.prn"),
         testing::EndsWith("not be processed.\n[1]"));
     EXPECT_THAT(Run("load -o no/x.qff a.prn"),
                 StartsWith("File Error: x.qff could not be written.\nqfrbatch: "));
+}
+
+TEST_F(BatchCommand, LoadsNothingOverABatchThatRestores) {
+    const std::string before = ReadAll("day.qff");
+    dir_.Write("huge.txt", "");
+    EXPECT_EQ(Run("load --blank blank.prn --check day.check -o day.qff a.prn"),
+              "qfrbatch: the new batch has no calibration report and cannot be restored\n"
+              "qfrbatch: day.qff can be restored and is not replaced\n[1]");
+    fs::resize_file("huge.txt", LineReader::kMaxFileSize + 1);
+    EXPECT_EQ(Run("show huge.txt"), "qfrbatch: huge.txt has more than 64 MB\n[2]");
+    EXPECT_THAT(Run("load -o x.qff a.prn --defaults huge.txt"),
+                StartsWith("File Error: huge.txt has more than 64 MB. "));
+    EXPECT_EQ(Run("load -o day.qff"),
+              "qfrbatch: no report was accepted; day.qff is not written\n[1]");
+    EXPECT_EQ(ReadAll("day.qff"), before);
+    EXPECT_EQ(Run("load -o new.qff no.prn").substr(0, 40),
+              "qfrbatch: no.prn could not be found\nqfrb");
+    EXPECT_FALSE(fs::exists("new.qff"));
+}
+
+TEST_F(BatchCommand, LeavesOutAndTellsWhatReportsHold) {
+    Report("huge.prn", "H", 302);
+    dir_.Write("odd.prn", ReportText{.header = "Acquisition Date: 18-May-2005\n"}.Text());
+    dir_.Write("Defaults.txt", "Lab; Inc.\n");
+    EXPECT_EQ(Run("load --blank blank.prn --cal day.cal --check day.check -o x.qff --defaults "
+                  "Defaults.txt huge.prn odd.prn"),
+              "File Error: File Compound list Error\n"
+              "qfrbatch: huge.prn has more than 301 compound rows and is left out\n"
+              "Warning: The date could not be read in these reports. Please enter it for Form 1. "
+              "odd.prn: 18-May-2005\n"
+              "Warning: A \";\" cannot be kept in a batch. It is taken as \",\" in these values: "
+              "Defaults.txt: Lab; Inc.\n[1]");
+    const qfr::Batch batch = Restored("x.qff").Batch;
+    EXPECT_THAT(batch.Files.QFiles, ElementsAre(Stored("odd.prn")));
+    EXPECT_EQ(batch.SampleList->at(0).Header[HeaderField::kLabName], "Lab, Inc.");
+    EXPECT_EQ(Run("load --blank huge.prn --cal day.cal --check day.check -o y.qff a.prn").back(),
+              ']');
+    EXPECT_THAT(Restored("x.qff").Batch.Files.Calib, Stored("day.cal"));
 }
 
 TEST_F(BatchCommand, PrintsWhatIsAskedFor) {
@@ -286,6 +323,31 @@ TEST_F(BatchCommand, ShowsEveryValueUnderItsName) {
               "[0]" + ReadAll(TestData("full/shown.txt")));
     EXPECT_THAT(Run("show day.qff"),
                 HasSubstr("\n\nSample 2 of 4\n  Report:               " + Stored("a.prn")));
+}
+
+TEST_F(BatchCommand, PrintsACalibrationThatWasKeptWithoutItsRawDataFiles) {
+    for (const std::string file : {"example.qff", "VOA0516.CAL"}) {
+        fs::copy_file(ExampleDir() / file, file);
+    }
+    EXPECT_THAT(Print("example.qff --forms 6 -o x.pdf"), StartsWith("[0]Form 6: "));
+}
+
+TEST_F(BatchCommand, ExitsOneForAFormThatPrintsWithAWarning) {
+    std::string report = ReadAll("a.prn");
+    dir_.Write("a.prn", report.replace(report.find("Compound;"), 8, std::string(401, 'x')));
+    EXPECT_EQ(Print("day.qff --forms 1 -o x.pdf --sample S2"),
+              "Warning: a.prn holds a text of more than 400 characters. Of such a text the first "
+              "400 are taken.\n[1]Form 1 S2: [Form 1 S2 1]");
+}
+
+TEST_F(BatchCommand, TellsOfOilLimitsBeforeFormII) {
+    std::string batch = ReadAll("day.qff");
+    batch.replace(batch.find("\n;1;\n"), 5, "\n;3;\n");
+    dir_.Write("oil.qff", batch);
+    EXPECT_EQ(Print("oil.qff --forms 1 -o x.pdf --sample S2"), "[0]Form 1 S2: [Form 1 S2 1]");
+    EXPECT_THAT(Print("oil.qff --forms 2 -o x.pdf"),
+                StartsWith("Warning: oil.qff was saved with oil limits for Form 2. They come back "
+                           "as soil limits. Please check the choice.\n"));
 }
 
 TEST_F(BatchCommand, SaysWhatItCannotPrint) {

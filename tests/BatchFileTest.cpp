@@ -25,11 +25,7 @@ std::string Saved(const SavedBatch& saved) {
 }
 
 std::variant<SavedBatch, Message> Restore(const std::string& text) {
-    Entries current;
-    current.Comments.Lines = {"old"};
-    current.Tune.SampleNo = "old";
-    current.InitialCalibration.LabFileIds[7] = "old";
-    return RestoreBatch(LineReader(text), "/d/x.qff", current);
+    return RestoreBatch(LineReader(text), "/d/x.qff");
 }
 
 SavedBatch Restored(const std::string& text) {
@@ -102,30 +98,64 @@ TEST(BatchFile, TakesNoMoreThanTheFileHolds) {
     const std::string full = FullText();
     const std::string huge = "2147483647";
     // Every line after the count is a name then.
-    EXPECT_THAT(Restored(WithLine(full, kNameCount, huge)).Batch.Files.QFiles, SizeIs(24));
+    EXPECT_THAT(Restored(WithLine(full, kNameCount, "10000")).Batch.Files.QFiles, SizeIs(24));
     const std::string samplesOnly = full.substr(0, full.find("3\n1;0;1;\n"));
-    EXPECT_EQ(Restored(WithLine(samplesOnly, kRecordCount, huge)).Batch.SampleList,
+    EXPECT_EQ(Restored(WithLine(samplesOnly, kRecordCount, "10000")).Batch.SampleList,
               Restored(full).Batch.SampleList);
-    EXPECT_THAT(*(*Restored(WithLine(full, kSecondTicCount, huge)).Batch.SampleList)[1].TicList,
+    EXPECT_THAT(*(*Restored(WithLine(full, kSecondTicCount, "1000")).Batch.SampleList)[1].TicList,
                 SizeIs(13));
     const auto flags = [&full](const std::string& count) {
         return Restored(WithLine(full, kFlagCount, count)).Batch.BlankHitFlags;
     };
     EXPECT_THAT(flags("0"), IsEmpty());
     EXPECT_THAT(flags("2"), ElementsAre(true, false));
-    EXPECT_THAT(flags(huge), ElementsAre(true, false, true));
+    EXPECT_THAT(flags("5"), ElementsAre(true, false, true, false, false));
+    EXPECT_EQ(flags("100000").size() + flags(huge).size(), 200000u);
     const auto rows = [&full](const std::string& count) {
         const SavedBatch saved = Restored(WithLine(full, kFirstRecord, "/d/a.prn;" + count + ";"));
         return std::to_string(saved.Batch.SampleList->front().CompoundCount);
     };
-    EXPECT_EQ(Joined({"301", "302", "-1", "x", ""}, rows), "301|301|0|0|0");
+    EXPECT_EQ(Joined({"301", "302", "-1", "x", ""}, rows), "301|302|0|0|0");
 
     // Cut after the first record's first line.
     const SavedBatch cut = Restored(full.substr(0, full.find(";11;\n") + 5));
     ASSERT_THAT(*cut.Batch.SampleList, SizeIs(1));
     EXPECT_EQ(cut.Batch.SampleList->front().Header[HeaderField::kMatrix], "");
     EXPECT_THAT(cut.Batch.BlankHitFlags, IsEmpty());
-    EXPECT_EQ(cut.Entries.Tune.SampleNo, "old");
+    EXPECT_EQ(cut.Entries, Entries());
+}
+
+TEST(BatchFile, HasLimits) {
+    const std::string full = FullText();
+    const auto refusal = [](const std::string& text) {
+        const auto restored = Restore(text);
+        const auto* const message = std::get_if<Message>(&restored);
+        return message ? message->text.substr(0, message->text.find('\n')) : "";
+    };
+    EXPECT_EQ(refusal(WithLine(full, kNameCount, "10001")), "x.qff has more than 10,000 reports.");
+    EXPECT_EQ(refusal(WithLine(full, kRecordCount, "10001")),
+              "x.qff has more than 10,000 reports.");
+    SavedBatch batch = Restored(full);
+    SampleListType& samples = *batch.Batch.SampleList;
+    samples[1].TicList = TicListType(1000);
+    samples.resize(102, samples[1]);
+    EXPECT_EQ(refusal(Saved(batch)), "") << "a hundred samples with 1,000 TICs";
+    samples[2].TicList = TicListType(1);
+    EXPECT_EQ(refusal(Saved(batch)), "x.qff has more than 100,000 TICs.");
+    batch = Restored(full);
+    (*batch.Batch.SampleList)[1].TicList = TicListType(1001);
+    EXPECT_EQ(refusal(Saved(batch)), "x.qff has more than 1,000 TICs in a sample.");
+    EXPECT_EQ(refusal(WithLine(full, kComments, std::string(10'000, ';'))), "");
+    EXPECT_EQ(refusal(WithLine(full, kComments, std::string(10'001, ';'))),
+              "x.qff has more than 10,000 comment lines.");
+
+    const auto tune = [&full](std::size_t characters) {
+        const SavedBatch saved = Restored(WithLine(full, kTune, std::string(characters, 'x')));
+        return std::to_string(saved.Entries.Tune.SampleNo.size()) +
+               (saved.TextsNote ? saved.TextsNote->text.substr(0, 12) : "");
+    };
+    EXPECT_EQ(Joined({400u, 401u}, tune), "400|400x.qff holds ");
+    EXPECT_EQ(Restored(WithLine(full, kComments, std::string(401, 'x'))).TextsNote, std::nullopt);
 }
 
 TEST(BatchFile, RestoresEntries) {
@@ -138,9 +168,8 @@ TEST(BatchFile, RestoresEntries) {
     };
     // A saved choice of oil comes back as soil.
     EXPECT_EQ(Joined({"f;1;", "f;2;", "f;3;", "f;4;", "f"}, limits), "1|2|2|1|1");
-    EXPECT_THAT(with(kComments, " ").Comments.Lines, ElementsAre("old"));
     EXPECT_THAT(with(kComments, ";").Comments.Lines, ElementsAre(""));
-    EXPECT_EQ(with(kTune, "").Tune.SampleNo, "old");
+    EXPECT_EQ(with(kTune, " ").Tune, TuneEntry()) << "an empty line is an initial dialog";
     TuneEntry fresh;
     fresh.SampleNo = "new";
     EXPECT_EQ(with(kTune, "new").Tune, fresh);
@@ -161,6 +190,37 @@ TEST(BatchFile, RestoresEntries) {
     EXPECT_EQ(
         Joined({"", ";;;;;;;;", ";;;;;;;;-1;", ";;;;;;;;-7;", ";;;;;;;;10;", ";;;;;;;;x;"}, level),
         "-1|-1|-1|-1|-1|-1");
+}
+
+TEST(BatchFile, RestoresReportsInOrderWithTheirRecords) {
+    SavedBatch batch = Restored(FullText());
+    const std::string sorted = Saved(batch);
+    std::ranges::reverse(batch.Batch.Files.QFiles);
+    std::reverse(batch.Batch.SampleList->begin() + 1, batch.Batch.SampleList->end());
+    EXPECT_EQ(Saved(Restored(Saved(batch))), sorted);
+    batch.Batch.SampleList->insert(batch.Batch.SampleList->begin() + 1, {.FileName = "/d/0.prn"});
+    const SampleListType records = *Restored(Saved(batch)).Batch.SampleList;
+    EXPECT_EQ(records.at(0).FileName + records.at(1).FileName + records.at(3).FileName,
+              "/d/vblk.prn/d/a.prn/d/0.prn");
+}
+
+TEST(BatchFile, TellsWhatWasAcceptedAndWhatChanges) {
+    const auto entered = [full = FullText()](const char* line) {
+        return Restored(WithLine(full, kInitial, line)).Flags.InitCalEntered ? "1" : "0";
+    };
+    EXPECT_EQ(Joined({"05/16/2005 09:00;05/16/2005 12:00;;;C;;;",
+                      "05/16/2005 09:00;05/16/2005 12:00;;; ;;;",
+                      "05/16/2005 09:00;  /  /       :  ;A;;;;;",
+                      "  /  /       :  ;05/16/2005 12:00;A;;;;;", ""},
+                     entered),
+              "1|0|0|0|0");
+    const auto note = [full = FullText()](const char* line) {
+        const auto message = Restored(WithLine(full, kRanges, line)).LimitsNote;
+        return message ? message->text : "none";
+    };
+    EXPECT_EQ(Joined({"f;2;", "f;4;", "", "f;3;"}, note),
+              "none|none|none|x.qff was saved with oil limits for Form 2.\n"
+              "They come back as soil limits. Please check the choice.");
 }
 
 }  // namespace

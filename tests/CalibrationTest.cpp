@@ -1,5 +1,6 @@
 // What is read from calibration and check reports and the files that they name.
 #include "data/CalibrationTables.h"
+#include "forms/Form6Content.h"
 #include "forms/Form7Content.h"
 #include "forms/Form8Content.h"
 #include "platform/Text.h"
@@ -240,6 +241,13 @@ TEST(InternalStandards, OfTheStandardHaveNoLimitsWithoutNumbers) {
     };
     EXPECT_EQ(Joined({"499", "500", "2000", "2001", "n/a", ""}, flag), "*|||*||");
     EXPECT_EQ(ScaleText("1001", 0.5, 0), "500") << "to even, as ever";
+}
+
+TEST(CalibrationForms, PrintNoMoreCompoundsThanAReportMayHave) {
+    EXPECT_THAT(CalibratedRun(1, 2000).Run(Form8ARTClick), IsEmpty());
+    for (auto* const driver : {Form6CIDClick, Form7CCDClick, Form8ARTClick}) {
+        EXPECT_THAT(CalibratedRun(1, 2001).Run(driver), ElementsAre("File Error"));
+    }
 }
 
 }  // namespace

@@ -34,6 +34,8 @@ TEST(LineReader, RefusesWhatIsNoReadableFile) {
     for (const fs::path& file : {dir.Path(), dir.Path() / "missing", large}) {
         EXPECT_FALSE(LineReader::Open(file)) << file;
     }
+    fs::resize_file(large, LineReader::kMaxFileSize);
+    EXPECT_TRUE(LineReader::Open(large));
 }
 
 TEST(FileLookup, FindsNamesInAnyCaseAndWithEitherSeparator) {

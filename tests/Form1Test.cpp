@@ -80,9 +80,17 @@ TEST(Form1Voa, MissesRowsOrTheWholeReport) {
         EXPECT_THAT(qualifiers(), IsEmpty()) << "of a blank that is not in the batch";
     }
 
+    (*sheets.host.batch.SampleList)[1].CompoundCount = 1'000;
+    EXPECT_EQ(sheets.Names().size(), 40u);
+    (*sheets.host.batch.SampleList)[1].CompoundCount = 1'001;
+    PrintFormIVoa(sheets.host, 1);
+    EXPECT_THAT(sheets.host.messages.TakeTitles(), ElementsAre("File Error"));
+    EXPECT_EQ(VoaSheets(302).Names().back(), 2u) << "the report's rows, as many as counted";
+
+    (*sheets.host.batch.SampleList)[1].CompoundCount = 2;
     (*sheets.host.batch.SampleList)[1].FileName = "c:\\gone\\mw-1.x";
     PrintFormIVoa(sheets.host, 1);
-    EXPECT_EQ(sheets.host.sink.begun.size(), 3U);
+    EXPECT_EQ(sheets.host.sink.begun.size(), 4U);
     EXPECT_THAT(sheets.host.messages.TakeTexts(),
                 ElementsAre("c:\\gone\\mw-1.x\ncould not be found.  Use Data Files|Load Files menu "
                             "option\nto relocate file"));

@@ -44,6 +44,15 @@ TEST(RecoveryRanges, TakeTheChosenKindOnly) {
     EXPECT_EQ(BrowseRangesFile(entries, 0, file, log).value().Message.text,
               file + " is not a recovery ranges file.\nPlease select another file.");
     EXPECT_FALSE(BrowseRangesFile(entries, 0, dir.Write("r.txt", "recovery ranges"), log));
+    const auto browse = [&](int ranges) {
+        std::string text = "recovery ranges\n" + std::to_string(ranges) + "\n";
+        for (int i = 0; i < ranges; ++i) {
+            text += "a;1;2\n";
+        }
+        const auto fault = BrowseRangesFile(entries, 0, dir.Write("r.txt", text), log);
+        return fault ? fault->Message.text.substr(0, 38) : entries.Ranges.FileName.substr(0, 1);
+    };
+    EXPECT_EQ(Joined({1000, 1001}, browse), "/|r.txt has more than 1,000 recovery ran");
     entries.Ranges.FileName = "  ";
     EXPECT_EQ(CheckEntries(TableOf(EntryDialog::kRecoveryRanges), entries).value().Message.text,
               "Please select a file for ranges.");

@@ -60,7 +60,7 @@ std::string Dump(const PrintJob& job) {
 // and what the forms had to say.
 std::map<std::string, std::string> PrintedPages(const PagesBatch& batch) {
     SavedBatch saved = std::get<SavedBatch>(
-        RestoreBatch(LineReader::Open(batch.file).value(), TextOf(batch.file), Entries()));
+        RestoreBatch(LineReader::Open(batch.file).value(), TextOf(batch.file)));
     if (batch.uncheckedCalibration) {
         saved.Batch.Files.CheckCal.clear();
     }

@@ -109,10 +109,15 @@ void AddNames(CLI::App& command, const std::string& name, std::vector<std::strin
     command.add_option(name, take, help)->take_all()->expected(kAny, kAny)->option_text(text);
 }
 
-std::optional<LineReader> OpenInput(Context& context, const std::string& name) {
+std::optional<LineReader> OpenInput(Context& context, const std::string& name, bool onlyHead) {
     const auto path = FindFile(name);
-    std::optional<LineReader> content = path ? LineReader::Open(*path) : std::nullopt;
-    if (!content) {
+    std::optional<LineReader> content;
+    if (path) {
+        content = onlyHead ? LineReader::OpenHead(*path, 1) : LineReader::Open(*path);
+    }
+    if (!content && path && LineReader::IsTooLarge(*path)) {
+        context.Complain() << name << " has more than " << LineReader::kMaxFileSizeText << '\n';
+    } else if (!content) {
         context.Complain() << name << " could not be " << (path ? "read" : "found") << '\n';
     }
     return content;
@@ -126,12 +131,16 @@ std::vector<NamedBatch> ReadBatches(Context& context, const std::vector<std::str
     for (const std::string& name : names) {
         context.prefix = names.size() > 1 ? name + ": " : "";
         if (std::optional<LineReader> content = OpenInput(context, name)) {
-            auto restored = RestoreBatch(*std::move(content), name, Entries());
+            auto restored = RestoreBatch(*std::move(content), name);
             if (const auto* message = std::get_if<Message>(&restored)) {
                 context.Show(*message);
             } else {
-                batches.push_back(
-                    {name, context.prefix, std::get<SavedBatch>(std::move(restored))});
+                auto& saved = std::get<SavedBatch>(restored);
+                if (saved.TextsNote) {
+                    context.Show(*saved.TextsNote);
+                    context.Fail(kIncomplete);
+                }
+                batches.push_back({name, context.prefix, std::move(saved)});
             }
         }
     }

@@ -101,8 +101,10 @@ void AddOption(CLI::App& command, const std::string& name, std::string& value,
 void AddNames(CLI::App& command, const std::string& name, std::vector<std::string>& names,
               const std::string& text, const std::string& help);
 
-// Absent after the message that says why the file cannot be opened.
-std::optional<LineReader> OpenInput(Context& context, const std::string& name);
+// Absent after the message that says why the file cannot be opened. Of a report only the head is
+// looked at: who takes it says what else is wrong.
+std::optional<LineReader> OpenInput(Context& context, const std::string& name,
+                                    bool onlyHead = false);
 
 struct NamedBatch {
     std::string name;    // as the user gave it

@@ -3,10 +3,13 @@
 #include <cstddef>
 #include <memory>
 #include <system_error>
+#include <variant>
 
 #include "app/batch/BatchCommand.h"
 #include "data/LabFiles.h"
 #include "data/LoadFiles.h"
+#include "data/QuantReport.h"
+#include "data/ReportFrame.h"
 #include "platform/DateTime.h"
 #include "platform/FileLookup.h"
 #include "platform/FileReplace.h"
@@ -24,15 +27,25 @@ struct Arguments {
     std::vector<std::string> Reports;
 };
 
-// No entries have been made yet.
-struct NoEntries : BatchOwner {
+// No entries have been made yet, and a report that cannot be taken costs no other.
+class LoadOwner : public BatchOwner {
+  public:
+    explicit LoadOwner(Context& context) : context_(context) {}
     void ResetEntryDialogs() override {}
+    bool ClearsForTooManyRows(const std::string& fileName) override {
+        context_.Complain() << FileNameOnly(fileName) << " has more than " << kMaxCompoundRows
+                            << " compound rows and is left out\n";
+        return false;
+    }
+
+  private:
+    Context& context_;
 };
 
 // The full path of a file that can be read. The dialog offers only such files, and its rules let
 // others pass.
 std::optional<std::string> FullPath(Context& context, const std::string& name) {
-    if (!OpenInput(context, name)) {
+    if (!OpenInput(context, name, true)) {
         return std::nullopt;
     }
     std::error_code failed;
@@ -71,7 +84,7 @@ Batch LoadBatch(const Arguments& arguments, Context& context) {
     };
     Batch batch;
     Reports files;
-    NoEntries owner;
+    LoadOwner owner(context);
     const auto take = [&](TakeReports& takeReports, const std::vector<std::string>& found) {
         if (!found.empty()) {
             takeReports(batch, found, files, context, owner);
@@ -84,9 +97,16 @@ Batch LoadBatch(const Arguments& arguments, Context& context) {
     BuildSampleList(batch, files);
     std::vector<std::string> defaults;
     for (const std::string& path : pathOf(arguments.Defaults)) {
-        defaults = ReadDefaultsFile(PathOf(path)).value_or(defaults);
-        if (defaults.size() < kDefaultsFields.size()) {
-            context.Show(CouldNotReadValues());
+        if (auto values = ReadDefaultsFile(PathOf(path))) {
+            defaults = *std::move(values);
+            if (defaults.size() < kDefaultsFields.size()) {
+                context.Show(CouldNotReadValues());
+            }
+        } else {
+            context.Show(OverLimitMessage(FileNameOnly(path), LineReader::kMaxFileSizeText));
+        }
+        for (const Message& message : MakeBatchTexts(defaults, path)) {
+            context.Show(message);
         }
     }
     if (batch.SampleList) {
@@ -96,6 +116,10 @@ Batch LoadBatch(const Arguments& arguments, Context& context) {
     }
     context.Fail(context.anyMessages ? kIncomplete : kDone);
     return batch;
+}
+
+bool CanBeRestored(std::optional<LineReader> file) {
+    return file && std::holds_alternative<SavedBatch>(RestoreBatch(*std::move(file), ""));
 }
 
 void Load(const Arguments& arguments, Context& context) {
@@ -108,18 +132,30 @@ void Load(const Arguments& arguments, Context& context) {
         throw WrongUsage(target + " is the name of a report, not of a batch file");
     }
     const Batch batch = LoadBatch(arguments, context);
-    if (const auto reason = ReplaceFile(PathOf(target), SaveBatch(batch, Entries()))) {
-        context.WriteFailed(target, *reason);
+    const FileSet& files = batch.Files;
+    if (!FilesSpecified(batch) && files.Calib.empty() && files.CheckCal.empty()) {
+        context.Complain() << "no report was accepted; " << target << " is not written\n";
         return;
     }
-    const std::pair<std::string_view, const std::string&> required[] = {
-        {"lab blank", batch.Files.LabBlank},
-        {"calibration report", batch.Files.Calib},
-        {"check report", batch.Files.CheckCal}};
-    for (const auto& [what, name] : required) {
-        if (name.empty()) {
-            context.Complain() << target << " has no " << what << " and cannot be restored\n";
+    const std::string content = SaveBatch(batch, Entries());
+    const bool restores = CanBeRestored(LineReader(content));
+    const bool keeps = !restores && CanBeRestored(LineReader::Open(PathOf(target)));
+    if (!keeps) {
+        if (const auto reason = ReplaceFile(PathOf(target), content)) {
+            context.WriteFailed(target, *reason);
+            return;
         }
+    }
+    const std::vector<std::string_view> lacking = LackingForRestore(files);
+    const std::string batchName = keeps ? "the new batch" : target;
+    for (const std::string_view what : lacking) {
+        context.Complain() << batchName << " has no " << what << " and cannot be restored\n";
+    }
+    if (!restores && lacking.empty()) {
+        context.Complain() << batchName << " cannot be restored\n";
+    }
+    if (keeps) {
+        context.Complain() << target << " can be restored and is not replaced\n";
     }
 }
 
@@ -139,7 +175,8 @@ void AddLoadCommand(CLI::App& program, Context& context) {
               "laboratory values for the empty header values of every sample,\n"
               "as the Form 1 dialog saves them");
     AddOption(command, "-o", arguments->Target, "BATCH.qff",
-              "batch file to write; a file of that name is replaced");
+              "batch file to write; a file of that name is replaced, but no batch that can\n"
+              "be restored by one that cannot");
     AddNames(command, "FILE.prn", arguments->Reports, "...", "quantitation reports of the samples");
     command.callback([arguments, &context] { Load(*arguments, context); });
 }

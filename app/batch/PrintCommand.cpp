@@ -120,17 +120,19 @@ bool HasPrinter(Context& context, const std::string& printer) {
 std::vector<PrintJob> Record(Context& context, NamedBatch batch, const PackageChoice& choice) {
     context.prefix = batch.prefix;
     const std::vector<PackageWork> dueJobs = PlanPackage(batch.saved.Batch, choice);
+    const std::optional<Message> limitsNote = batch.saved.LimitsNote;
     HeadlessHost host(std::move(batch.saved), context.platform.Metrics(), context);
     std::vector<PrintJob> jobs;
     for (const PackageWork& dueJob : dueJobs) {
-        context.anyMessages = false;
-        auto job = PrintWork(host, dueJob);
-        // A page that was printed with a message is not to pass for one without.
-        context.Fail(!job || context.anyMessages ? kIncomplete : kDone);
-        if (job) {
+        if (limitsNote && dueJob.form->entry == EntryDialog::kRecoveryRanges) {
+            context.Show(*limitsNote);
+        }
+        if (auto job = PrintWork(host, dueJob)) {
             jobs.push_back(*std::move(job));
         }
     }
+    // A page that was printed with a message is not to pass for one without.
+    context.Fail(context.anyMessages ? kIncomplete : kDone);
     context.prefix.clear();
     return jobs;
 }

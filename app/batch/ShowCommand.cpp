@@ -47,7 +47,8 @@ class BatchText {
 };
 
 void ShowSamples(BatchText& text, const Batch& batch) {
-    const SampleListType samples = batch.SampleList.value_or(SampleListType());
+    const SampleListType none;
+    const SampleListType& samples = batch.SampleList ? *batch.SampleList : none;
     for (std::size_t i = 0; i < samples.size(); ++i) {
         const SampleRecord& record = samples[i];
         text.Paragraph("Sample " + std::to_string(i + 1) + " of " + std::to_string(samples.size()) +

@@ -166,6 +166,11 @@ TEST(Form1Header, KeepsTheLaboratorysValuesInTwoFiles) {
         header[fields.back()] = others[fields.back()];
         EXPECT_EQ(rig.Samples()[0].Header.Values(), header.Values()) << read;
         EXPECT_EQ(rig.log.TakeTitles().size(), fields.size() == 13 ? 1 : 0);
+        rig.dir.Write("DefaultInfo.txt", "a;" + lines);
+        press(read, others);
+        EXPECT_EQ(rig.Samples()[0].Header[fields[0]], "a," + header[fields[0]]);
+        EXPECT_THAT(rig.log.TakeTexts(),
+                    testing::ElementsAre(testing::EndsWith("\nDefaultInfo.txt: a;line 0")));
         if (write == std::string("Button1")) {
             EXPECT_EQ(rig.chooser.saved.at(0).kind, SaveKind::kLaboratoryFile);
             EXPECT_EQ(rig.chooser.saved.at(0).directory, "/texts");

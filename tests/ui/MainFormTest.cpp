@@ -1,3 +1,4 @@
+#include <QLineEdit>
 #include <QStatusBar>
 
 #include "app/MainForm.h"
@@ -22,13 +23,15 @@ std::string State(TQFRForm& form) {
 TEST(MainForm, EndsThroughTheExitSequenceOnly) {
     const char* const kNotWritten = "a.qff could not be written.";
     const char* const kSaved = "File information saved.";
+    const char* const kLacking =
+        "b.qff cannot be restored: it has\nno lab blank, no calibration report, no check report.";
     using Texts = std::vector<std::string>;
     // The answer, where there is something to save; the files chosen for it; what is told.
     const std::tuple<std::deque<bool>, Texts, Texts> cases[] = {
         {{}, {}, {}},
         {{false}, {}, {kSaveQuestion}},
         {{true}, {}, {kSaveQuestion}},
-        {{true}, {"no/a.qff", "b.qff"}, {kSaveQuestion, kNotWritten, kSaved}},
+        {{true}, {"no/a.qff", "b.qff"}, {kSaveQuestion, kNotWritten, kSaved, kLacking}},
     };
     for (const auto& [answers, files, told] : cases) {
         WindowRig rig;
@@ -62,6 +65,24 @@ TEST(MainForm, SavesAndRestoresABatchWithItsState) {
     EXPECT_EQ(rig.chooser.opened.at(0).kind, FileKind::kBatch);
     EXPECT_EQ(rig.chooser.opened.at(0).directory, "/batches");
     EXPECT_EQ(rig.chooser.saved.at(0).directory, TextOf(ExampleDir()));
+}
+
+TEST(MainForm, RestoresOverNothingOfAnotherBatch) {
+    WindowRig rig;
+    rig.form.RestoreFile(Example("example.qff"));
+    EXPECT_TRUE(rig.form.Flags().InitCalEntered);
+    rig.form.Flags() = {true, true, true};
+    rig.Type("^1");  // the header dialog shows the first sample
+    const std::string empty = "QFRForms\n\n\n\n/b.prn\n0\n/d.cal\n/d.check\n1\n/b.prn;1;\n\n0\n";
+    rig.form.RestoreFile(rig.dir.Write("empty.qff", empty + "0\n\n;3;\n"));
+    EXPECT_THAT(rig.log.TakeTitles(), testing::ElementsAre("Warning"));
+    Entries soil;
+    soil.Ranges.Limits = RecoveryLimits::kSoil;
+    EXPECT_EQ(rig.form.Entries(), soil);
+    const BatchFlags& flags = rig.form.Flags();
+    EXPECT_FALSE(flags.InitCalEntered || flags.ContCalEntered || flags.Form8DataReady);
+    auto& header = rig.Find<QWidget>("TForm1Header");
+    EXPECT_EQ(header.findChild<QLineEdit*>("Edit1")->text(), "");
 }
 
 TEST(MainForm, OpensTheOneBatchItWasStartedWith) {

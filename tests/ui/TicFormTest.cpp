@@ -57,6 +57,17 @@ TEST(TicForm, DeletesAndAddsRows) {
     EXPECT_EQ(rig.List(0), (TicListType{Tic("a"), Tic("c")}));
 }
 
+TEST(TicForm, KeepsNoMoreThanABatchMayHave) {
+    TicRig rig;
+    rig.List(0) = TicListType(1000, Tic("a"));
+    EXPECT_TRUE(rig.Run([&] { rig.Type("&o"); }));
+    rig.List(0)->push_back(Tic("b"));
+    EXPECT_FALSE(rig.Run([&] {
+        rig.Use("&o", "No more than 1,000 TICs can be kept for a sample.");
+        rig.dialog.reject();
+    }));
+}
+
 TEST(TicForm, PastesRowsOfASpreadsheet) {
     TicRig rig;
     std::string many;
