@@ -157,7 +157,7 @@ TQFRForm::SaveResult TQFRForm::Save() {
     }
     const WaitCursor wait;
     const std::string& file = chosen->files.front();
-    if (ReplaceFile(PathOf(file), SaveBatch(Batch(), entries_))) {
+    if (ReplaceFile(PathOf(file), SaveBatch(Batch(), entries_), ReadOnlyFile::kIsReplaced)) {
         Show(CouldNotBeWritten(file));
         return SaveResult::kNotWritten;
     }

@@ -43,7 +43,7 @@ int main(int argc, char** argv) {
         messages.Show({std::string(qfr::kNoTypeface), "QFR Forms", qfr::MessageIcon::kWarning});
         return 1;
     }
-    qfr::QtFileChooser chooser;
+    qfr::QtFileChooser chooser(messages);
     qfr::FormFonts fonts;
     qfr::QtTextMetrics metrics(fonts);
     qfr::DesktopSink sink(fonts, chooser, messages);

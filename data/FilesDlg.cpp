@@ -145,7 +145,7 @@ bool TFilesDlg::eventFilter(QObject* watched, QEvent* event) {
 void TFilesDlg::Take(TakeReports& take, const std::vector<std::string>& files) {
     owner_.Flags().Form8DataReady = false;
     const WaitCursor wait;
-    Reports reports;
+    Reports reports(messages_);
     take(batch_, files, reports, messages_, owner_);
     // Also after a rejection, which may have taken the names of the library and the like, or
     // cleared the batch.
@@ -155,7 +155,7 @@ void TFilesDlg::Take(TakeReports& take, const std::vector<std::string>& files) {
 void TFilesDlg::OkButtonClick() {
     if (!batch_.SampleList) {
         const WaitCursor wait;
-        Reports reports;
+        Reports reports(messages_);
         BuildSampleList(batch_, reports);
     }
     hide();

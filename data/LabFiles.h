@@ -33,7 +33,8 @@ std::optional<std::vector<std::string>> ReadDefaultsFile(const std::filesystem::
 // The lines of a laboratory file, as they stand, at most 7. Absent when it cannot be opened.
 std::optional<std::vector<std::string>> ReadLaboratoryFile(const std::filesystem::path& file);
 
-// One value a line. The result is the reason of a failure, absent on success.
+// One value a line, also in the place of a read-only file. The result is the reason of a failure,
+// absent on success.
 std::optional<std::string> WriteValueLines(const std::filesystem::path& file,
                                            const std::vector<std::string>& values);
 

@@ -1,6 +1,7 @@
 #include "data/LoadFiles.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <iterator>
 #include <utility>
 
@@ -12,15 +13,27 @@ namespace qfr {
 
 namespace {
 
+// Why the batch, which keeps paths in lower case and in lines, could not find the file again.
+std::optional<Message> PathTrouble(const std::string& file, Reports& reports) {
+    if (!FitsBatchFile(file)) {
+        return FileErrorMessage(OneLine(FileNameOnly(file)) +
+                                " has a path that no batch file can hold.\n" +
+                                "The file will not be processed.");
+    }
+    return reports.IsFoundInLowerCase(file) ? std::nullopt : std::optional(NameIsNotUnique(file));
+}
+
 // The files of the selection that the batch accepts, in lower case.
 std::vector<std::string> AcceptedReports(Batch& batch, const std::vector<std::string>& selection,
                                          Reports& reports, Messages& messages, BatchOwner& owner) {
     std::vector<std::string> accepted;
     for (const std::string& file : selection) {
         const auto report = reports.Read<QuantReport>(file, "");
-        auto rejection = report ? CheckReportFrame(ReportKind::kQuantitation, report->Frame,
-                                                   FileNameOnly(file), batch.Files)
-                                : std::nullopt;
+        auto rejection = PathTrouble(file, reports);
+        if (!rejection && report) {
+            rejection = CheckReportFrame(ReportKind::kQuantitation, report->Frame,
+                                         FileNameOnly(file), batch.Files);
+        }
         const bool tooLong = report && !rejection && report->RowCount > kMaxCompoundRows;
         if (tooLong) {
             rejection = FileErrorMessage("File Compound list Error");
@@ -137,7 +150,11 @@ bool TakeCalReport(Batch& batch, const std::vector<std::string>& fileNames, Repo
     const std::string& fileName = fileNames.front();
     const std::string baseName = FileNameOnly(fileName);
     const auto report = reports.Read<CalibrationReport>(fileName, "");
-    if (const auto rejection = RejectionOf(report, baseName, batch.Files)) {
+    auto rejection = PathTrouble(fileName, reports);
+    if (!rejection) {
+        rejection = RejectionOf(report, baseName, batch.Files);
+    }
+    if (rejection) {
         messages.Show(*rejection);
         return false;
     }
@@ -152,14 +169,24 @@ bool TakeCheckReport(Batch& batch, const std::vector<std::string>& fileNames, Re
                      Messages& messages, BatchOwner& /*owner*/) {
     const std::string& fileName = fileNames.front();
     const auto report = reports.Read<CheckReport>(fileName, "");
-    if (const auto rejection = report ? CheckReportFrame(ReportKind::kCheck, report->Frame,
-                                                         FileNameOnly(fileName), batch.Files)
-                                      : std::nullopt) {
+    auto rejection = PathTrouble(fileName, reports);
+    if (!rejection && report) {
+        rejection = CheckReportFrame(ReportKind::kCheck, report->Frame, FileNameOnly(fileName),
+                                     batch.Files);
+    }
+    if (rejection) {
         messages.Show(*rejection);
         return false;
     }
     batch.Files.CheckCal = LowerCase(fileName);
     return true;
+}
+
+bool FitsBatchFile(std::string_view path) {
+    constexpr std::string_view kUnreadable = "\uFFFD";  // that the toolkit shows for a byte
+    return IsUtf8(path) && !Contains(path, kUnreadable) &&
+           path.find_first_of(";\r\n") == std::string_view::npos &&
+           (std::filesystem::path::preferred_separator == '\\' || !Contains(path, "\\"));
 }
 
 void BuildSampleList(Batch& batch, Reports& reports) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "data/Batch.h"
@@ -21,12 +22,16 @@ class BatchOwner {
 
 // Takes reports into the batch: full paths as chosen (UTF-8, any case), at least one, of which only
 // AddQuantReports takes more than the first. Returns whether anything was taken. A file that cannot
-// be opened is taken, but for a calibration report whose name is not the batch's calibration file;
-// why another one is refused is shown. The first report taken decides the names of the library,
+// be opened is taken, but for a calibration report whose name is not the batch's calibration file,
+// and for one whose path the batch could not keep; why another one is refused is shown. The first report taken decides the names of the library,
 // internal standard and calibration files, also when it is refused at a later line.
 using TakeReports = bool(Batch& batch, const std::vector<std::string>& fileNames, Reports& reports,
                          Messages& messages, BatchOwner& owner);
 TakeReports TakeLabBlank, AddQuantReports, TakeCalReport, TakeCheckReport;
+
+// Whether a batch file can hold the full path of a report, so that it leads there when it is read
+// back: the path is text without ";" and line breaks, and "\" in it parts folders and no name.
+bool FitsBatchFile(std::string_view path);
 
 // Builds SampleList from the named reports; it stays absent when none is named. The record of a
 // report that cannot be opened keeps its defaults.

@@ -5,7 +5,9 @@
 #include <random>
 #include <system_error>
 
+#include "platform/FileLookup.h"
 #include "platform/HostSystem.h"
+#include "platform/Text.h"
 
 namespace qfr {
 
@@ -31,6 +33,10 @@ fs::path LinkTarget(fs::path path, std::error_code& error) {
         if (!fs::is_symlink(fs::symlink_status(path, ignored))) {
             return path;
         }
+        if (!MayFollow(path)) {
+            error = std::make_error_code(std::errc::permission_denied);
+            return path;
+        }
         path = path.parent_path() / fs::read_symlink(path, error);
     }
     error = error ? error : std::make_error_code(std::errc::too_many_symbolic_link_levels);
@@ -39,11 +45,26 @@ fs::path LinkTarget(fs::path path, std::error_code& error) {
 
 }  // namespace
 
-std::optional<std::string> ReplaceFile(const fs::path& target, std::string_view content) {
+bool AgreesToReplace(const fs::path& target, Messages& messages) {
+    return !IsReadOnly(target) ||
+           messages.AskYesNo({FileNameOnly(TextOf(target)) + " is read-only.\nReplace it?",
+                              "Warning", MessageIcon::kWarning});
+}
+
+std::optional<std::string> ReplaceFile(const fs::path& target, std::string_view content,
+                                       ReadOnlyFile readOnly) {
     std::error_code error;
-    const fs::path file = LinkTarget(target, error);
-    if (error) {
-        return error.message();
+    std::optional<std::error_code> written = WriteThrough(target, content);
+    const fs::path file = written ? target : LinkTarget(target, error);
+    if (!written && !error) {
+        written = WriteThrough(file, content);
+    }
+    error = written.value_or(error);
+    if (written || error) {
+        return error ? std::optional(error.message()) : std::nullopt;
+    }
+    if (readOnly == ReadOnlyFile::kStays && IsReadOnly(file)) {
+        return "The file is read-only.";
     }
     std::error_code ignored;
     const fs::file_status status = fs::status(file, ignored);

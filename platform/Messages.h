@@ -25,6 +25,10 @@ struct Message {
 Message CouldNotBeWritten(std::string_view fileName);
 Message CouldNotBeRead(std::string_view fileName);
 
+// That the name, in lower case as the batch keeps it, does not tell one of the user's files from
+// another.
+Message NameIsNotUnique(std::string_view fileName);
+
 // "TITLE: text" as one line; a message without a title is its text alone.
 std::string AsLine(const Message& message);
 

@@ -248,6 +248,25 @@ std::string EnteredText(std::string_view text) {
     return OneLine(text);
 }
 
+bool IsControl(char32_t c) {
+    const bool turnsWriting = c == 0x061C || c == 0x200E || c == 0x200F ||
+                              (c >= 0x202A && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);
+    return c < 0x20 || (c >= 0x7F && c < 0xA0) || turnsWriting;
+}
+
+std::string Visible(std::string_view text) {
+    std::string visible;
+    visible.reserve(text.size());
+    while (!text.empty()) {
+        std::string_view rest = text;
+        const bool wellFormed = CharacterLength(text) > 0;
+        const bool shows = !IsControl(TakeCharacter(rest)) && wellFormed;
+        visible += shows ? text.substr(0, text.size() - rest.size()) : "?";
+        text = rest;
+    }
+    return visible;
+}
+
 std::string OneLine(std::string_view text) {
     std::string line;
     line.reserve(text.size());

@@ -298,6 +298,18 @@ TEST_F(BatchCommand, SaysWhatItCannotPrint) {
     EXPECT_EQ(Print("day.qff --forms 1 -o x.pdf"),
               refusal + "day: [Form 1 VBLK01 1] [Form 1 S1 2] [Form 1 S1 1]");
     EXPECT_EQ(Print("day.qff --forms 1 -o x.pdf --sample S2"), refusal);
+    const std::string steered = "S\x1B[2J\u202E\u009B";
+    Report(steered + ".prn", steered);
+    EXPECT_EQ(Run("load --blank " + steered +
+                  ".prn --cal day.cal --check day.check no\x1B.prn -o " + steered + ".qff"),
+              "qfrbatch: no?.prn could not be found\n[1]");
+    EXPECT_THAT(Run("load --\x1B"), HasSubstr(" --?\n"));
+    EXPECT_THAT(Run("show " + steered + ".qff day.qff " + steered),
+                AllOf(HasSubstr("/s?[2j??.prn\n"), HasSubstr("Batch file S?[2J??.qff\n"),
+                      StartsWith("qfrbatch: S?[2J?? could not be found\n")));
+    fs::copy_file("day.qff", steered + ".qff", fs::copy_options::overwrite_existing);
+    Print("day.qff " + steered + ".qff --forms 1 --sample S1 --output-dir new");
+    EXPECT_TRUE(fs::exists("new/S?[2J??"));
     platform_.startFailure = "no typeface";
     EXPECT_EQ(Print("day.qff -o x.pdf"), "qfrbatch: no typeface\n[1]");
 }

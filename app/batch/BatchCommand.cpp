@@ -109,9 +109,12 @@ void AddNames(CLI::App& command, const std::string& name, std::vector<std::strin
 }
 
 std::optional<LineReader> OpenInput(Context& context, const std::string& name) {
-    const auto path = FindFile(name);
+    FileFinder finder;
+    const auto path = finder.Find(name);
     std::optional<LineReader> content = path ? LineReader::Open(*path) : std::nullopt;
-    if (!content) {
+    if (finder.FoundSeveral()) {
+        context.Complain() << OneLine(NameIsNotUnique(name).text) << '\n';
+    } else if (!content) {
         context.Complain() << name << " could not be " << (path ? "read" : "found") << '\n';
     }
     return content;
@@ -178,7 +181,7 @@ int RunBatchCommand(const std::vector<std::string>& arguments, std::ostream& out
         }
     } catch (const std::runtime_error& trouble) {  // ours, or one of CLI11's
         context.Fail(kUnusable);
-        err << name << ": " << trouble.what() << "\nTry \"" << name << " --help\".\n";
+        err << name << ": " << Visible(trouble.what()) << "\nTry \"" << name << " --help\".\n";
     }
     out.flush();
     if (!out) {

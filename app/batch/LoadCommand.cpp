@@ -38,7 +38,7 @@ std::optional<std::string> FullPath(Context& context, const std::string& name) {
     std::error_code failed;
     const auto path = std::filesystem::absolute(FindFile(name).value_or(""), failed);
     std::string full = TextOf(path.lexically_normal());
-    if (failed || full.find_first_of(";\r\n") != std::string::npos) {
+    if (failed || !FitsBatchFile(full)) {
         context.Complain() << OneLine(name) << " has a path that no batch file can hold\n";
         return std::nullopt;
     }
@@ -70,7 +70,7 @@ Batch LoadBatch(const Arguments& arguments, Context& context) {
         return name.empty() ? std::vector<std::string>() : paths({name});
     };
     Batch batch;
-    Reports files;
+    Reports files(context);
     NoEntries owner;
     const auto take = [&](TakeReports& takeReports, const std::vector<std::string>& found) {
         if (!found.empty()) {

@@ -169,7 +169,8 @@ void Print(const Arguments& arguments, Context& context) {
     std::vector<PrintJob> document;
     std::string title;
     for (std::size_t i = 0; i < batches.size(); ++i) {
-        const std::string name = UntakenName(TextOf(PathOf(batches[i].name).stem()), taken);
+        const std::string name =
+            UntakenName(Visible(TextOf(PathOf(batches[i].name).stem())), taken);
         const fs::path folder = several ? PathOf(directory) / PathOf(name) : PathOf(directory);
         choice.samples = chosen[i];
         std::vector<PrintJob> jobs = Record(context, std::move(batches[i]), choice);

@@ -62,10 +62,7 @@ constexpr char kUri[] = "printer-uri-supported";
 // A title that CUPS takes: at most 255 bytes, and no control character.
 std::string JobName(std::string_view title) {
     constexpr std::size_t kMaxCharacters = 60;  // of four bytes
-    std::string name(FirstCharacters(title, kMaxCharacters));
-    std::replace_if(
-        name.begin(), name.end(), [](unsigned char c) { return c < 0x20 || c == 0x7f; }, ' ');
-    return name;
+    return Visible(FirstCharacters(title, kMaxCharacters));
 }
 
 // One request carries the job with its whole document, so that the queue never holds half of it.

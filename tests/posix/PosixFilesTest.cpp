@@ -44,8 +44,77 @@ TEST(PosixFiles, KeepTheirPermissionsWhenTheyAreReplaced) {
     EXPECT_EQ(ReplaceFile(file, "old"), std::nullopt);
     EXPECT_EQ(fs::status(file).permissions(), usual);
     fs::permissions(file, fs::perms(0640));
+    struct stat before {};
+    struct stat after {};
+    // Whose owner can be kept only by an administrator, but whose group by its members.
+    EXPECT_TRUE(::chown(file.c_str(), 1234, 4321) == 0 || ::geteuid() != 0);
+    ::stat(file.c_str(), &before);
     EXPECT_EQ(ReplaceFile(file, "new"), std::nullopt);
-    EXPECT_EQ(fs::status(file).permissions(), fs::perms(0640));
+    ::stat(file.c_str(), &after);
+    EXPECT_EQ(after.st_mode & 0777U, 0640U);
+    EXPECT_TRUE(after.st_uid == before.st_uid && after.st_gid == before.st_gid);
+    EXPECT_NE(after.st_ino, before.st_ino) << "overwritten";
+}
+
+TEST(PosixFiles, ThatAreReadOnlyAreReplacedWhenTheUserAgrees) {
+    const TempDir dir;
+    const fs::path file = dir.Write("batch.qff", "old");
+    MessageLog log;
+    EXPECT_TRUE(AgreesToReplace(file, log)) << "without a question";
+    fs::permissions(file, fs::perms(0444));
+    EXPECT_EQ(ReplaceFile(file, "new"), "The file is read-only.");
+    EXPECT_EQ(ReadAll(file), "old");
+    log.answers = {false};
+    EXPECT_FALSE(AgreesToReplace(file, log));
+    EXPECT_EQ(log.shown.at(0).text, "batch.qff is read-only.\nReplace it?");
+    EXPECT_EQ(ReplaceFile(file, "new", ReadOnlyFile::kIsReplaced), std::nullopt);
+    EXPECT_EQ(ReadAll(file), "new");
+    EXPECT_EQ(fs::status(file).permissions(), fs::perms(0444));
+    fs::permissions(file, fs::perms(0644));
+    fs::permissions(dir.Path(), fs::perms(0777));
+    const auto user = OrdinaryUser();
+    EXPECT_TRUE(ReplaceFile(file, "new").has_value() || ::getuid() != 0) << "another user's";
+}
+
+TEST(PosixFiles, ThatAreOpenAndDevicesAreWrittenThrough) {
+    const TempDir dir;
+    const fs::path file = dir.Write("out", "");
+    std::FILE* const out = std::fopen(file.c_str(), "a");
+    std::fputs("before ", out);
+    std::fflush(out);
+    const fs::path open = "/dev/fd/" + std::to_string(::fileno(out));
+    fs::create_symlink(open, dir.Path() / "link");
+    EXPECT_EQ(ReplaceFile(open, "one "), std::nullopt);
+    EXPECT_EQ(ReplaceFile(dir.Path() / "link", "two"), std::nullopt);
+    std::fclose(out);
+    EXPECT_EQ(ReadAll(file), "before one two");
+    EXPECT_TRUE(ReplaceFile(open, "closed").has_value());
+
+    fs::create_symlink("/dev/null", dir.Path() / "null");
+    for (const fs::path& device : {fs::path("/dev/null"), dir.Path() / "null"}) {
+        EXPECT_EQ(ReplaceFile(device, "x"), std::nullopt);
+        EXPECT_TRUE(fs::is_character_file(device) && fs::is_symlink(dir.Path() / "null"));
+    }
+    EXPECT_TRUE(ReplaceFile("/dev/full", "x").has_value());
+}
+
+TEST(PosixFiles, BehindALinkOfAnotherOwnerInASharedFolderStay) {
+    if (::geteuid() != 0) {
+        GTEST_SKIP() << "needs somebody else";
+    }
+    const TempDir dir;
+    const fs::path file = dir.Write("victim", "old");
+    const fs::path link = dir.Path() / "tmp" / "x.qff";
+    fs::create_directory(link.parent_path());
+    fs::create_symlink(file, link);
+    for (const auto& [mode, owner, followed] :
+         {std::tuple(01777, 0U, true), {01777, 1234U, false}, {0777, 1234U, true}}) {
+        fs::permissions(link.parent_path(), fs::perms(mode));
+        ASSERT_EQ(::lchown(link.c_str(), owner, 0), 0);
+        EXPECT_EQ(ReplaceFile(link, "new").has_value(), !followed);
+        EXPECT_EQ(ReadAll(file), followed ? "new" : "old");
+        dir.Write("victim", "old");
+    }
 }
 
 // A save that fails leaves the old file whole and nothing beside it.
