@@ -197,8 +197,6 @@ void TQFRForm::OpenArguments(const std::vector<std::string>& arguments) {
     const std::string file =
         TextOf(std::filesystem::absolute(PathOf(arguments.front()), failed).lexically_normal());
     if (RestoreFile(file)) {
-        // The other lines of the paths file stay; reading them takes them over.
-        paths_.ReadPath(FileKind::kBatch);
         paths_.RememberDir(file, FileKind::kBatch);
     }
 }

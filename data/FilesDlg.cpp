@@ -29,7 +29,9 @@ std::vector<std::string> ReportsIn(const QMimeData& dragged) {
     std::vector<std::string> reports;
     for (const QUrl& url : dragged.urls()) {
         const QFileInfo file(url.toLocalFile());  // empty for what is not of this machine
-        if (file.isFile() && QDir::match(pattern, file.fileName())) {
+        // A name that is no text is that of no file here; it is refused by a message.
+        const bool isText = !file.filePath().contains(QChar::ReplacementCharacter);
+        if ((file.isFile() || !isText) && QDir::match(pattern, file.fileName())) {
             reports.push_back(QDir::toNativeSeparators(file.absoluteFilePath()).toStdString());
         }
     }

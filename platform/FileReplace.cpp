@@ -1,6 +1,7 @@
 #include "platform/FileReplace.h"
 
 #include <array>
+#include <chrono>
 #include <cstdio>
 #include <random>
 #include <system_error>
@@ -44,6 +45,22 @@ fs::path LinkTarget(fs::path path, std::error_code& error) {
 }
 
 }  // namespace
+
+void RemoveLeftovers(const fs::path& folder) {
+    constexpr auto kDay = std::chrono::hours(24);
+    const auto now = fs::file_time_type::clock::now();
+    std::error_code error;
+    for (fs::directory_iterator entry(folder.empty() ? "." : folder, error);
+         !error && entry != fs::directory_iterator(); entry.increment(error)) {
+        const fs::path& file = entry->path();
+        const std::string name = TextOf(file.filename());
+        std::error_code ignored;
+        if (name.starts_with(".qfr-") && name.ends_with(".tmp") && IsUsersOwn(file) &&
+            !entry->is_symlink(ignored) && now - entry->last_write_time(ignored) > kDay) {
+            fs::remove_all(file, ignored);
+        }
+    }
+}
 
 bool AgreesToReplace(const fs::path& target, Messages& messages) {
     return !IsReadOnly(target) ||

@@ -10,6 +10,14 @@
 
 namespace qfr {
 
+// Where the toolkit makes a temporary file or folder, in the system's folder for such: a name of
+// the kind that RemoveLeftovers knows, with the toolkit's place for what makes it unique.
+inline constexpr char kTemporaryName[] = ".qfr-XXXXXX.tmp";
+
+// Removes what killed runs have left in the folder: temporary files and folders of this program
+// that are the user's own and older than a day.
+void RemoveLeftovers(const std::filesystem::path& folder);
+
 // Asks before a read-only file is replaced; true without a question for every other one.
 bool AgreesToReplace(const std::filesystem::path& target, Messages& messages);
 

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,6 +17,9 @@ std::vector<std::string> ProgramArguments(int argc, const char* const* argv);
 
 // Whether the folder exists and files can be made in it.
 bool IsWritable(const std::filesystem::path& folder);
+
+// Whether the file or folder, not what a link stands for, belongs to the user.
+bool IsUsersOwn(const std::filesystem::path& file);
 
 // Whether the file is there and its owner, or the user, is not to write it.
 bool IsReadOnly(const std::filesystem::path& file);
@@ -38,5 +43,19 @@ std::error_code WriteNewFile(const std::filesystem::path& file,
 // Makes a rename in the folder last. The files are whole either way, so a file system that cannot
 // do it is no failure.
 void FlushFolder(const std::filesystem::path& folder);
+
+// While this lives, the system's wish that the program ends (SIGTERM) does not end it, but is
+// passed on, on a thread of its own. Made before the program starts any other thread.
+class EndRequests {
+  public:
+    explicit EndRequests(std::function<void()> onRequest);
+    ~EndRequests();
+    EndRequests(const EndRequests&) = delete;
+    EndRequests& operator=(const EndRequests&) = delete;
+
+  private:
+    struct Listener;
+    std::unique_ptr<Listener> listener_;
+};
 
 }  // namespace qfr

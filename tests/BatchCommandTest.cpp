@@ -41,6 +41,9 @@ class FakePlatform : public BatchPlatform {
         return Contains(job.title, "S2") ? std::optional<std::string>("no paper") : std::nullopt;
     }
 
+    bool EndRequested() const override { return --worksFor < 0; }
+
+    mutable int worksFor = 1'000'000;  // questions whether to end
     std::optional<std::string> startFailure;
     std::vector<std::string> printed;
     std::vector<std::string> forms;  // of the jobs of the last file
@@ -312,6 +315,18 @@ TEST_F(BatchCommand, SaysWhatItCannotPrint) {
     EXPECT_TRUE(fs::exists("new/S?[2J??"));
     platform_.startFailure = "no typeface";
     EXPECT_EQ(Print("day.qff -o x.pdf"), "qfrbatch: no typeface\n[1]");
+}
+
+TEST_F(BatchCommand, EndsBetweenTwoJobsWhenItIsAskedTo) {
+    const std::string ended = "qfrbatch: ended before all was done\n[1]";
+    platform_.worksFor = 1;
+    EXPECT_EQ(Print("day.qff --forms 1 -o x.pdf"), ended);
+    platform_.worksFor = 4 + 1 + 2;  // the jobs, the folder, and two files
+    EXPECT_EQ(Print("day.qff --forms 1 --output-dir new"), ended);
+    EXPECT_EQ(std::distance(fs::directory_iterator("new"), {}), 2);
+    platform_.worksFor = 0;
+    EXPECT_EQ(Run("load -o x.qff a.prn"), ended);
+    EXPECT_FALSE(fs::exists("x.qff"));
 }
 
 }  // namespace

@@ -39,6 +39,8 @@ class BatchPlatform {
     // A job's title as a file name without an extension.
     virtual std::string FileNameForTitle(const std::string& title) = 0;
     virtual std::vector<std::string> Printers() = 0;
+    // Whether the system wants the command to end before its work is done.
+    virtual bool EndRequested() const { return false; }
     virtual std::optional<std::string> PrintOnQueue(const PrintJob& job,
                                                     const std::string& printer) = 0;
 };
@@ -75,6 +77,7 @@ struct Context : Messages {
     BatchPlatform& platform;
     ExitCode exitCode = kDone;
     bool anyMessages = false;
+    bool ending = false;
     std::string prefix;  // of messages: which of several batches they are about
 
     Context(std::ostream& output, std::ostream& errors, BatchPlatform& system)
@@ -95,6 +98,14 @@ struct Context : Messages {
     Complaint Complain(ExitCode code = kIncomplete) {
         Fail(code);
         return Complaint(err);
+    }
+    // Whether the rest of the work is to be left out, because the system wants the command to end.
+    bool IsEnding() {
+        if (!ending && platform.EndRequested()) {
+            ending = true;
+            Complain() << "ended before all was done\n";
+        }
+        return ending;
     }
     void WriteFailed(const std::string& fileName, const std::string& reason) {
         Show(CouldNotBeWritten(fileName));

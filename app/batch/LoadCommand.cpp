@@ -105,6 +105,10 @@ void Load(const Arguments& arguments, Context& context) {
         throw WrongUsage(target + " is the name of a report, not of a batch file");
     }
     const Batch batch = LoadBatch(arguments, context);
+    if (context.IsEnding()) {
+        return;
+    }
+    RemoveLeftovers(PathOf(target).parent_path());
     if (const auto reason = ReplaceFile(PathOf(target), SaveBatch(batch, Entries()))) {
         context.WriteFailed(target, *reason);
         return;

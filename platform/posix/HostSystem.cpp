@@ -1,9 +1,12 @@
 #include "platform/HostSystem.h"
 
+#include <atomic>
 #include <cerrno>
 #include <charconv>
+#include <csignal>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 #include <utility>
 
@@ -77,6 +80,11 @@ bool IsWritable(const fs::path& folder) {
            ::faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
 }
 
+bool IsUsersOwn(const fs::path& file) {
+    struct stat found {};
+    return ::lstat(file.c_str(), &found) == 0 && found.st_uid == ::geteuid();
+}
+
 bool IsReadOnly(const fs::path& file) {
     constexpr mode_t kAnyWrite = S_IWUSR | S_IWGRP | S_IWOTH;
     struct stat found {};
@@ -141,6 +149,34 @@ void FlushFolder(const fs::path& folder) {
     if (directory.Value() >= 0) {
         ::fsync(directory.Value());
     }
+}
+
+struct EndRequests::Listener {
+    sigset_t signals{};
+    std::atomic<bool> done = false;
+    std::thread thread;
+};
+
+EndRequests::EndRequests(std::function<void()> onRequest)
+    : listener_(std::make_unique<Listener>()) {
+    Listener& listener = *listener_;
+    ::sigemptyset(&listener.signals);
+    ::sigaddset(&listener.signals, SIGTERM);
+    // Threads inherit this, so that no other one is interrupted.
+    ::pthread_sigmask(SIG_BLOCK, &listener.signals, nullptr);
+    listener.thread = std::thread([&listener, onRequest = std::move(onRequest)] {
+        int signal = 0;
+        while (::sigwait(&listener.signals, &signal) == 0 && !listener.done) {
+            onRequest();
+        }
+    });
+}
+
+EndRequests::~EndRequests() {
+    listener_->done = true;
+    ::pthread_kill(listener_->thread.native_handle(), SIGTERM);
+    listener_->thread.join();
+    ::pthread_sigmask(SIG_UNBLOCK, &listener_->signals, nullptr);
 }
 
 }  // namespace qfr

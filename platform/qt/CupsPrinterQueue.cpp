@@ -7,9 +7,11 @@
 #include <string_view>
 #include <utility>
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryFile>
 
+#include "platform/FileReplace.h"
 #include "platform/Text.h"
 #include "platform/qt/PdfFile.h"
 #include "platform/qt/PrinterQueue.h"
@@ -114,7 +116,7 @@ std::optional<std::string> PrintOnQueue(const PrintJob& job, const std::string& 
     if (document.isEmpty()) {
         return "There is no page to print.";
     }
-    QTemporaryFile file;
+    QTemporaryFile file(QDir::tempPath() + '/' + kTemporaryName);
     if (!file.open() || file.write(document) != document.size() || !file.flush()) {
         return "There is no room for the job on the disk.";
     }

@@ -129,6 +129,9 @@ std::optional<ChosenFiles> QtFileChooser::Save(const SaveRequest& request) {
     while (chosen && !AgreesToReplace(PathOf(chosen->files.front()), messages_)) {
         chosen = Run(dialog, NameFilters(shape.filters), shape.filter);
     }
+    if (chosen) {
+        RemoveLeftovers(PathOf(chosen->files.front()).parent_path());
+    }
     return chosen;
 }
 

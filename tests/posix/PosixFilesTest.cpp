@@ -1,13 +1,18 @@
 // What only systems with permissions and pipes can show of the program's files.
+#include <chrono>
 #include <csignal>
+#include <future>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "data/LoadFiles.h"
 #include "platform/FileLookup.h"
 #include "platform/FileReplace.h"
+#include "platform/HostSystem.h"
 #include "platform/LineReader.h"
 #include "platform/SettingsDir.h"
+#include "platform/Text.h"
 #include "tests/Support.h"
 
 namespace qfr::test {
@@ -140,6 +145,83 @@ TEST(PosixFiles, StayWhenNotAllOfTheNewCanBeWritten) {
     fs::permissions(dir.Path(), fs::perms(0555));
     const auto user = OrdinaryUser();
     ExpectOldFileKept(file, "new");
+}
+
+TEST(PosixFiles, OfAKilledRunAreRemovedAfterADay) {
+    const TempDir dir;
+    const auto age = [&dir](const std::string& name, std::chrono::minutes minutes) {
+        fs::last_write_time(dir.Path() / name, fs::file_time_type::clock::now() - minutes);
+    };
+    const std::string removed[] = {".qfr-0.tmp", ".qfr-folder.tmp"};
+    const std::string kept[] = {".qfr-1.tmp", "x.tmp", ".qfr-2", ".qfr-link.tmp", ".qfr-other.tmp"};
+    dir.Write(".qfr-folder.tmp/file", "");
+    for (const std::string name :
+         {".qfr-0.tmp", ".qfr-1.tmp", "x.tmp", ".qfr-2", ".qfr-other.tmp"}) {
+        age(FileNameOnly(dir.Write(name, "")), std::chrono::minutes(name == kept[0] ? 1438 : 1442));
+    }
+    age(removed[1], std::chrono::minutes(1442));
+    fs::create_symlink("x.tmp", dir.Path() / kept[3]);
+    const bool isOthers = ::chown((dir.Path() / kept[4]).c_str(), 1234, 1234) == 0;
+    RemoveLeftovers(dir.Path());
+    for (const std::string& name : removed) {
+        EXPECT_FALSE(fs::exists(dir.Path() / name)) << name;
+    }
+    for (const std::string& name : kept) {
+        EXPECT_EQ(fs::exists(dir.Path() / name), isOthers || name != kept[4]) << name;
+    }
+}
+
+TEST(PosixProgram, IsToldThatItIsToEnd) {
+    std::promise<void> asked;
+    const EndRequests requests([&asked] { asked.set_value(); });
+    ::kill(::getpid(), SIGTERM);
+    EXPECT_EQ(asked.get_future().wait_for(std::chrono::seconds(10)), std::future_status::ready);
+}
+
+// A chemist loads two reports, by each of the three ways. What is told, and whether they are taken.
+struct Loading : BatchOwner {
+    void ResetEntryDialogs() override {}
+    std::string operator()(const std::string& file) {
+        for (TakeReports* const take :
+             {TakeLabBlank, AddQuantReports, TakeCalReport, TakeCheckReport}) {
+            Batch batch;
+            MessageLog log;
+            Reports reports(log);
+            const bool taken = take(batch, {file}, reports, log, *this);
+            told += (taken ? "+" : "-") + (log.shown.empty() ? "" : log.shown.front().text);
+        }
+        return std::exchange(told, "");
+    }
+    std::string told;
+};
+
+TEST(PosixFiles, ThatABatchCouldNotFindAgainAreNotLoaded) {
+    const TempDir dir;
+    Loading loading;
+    for (const std::string folder : {"a\\b", "a;b", "a\nb", "a\xFF", "a\uFFFD"}) {
+        const std::string file = TextOf(dir.Path()) + "/" + folder + "/x";
+        const std::string told = FileNameOnly(OneLine(file)) +
+                                 " has a path that no batch file can hold.\n"
+                                 "The file will not be processed.";
+        EXPECT_EQ(loading(file), "-" + told + "-" + told + "-" + told + "-" + told);
+    }
+    const std::string twins =
+        "X.PRN cannot be told from another file, whose name\ndiffers only in "
+        "upper and lower case. Please rename one of them.";
+    const std::string upper = dir.Write("X.PRN", ReportText().Text());
+    EXPECT_THAT(loading(upper), testing::StartsWith("++-")) << "alone";
+    const std::string lower = dir.Write("x.prn", ReportText().Text());
+    EXPECT_THAT(loading(upper), testing::StartsWith("-" + twins + "-" + twins + "-" + twins + "-"));
+    EXPECT_THAT(loading(lower), testing::StartsWith("++-")) << "found exactly";
+    fs::rename(lower, dir.Path() / "x.Prn");
+    EXPECT_THAT(loading(upper), testing::StartsWith("-" + twins));
+
+    dir.Write("here/x.prn", "");
+    FileFinder finder;
+    const std::string root = TextOf(dir.Path());
+    EXPECT_FALSE(finder.FindBeside(root + "/x.prn", root + "/here"));
+    EXPECT_TRUE(finder.FoundSeveral());
+    EXPECT_TRUE(finder.Find(root + "/HERE/X.PRN") && !finder.FoundSeveral());
 }
 
 TEST(PosixFiles, OfAProgramThatMayNotWriteThemAreTheUsersOwnCopies) {

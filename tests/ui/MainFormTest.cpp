@@ -1,4 +1,5 @@
 #include <QStatusBar>
+#include <QToolTip>
 
 #include "app/MainForm.h"
 #include "tests/ui/WindowRig.h"
@@ -62,6 +63,22 @@ TEST(MainForm, SavesAndRestoresABatchWithItsState) {
     EXPECT_EQ(rig.chooser.opened.at(0).kind, FileKind::kBatch);
     EXPECT_EQ(rig.chooser.opened.at(0).directory, "/batches");
     EXPECT_EQ(rig.chooser.saved.at(0).directory, TextOf(ExampleDir()));
+}
+
+TEST(MainForm, ShowsTextsThatLookLikeMarkupAsTheyStand) {
+    WindowRig rig;
+    const std::string odd = "<b>x<img src=\"/dev/zero\">.prn";
+    rig.form.RestoreFile(rig.dir.Write("odd.qff", "QFRForms\n\n\n\n" + odd + "\n0\n/c\n/d\n0\n"));
+    auto& label = *rig.form.statusBar()->findChild<QLabel*>();
+    EXPECT_EQ(label.toolTip().toStdString(), "Lab blank: " + odd);
+    EXPECT_GT(label.sizeHint().width(), label.fontMetrics().horizontalAdvance(label.toolTip()));
+    QToolTip::showText({}, label.toolTip(), &label);
+    const auto windows = QApplication::topLevelWidgets();
+    const auto tip =
+        std::ranges::find_if(windows, [](QWidget* w) { return w->inherits("QTipLabel"); });
+    ASSERT_NE(tip, windows.end());
+    EXPECT_EQ(static_cast<QLabel*>(*tip)->textFormat(), Qt::PlainText);
+    QToolTip::hideText();
 }
 
 TEST(MainForm, OpensTheOneBatchItWasStartedWith) {

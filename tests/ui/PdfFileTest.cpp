@@ -76,13 +76,13 @@ TEST(WritePdf, ListsSeveralJobsByFormAndSample) {
         made.sample = sample;
         return made;
     };
-    std::vector<PrintJob> jobs = {job("Form I", "MW\x1B\u202E-1", 2),
+    std::vector<PrintJob> jobs = {job("Form I", "MW-\x1B\u202E1", 2),
                                   job("Form I", "Gr\xC3\xBCn \xCE\xB1", 1), job("Form II", "", 2),
                                   job("Form\u009B IV", "", 1)};
     jobs[2].pages[0].items.clear();
     ASSERT_EQ(WritePdf(jobs, "Package", file, fonts), std::nullopt);
     const std::string pdf = ReadAll(PathOf(file));
-    EXPECT_EQ(OutlineOf(pdf), "Form I 1 [MW??-1 1 Gr\xC3\xBCn \xCE\xB1 3 ]Form II 5 Form? IV 6 ")
+    EXPECT_EQ(OutlineOf(pdf), "Form I 1 [MW-??1 1 Gr\xC3\xBCn \xCE\xB1 3 ]Form II 5 Form? IV 6 ")
         << "no entry leads to an empty page";
     EXPECT_THAT(pdf, HasSubstr("/PageMode /UseOutlines"));
 }
