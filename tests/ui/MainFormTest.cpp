@@ -67,8 +67,9 @@ TEST(MainForm, SavesAndRestoresABatchWithItsState) {
 
 TEST(MainForm, ShowsTextsThatLookLikeMarkupAsTheyStand) {
     WindowRig rig;
-    const std::string odd = "<b>x<img src=\"/dev/zero\">.prn";
-    rig.form.RestoreFile(rig.dir.Write("odd.qff", "QFRForms\n\n\n\n" + odd + "\n0\n/c\n/d\n0\n"));
+    const std::string odd = "<img src=\"/dev/zero\">.prn";
+    rig.form.RestoreFile(
+        rig.dir.Write("odd.qff", "QFRForms\n\n\n\nx\\" + odd + "\n0\n/cal\n/check\n0\n"));
     auto& label = *rig.form.statusBar()->findChild<QLabel*>();
     EXPECT_EQ(label.toolTip().toStdString(), "Lab blank: " + odd);
     EXPECT_GT(label.sizeHint().width(), label.fontMetrics().horizontalAdvance(label.toolTip()));
