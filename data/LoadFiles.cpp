@@ -7,18 +7,32 @@
 
 #include "data/QuantReport.h"
 #include "data/ReportFrame.h"
+#include "platform/FileLookup.h"
 #include "platform/Text.h"
 
 namespace qfr {
 
 namespace {
 
-// Why the batch, which keeps paths in lower case and in lines, could not find the file again.
+// What would keep a path of a batch file from leading to its file again; empty when nothing would.
+std::string_view FaultOf(std::string_view path) {
+    constexpr std::string_view kUnreadable = "\uFFFD";  // that the toolkit shows for a byte
+    if (!IsUtf8(path) || Contains(path, kUnreadable)) {
+        return "a name that is no valid UTF-8";
+    }
+    if (path.find_first_of(";\r\n") != std::string_view::npos) {
+        return "a \";\" or a line break in a name";
+    }
+    const bool partsFolders = std::filesystem::path::preferred_separator == '\\';
+    return !partsFolders && Contains(path, "\\") ? "a \"\\\" in a name" : "";
+}
+
+// Why the batch, which keeps paths in lower case, could not find the file again.
 std::optional<Message> PathTrouble(const std::string& file, Reports& reports) {
-    if (!FitsBatchFile(file)) {
-        return FileErrorMessage(OneLine(FileNameOnly(file)) +
-                                " has a path that no batch file can hold.\n" +
-                                "The file will not be processed.");
+    if (const std::string_view fault = FaultOf(file); !fault.empty()) {
+        return FileErrorMessage(OneLine(TextOf(PathOf(file).filename())) +
+                                " has a path that no batch file can hold,\nwith " +
+                                std::string(fault) + ". The file will not be processed.");
     }
     return reports.IsFoundInLowerCase(file) ? std::nullopt : std::optional(NameIsNotUnique(file));
 }
@@ -180,13 +194,6 @@ bool TakeCheckReport(Batch& batch, const std::vector<std::string>& fileNames, Re
     }
     batch.Files.CheckCal = LowerCase(fileName);
     return true;
-}
-
-bool FitsBatchFile(std::string_view path) {
-    constexpr std::string_view kUnreadable = "\uFFFD";  // that the toolkit shows for a byte
-    return IsUtf8(path) && !Contains(path, kUnreadable) &&
-           path.find_first_of(";\r\n") == std::string_view::npos &&
-           (std::filesystem::path::preferred_separator == '\\' || !Contains(path, "\\"));
 }
 
 void BuildSampleList(Batch& batch, Reports& reports) {

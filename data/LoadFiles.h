@@ -3,7 +3,6 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "data/Batch.h"
@@ -29,10 +28,6 @@ class BatchOwner {
 using TakeReports = bool(Batch& batch, const std::vector<std::string>& fileNames, Reports& reports,
                          Messages& messages, BatchOwner& owner);
 TakeReports TakeLabBlank, AddQuantReports, TakeCalReport, TakeCheckReport;
-
-// Whether a batch file can hold the full path of a report, so that it leads there when it is read
-// back: the path is text without ";" and line breaks, and "\" in it parts folders and no name.
-bool FitsBatchFile(std::string_view path);
 
 // Builds SampleList from the named reports; it stays absent when none is named. The record of a
 // report that cannot be opened keeps its defaults.

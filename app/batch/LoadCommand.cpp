@@ -38,7 +38,7 @@ std::optional<std::string> FullPath(Context& context, const std::string& name) {
     std::error_code failed;
     const auto path = std::filesystem::absolute(FindFile(name).value_or(""), failed);
     std::string full = TextOf(path.lexically_normal());
-    if (failed || !FitsBatchFile(full)) {
+    if (failed || full.find_first_of(";\r\n") != std::string::npos) {
         context.Complain() << OneLine(name) << " has a path that no batch file can hold\n";
         return std::nullopt;
     }

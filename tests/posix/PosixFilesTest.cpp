@@ -198,12 +198,14 @@ struct Loading : BatchOwner {
 TEST(PosixFiles, ThatABatchCouldNotFindAgainAreNotLoaded) {
     const TempDir dir;
     Loading loading;
-    for (const std::string folder : {"a\\b", "a;b", "a\nb", "a\xFF", "a\uFFFD"}) {
-        const std::string file = TextOf(dir.Path()) + "/" + folder + "/x";
-        const std::string told = FileNameOnly(OneLine(file)) +
-                                 " has a path that no batch file can hold.\n"
-                                 "The file will not be processed.";
-        EXPECT_EQ(loading(file), "-" + told + "-" + told + "-" + told + "-" + told);
+    for (const auto& [folder, fault] : {std::pair("a\\b", "a \"\\\" in a name"),
+                                        {"a;b", "a \";\" or a line break in a name"},
+                                        {"a\nb", "a \";\" or a line break in a name"},
+                                        {"a\xFF", "a name that is no valid UTF-8"},
+                                        {"a\uFFFD", "a name that is no valid UTF-8"}}) {
+        const std::string told = "-x has a path that no batch file can hold,\nwith " +
+                                 std::string(fault) + ". The file will not be processed.";
+        EXPECT_EQ(loading(TextOf(dir.Path()) + "/" + folder + "/x"), told + told + told + told);
     }
     const std::string twins =
         "X.PRN cannot be told from another file, whose name\ndiffers only in "
