@@ -158,7 +158,7 @@ TQFRForm::SaveResult TQFRForm::Save() {
     const WaitCursor wait;
     const std::string& file = chosen->files.front();
     std::string content = SaveBatch(Batch(), entries_);
-    if (ReplaceFile(PathOf(file), content)) {
+    if (ReplaceFile(PathOf(file), content, ReadOnlyFile::kIsReplaced)) {
         Show(CouldNotBeWritten(file));
         return SaveResult::kNotWritten;
     }
@@ -212,8 +212,6 @@ void TQFRForm::OpenArguments(const std::vector<std::string>& arguments) {
     const std::string file =
         TextOf(std::filesystem::absolute(PathOf(arguments.front()), failed).lexically_normal());
     if (RestoreFile(file)) {
-        // The other lines of the paths file stay; reading them takes them over.
-        paths_.ReadPath(FileKind::kBatch);
         paths_.RememberDir(file, FileKind::kBatch);
     }
 }

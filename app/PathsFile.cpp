@@ -46,11 +46,17 @@ std::string ExpandFormat(std::string_view format) {
     return result;
 }
 
+bool CanBeLine(std::string_view directory) {
+    return FirstCharacters(directory, kMaxLineLength).size() == directory.size() &&
+           IsUtf8(directory) && directory.find_first_of("\r\n") == std::string_view::npos;
+}
+
 }  // namespace
 
-std::string PathsFile::ReadPath(FileKind kind) {
+void PathsFile::Read(bool tells) {
+    known_ = true;
     std::optional<LineReader> file = LineReader::Open(settings_.ForReading(kFileName));
-    if (!file) {
+    if (!file && tells) {
         messages_.Show({"Pathfile missing.  Creating new pathfile.", ""});
         NewPathsFile();
         file = LineReader::Open(settings_.ForReading(kFileName));
@@ -60,20 +66,27 @@ std::string PathsFile::ReadPath(FileKind kind) {
         for (std::string& text : lines_) {
             if (std::optional<std::string> line = file->NextPiece(kMaxLineLength)) {
                 last = Trim(*line);
-            } else {
+            } else if (tells) {
                 messages_.Show({"End of file:\nreached before expected", "Message"});
             }
             text = last;
         }
     }
+}
+
+std::string PathsFile::ReadPath(FileKind kind) {
+    Read(true);
     const std::string& path = LineAt(RowOf(kind).startsFrom);
     return path == kInstallPath ? settings_.ProgramDir() + "example" + settings_.ProgramDir().back()
                                 : path;
 }
 
 void PathsFile::RememberDir(std::string_view fileName, FileKind kind) {
-    if (const int line = RowOf(kind).remembered; line > 0) {
-        LineAt(line) = FolderOnly(fileName);
+    // What there is to tell was told when the choice began; reports may be dropped without one.
+    Read(!known_);
+    const std::string directory = FolderOnly(fileName);
+    if (const int line = RowOf(kind).remembered; line > 0 && CanBeLine(directory)) {
+        LineAt(line) = directory;
     }
     for (std::string& text : lines_) {
         text = ExpandFormat(text);

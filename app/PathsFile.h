@@ -21,7 +21,9 @@ class PathsFile {
     // unless it is the program's own. A missing file is reported and created anew.
     std::string ReadPath(FileKind kind);
 
-    // Records the directory of a file that was chosen as one of this kind, and rewrites the file.
+    // Records the directory of a file that was chosen as one of this kind, and rewrites the file,
+    // as it is by now. A directory that would not be read back as it is, being no text or of more
+    // than 99 characters, is not remembered.
     void RememberDir(std::string_view fileName, FileKind kind);
 
     void NewPathsFile();
@@ -29,11 +31,14 @@ class PathsFile {
   private:
     // From 1.
     std::string& LineAt(int line) { return lines_.at(static_cast<std::size_t>(line) - 1); }
+    // Takes the lines over; tells what is missing when it is to.
+    void Read(bool tells);
     void Write();
 
     const SettingsDir& settings_;
     Messages& messages_;
     std::array<std::string, 4> lines_;
+    bool known_ = false;  // the lines have been read in this run
 };
 
 }  // namespace qfr

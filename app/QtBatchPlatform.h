@@ -1,6 +1,7 @@
 // Printing for the companion command, without a display. Qt starts when it is first needed.
 #pragma once
 
+#include <atomic>
 #include <memory>
 #include <optional>
 #include <string>
@@ -21,6 +22,9 @@ class QtBatchPlatform : public BatchPlatform {
                                         const std::string& fileName) override;
     std::string FileNameForTitle(const std::string& title) override;
     std::vector<std::string> Printers() override;
+    bool EndRequested() const override { return endRequested_; }
+    // From any thread.
+    void RequestEnd() { endRequested_ = true; }
     std::optional<std::string> PrintOnQueue(const PrintJob& job,
                                             const std::string& printer) override;
 
@@ -31,6 +35,7 @@ class QtBatchPlatform : public BatchPlatform {
     };
     std::unique_ptr<QGuiApplication> application_;  // absent where the caller has one
     std::unique_ptr<Drawing> drawing_;              // from Start on
+    std::atomic<bool> endRequested_ = false;
 };
 
 }  // namespace qfr

@@ -1,5 +1,6 @@
 // The desktop program.
 #include <QApplication>
+#include <QDir>
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -7,18 +8,26 @@
 
 #include "app/MainForm.h"
 #include "platform/FileLookup.h"
+#include "platform/FileReplace.h"
 #include "platform/HostSystem.h"
 #include "platform/SettingsDir.h"
 #include "platform/qt/ControlNames.h"
 #include "platform/qt/DesktopSink.h"
 #include "platform/qt/FrameStyle.h"
 #include "platform/qt/HelpViewer.h"
+#include "platform/qt/PlainTexts.h"
 #include "platform/qt/PrinterSetupDialog.h"
 #include "platform/qt/QtFileChooser.h"
 #include "platform/qt/QtMessages.h"
 #include "platform/qt/QtTextMetrics.h"
 
 int main(int argc, char** argv) {
+    const qfr::EndRequests endRequests([] {
+        if (auto* const running = QCoreApplication::instance()) {
+            QMetaObject::invokeMethod(
+                running, [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
+        }
+    });
     // There are no options: the toolkit gets the program's name only.
     int count = 1;
     char* names[] = {argv[0], nullptr};
@@ -27,6 +36,7 @@ int main(int argc, char** argv) {
     QApplication::setDesktopFileName("qfrforms");
     QApplication::setStyle(new qfr::FrameStyle);  // the toolkit owns it
     qfr::NameControls(application);
+    qfr::ShowPlainTexts(application);
     // The main window hides while another one takes its place; only its exit sequence ends the run.
     QApplication::setQuitOnLastWindowClosed(false);
 
@@ -34,8 +44,13 @@ int main(int argc, char** argv) {
     const qfr::SettingsDir settings(
         directory(QApplication::applicationDirPath()),
         directory(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)));
+    for (const QString& folder :
+         {QDir::tempPath(), QApplication::applicationDirPath(),
+          QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)}) {
+        qfr::RemoveLeftovers(directory(folder));
+    }
     // The toolkit's dialogs would keep a settings file of their own; the program has only its two.
-    const QTemporaryDir toolkitSettings;
+    const QTemporaryDir toolkitSettings(QDir::tempPath() + '/' + qfr::kTemporaryName);
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, toolkitSettings.path());
 
     qfr::QtMessages messages;
@@ -43,7 +58,7 @@ int main(int argc, char** argv) {
         messages.Show({std::string(qfr::kNoTypeface), "QFR Forms", qfr::MessageIcon::kWarning});
         return 1;
     }
-    qfr::QtFileChooser chooser;
+    qfr::QtFileChooser chooser(messages);
     qfr::FormFonts fonts;
     qfr::QtTextMetrics metrics(fonts);
     qfr::DesktopSink sink(fonts, chooser, messages);

@@ -30,7 +30,9 @@ std::vector<std::string> ReportsIn(const QMimeData& dragged) {
     std::vector<std::string> reports;
     for (const QUrl& url : dragged.urls()) {
         const QFileInfo file(url.toLocalFile());  // empty for what is not of this machine
-        if (file.isFile() && QDir::match(pattern, file.fileName())) {
+        // A name that is no text is that of no file here; it is refused by a message.
+        const bool isText = !file.filePath().contains(QChar::ReplacementCharacter);
+        if ((file.isFile() || !isText) && QDir::match(pattern, file.fileName())) {
             reports.push_back(QDir::toNativeSeparators(file.absoluteFilePath()).toStdString());
         }
     }
@@ -147,7 +149,7 @@ bool TFilesDlg::eventFilter(QObject* watched, QEvent* event) {
 void TFilesDlg::Take(TakeReports& take, const std::vector<std::string>& files) {
     owner_.Flags().Form8DataReady = false;
     const WaitCursor wait;
-    Reports reports;
+    Reports reports(messages_);
     take(batch_, files, reports, messages_, owner_);
     // Also after a rejection, which may have taken the names of the library and the like, or
     // cleared the batch.
@@ -157,7 +159,7 @@ void TFilesDlg::Take(TakeReports& take, const std::vector<std::string>& files) {
 void TFilesDlg::OkButtonClick() {
     if (!batch_.SampleList) {
         const WaitCursor wait;
-        Reports reports;
+        Reports reports(messages_);
         BuildSampleList(batch_, reports);
     }
     hide();

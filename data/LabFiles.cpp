@@ -83,7 +83,7 @@ std::optional<std::string> WriteValueLines(const std::filesystem::path& file,
     for (const std::string& value : values) {
         content += OneLine(value) + "\n";
     }
-    return ReplaceFile(file, content);
+    return ReplaceFile(file, content, ReadOnlyFile::kIsReplaced);
 }
 
 void ApplyMatrixRules(SampleHeader& header) {

@@ -44,7 +44,8 @@ inline constexpr std::string_view kDelimiterTaken =
 // Makes the values of a file ones that a record can hold. What is to be told of that.
 std::vector<Message> MakeBatchTexts(std::vector<std::string>& values, std::string_view fileName);
 
-// One value a line. The result is the reason of a failure, absent on success.
+// One value a line, also in the place of a read-only file. The result is the reason of a failure,
+// absent on success.
 std::optional<std::string> WriteValueLines(const std::filesystem::path& file,
                                            const std::vector<std::string>& values);
 

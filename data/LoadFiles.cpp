@@ -1,6 +1,7 @@
 #include "data/LoadFiles.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <iterator>
 #include <utility>
 
@@ -55,6 +56,29 @@ class OddReports {
     std::vector<std::string> values_;
 };
 
+// What would keep a path of a batch file from leading to its file again; empty when nothing would.
+std::string_view FaultOf(std::string_view path) {
+    constexpr std::string_view kUnreadable = "\uFFFD";  // that the toolkit shows for a byte
+    if (!IsUtf8(path) || Contains(path, kUnreadable)) {
+        return "a name that is no valid UTF-8";
+    }
+    if (path.find_first_of(";\r\n") != std::string_view::npos) {
+        return "a \";\" or a line break in a name";
+    }
+    const bool partsFolders = std::filesystem::path::preferred_separator == '\\';
+    return !partsFolders && Contains(path, "\\") ? "a \"\\\" in a name" : "";
+}
+
+// Why the batch, which keeps paths in lower case, could not find the file again.
+std::optional<Message> PathTrouble(const std::string& file, Reports& reports) {
+    if (const std::string_view fault = FaultOf(file); !fault.empty()) {
+        return FileErrorMessage(OneLine(TextOf(PathOf(file).filename())) +
+                                " has a path that no batch file can hold,\nwith " +
+                                std::string(fault) + ". The file will not be processed.");
+    }
+    return reports.IsFoundInLowerCase(file) ? std::nullopt : std::optional(NameIsNotUnique(file));
+}
+
 // The files of the selection that the batch accepts, in lower case.
 std::vector<std::string> AcceptedReports(Batch& batch, const std::vector<std::string>& selection,
                                          Reports& reports, Messages& messages, BatchOwner& owner) {
@@ -62,9 +86,12 @@ std::vector<std::string> AcceptedReports(Batch& batch, const std::vector<std::st
     OddReports odd;
     for (const std::string& file : selection) {
         const auto report = reports.Read<QuantReport>(file, "");
-        auto rejection = report ? CheckReportFrame(ReportKind::kQuantitation, report->Frame,
-                                                   FileNameOnly(file), batch.Files)
-                                : RejectionOfUnread(file);
+        auto rejection = PathTrouble(file, reports);
+        if (!rejection) {
+            rejection = report ? CheckReportFrame(ReportKind::kQuantitation, report->Frame,
+                                                  FileNameOnly(file), batch.Files)
+                               : RejectionOfUnread(file);
+        }
         const bool tooLong = report && !rejection && report->RowCount > kMaxCompoundRows;
         if (tooLong) {
             rejection = FileErrorMessage("File Compound list Error");
@@ -191,7 +218,11 @@ bool TakeCalReport(Batch& batch, const std::vector<std::string>& fileNames, Repo
                    Messages& messages, BatchOwner& /*owner*/) {
     const std::string& fileName = fileNames.front();
     const auto report = reports.Read<CalibrationReport>(fileName, "");
-    if (const auto rejection = RejectionOf(report, fileName, batch.Files)) {
+    auto rejection = PathTrouble(fileName, reports);
+    if (!rejection) {
+        rejection = RejectionOf(report, fileName, batch.Files);
+    }
+    if (rejection) {
         messages.Show(*rejection);
         return false;
     }
@@ -209,9 +240,13 @@ bool TakeCheckReport(Batch& batch, const std::vector<std::string>& fileNames, Re
                      Messages& messages, BatchOwner& /*owner*/) {
     const std::string& fileName = fileNames.front();
     const auto report = reports.Read<CheckReport>(fileName, "");
-    if (const auto rejection = report ? CheckReportFrame(ReportKind::kCheck, report->Frame,
-                                                         FileNameOnly(fileName), batch.Files)
-                                      : RejectionOfUnread(fileName)) {
+    auto rejection = PathTrouble(fileName, reports);
+    if (!rejection) {
+        rejection = report ? CheckReportFrame(ReportKind::kCheck, report->Frame,
+                                              FileNameOnly(fileName), batch.Files)
+                           : RejectionOfUnread(fileName);
+    }
+    if (rejection) {
         messages.Show(*rejection);
         return false;
     }

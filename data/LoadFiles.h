@@ -24,8 +24,9 @@ class BatchOwner {
 
 // Takes reports into the batch: full paths as chosen (UTF-8, any case), at least one, of which only
 // AddQuantReports takes more than the first. Returns whether anything was taken. A file that cannot
-// be opened is taken, but for a calibration report whose name is not the batch's calibration file;
-// why another one is refused is shown, as is what is odd about those that are taken. The first
+// be opened is taken, but for a calibration report whose name is not the batch's calibration file,
+// and for one whose path the batch could not keep; why another one is refused is shown, as is what
+// is odd about those that are taken. The first
 // report taken decides the names of the library, internal standard and calibration files, also when
 // it is refused at a later line.
 using TakeReports = bool(Batch& batch, const std::vector<std::string>& fileNames, Reports& reports,

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/LineReader.h"
+#include "platform/Text.h"
 
 namespace qfr {
 
@@ -26,6 +27,9 @@ template <typename Content>
 FileContent<Content> Reports::Read(std::string_view name, std::string_view folder) {
     const auto path = finder_.FindBeside(name, folder);
     if (!path) {
+        if (finder_.FoundSeveral() && messages_ != nullptr && told_.emplace(name).second) {
+            messages_->Show(NameIsNotUnique(name));
+        }
         return {};
     }
     auto& files = std::get<Files<Content>>(files_);
@@ -47,6 +51,21 @@ FileContent<Content> Reports::Read(std::string_view name, std::string_view folde
         files.erase(path->native());
     }
     return content;
+}
+
+void Reports::BeginJob() {
+    ++job_;
+    told_.clear();
+}
+
+bool Reports::IsFoundInLowerCase(std::string_view file) {
+    const fs::path chosen = PathOf(file);
+    std::error_code error;
+    if (!fs::exists(chosen, error)) {
+        return true;
+    }
+    const auto found = finder_.Find(LowerCase(file));
+    return found ? fs::equivalent(*found, chosen, error) : !finder_.FoundSeveral();
 }
 
 std::optional<Reports::Stamp> Reports::StampOf(const fs::path& path) {

@@ -7,8 +7,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <tuple>
@@ -22,6 +24,7 @@
 #include "data/RawDataFile.h"
 #include "data/RecoveryRanges.h"
 #include "platform/FileLookup.h"
+#include "platform/Messages.h"
 
 namespace qfr {
 
@@ -47,13 +50,21 @@ class FileContent {
 
 class Reports {
   public:
+    Reports() = default;
+    // Tells, once in each job, that a name stands for several files, of which none is read.
+    explicit Reports(Messages& messages) : messages_(&messages) {}
+
     // The file of that name, else the one of its base name in `folder`, which is that of the file
     // or batch that names it (UTF-8, empty: none). `Content` is one of the files listed below.
     template <typename Content>
     FileContent<Content> Read(std::string_view name, std::string_view folder);
 
     // A job of the run begins: it sees the files that have changed on disk since they were read.
-    void BeginJob() { ++job_; }
+    void BeginJob();
+
+    // Whether the file, as it is chosen, is the one that its name in lower case leads to. A file
+    // that is not there is taken for one.
+    bool IsFoundInLowerCase(std::string_view file);
 
   private:
     struct Stamp {
@@ -73,6 +84,8 @@ class Reports {
     // Absent when it is no file.
     static std::optional<Stamp> StampOf(const std::filesystem::path& path);
 
+    Messages* messages_ = nullptr;
+    std::set<std::string, std::less<>> told_;  // names that stand for several files
     FileFinder finder_;
     std::size_t job_ = 0;
     std::tuple<Files<QuantReport>, Files<CalibrationReport>, Files<CheckReport>, Files<RawDataFile>,

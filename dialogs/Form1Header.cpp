@@ -14,6 +14,7 @@
 #include "forms/Form1VoaContent.h"
 #include "platform/DateTime.h"
 #include "platform/FileLookup.h"
+#include "platform/FileReplace.h"
 #include "platform/Text.h"
 #include "platform/qt/FieldEntry.h"
 #include "platform/qt/MaskEdit.h"
@@ -377,7 +378,8 @@ void TForm1Header::Button2Click() {
 }
 
 void TForm1Header::Button3Click() {
-    if (WriteValueLines(services_.Settings().ForWriting(kDefaultsFile), TextsOf(kDefaultsFields))) {
+    const std::filesystem::path file = services_.Settings().ForWriting(kDefaultsFile);
+    if (AgreesToReplace(file, host_) && WriteValueLines(file, TextsOf(kDefaultsFields))) {
         host_.Show(CouldNotBeWritten(kDefaultsFile));
     }
 }

@@ -28,7 +28,7 @@ class FormHost : public Messages {
     // The files of the batch, as they are read in this run.
     qfr::Reports& Reports() { return reports_; }
     // A new run begins: everything is read anew.
-    void BeginRun() { reports_ = {}; }
+    void BeginRun() { reports_ = qfr::Reports(*this); }
 
     // Shows the dialog with its entry of Entries() and stores there what it holds when it closes.
     // `headerRecord` is the index in SampleList of the record whose header the form prints. True:
@@ -40,7 +40,7 @@ class FormHost : public Messages {
 
   private:
     int levelCount_ = 0;
-    qfr::Reports reports_;
+    qfr::Reports reports_{*this};
 };
 
 // What is said where nothing is loaded; before Form 1 under a title of its own.

@@ -78,7 +78,8 @@ class FileChooser {
     virtual ~FileChooser() = default;
     // Absent when the user cancelled. The files exist.
     virtual std::optional<ChosenFiles> Open(const OpenRequest& request) = 0;
-    // Absent when the user cancelled. The user has agreed to replace a file that exists; the kind's
+    // Absent when the user cancelled. The user has agreed to replace a file that exists, and once
+    // more where it is read-only; the kind's
     // extension (".qff", ".txt", ".pdf") is added to a name that has none.
     virtual std::optional<ChosenFiles> Save(const SaveRequest& request) = 0;
 };

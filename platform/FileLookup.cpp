@@ -64,7 +64,8 @@ std::optional<fs::path> FileFinder::FindBelow(const fs::path& folder,
     const auto rest = components.subspan(1);
     const fs::path asItStands = folder / PathOf(name);
     if (Exists(asItStands)) {
-        if (auto found = FindBelow(asItStands, rest)) {
+        auto found = FindBelow(asItStands, rest);
+        if (found || foundSeveral_) {
             return found;
         }
     }
@@ -74,17 +75,19 @@ std::optional<fs::path> FileFinder::FindBelow(const fs::path& folder,
     const Listing& listing = ListingOf(folder);
     const std::string wanted = LowerCase(name);
     auto entry = std::lower_bound(listing.begin(), listing.end(), std::pair(wanted, std::string()));
+    std::optional<fs::path> found;
     for (; entry != listing.end() && entry->first == wanted; ++entry) {
         if (entry->second != name) {
-            if (auto found = FindBelow(folder / PathOf(entry->second), rest)) {
-                return found;
-            }
+            auto next = FindBelow(folder / PathOf(entry->second), rest);
+            foundSeveral_ = foundSeveral_ || (found && next);
+            found = found ? found : std::move(next);
         }
     }
-    return std::nullopt;
+    return foundSeveral_ ? std::nullopt : found;
 }
 
 std::optional<fs::path> FileFinder::Find(std::string_view name) {
+    foundSeveral_ = false;
     // The system would take a name with a NUL for what stands before it.
     if (name.empty() || name.find('\0') != std::string_view::npos) {
         return std::nullopt;
@@ -104,7 +107,8 @@ std::optional<fs::path> FileFinder::Find(std::string_view name) {
 }
 
 std::optional<fs::path> FileFinder::FindBeside(std::string_view name, std::string_view folder) {
-    if (auto found = Find(name)) {
+    auto found = Find(name);
+    if (found || foundSeveral_) {
         return found;
     }
     const std::string baseName = FileNameOnly(name);

@@ -18,7 +18,7 @@ std::filesystem::path PathOf(std::string_view utf8);
 std::string TextOf(const std::filesystem::path& path);
 
 // The file (or directory) of that name: as it stands, else with "\" taken as a separator and each
-// component matched without regard to case. Absent when there is none.
+// component matched without regard to case. Absent when there is none, or more than one.
 std::optional<std::filesystem::path> FindFile(std::string_view name);
 
 // The same lookup for many files in a row, as when a batch is read: each folder is listed once. It
@@ -29,6 +29,10 @@ class FileFinder {
     // When there is none, the file of the same base name in `folder` (UTF-8; empty: no folder),
     // which is that of the file that names this one.
     std::optional<std::filesystem::path> FindBeside(std::string_view name, std::string_view folder);
+
+    // Whether the last lookup has found several files whose names differ from the wanted one in
+    // nothing but case, and therefore none.
+    bool FoundSeveral() const { return foundSeveral_; }
 
   private:
     // Lower-cased names with the names themselves, sorted.
@@ -41,6 +45,7 @@ class FileFinder {
 
     std::map<std::filesystem::path, Listing> listings_;
     int questions_ = 0;
+    bool foundSeveral_ = false;
 };
 
 }  // namespace qfr

@@ -1,11 +1,14 @@
 #include "platform/FileReplace.h"
 
 #include <array>
+#include <chrono>
 #include <cstdio>
 #include <random>
 #include <system_error>
 
+#include "platform/FileLookup.h"
 #include "platform/HostSystem.h"
+#include "platform/Text.h"
 
 namespace qfr {
 
@@ -31,6 +34,10 @@ fs::path LinkTarget(fs::path path, std::error_code& error) {
         if (!fs::is_symlink(fs::symlink_status(path, ignored))) {
             return path;
         }
+        if (!MayFollow(path)) {
+            error = std::make_error_code(std::errc::permission_denied);
+            return path;
+        }
         path = path.parent_path() / fs::read_symlink(path, error);
     }
     error = error ? error : std::make_error_code(std::errc::too_many_symbolic_link_levels);
@@ -39,11 +46,42 @@ fs::path LinkTarget(fs::path path, std::error_code& error) {
 
 }  // namespace
 
-std::optional<std::string> ReplaceFile(const fs::path& target, std::string_view content) {
+void RemoveLeftovers(const fs::path& folder) {
+    constexpr auto kDay = std::chrono::hours(24);
+    const auto now = fs::file_time_type::clock::now();
     std::error_code error;
-    const fs::path file = LinkTarget(target, error);
-    if (error) {
-        return error.message();
+    for (fs::directory_iterator entry(folder.empty() ? "." : folder, error);
+         !error && entry != fs::directory_iterator(); entry.increment(error)) {
+        const fs::path& file = entry->path();
+        const std::string name = TextOf(file.filename());
+        std::error_code ignored;
+        if (name.starts_with(".qfr-") && name.ends_with(".tmp") && IsUsersOwn(file) &&
+            !entry->is_symlink(ignored) && now - entry->last_write_time(ignored) > kDay) {
+            fs::remove_all(file, ignored);
+        }
+    }
+}
+
+bool AgreesToReplace(const fs::path& target, Messages& messages) {
+    return !IsReadOnly(target) ||
+           messages.AskYesNo({FileNameOnly(TextOf(target)) + " is read-only.\nReplace it?",
+                              "Warning", MessageIcon::kWarning});
+}
+
+std::optional<std::string> ReplaceFile(const fs::path& target, std::string_view content,
+                                       ReadOnlyFile readOnly) {
+    std::error_code error;
+    std::optional<std::error_code> written = WriteThrough(target, content);
+    const fs::path file = written ? target : LinkTarget(target, error);
+    if (!written && !error) {
+        written = WriteThrough(file, content);
+    }
+    error = written.value_or(error);
+    if (written || error) {
+        return error ? std::optional(error.message()) : std::nullopt;
+    }
+    if (readOnly == ReadOnlyFile::kStays && IsReadOnly(file)) {
+        return "The file is read-only.";
     }
     std::error_code ignored;
     const fs::file_status status = fs::status(file, ignored);

@@ -6,12 +6,29 @@
 #include <string>
 #include <string_view>
 
+#include "platform/Messages.h"
+
 namespace qfr {
 
+// Where the toolkit makes a temporary file or folder, in the system's folder for such: a name of
+// the kind that RemoveLeftovers knows, with the toolkit's place for what makes it unique.
+inline constexpr char kTemporaryName[] = ".qfr-XXXXXX.tmp";
+
+// Removes what killed runs have left in the folder: temporary files and folders of this program
+// that are the user's own and older than a day.
+void RemoveLeftovers(const std::filesystem::path& folder);
+
+// Asks before a read-only file is replaced; true without a question for every other one.
+bool AgreesToReplace(const std::filesystem::path& target, Messages& messages);
+
+// What becomes of a read-only file; who replaces it has asked.
+enum class ReadOnlyFile { kStays, kIsReplaced };
+
 // Writes the content to a new file beside `target` and renames it over the target when it is whole
-// and on disk. On failure the old file is untouched, the new one is removed, and the system's
-// reason is returned; absent means success.
+// and on disk; a device has nothing to be replaced and is written to. On failure the old file is
+// untouched, the new one is removed, and the system's reason is returned; absent means success.
 std::optional<std::string> ReplaceFile(const std::filesystem::path& target,
-                                       std::string_view content);
+                                       std::string_view content,
+                                       ReadOnlyFile readOnly = ReadOnlyFile::kStays);
 
 }  // namespace qfr

@@ -2,6 +2,9 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <system_error>
@@ -15,14 +18,44 @@ std::vector<std::string> ProgramArguments(int argc, const char* const* argv);
 // Whether the folder exists and files can be made in it.
 bool IsWritable(const std::filesystem::path& folder);
 
+// Whether the file or folder, not what a link stands for, belongs to the user.
+bool IsUsersOwn(const std::filesystem::path& file);
+
+// Whether the file is there and its owner, or the user, is not to write it.
+bool IsReadOnly(const std::filesystem::path& file);
+
+// Whether the user's files may be put where the link leads: not where it is somebody else's and
+// lies in a folder to which others may write, but where they may not remove what is not theirs.
+bool MayFollow(const std::filesystem::path& link);
+
+// Writes to a device, or to one of the program's own open files by its name, as "/dev/stdout", or a
+// link to it. Absent when the name is that of neither; a link to a device is none.
+std::optional<std::error_code> WriteThrough(const std::filesystem::path& device,
+                                            std::string_view content);
+
 // Writes a file that is not there yet and brings it to the disk. Where files have owners and
-// permissions, those of the file that it is to replace (it need not exist) are taken over as far as
-// the user may set them. After a failure the caller removes what there is of the file.
+// permissions, owner, group and permissions of the file that it is to replace (it need not exist)
+// are taken over, each as far as the user may set it. After a failure the caller removes what there
+// is of the file.
 std::error_code WriteNewFile(const std::filesystem::path& file,
                              const std::filesystem::path& replaced, std::string_view content);
 
 // Makes a rename in the folder last. The files are whole either way, so a file system that cannot
 // do it is no failure.
 void FlushFolder(const std::filesystem::path& folder);
+
+// While this lives, the system's wish that the program ends (SIGTERM) does not end it, but is
+// passed on, on a thread of its own. Made before the program starts any other thread.
+class EndRequests {
+  public:
+    explicit EndRequests(std::function<void()> onRequest);
+    ~EndRequests();
+    EndRequests(const EndRequests&) = delete;
+    EndRequests& operator=(const EndRequests&) = delete;
+
+  private:
+    struct Listener;
+    std::unique_ptr<Listener> listener_;
+};
 
 }  // namespace qfr

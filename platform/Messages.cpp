@@ -33,6 +33,13 @@ Message ListMessage(const std::string& head, const std::vector<std::string>& lin
     return {text, "Warning", MessageIcon::kWarning};
 }
 
+Message NameIsNotUnique(std::string_view fileName) {
+    return {FileNameOnly(fileName) +
+                " cannot be told from another file, whose name\ndiffers only in upper and lower "
+                "case. Please rename one of them.",
+            kFileErrorTitle};
+}
+
 std::string AsLine(const Message& message) {
     return (message.title.empty() ? "" : message.title + ": ") + OneLine(message.text);
 }

@@ -32,6 +32,10 @@ Message TextsWereCut(std::string_view fileName);
 // A warning: `head`, then these lines; of many, only the first ones.
 Message ListMessage(const std::string& head, const std::vector<std::string>& lines);
 
+// That the name, in lower case as the batch keeps it, does not tell one of the user's files from
+// another.
+Message NameIsNotUnique(std::string_view fileName);
+
 // "TITLE: text" as one line; a message without a title is its text alone.
 std::string AsLine(const Message& message);
 

@@ -119,8 +119,12 @@ std::string Trim(std::string_view text) {
 }
 
 std::string LowerCase(std::string_view text) {
-    std::string lower;
-    lower.reserve(text.size());
+    // Nearly all names are plain ASCII, and large folders hold many.
+    const auto other = std::find_if(text.begin(), text.end(),
+                                    [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
+    std::string lower(text.begin(), other);
+    std::transform(lower.begin(), lower.end(), lower.begin(), LowerAscii);
+    text.remove_prefix(lower.size());
     while (!text.empty()) {
         // All letters that have two forms here are of one or two bytes.
         if (CharacterLength(text) == 2) {
@@ -268,6 +272,25 @@ std::string Enumerated(const std::vector<std::string>& items) {
         text += items[i];
     }
     return text;
+}
+
+bool IsControl(char32_t c) {
+    const bool turnsWriting = c == 0x061C || c == 0x200E || c == 0x200F ||
+                              (c >= 0x202A && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);
+    return c < 0x20 || (c >= 0x7F && c < 0xA0) || turnsWriting;
+}
+
+std::string Visible(std::string_view text) {
+    std::string visible;
+    visible.reserve(text.size());
+    while (!text.empty()) {
+        std::string_view rest = text;
+        const bool wellFormed = CharacterLength(text) > 0;
+        const bool shows = !IsControl(TakeCharacter(rest)) && wellFormed;
+        visible += shows ? text.substr(0, text.size() - rest.size()) : "?";
+        text = rest;
+    }
+    return visible;
 }
 
 std::string OneLine(std::string_view text) {

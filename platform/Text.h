@@ -70,4 +70,12 @@ std::string Enumerated(const std::vector<std::string>& items);
 // The text with line breaks as single blanks, for a line of a log.
 std::string OneLine(std::string_view text);
 
+// Whether the character is no part of a text but rules how it shows: a control character (C0, DEL,
+// C1), or one that turns the direction of writing.
+bool IsControl(char32_t character);
+
+// The text with "?" in the place of each such character and of each byte that begins no well-formed
+// one: for terminals, titles and file names, which would obey it.
+std::string Visible(std::string_view text);
+
 }  // namespace qfr

@@ -41,6 +41,9 @@ class FakePlatform : public BatchPlatform {
         return Contains(job.title, "S2") ? std::optional<std::string>("no paper") : std::nullopt;
     }
 
+    bool EndRequested() const override { return --worksFor < 0; }
+
+    mutable int worksFor = 1'000'000;  // questions whether to end
     std::optional<std::string> startFailure;
     std::vector<std::string> printed;
     std::vector<std::string> forms;  // of the jobs of the last file
@@ -271,7 +274,7 @@ TEST_F(BatchCommand, LoadsNothingOverABatchThatRestores) {
 TEST_F(BatchCommand, LeavesOutAndTellsWhatReportsHold) {
     Report("huge.prn", "H", 302);
     dir_.Write("odd.prn", ReportText{.header = "Acquisition Date: 18-May-2005\n"}.Text());
-    dir_.Write("Defaults.txt", "Lab; Inc.\n");
+    dir_.Write("Defaults.txt", "Lab; Inc." + std::string(13, '\n'));
     EXPECT_EQ(Run("load --blank blank.prn --cal day.cal --check day.check -o x.qff --defaults "
                   "Defaults.txt huge.prn odd.prn"),
               "File Error: File Compound list Error\n"
@@ -372,6 +375,36 @@ TEST_F(BatchCommand, SaysWhatItCannotPrint) {
     EXPECT_EQ(Print("day.qff --forms 1 -o x.pdf --sample S2"), refusal);
     platform_.startFailure = "no typeface";
     EXPECT_EQ(Print("day.qff -o x.pdf"), "qfrbatch: no typeface\n[1]");
+}
+
+TEST_F(BatchCommand, ShowsNoControlCharacters) {
+    if (fs::path::preferred_separator == '\\') {
+        GTEST_SKIP() << "no file can be named so";
+    }
+    const std::string steered = "S\x1B[2J\u202E\u009B";
+    Report(steered + ".prn", steered);
+    EXPECT_EQ(Run("load --blank " + steered +
+                  ".prn --cal day.cal --check day.check no\x1B.prn -o " + steered + ".qff"),
+              "qfrbatch: no?.prn could not be found\n[1]");
+    EXPECT_THAT(Run("load --\x1B"), HasSubstr(" --?\n"));
+    EXPECT_THAT(Run("show " + steered + ".qff day.qff " + steered),
+                AllOf(HasSubstr("/s?[2j??.prn\n"), HasSubstr("Batch file S?[2J??.qff\n"),
+                      StartsWith("qfrbatch: S?[2J?? could not be found\n")));
+    fs::copy_file("day.qff", steered + ".qff", fs::copy_options::overwrite_existing);
+    Print("day.qff " + steered + ".qff --forms 1 --sample S1 --output-dir new");
+    EXPECT_TRUE(fs::exists("new/S?[2J??"));
+}
+
+TEST_F(BatchCommand, EndsBetweenTwoJobsWhenItIsAskedTo) {
+    const std::string ended = "qfrbatch: ended before all was done\n[1]";
+    platform_.worksFor = 1;
+    EXPECT_EQ(Print("day.qff --forms 1 -o x.pdf"), ended);
+    platform_.worksFor = 4 + 1 + 2;  // the jobs, the folder, and two files
+    EXPECT_EQ(Print("day.qff --forms 1 --output-dir new"), ended);
+    EXPECT_EQ(std::distance(fs::directory_iterator("new"), {}), 2);
+    platform_.worksFor = 0;
+    EXPECT_EQ(Run("load -o x.qff a.prn"), ended);
+    EXPECT_FALSE(fs::exists("x.qff"));
 }
 
 }  // namespace

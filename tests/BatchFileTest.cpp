@@ -198,7 +198,8 @@ TEST(BatchFile, RestoresReportsInOrderWithTheirRecords) {
     std::ranges::reverse(batch.Batch.Files.QFiles);
     std::reverse(batch.Batch.SampleList->begin() + 1, batch.Batch.SampleList->end());
     EXPECT_EQ(Saved(Restored(Saved(batch))), sorted);
-    batch.Batch.SampleList->insert(batch.Batch.SampleList->begin() + 1, {.FileName = "/d/0.prn"});
+    batch.Batch.SampleList->insert(batch.Batch.SampleList->begin() + 1,
+                                   {"/d/0.prn", {}, 0, {}, {}});
     const SampleListType records = *Restored(Saved(batch)).Batch.SampleList;
     EXPECT_EQ(records.at(0).FileName + records.at(1).FileName + records.at(3).FileName,
               "/d/vblk.prn/d/a.prn/d/0.prn");

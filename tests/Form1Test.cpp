@@ -84,7 +84,8 @@ TEST(Form1Voa, MissesRowsOrTheWholeReport) {
     EXPECT_EQ(sheets.Names().size(), 40u);
     (*sheets.host.batch.SampleList)[1].CompoundCount = 1'001;
     PrintFormIVoa(sheets.host, 1);
-    EXPECT_THAT(sheets.host.messages.TakeTitles(), ElementsAre("File Error"));
+    EXPECT_THAT(sheets.host.messages.TakeTitles(),
+                ElementsAre("Quantitation Report Changed", "File Error"));
     EXPECT_EQ(VoaSheets(302).Names().back(), 2u) << "the report's rows, as many as counted";
 
     (*sheets.host.batch.SampleList)[1].CompoundCount = 2;

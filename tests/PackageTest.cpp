@@ -35,7 +35,7 @@ TEST(PrintPackage, RunsOnACopyInOrderAndListsWhatIsRefused) {
 TEST(PrintPackage, PrintsAFormTheSameAloneAndAmongOthers) {
     CalibratedRun run(2, 1, 2);
     ContinuingCalibrationEntry& continuing = run.host.entries.ContinuingCalibration;
-    continuing.SampleNo = "VSTD050";
+    continuing.SampleNo = "VSTD010";
     continuing.InstrumentId = "MS";
     StandardSummaryEntry& summary = run.host.entries.StandardSummary;
     summary.SampleNo = "VSTD020A";
@@ -51,7 +51,7 @@ TEST(PrintPackage, PrintsAFormTheSameAloneAndAmongOthers) {
         run.PrintAll(alone, form.name);
     }
     EXPECT_EQ(together.jobs.size(), 7U);
-    EXPECT_EQ(together.jobs.back().title, "Form 8 VSTD050");
+    EXPECT_EQ(together.jobs.back().title, "Form 8 VSTD010");
     EXPECT_TRUE(together.jobs == alone.jobs);
 }
 

@@ -5,6 +5,7 @@
 namespace qfr::test {
 namespace {
 
+namespace fs = std::filesystem;
 using namespace ::testing;
 
 class Paths : public testing::Test {
@@ -46,10 +47,14 @@ TEST_F(Paths, AreCreatedAfterAMessageWhenTheyAreMissing) {
 }
 
 TEST_F(Paths, AreRememberedByTheKindOfFile) {
+    std::string longest = "/";
+    for (int letters = 1; letters < 99; ++letters) {
+        longest += "ä";
+    }
     const struct {
         FileKind kind;
-        const char* file;
-        const char* content;
+        std::string file;
+        std::string content;
     } cases[] = {
         {FileKind::kQuantReport, "/new/x.prn", "/new\nb\ninstallPath\nd\n"},
         {FileKind::kCalibration, "/new/x.cal", "a\n/new\ninstallPath\nd\n"},
@@ -59,12 +64,28 @@ TEST_F(Paths, AreRememberedByTheKindOfFile) {
         {FileKind::kAny, "/new/x", "a\nb\ninstallPath\nd\n"},
         {FileKind::kText, "/100%/50%% off/%5.2lfx/%d%/x.txt", "a\nb\n/10050% off/x/\nd\n"},
         {FileKind::kText, "/tail%/x.txt", "a\nb\n/tail\nd\n"},
+        {FileKind::kText, longest + "/x.txt", "a\nb\n" + longest + "\nd\n"},
+        {FileKind::kText, longest + "ü/x.txt", "a\nb\ninstallPath\nd\n"},
+        {FileKind::kText, "/a\xFF/x.txt", "a\nb\ninstallPath\nd\n"},
+        {FileKind::kText, "/a\nb/x.txt", "a\nb\ninstallPath\nd\n"},
     };
     for (const auto& c : cases) {
+        // The file is read before it is written, whatever has been chosen before.
         Write("a\nb\ninstallPath\nd\n");
-        paths_.ReadPath(FileKind::kQuantReport);
         paths_.RememberDir(c.file, c.kind);
         EXPECT_EQ(ReadAll(dir_.Path() / "QFRpaths.txt"), c.content) << c.file;
+    }
+    EXPECT_THAT(messages_.shown, IsEmpty());
+}
+
+TEST_F(Paths, AreToldToBeMissingOnceWhenReportsAreDropped) {
+    for (int drop = 0; drop < 2; ++drop) {
+        fs::remove(dir_.Path() / "QFRpaths.txt");
+        paths_.RememberDir("/new/x.prn", FileKind::kQuantReport);
+        const std::string& own = settings_.ProgramDir();
+        EXPECT_EQ(paths_.ReadPath(FileKind::kQuantReport) + paths_.ReadPath(FileKind::kBatch),
+                  "/new" + own);
+        EXPECT_THAT(messages_.TakeTexts(), SizeIs(drop == 0 ? 1 : 0));
     }
 }
 

@@ -27,6 +27,10 @@ TEST(Text, IsTrimmedCutAndSplit) {
     EXPECT_EQ(Joined({"a\nb\r\nc\rd", "a\n"}, OneLine), "a b c d|a ");
     EXPECT_EQ(EnteredText("a;\r\nb\n") + EnteredField("a;\r\nb\n"), "a; ba, b");
     EXPECT_EQ(Enumerated({"1"}) + Enumerated({"1", "2", "3"}), "11, 2 and 3");
+    EXPECT_EQ(Joined({"\x1F ~\x7F", "\u0080\u009F\u00A0é😀", "\u061C\u200D\u200E\u200F\u2010",
+                      "\u2029\u202A\u202E\u202F", "\u2065\u2066\u2069\u206A", "a\x9B\xE4z"},
+                     Visible),
+              "? ~?|??\u00A0é😀|?\u200D??\u2010|\u2029??\u202F|\u2065??\u206A|a??z");
     EXPECT_TRUE(BeginsWith("COMPound#;x", "compound#") && EndsWith("VERSION 4.2", "version 4.2"));
     EXPECT_FALSE(BeginsWith("compound", "compound#") || EndsWith("Version 4.21", "version 4.2"));
 }

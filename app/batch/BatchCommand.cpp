@@ -110,12 +110,15 @@ void AddNames(CLI::App& command, const std::string& name, std::vector<std::strin
 }
 
 std::optional<LineReader> OpenInput(Context& context, const std::string& name, bool onlyHead) {
-    const auto path = FindFile(name);
+    FileFinder finder;
+    const auto path = finder.Find(name);
     std::optional<LineReader> content;
     if (path) {
         content = onlyHead ? LineReader::OpenHead(*path, 1) : LineReader::Open(*path);
     }
-    if (!content && path && LineReader::IsTooLarge(*path)) {
+    if (finder.FoundSeveral()) {
+        context.Complain() << OneLine(NameIsNotUnique(name).text) << '\n';
+    } else if (!content && path && LineReader::IsTooLarge(*path)) {
         context.Complain() << name << " has more than " << LineReader::kMaxFileSizeText << '\n';
     } else if (!content) {
         context.Complain() << name << " could not be " << (path ? "read" : "found") << '\n';
@@ -188,7 +191,7 @@ int RunBatchCommand(const std::vector<std::string>& arguments, std::ostream& out
         }
     } catch (const std::runtime_error& trouble) {  // ours, or one of CLI11's
         context.Fail(kUnusable);
-        err << name << ": " << trouble.what() << "\nTry \"" << name << " --help\".\n";
+        err << name << ": " << Visible(trouble.what()) << "\nTry \"" << name << " --help\".\n";
     }
     out.flush();
     if (!out) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <optional>
 #include <ostream>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -15,6 +16,7 @@
 #include "platform/Messages.h"
 #include "platform/PrintJob.h"
 #include "platform/Printer.h"
+#include "platform/Text.h"
 
 namespace CLI {
 class App;
@@ -37,6 +39,8 @@ class BatchPlatform {
     // A job's title as a file name without an extension.
     virtual std::string FileNameForTitle(const std::string& title) = 0;
     virtual std::vector<std::string> Printers() = 0;
+    // Whether the system wants the command to end before its work is done.
+    virtual bool EndRequested() const { return false; }
     virtual std::optional<std::string> PrintOnQueue(const PrintJob& job,
                                                     const std::string& printer) = 0;
 };
@@ -55,12 +59,25 @@ struct WrongUsage : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+// A line on standard error, written with what it has taken when it goes.
+class Complaint : public std::ostringstream {
+  public:
+    explicit Complaint(std::ostream& err) : err_(err) {}
+    ~Complaint() override { err_ << "qfrbatch: " << Visible(TrimRight(str())) << '\n'; }
+    Complaint(const Complaint&) = delete;
+    Complaint& operator=(const Complaint&) = delete;
+
+  private:
+    std::ostream& err_;
+};
+
 struct Context : Messages {
     std::ostream& out;
     std::ostream& err;
     BatchPlatform& platform;
     ExitCode exitCode = kDone;
     bool anyMessages = false;
+    bool ending = false;
     std::string prefix;  // of messages: which of several batches they are about
 
     Context(std::ostream& output, std::ostream& errors, BatchPlatform& system)
@@ -68,7 +85,7 @@ struct Context : Messages {
 
     // Nobody is there to answer: a question is a line too.
     void Show(const Message& message) override {
-        err << prefix << AsLine(message) << '\n';
+        err << Visible(prefix + AsLine(message)) << '\n';
         anyMessages = true;
     }
     bool AskYesNo(const Message& question) override {
@@ -78,9 +95,17 @@ struct Context : Messages {
     // The exit code becomes at least this.
     void Fail(ExitCode code) { exitCode = std::max(exitCode, code); }
     // Fails; takes a line that says why.
-    std::ostream& Complain(ExitCode code = kIncomplete) {
+    Complaint Complain(ExitCode code = kIncomplete) {
         Fail(code);
-        return err << "qfrbatch: ";
+        return Complaint(err);
+    }
+    // Whether the rest of the work is to be left out, because the system wants the command to end.
+    bool IsEnding() {
+        if (!ending && platform.EndRequested()) {
+            ending = true;
+            Complain() << "ended before all was done\n";
+        }
+        return ending;
     }
     void WriteFailed(const std::string& fileName, const std::string& reason) {
         Show(CouldNotBeWritten(fileName));

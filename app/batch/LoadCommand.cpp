@@ -83,7 +83,7 @@ Batch LoadBatch(const Arguments& arguments, Context& context) {
         return name.empty() ? std::vector<std::string>() : paths({name});
     };
     Batch batch;
-    Reports files;
+    Reports files(context);
     LoadOwner owner(context);
     const auto take = [&](TakeReports& takeReports, const std::vector<std::string>& found) {
         if (!found.empty()) {
@@ -132,6 +132,9 @@ void Load(const Arguments& arguments, Context& context) {
         throw WrongUsage(target + " is the name of a report, not of a batch file");
     }
     const Batch batch = LoadBatch(arguments, context);
+    if (context.IsEnding()) {
+        return;
+    }
     const FileSet& files = batch.Files;
     if (!FilesSpecified(batch) && files.Calib.empty() && files.CheckCal.empty()) {
         context.Complain() << "no report was accepted; " << target << " is not written\n";
@@ -141,6 +144,7 @@ void Load(const Arguments& arguments, Context& context) {
     const bool restores = CanBeRestored(LineReader(content));
     const bool keeps = !restores && CanBeRestored(LineReader::Open(PathOf(target)));
     if (!keeps) {
+        RemoveLeftovers(PathOf(target).parent_path());
         if (const auto reason = ReplaceFile(PathOf(target), content)) {
             context.WriteFailed(target, *reason);
             return;

@@ -13,6 +13,7 @@
 #include "app/Package.h"
 #include "app/batch/BatchCommand.h"
 #include "platform/FileLookup.h"
+#include "platform/FileReplace.h"
 #include "platform/Text.h"
 
 namespace qfr {
@@ -124,6 +125,9 @@ std::vector<PrintJob> Record(Context& context, NamedBatch batch, const PackageCh
     HeadlessHost host(std::move(batch.saved), context.platform.Metrics(), context);
     std::vector<PrintJob> jobs;
     for (const PackageWork& dueJob : dueJobs) {
+        if (context.IsEnding()) {
+            break;
+        }
         if (limitsNote && dueJob.form->entry == EntryDialog::kRecoveryRanges) {
             context.Show(*limitsNote);
         }
@@ -173,16 +177,24 @@ void Print(const Arguments& arguments, Context& context) {
     std::vector<PrintJob> document;
     std::string title;
     for (std::size_t i = 0; i < batches.size(); ++i) {
-        const std::string name = UntakenName(TextOf(PathOf(batches[i].name).stem()), taken);
+        const std::string name =
+            UntakenName(Visible(TextOf(PathOf(batches[i].name).stem())), taken);
         const fs::path folder = several ? PathOf(directory) / PathOf(name) : PathOf(directory);
         choice.samples = chosen[i];
         std::vector<PrintJob> jobs = Record(context, std::move(batches[i]), choice);
-        if (jobs.empty() || (!directory.empty() && !MakeFolder(context, folder))) {
+        if (context.IsEnding() || jobs.empty() ||
+            (!directory.empty() && !MakeFolder(context, folder))) {
             continue;
         }
         title += (title.empty() ? "" : ", ") + name;
+        if (!directory.empty()) {
+            RemoveLeftovers(folder);
+        }
         std::set<std::string> files;
         for (PrintJob& job : jobs) {
+            if (context.IsEnding()) {
+                break;
+            }
             if (!printer.empty()) {
                 if (const auto reason = context.platform.PrintOnQueue(job, printer)) {
                     context.Complain() << job.title << " could not be printed: " << *reason << '\n';
@@ -196,7 +208,8 @@ void Print(const Arguments& arguments, Context& context) {
             }
         }
     }
-    if (!document.empty()) {
+    if (!document.empty() && !context.IsEnding()) {
+        RemoveLeftovers(PathOf(file).parent_path());
         WriteJobs(context, document, document.size() == 1 ? document.front().title : title, file);
     }
 }

@@ -25,11 +25,11 @@ class BatchText {
     explicit BatchText(std::ostream& out) : out_(out) {}
 
     void Paragraph(const std::string& head) {
-        out_ << (first_ ? "" : "\n") << head << '\n';
+        out_ << (first_ ? "" : "\n") << Visible(head) << '\n';
         first_ = false;
     }
     void Value(std::string_view label, std::string_view value) {
-        const std::string text = TrimRight(OneLine(PrintableDate(value)));
+        const std::string text = Visible(TrimRight(OneLine(PrintableDate(value))));
         out_ << "  " << std::left << std::setw(text.empty() ? 0 : kValueColumn)
              << std::string(label) + ":" << text << '\n';
     }

@@ -1,8 +1,12 @@
 #include "platform/HostSystem.h"
 
+#include <atomic>
 #include <cerrno>
+#include <charconv>
+#include <csignal>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <thread>
 #include <unistd.h>
 #include <utility>
 
@@ -34,6 +38,36 @@ class Descriptor {
     int value_;
 };
 
+std::error_code WriteAll(const Descriptor& out, std::string_view content) {
+    while (!content.empty()) {
+        const ssize_t written = ::write(out.Value(), content.data(), content.size());
+        if (written < 0 && errno != EINTR) {
+            return LastError();
+        }
+        content.remove_prefix(written > 0 ? static_cast<std::size_t>(written) : 0);
+    }
+    return {};
+}
+
+// The program's own open file that the name, or a link behind it, stands for; absent without one.
+std::optional<int> OwnOpenFile(fs::path name) {
+    constexpr int kMaxLinks = 40;
+    std::error_code error;
+    const fs::path openFiles = fs::canonical("/dev/fd", error);
+    for (int i = 0; i < kMaxLinks && !error; ++i) {
+        const fs::path folder =
+            fs::canonical(name.has_parent_path() ? name.parent_path() : ".", error);
+        const std::string last = name.filename().string();
+        int number = 0;
+        const auto [end, trouble] = std::from_chars(last.data(), last.data() + last.size(), number);
+        if (!error && folder == openFiles && trouble == std::errc() && *end == '\0') {
+            return number;
+        }
+        name = folder / fs::read_symlink(name, error);
+    }
+    return std::nullopt;
+}
+
 }  // namespace
 
 std::vector<std::string> ProgramArguments(int argc, const char* const* argv) {
@@ -44,6 +78,40 @@ bool IsWritable(const fs::path& folder) {
     std::error_code error;
     return fs::is_directory(folder, error) &&
            ::faccessat(AT_FDCWD, folder.c_str(), W_OK | X_OK, AT_EACCESS) == 0;
+}
+
+bool IsUsersOwn(const fs::path& file) {
+    struct stat found {};
+    return ::lstat(file.c_str(), &found) == 0 && found.st_uid == ::geteuid();
+}
+
+bool IsReadOnly(const fs::path& file) {
+    constexpr mode_t kAnyWrite = S_IWUSR | S_IWGRP | S_IWOTH;
+    struct stat found {};
+    // An administrator may write all files, and means to keep what nobody is to write.
+    return ::stat(file.c_str(), &found) == 0 && S_ISREG(found.st_mode) &&
+           ((found.st_mode & kAnyWrite) == 0 ||
+            (::faccessat(AT_FDCWD, file.c_str(), W_OK, AT_EACCESS) != 0 && errno == EACCES));
+}
+
+bool MayFollow(const fs::path& link) {
+    const fs::path folder = link.has_parent_path() ? link.parent_path() : ".";
+    struct stat found {};
+    struct stat above {};
+    return ::lstat(link.c_str(), &found) == 0 && ::stat(folder.c_str(), &above) == 0 &&
+           ((above.st_mode & S_ISVTX) == 0 || found.st_uid == ::geteuid());
+}
+
+std::optional<std::error_code> WriteThrough(const fs::path& device, std::string_view content) {
+    struct stat found {};
+    const std::optional<int> own = OwnOpenFile(device);
+    if (!own && (::lstat(device.c_str(), &found) != 0 ||
+                 !(S_ISCHR(found.st_mode) || S_ISBLK(found.st_mode)))) {
+        return std::nullopt;
+    }
+    Descriptor out(own ? ::dup(*own) : ::open(device.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC));
+    const std::error_code error = out.Value() < 0 ? LastError() : WriteAll(out, content);
+    return error || out.Close() == 0 ? error : LastError();
 }
 
 std::error_code WriteNewFile(const fs::path& file, const fs::path& replaced,
@@ -57,19 +125,17 @@ std::error_code WriteNewFile(const fs::path& file, const fs::path& replaced,
         return LastError();
     }
     if (replaces) {
-        // The owner can be kept only by those who may give files away; the others own the new file.
-        // A share that shows all files as somebody else's has the same permissions for all of them,
-        // and refuses to set any.
-        [[maybe_unused]] const bool ownerKept = ::fchown(out.Value(), old.st_uid, old.st_gid) == 0;
+        // The owner can be kept only by those who may give files away; the others own the new file,
+        // and share it with the same group. A share that shows all files as somebody else's has the
+        // same permissions for all of them, and refuses to set any.
+        constexpr auto kSame = static_cast<uid_t>(-1);
+        [[maybe_unused]] const bool groupKept = ::fchown(out.Value(), kSame, old.st_gid) == 0;
+        [[maybe_unused]] const bool ownerKept = ::fchown(out.Value(), old.st_uid, kSame) == 0;
         [[maybe_unused]] const bool permissionsKept =
             ::fchmod(out.Value(), old.st_mode & kPermissions) == 0;
     }
-    while (!content.empty()) {
-        const ssize_t written = ::write(out.Value(), content.data(), content.size());
-        if (written < 0 && errno != EINTR) {
-            return LastError();
-        }
-        content.remove_prefix(written > 0 ? static_cast<std::size_t>(written) : 0);
+    if (const auto error = WriteAll(out, content)) {
+        return error;
     }
     // EINVAL: a file system that cannot flush a single file.
     if ((::fsync(out.Value()) != 0 && errno != EINVAL) || out.Close() != 0) {
@@ -83,6 +149,34 @@ void FlushFolder(const fs::path& folder) {
     if (directory.Value() >= 0) {
         ::fsync(directory.Value());
     }
+}
+
+struct EndRequests::Listener {
+    sigset_t signals{};
+    std::atomic<bool> done = false;
+    std::thread thread;
+};
+
+EndRequests::EndRequests(std::function<void()> onRequest)
+    : listener_(std::make_unique<Listener>()) {
+    Listener& listener = *listener_;
+    ::sigemptyset(&listener.signals);
+    ::sigaddset(&listener.signals, SIGTERM);
+    // Threads inherit this, so that no other one is interrupted.
+    ::pthread_sigmask(SIG_BLOCK, &listener.signals, nullptr);
+    listener.thread = std::thread([&listener, onRequest = std::move(onRequest)] {
+        int signal = 0;
+        while (::sigwait(&listener.signals, &signal) == 0 && !listener.done) {
+            onRequest();
+        }
+    });
+}
+
+EndRequests::~EndRequests() {
+    listener_->done = true;
+    ::pthread_kill(listener_->thread.native_handle(), SIGTERM);
+    listener_->thread.join();
+    ::pthread_sigmask(SIG_UNBLOCK, &listener_->signals, nullptr);
 }
 
 }  // namespace qfr

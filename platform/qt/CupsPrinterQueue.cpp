@@ -7,9 +7,11 @@
 #include <string_view>
 #include <utility>
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryFile>
 
+#include "platform/FileReplace.h"
 #include "platform/Text.h"
 #include "platform/qt/PdfFile.h"
 #include "platform/qt/PrinterQueue.h"
@@ -62,10 +64,7 @@ constexpr char kUri[] = "printer-uri-supported";
 // A title that CUPS takes: at most 255 bytes, and no control character.
 std::string JobName(std::string_view title) {
     constexpr std::size_t kMaxCharacters = 60;  // of four bytes
-    std::string name(FirstCharacters(title, kMaxCharacters));
-    std::replace_if(
-        name.begin(), name.end(), [](unsigned char c) { return c < 0x20 || c == 0x7f; }, ' ');
-    return name;
+    return Visible(FirstCharacters(title, kMaxCharacters));
 }
 
 // One request carries the job with its whole document, so that the queue never holds half of it.
@@ -117,7 +116,7 @@ std::optional<std::string> PrintOnQueue(const PrintJob& job, const std::string& 
     if (document.isEmpty()) {
         return "There is no page to print.";
     }
-    QTemporaryFile file;
+    QTemporaryFile file(QDir::tempPath() + '/' + kTemporaryName);
     if (!file.open() || file.write(document) != document.size() || !file.flush()) {
         return "There is no room for the job on the disk.";
     }

@@ -13,6 +13,7 @@
 
 #include "platform/FileLookup.h"
 #include "platform/FileReplace.h"
+#include "platform/Text.h"
 #include "platform/qt/PagePainter.h"
 
 namespace qfr {
@@ -39,13 +40,13 @@ std::vector<Entry> EntriesOf(const std::vector<PrintJob>& jobs) {
             continue;
         }
         const std::size_t first = start + static_cast<std::size_t>(shown - job.pages.begin());
-        const std::string& form = job.form.empty() ? job.title : job.form;
+        const std::string form = Visible(job.form.empty() ? job.title : job.form);
         const double top = shown->height * 72.0 / kResolution;
         if (job.sample.empty() || forms.empty() || forms.back().title != form) {
             forms.push_back({form, first, top, {}});
         }
         if (!job.sample.empty()) {
-            forms.back().below.push_back({job.sample, first, top, {}});
+            forms.back().below.push_back({Visible(job.sample), first, top, {}});
         }
     }
     return forms;
@@ -170,7 +171,7 @@ QByteArray RenderPdf(const std::vector<PrintJob>& jobs, const std::string& title
     buffer.open(QIODevice::WriteOnly);
     QPdfWriter writer(&buffer);
     writer.setResolution(kResolution);
-    writer.setTitle(QString::fromStdString(title));
+    writer.setTitle(QString::fromStdString(Visible(title)));
     writer.setCreator(QStringLiteral("QFR Forms"));
     QPainter painter;
     for (const PrintJob& job : jobs) {
@@ -198,7 +199,8 @@ QByteArray RenderPdf(const std::vector<PrintJob>& jobs, const std::string& title
 }
 
 std::optional<std::string> WritePdf(const std::vector<PrintJob>& jobs, const std::string& title,
-                                    const std::string& fileName, FormFonts& fonts) {
+                                    const std::string& fileName, FormFonts& fonts,
+                                    ReadOnlyFile readOnly) {
     QByteArray content = RenderPdf(jobs, title, fonts);
     if (content.isEmpty()) {
         return "There is no page to write.";
@@ -210,7 +212,7 @@ std::optional<std::string> WritePdf(const std::vector<PrintJob>& jobs, const std
     }
     return ReplaceFile(
         PathOf(fileName),
-        std::string_view(content.constData(), static_cast<std::size_t>(content.size())));
+        std::string_view(content.constData(), static_cast<std::size_t>(content.size())), readOnly);
 }
 
 std::string OutlineLibrary() {

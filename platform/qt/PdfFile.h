@@ -7,6 +7,7 @@
 
 #include <QByteArray>
 
+#include "platform/FileReplace.h"
 #include "platform/PrintJob.h"
 #include "platform/qt/QtTextMetrics.h"
 
@@ -23,7 +24,8 @@ QByteArray RenderPdf(const std::vector<PrintJob>& jobs, const std::string& title
 // Renders, adds an outline where there are several jobs, and replaces the file whole (UTF-8 name).
 // The reason of a failure, absent on success.
 std::optional<std::string> WritePdf(const std::vector<PrintJob>& jobs, const std::string& title,
-                                    const std::string& fileName, FormFonts& fonts);
+                                    const std::string& fileName, FormFonts& fonts,
+                                    ReadOnlyFile readOnly = ReadOnlyFile::kStays);
 
 // Name and version of the library that makes the outline.
 std::string OutlineLibrary();

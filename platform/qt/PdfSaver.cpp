@@ -1,5 +1,7 @@
 #include "platform/qt/PdfSaver.h"
 
+#include <algorithm>
+#include <filesystem>
 #include <string_view>
 
 #include <QDir>
@@ -37,7 +39,7 @@ std::optional<std::string> PdfSaver::ChooseFile(const std::string& title) {
 
 bool PdfSaver::Write(const std::vector<PrintJob>& jobs, const std::string& title,
                      const std::string& file) {
-    if (WritePdf(jobs, title, file, fonts_)) {
+    if (WritePdf(jobs, title, file, fonts_, ReadOnlyFile::kIsReplaced)) {
         messages_.Show(CouldNotBeWritten(file));
         return false;
     }
@@ -45,15 +47,15 @@ bool PdfSaver::Write(const std::vector<PrintJob>& jobs, const std::string& title
 }
 
 std::string FileNameForTitle(const std::string& title) {
-    constexpr std::string_view kRefused = "\\/:*?\"<>|";
+    static constexpr std::string_view kRefused = "\\/:*?\"<>|";
     constexpr std::size_t kMaxCharacters = 60;  // of four bytes, with room for an extension
-    std::string name;
-    for (const char c : Trim(title)) {
-        const bool refused =
-            static_cast<unsigned char>(c) < 0x20 || kRefused.find(c) != std::string_view::npos;
-        name += refused ? '-' : c;
+    std::string name(FirstCharacters(Trim(title), kMaxCharacters));
+    std::ranges::replace_if(
+        name, [](char c) { return kRefused.find(c) != std::string_view::npos; }, '-');
+    name = Visible(name);
+    if (std::filesystem::path::preferred_separator == '\\') {
+        std::ranges::replace(name, '?', '-');
     }
-    name = FirstCharacters(name, kMaxCharacters);
     // Windows drops blanks and dots at the end, and a leading dot hides a file elsewhere.
     name.erase(name.find_last_not_of(" .") + 1);
     name.erase(0, name.find_first_not_of(" ."));

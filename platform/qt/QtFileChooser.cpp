@@ -9,6 +9,8 @@
 #include <QLabel>
 #include <QStringList>
 
+#include "platform/FileLookup.h"
+#include "platform/FileReplace.h"
 #include "platform/qt/WaitCursor.h"
 
 namespace qfr {
@@ -123,7 +125,14 @@ std::optional<ChosenFiles> QtFileChooser::Save(const SaveRequest& request) {
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setDefaultSuffix(QString::fromLatin1(shape.suffix));
     dialog.selectFile(QString::fromStdString(request.fileName));
-    return Run(dialog, NameFilters(shape.filters), shape.filter);
+    auto chosen = Run(dialog, NameFilters(shape.filters), shape.filter);
+    while (chosen && !AgreesToReplace(PathOf(chosen->files.front()), messages_)) {
+        chosen = Run(dialog, NameFilters(shape.filters), shape.filter);
+    }
+    if (chosen) {
+        RemoveLeftovers(PathOf(chosen->files.front()).parent_path());
+    }
+    return chosen;
 }
 
 }  // namespace qfr

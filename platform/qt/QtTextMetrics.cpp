@@ -29,8 +29,7 @@ QRawFont LoadTypeface() {
 }
 
 bool IsBlank(char32_t character) {
-    return character < 0x20 || (character >= 0x7F && character < 0xA0) || character == 0x2028 ||
-           character == 0x2029;
+    return IsControl(character) || character == 0x2028 || character == 0x2029;
 }
 
 }  // namespace

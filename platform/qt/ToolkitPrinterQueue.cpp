@@ -3,6 +3,7 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 
+#include "platform/Text.h"
 #include "platform/qt/PagePainter.h"
 #include "platform/qt/PrinterQueue.h"
 
@@ -37,7 +38,7 @@ std::optional<std::string> PrintOnQueue(const PrintJob& job, const std::string& 
     QPrinter device(queue, QPrinter::HighResolution);
     device.setResolution(kResolution);
     device.setFullPage(true);
-    device.setDocName(QString::fromStdString(job.title));
+    device.setDocName(QString::fromStdString(Visible(job.title)));
     device.setCreator(QStringLiteral("QFR Forms"));
     if (!device.isValid()) {
         return "The printer does not answer.";

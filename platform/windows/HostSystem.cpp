@@ -42,6 +42,25 @@ bool IsWritable(const fs::path& folder) {
     return written;
 }
 
+bool IsUsersOwn(const fs::path&) {
+    return true;
+}
+
+bool IsReadOnly(const fs::path& file) {
+    std::error_code error;
+    const fs::file_status status = fs::status(file, error);
+    return fs::is_regular_file(status) &&
+           (status.permissions() & fs::perms::owner_write) == fs::perms::none;
+}
+
+bool MayFollow(const fs::path&) {
+    return true;
+}
+
+std::optional<std::error_code> WriteThrough(const fs::path&, std::string_view) {
+    return std::nullopt;
+}
+
 std::error_code WriteNewFile(const fs::path& file, const fs::path&, std::string_view content) {
     const int out =
         ::_wopen(file.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY, _S_IREAD | _S_IWRITE);
@@ -62,5 +81,10 @@ std::error_code WriteNewFile(const fs::path& file, const fs::path&, std::string_
 }
 
 void FlushFolder(const fs::path&) {}
+
+// A window is asked to close, and a command without one is not asked.
+struct EndRequests::Listener {};
+EndRequests::EndRequests(std::function<void()>) {}
+EndRequests::~EndRequests() = default;
 
 }  // namespace qfr

@@ -87,5 +87,18 @@ TEST(OpenedFiles, AreReadAnewByTheNextJobOnceTheyHaveChanged) {
     EXPECT_TRUE(HasText(sink.jobs.at(1).pages.at(0), "after"));
 }
 
+// Each form that cannot tell them apart says so.
+TEST(OpenedFiles, AreNoneOfTwoThatDifferOnlyInCase) {
+    CalibratedRun run(1, 1, 2);
+    SampleListType& samples = *run.host.batch.SampleList;
+    run.dir.Write("s1.Prn", ReadAll(PathOf(samples[0].FileName)));
+    samples[0].FileName = LowerCase(samples[0].FileName);
+    samples[1] = samples[0];
+    JobLog sink;
+    const std::string notes = run.PrintAll(sink);
+    const std::string told = "1: File Error: s1.prn cannot be told from another file";
+    EXPECT_TRUE(Contains(notes, told) && notes.find(told) != notes.rfind(told)) << notes;
+}
+
 }  // namespace
 }  // namespace qfr::test

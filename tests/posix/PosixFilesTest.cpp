@@ -1,13 +1,18 @@
 // What only systems with permissions and pipes can show of the program's files.
+#include <chrono>
 #include <csignal>
+#include <future>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "data/LoadFiles.h"
 #include "platform/FileLookup.h"
 #include "platform/FileReplace.h"
+#include "platform/HostSystem.h"
 #include "platform/LineReader.h"
 #include "platform/SettingsDir.h"
+#include "platform/Text.h"
 #include "tests/Support.h"
 
 namespace qfr::test {
@@ -44,8 +49,77 @@ TEST(PosixFiles, KeepTheirPermissionsWhenTheyAreReplaced) {
     EXPECT_EQ(ReplaceFile(file, "old"), std::nullopt);
     EXPECT_EQ(fs::status(file).permissions(), usual);
     fs::permissions(file, fs::perms(0640));
+    struct stat before {};
+    struct stat after {};
+    // Whose owner can be kept only by an administrator, but whose group by its members.
+    EXPECT_TRUE(::chown(file.c_str(), 1234, 4321) == 0 || ::geteuid() != 0);
+    ::stat(file.c_str(), &before);
     EXPECT_EQ(ReplaceFile(file, "new"), std::nullopt);
-    EXPECT_EQ(fs::status(file).permissions(), fs::perms(0640));
+    ::stat(file.c_str(), &after);
+    EXPECT_EQ(after.st_mode & 0777U, 0640U);
+    EXPECT_TRUE(after.st_uid == before.st_uid && after.st_gid == before.st_gid);
+    EXPECT_NE(after.st_ino, before.st_ino) << "overwritten";
+}
+
+TEST(PosixFiles, ThatAreReadOnlyAreReplacedWhenTheUserAgrees) {
+    const TempDir dir;
+    const fs::path file = dir.Write("batch.qff", "old");
+    MessageLog log;
+    EXPECT_TRUE(AgreesToReplace(file, log)) << "without a question";
+    fs::permissions(file, fs::perms(0444));
+    EXPECT_EQ(ReplaceFile(file, "new"), "The file is read-only.");
+    EXPECT_EQ(ReadAll(file), "old");
+    log.answers = {false};
+    EXPECT_FALSE(AgreesToReplace(file, log));
+    EXPECT_EQ(log.shown.at(0).text, "batch.qff is read-only.\nReplace it?");
+    EXPECT_EQ(ReplaceFile(file, "new", ReadOnlyFile::kIsReplaced), std::nullopt);
+    EXPECT_EQ(ReadAll(file), "new");
+    EXPECT_EQ(fs::status(file).permissions(), fs::perms(0444));
+    fs::permissions(file, fs::perms(0644));
+    fs::permissions(dir.Path(), fs::perms(0777));
+    const auto user = OrdinaryUser();
+    EXPECT_TRUE(ReplaceFile(file, "new").has_value() || ::getuid() != 0) << "another user's";
+}
+
+TEST(PosixFiles, ThatAreOpenAndDevicesAreWrittenThrough) {
+    const TempDir dir;
+    const fs::path file = dir.Write("out", "");
+    std::FILE* const out = std::fopen(file.c_str(), "a");
+    std::fputs("before ", out);
+    std::fflush(out);
+    const fs::path open = "/dev/fd/" + std::to_string(::fileno(out));
+    fs::create_symlink(open, dir.Path() / "link");
+    EXPECT_EQ(ReplaceFile(open, "one "), std::nullopt);
+    EXPECT_EQ(ReplaceFile(dir.Path() / "link", "two"), std::nullopt);
+    std::fclose(out);
+    EXPECT_EQ(ReadAll(file), "before one two");
+    EXPECT_TRUE(ReplaceFile(open, "closed").has_value());
+
+    fs::create_symlink("/dev/null", dir.Path() / "null");
+    for (const fs::path& device : {fs::path("/dev/null"), dir.Path() / "null"}) {
+        EXPECT_EQ(ReplaceFile(device, "x"), std::nullopt);
+        EXPECT_TRUE(fs::is_character_file(device) && fs::is_symlink(dir.Path() / "null"));
+    }
+    EXPECT_TRUE(ReplaceFile("/dev/full", "x").has_value());
+}
+
+TEST(PosixFiles, BehindALinkOfAnotherOwnerInASharedFolderStay) {
+    if (::geteuid() != 0) {
+        GTEST_SKIP() << "needs somebody else";
+    }
+    const TempDir dir;
+    const fs::path file = dir.Write("victim", "old");
+    const fs::path link = dir.Path() / "tmp" / "x.qff";
+    fs::create_directory(link.parent_path());
+    fs::create_symlink(file, link);
+    for (const auto& [mode, owner, followed] :
+         {std::tuple(01777, 0U, true), {01777, 1234U, false}, {0777, 1234U, true}}) {
+        fs::permissions(link.parent_path(), fs::perms(mode));
+        ASSERT_EQ(::lchown(link.c_str(), owner, 0), 0);
+        EXPECT_EQ(ReplaceFile(link, "new").has_value(), !followed);
+        EXPECT_EQ(ReadAll(file), followed ? "new" : "old");
+        dir.Write("victim", "old");
+    }
 }
 
 // A save that fails leaves the old file whole and nothing beside it.
@@ -71,6 +145,85 @@ TEST(PosixFiles, StayWhenNotAllOfTheNewCanBeWritten) {
     fs::permissions(dir.Path(), fs::perms(0555));
     const auto user = OrdinaryUser();
     ExpectOldFileKept(file, "new");
+}
+
+TEST(PosixFiles, OfAKilledRunAreRemovedAfterADay) {
+    const TempDir dir;
+    const auto age = [&dir](const std::string& name, std::chrono::minutes minutes) {
+        fs::last_write_time(dir.Path() / name, fs::file_time_type::clock::now() - minutes);
+    };
+    const std::string removed[] = {".qfr-0.tmp", ".qfr-folder.tmp"};
+    const std::string kept[] = {".qfr-1.tmp", "x.tmp", ".qfr-2", ".qfr-link.tmp", ".qfr-other.tmp"};
+    dir.Write(".qfr-folder.tmp/file", "");
+    for (const std::string name :
+         {".qfr-0.tmp", ".qfr-1.tmp", "x.tmp", ".qfr-2", ".qfr-other.tmp"}) {
+        age(FileNameOnly(dir.Write(name, "")), std::chrono::minutes(name == kept[0] ? 1438 : 1442));
+    }
+    age(removed[1], std::chrono::minutes(1442));
+    fs::create_symlink("x.tmp", dir.Path() / kept[3]);
+    const bool isOthers = ::chown((dir.Path() / kept[4]).c_str(), 1234, 1234) == 0;
+    RemoveLeftovers(dir.Path());
+    for (const std::string& name : removed) {
+        EXPECT_FALSE(fs::exists(dir.Path() / name)) << name;
+    }
+    for (const std::string& name : kept) {
+        EXPECT_EQ(fs::exists(dir.Path() / name), isOthers || name != kept[4]) << name;
+    }
+}
+
+TEST(PosixProgram, IsToldThatItIsToEnd) {
+    std::promise<void> asked;
+    const EndRequests requests([&asked] { asked.set_value(); });
+    ::kill(::getpid(), SIGTERM);
+    EXPECT_EQ(asked.get_future().wait_for(std::chrono::seconds(10)), std::future_status::ready);
+}
+
+// A chemist loads two reports, by each of the three ways. What is told, and whether they are taken.
+struct Loading : BatchOwner {
+    void ResetEntryDialogs() override {}
+    std::string operator()(const std::string& file) {
+        for (TakeReports* const take :
+             {TakeLabBlank, AddQuantReports, TakeCalReport, TakeCheckReport}) {
+            Batch batch;
+            MessageLog log;
+            Reports reports(log);
+            const bool taken = take(batch, {file}, reports, log, *this);
+            told += (taken ? "+" : "-") + (log.shown.empty() ? "" : log.shown.front().text);
+        }
+        return std::exchange(told, "");
+    }
+    std::string told;
+};
+
+TEST(PosixFiles, ThatABatchCouldNotFindAgainAreNotLoaded) {
+    const TempDir dir;
+    Loading loading;
+    for (const auto& [folder, fault] : {std::pair("a\\b", "a \"\\\" in a name"),
+                                        {"a;b", "a \";\" or a line break in a name"},
+                                        {"a\nb", "a \";\" or a line break in a name"},
+                                        {"a\xFF", "a name that is no valid UTF-8"},
+                                        {"a\uFFFD", "a name that is no valid UTF-8"}}) {
+        const std::string told = "-x has a path that no batch file can hold,\nwith " +
+                                 std::string(fault) + ". The file will not be processed.";
+        EXPECT_EQ(loading(TextOf(dir.Path()) + "/" + folder + "/x"), told + told + told + told);
+    }
+    const std::string twins =
+        "X.PRN cannot be told from another file, whose name\ndiffers only in "
+        "upper and lower case. Please rename one of them.";
+    const std::string upper = dir.Write("X.PRN", ReportText().Text());
+    EXPECT_THAT(loading(upper), testing::StartsWith("++-")) << "alone";
+    const std::string lower = dir.Write("x.prn", ReportText().Text());
+    EXPECT_THAT(loading(upper), testing::StartsWith("-" + twins + "-" + twins + "-" + twins + "-"));
+    EXPECT_THAT(loading(lower), testing::StartsWith("++-")) << "found exactly";
+    fs::rename(lower, dir.Path() / "x.Prn");
+    EXPECT_THAT(loading(upper), testing::StartsWith("-" + twins));
+
+    dir.Write("here/x.prn", "");
+    FileFinder finder;
+    const std::string root = TextOf(dir.Path());
+    EXPECT_FALSE(finder.FindBeside(root + "/x.prn", root + "/here"));
+    EXPECT_TRUE(finder.FoundSeveral());
+    EXPECT_TRUE(finder.Find(root + "/HERE/X.PRN") && !finder.FoundSeveral());
 }
 
 TEST(PosixFiles, OfAProgramThatMayNotWriteThemAreTheUsersOwnCopies) {

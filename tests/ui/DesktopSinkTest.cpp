@@ -18,6 +18,10 @@ TEST_F(DesktopSinkTest, APdfJobAsksForItsFileFirst) {
     EXPECT_FALSE(desktop_.BeginJob(pdf_, job_.title)) << "cancelled";
     EXPECT_EQ(chooser.saved[0].kind, SaveKind::kPdf);
     EXPECT_EQ(chooser.saved[0].fileName, "Form 1 VBLK01.pdf");
+    desktop_.BeginJob(pdf_, ".a/b\x1B\u202E?.");
+    EXPECT_EQ(chooser.saved[1].fileName,
+              "a-b??"
+              "-.pdf");
 
     chooser.answers = {{Path("one.pdf")}, {Path("gone/two.pdf")}};
     ASSERT_TRUE(desktop_.BeginJob(pdf_, job_.title));

@@ -1,4 +1,5 @@
 #include <QFileDialog>
+#include <QMessageBox>
 
 #include "platform/Text.h"
 #include "platform/qt/QtFileChooser.h"
@@ -22,13 +23,14 @@ struct FileChooserTest : testing::Test {
             emit types.activated(types.currentIndex());
             user.Enter("fileNameEdit", keys);
         });
-        QtFileChooser chooser;
+        QtFileChooser chooser(log);
         const auto chosen = (chooser.*ask)(request);
         ended = chosen ? chosen->kind : FileKind::kAny;
         return chosen ? chosen->files.at(0).substr(TextOf(dir.Path()).size()) : "none";
     }
 
     const TempDir dir;
+    MessageLog log;
     std::string filters;  // of the dialog, with their patterns
     std::string shown;    // its filter and file name
     FileKind ended{};     // the kind that an open dialog ended with
@@ -45,6 +47,26 @@ TEST_F(FileChooserTest, AddsTheExtensionOfTheKindToANameWithoutOne) {
         EXPECT_EQ(shown, first);
         EXPECT_EQ(Chosen(&QtFileChooser::Save, request, "kept.old\r"), "/kept.old");
         EXPECT_EQ(Chosen(&QtFileChooser::Save, request, "kept\33"), "none");
+    }
+}
+
+TEST_F(FileChooserTest, AsksOnceMoreForAReadOnlyFile) {
+    std::filesystem::permissions(dir.Write("kept.qff", ""), std::filesystem::perms::owner_read);
+    for (const bool answer : {true, false}) {
+        log.answers = {answer};
+        QTimer user;
+        user.callOnTimeout([this] {
+            auto* const active = QApplication::activeModalWidget();
+            if (auto* const box = qobject_cast<QMessageBox*>(active)) {
+                box->button(QMessageBox::Yes)->click();
+            } else if (!log.shown.empty()) {
+                static_cast<QDialog*>(active)->reject();
+            }
+        });
+        user.start(50);
+        const SaveRequest request{SaveKind::kBatch, TextOf(dir.Path()), ""};
+        EXPECT_EQ(Chosen(&QtFileChooser::Save, request, "kept\r"), answer ? "/kept.qff" : "none");
+        EXPECT_EQ(log.TakeTitles(), std::vector<std::string>{"Warning"});
     }
 }
 

@@ -63,19 +63,22 @@ TEST(FilesDlg, AssemblesABatch) {
 }
 
 TEST(FilesDlg, TakesTheReportsOfADrag) {
-    for (const auto& [name, taken] : {std::pair("ZA101.PRN", true), {"VOA0516.CAL", false}}) {
+    for (const auto& [name, accepted, taken] : {std::tuple("ZA101.PRN", true, true),
+                                                {"VOA0516.CAL", false, false},
+                                                {"%FF.prn", true, false}}) {
         FilesRig rig;
         QMimeData files;
         files.setUrls({QUrl("http://laboratory/ZA103.PRN"),
                        QUrl::fromLocalFile(QString::fromStdString(Example("."))),
-                       QUrl::fromLocalFile(QString::fromStdString(Example(name)))});
+                       QUrl("file://" + QString::fromStdString(Example(name)))});
         QDragEnterEvent enter({9, 9}, Qt::CopyAction, &files, Qt::LeftButton, {});
         QApplication::sendEvent(rig.list.viewport(), &enter);
-        EXPECT_EQ(enter.isAccepted(), taken);
+        EXPECT_EQ(enter.isAccepted(), accepted);
         QDropEvent drop({9, 9}, Qt::CopyAction, &files, Qt::LeftButton, {});
         QApplication::sendEvent(rig.list.viewport(), &drop);
         QTest::qWait(0);
         EXPECT_EQ(rig.list.count(), taken ? 1 : 0);
+        EXPECT_EQ(rig.log.TakeTexts().size(), accepted && !taken ? 1U : 0U);
     }
 }
 

@@ -1,5 +1,6 @@
 #include <QLineEdit>
 #include <QStatusBar>
+#include <QToolTip>
 
 #include "app/MainForm.h"
 #include "tests/ui/WindowRig.h"
@@ -83,6 +84,23 @@ TEST(MainForm, RestoresOverNothingOfAnotherBatch) {
     EXPECT_FALSE(flags.InitCalEntered || flags.ContCalEntered || flags.Form8DataReady);
     auto& header = rig.Find<QWidget>("TForm1Header");
     EXPECT_EQ(header.findChild<QLineEdit*>("Edit1")->text(), "");
+}
+
+TEST(MainForm, ShowsTextsThatLookLikeMarkupAsTheyStand) {
+    WindowRig rig;
+    const std::string odd = "<img src=\"/dev/zero\">.prn";
+    rig.form.RestoreFile(
+        rig.dir.Write("odd.qff", "QFRForms\n\n\n\nx\\" + odd + "\n0\n/cal\n/check\n0\n"));
+    auto& label = *rig.form.statusBar()->findChild<QLabel*>();
+    EXPECT_EQ(label.toolTip().toStdString(), "Lab blank: " + odd);
+    EXPECT_GT(label.sizeHint().width(), label.fontMetrics().horizontalAdvance(label.toolTip()));
+    QToolTip::showText({}, label.toolTip(), &label);
+    const auto windows = QApplication::topLevelWidgets();
+    const auto tip =
+        std::ranges::find_if(windows, [](QWidget* w) { return w->inherits("QTipLabel"); });
+    ASSERT_NE(tip, windows.end());
+    EXPECT_EQ(static_cast<QLabel*>(*tip)->textFormat(), Qt::PlainText);
+    QToolTip::hideText();
 }
 
 TEST(MainForm, OpensTheOneBatchItWasStartedWith) {

@@ -1,10 +1,37 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QEvent>
+#include <QLabel>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include "platform/qt/ControlNames.h"
+#include "platform/qt/PlainTexts.h"
+
+namespace qfr::test {
+namespace {
+
+// Whatever window a test opens, dialogs of the toolkit and tooltips among them: none of its labels
+// guesses whether its text is markup.
+class PlainTextCheck : public QObject {
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (auto* const window = qobject_cast<QWidget*>(watched);
+            event->type() == QEvent::Show && window != nullptr && window->isWindow()) {
+            QList<QLabel*> labels = window->findChildren<QLabel*>();
+            labels << qobject_cast<QLabel*>(window);
+            labels.removeAll(nullptr);
+            for (const QLabel* const label : labels) {
+                EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->text().toStdString();
+            }
+        }
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+}  // namespace
+}  // namespace qfr::test
 
 int main(int argc, char** argv) {
     // The tests need no screen and leave no trace in the user's settings.
@@ -25,5 +52,8 @@ int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     QApplication application(argc, argv);
     qfr::NameControls(application);
+    qfr::ShowPlainTexts(application);
+    qfr::test::PlainTextCheck check;
+    application.installEventFilter(&check);
     return RUN_ALL_TESTS();
 }
