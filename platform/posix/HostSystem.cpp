@@ -174,7 +174,8 @@ EndRequests::EndRequests(std::function<void()> onRequest)
 
 EndRequests::~EndRequests() {
     listener_->done = true;
-    ::pthread_kill(listener_->thread.native_handle(), SIGTERM);
+    // Only the thread that waits for it gets it.
+    ::kill(::getpid(), SIGTERM);
     listener_->thread.join();
     ::pthread_sigmask(SIG_UNBLOCK, &listener_->signals, nullptr);
 }
