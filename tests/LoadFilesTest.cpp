@@ -147,13 +147,17 @@ TEST_F(LoadFiles, TellsWhatIsOddAboutReportsThatAreTaken) {
 TEST_F(LoadFiles, RefusesWhatIsTooLarge) {
     const std::string large = dir_.Write("Large.CAL", "Date");
     std::filesystem::resize_file(large, LineReader::kMaxFileSize + 1);
+    const auto told =
+        testing::ElementsAre("Large.CAL has more than 64 MB.\nThe file will not be processed.");
     for (TakeReports* const take :
          {TakeLabBlank, AddQuantReports, TakeCalReport, TakeCheckReport}) {
         EXPECT_FALSE(take(batch_, {large}, NewRun(), log_, *this));
-        EXPECT_THAT(log_.TakeTexts(),
-                    testing::ElementsAre(
-                        "Large.CAL has more than 64 MB.\nThe file will not be processed."));
+        EXPECT_THAT(log_.TakeTexts(), told);
     }
+    Reports ofABatch(log_);
+    EXPECT_FALSE(ofABatch.Read<CalibrationReport>(large, ""));
+    EXPECT_FALSE(ofABatch.Read<CalibrationReport>(large, ""));
+    EXPECT_THAT(log_.TakeTexts(), told) << "once";
     const auto take = [this](int compounds, std::size_t letters) {
         std::string report = "Date Version 4.2\nCalibration Data\n\n\n";
         for (int i = 0; i < compounds; ++i) {
