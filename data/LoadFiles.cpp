@@ -19,7 +19,7 @@ namespace {
 // What is odd about the reports that are taken, in one message for all of a kind.
 class OddReports {
   public:
-    void Look(const std::string& file, const QuantReport& report, Messages& messages) {
+    void Look(const std::string& file, const QuantReport& report) {
         const std::string name = FileNameOnly(file) + ": ";
         if (!report.UnreadDate.empty()) {
             dates_.push_back(name + report.UnreadDate);
@@ -28,7 +28,7 @@ class OddReports {
             values_.push_back(name + value);
         }
         if (report.TextsCut) {
-            messages.Show(TextsWereCut(file));
+            cut_.push_back(FileNameOnly(file));
         }
     }
     void Tell(Messages& messages) const {
@@ -40,11 +40,17 @@ class OddReports {
         if (!values_.empty()) {
             messages.Show(ListMessage(std::string(kDelimiterTaken), values_));
         }
+        if (!cut_.empty()) {
+            messages.Show(ListMessage(
+                "Of texts of more than 400 characters the first 400 are taken in these reports:",
+                cut_));
+        }
     }
 
   private:
     std::vector<std::string> dates_;
     std::vector<std::string> values_;
+    std::vector<std::string> cut_;
 };
 
 // What would keep a path of a batch file from leading to its file again; empty when nothing would.
@@ -110,7 +116,7 @@ std::vector<std::string> AcceptedReports(Batch& batch, const std::vector<std::st
         if (!rejection) {
             accepted.push_back(LowerCase(file));
             if (report) {
-                odd.Look(file, *report, messages);
+                odd.Look(file, *report);
             }
             continue;
         }
