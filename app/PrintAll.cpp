@@ -74,7 +74,7 @@ PrintAllDialog::PrintAllDialog(const Batch& batch, const std::string& printer,
     for (const FormRow& form : kForms) {
         AddChecked(*ui_.FormsList, FormLine(form));
     }
-    for (const SampleRecord& record : batch_.SampleList.value_or(SampleListType())) {
+    for (const SampleRecord& record : SamplesOf(batch_)) {
         std::string line = SampleName(record);
         if (const std::string file = FileNameOnly(record.FileName); line != file) {
             line.append(" (").append(file).append(")");
@@ -125,7 +125,7 @@ std::string ChosenPrinter(const Page& page, const TPrinter& printer) {
 
 // Named after the sample delivery group, once a header names it.
 std::string PackageTitle(const Batch& batch) {
-    for (const SampleRecord& record : batch.SampleList.value_or(SampleListType())) {
+    for (const SampleRecord& record : SamplesOf(batch)) {
         if (const std::string group = Trim(record.Header[HeaderField::kSdgNo]); !group.empty()) {
             return "Data Package " + group;
         }

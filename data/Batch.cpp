@@ -81,6 +81,10 @@ bool CheckReportNamed(const Batch& batch) {
     return !Trim(batch.Files.CheckCal).empty();
 }
 
+std::span<const SampleRecord> SamplesOf(const Batch& batch) {
+    return batch.SampleList ? std::span(*batch.SampleList) : std::span<const SampleRecord>();
+}
+
 std::size_t LabBlankRecords(const Batch& batch) {
     return Trim(batch.Files.LabBlank).empty() ? 0 : 1;
 }

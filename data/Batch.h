@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -161,6 +162,9 @@ bool FilesSpecified(const Batch& batch);
 
 // Whether the batch names a continuing calibration report.
 bool CheckReportNamed(const Batch& batch);
+
+// The records of the batch; none where it has no list.
+std::span<const SampleRecord> SamplesOf(const Batch& batch);
 
 // 1 when the first record of SampleList is the lab blank's, else 0.
 std::size_t LabBlankRecords(const Batch& batch);

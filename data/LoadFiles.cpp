@@ -16,19 +16,10 @@ namespace qfr {
 
 namespace {
 
-// Why a report that could not be read is not taken all the same.
-std::optional<Message> RejectionOfUnread(const std::string& file) {
-    const auto path = FindFile(file);
-    if (!path || !LineReader::IsTooLarge(*path)) {
-        return std::nullopt;
-    }
-    return OverLimitMessage(FileNameOnly(file), LineReader::kMaxFileSizeText);
-}
-
 // What is odd about the reports that are taken, in one message for all of a kind.
 class OddReports {
   public:
-    void Look(const std::string& file, const QuantReport& report, Messages& messages) {
+    void Look(const std::string& file, const QuantReport& report) {
         const std::string name = FileNameOnly(file) + ": ";
         if (!report.UnreadDate.empty()) {
             dates_.push_back(name + report.UnreadDate);
@@ -37,7 +28,7 @@ class OddReports {
             values_.push_back(name + value);
         }
         if (report.TextsCut) {
-            messages.Show(TextsWereCut(file));
+            cut_.push_back(FileNameOnly(file));
         }
     }
     void Tell(Messages& messages) const {
@@ -49,11 +40,17 @@ class OddReports {
         if (!values_.empty()) {
             messages.Show(ListMessage(std::string(kDelimiterTaken), values_));
         }
+        if (!cut_.empty()) {
+            messages.Show(ListMessage(
+                "Of texts of more than 400 characters the first 400 are taken in these reports:",
+                cut_));
+        }
     }
 
   private:
     std::vector<std::string> dates_;
     std::vector<std::string> values_;
+    std::vector<std::string> cut_;
 };
 
 // What would keep a path of a batch file from leading to its file again; empty when nothing would.
@@ -69,14 +66,36 @@ std::string_view FaultOf(std::string_view path) {
     return !partsFolders && Contains(path, "\\") ? "a \"\\\" in a name" : "";
 }
 
-// Why the batch, which keeps paths in lower case, could not find the file again.
-std::optional<Message> PathTrouble(const std::string& file, Reports& reports) {
+// Why the file, whatever it holds, is not taken: the batch, which keeps paths in lower case, could
+// not find it again, or it is too large.
+std::optional<Message> TroubleWith(const std::string& file, Reports& reports) {
     if (const std::string_view fault = FaultOf(file); !fault.empty()) {
         return FileErrorMessage(OneLine(TextOf(PathOf(file).filename())) +
                                 " has a path that no batch file can hold,\nwith " +
                                 std::string(fault) + ". The file will not be processed.");
     }
-    return reports.IsFoundInLowerCase(file) ? std::nullopt : std::optional(NameIsNotUnique(file));
+    if (!reports.IsFoundInLowerCase(file)) {
+        return NameIsNotUnique(file);
+    }
+    if (LineReader::IsTooLarge(PathOf(file))) {
+        return OverLimitMessage(FileNameOnly(file), LineReader::kMaxFileSizeText);
+    }
+    return std::nullopt;
+}
+
+// A report that is to enter the batch: absent when it cannot be opened, or after a rejection.
+template <typename Report>
+struct OfferedReport {
+    FileContent<Report> Content;
+    std::optional<Message> Rejection;
+};
+
+template <typename Report>
+OfferedReport<Report> Open(const std::string& file, Reports& reports) {
+    if (auto trouble = TroubleWith(file, reports)) {
+        return {{}, std::move(trouble)};
+    }
+    return {reports.Read<Report>(file, ""), std::nullopt};
 }
 
 // The files of the selection that the batch accepts, in lower case.
@@ -85,12 +104,10 @@ std::vector<std::string> AcceptedReports(Batch& batch, const std::vector<std::st
     std::vector<std::string> accepted;
     OddReports odd;
     for (const std::string& file : selection) {
-        const auto report = reports.Read<QuantReport>(file, "");
-        auto rejection = PathTrouble(file, reports);
-        if (!rejection) {
-            rejection = report ? CheckReportFrame(ReportKind::kQuantitation, report->Frame,
-                                                  FileNameOnly(file), batch.Files)
-                               : RejectionOfUnread(file);
+        auto [report, rejection] = Open<QuantReport>(file, reports);
+        if (report) {
+            rejection = CheckReportFrame(ReportKind::kQuantitation, report->Frame,
+                                         FileNameOnly(file), batch.Files);
         }
         const bool tooLong = report && !rejection && report->RowCount > kMaxCompoundRows;
         if (tooLong) {
@@ -99,7 +116,7 @@ std::vector<std::string> AcceptedReports(Batch& batch, const std::vector<std::st
         if (!rejection) {
             accepted.push_back(LowerCase(file));
             if (report) {
-                odd.Look(file, *report, messages);
+                odd.Look(file, *report);
             }
             continue;
         }
@@ -114,12 +131,8 @@ std::vector<std::string> AcceptedReports(Batch& batch, const std::vector<std::st
 
 // Why the calibration report is not taken.
 std::optional<Message> RejectionOf(const FileContent<CalibrationReport>& report,
-                                   const std::string& fileName, FileSet& files) {
+                                   const std::string& baseName, FileSet& files) {
     constexpr auto kKind = ReportKind::kCalibration;
-    const std::string baseName = FileNameOnly(fileName);
-    if (auto rejection = report ? std::nullopt : RejectionOfUnread(fileName)) {
-        return rejection;
-    }
     const std::string expected = LowerCase(Trim(files.CalFile));
     if (expected.empty() || LowerCase(baseName) == expected) {
         if (report && report->TooManyBlocks) {
@@ -217,10 +230,9 @@ bool AddQuantReports(Batch& batch, const std::vector<std::string>& fileNames, Re
 bool TakeCalReport(Batch& batch, const std::vector<std::string>& fileNames, Reports& reports,
                    Messages& messages, BatchOwner& /*owner*/) {
     const std::string& fileName = fileNames.front();
-    const auto report = reports.Read<CalibrationReport>(fileName, "");
-    auto rejection = PathTrouble(fileName, reports);
+    auto [report, rejection] = Open<CalibrationReport>(fileName, reports);
     if (!rejection) {
-        rejection = RejectionOf(report, fileName, batch.Files);
+        rejection = RejectionOf(report, FileNameOnly(fileName), batch.Files);
     }
     if (rejection) {
         messages.Show(*rejection);
@@ -239,12 +251,10 @@ bool TakeCalReport(Batch& batch, const std::vector<std::string>& fileNames, Repo
 bool TakeCheckReport(Batch& batch, const std::vector<std::string>& fileNames, Reports& reports,
                      Messages& messages, BatchOwner& /*owner*/) {
     const std::string& fileName = fileNames.front();
-    const auto report = reports.Read<CheckReport>(fileName, "");
-    auto rejection = PathTrouble(fileName, reports);
-    if (!rejection) {
-        rejection = report ? CheckReportFrame(ReportKind::kCheck, report->Frame,
-                                              FileNameOnly(fileName), batch.Files)
-                           : RejectionOfUnread(fileName);
+    auto [report, rejection] = Open<CheckReport>(fileName, reports);
+    if (report) {
+        rejection = CheckReportFrame(ReportKind::kCheck, report->Frame, FileNameOnly(fileName),
+                                     batch.Files);
     }
     if (rejection) {
         messages.Show(*rejection);

@@ -5,6 +5,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "data/ReportFrame.h"
 #include "platform/LineReader.h"
 #include "platform/Text.h"
 
@@ -27,8 +28,8 @@ template <typename Content>
 FileContent<Content> Reports::Read(std::string_view name, std::string_view folder) {
     const auto path = finder_.FindBeside(name, folder);
     if (!path) {
-        if (finder_.FoundSeveral() && messages_ != nullptr && told_.emplace(name).second) {
-            messages_->Show(NameIsNotUnique(name));
+        if (finder_.FoundSeveral()) {
+            Tell(name, NameIsNotUnique(name));
         }
         return {};
     }
@@ -49,8 +50,17 @@ FileContent<Content> Reports::Read(std::string_view name, std::string_view folde
         files.insert_or_assign(path->native(), Known<Content>{*stamp, job_, content});
     } else {
         files.erase(path->native());
+        if (LineReader::IsTooLarge(*path)) {
+            Tell(name, OverLimitMessage(FileNameOnly(name), LineReader::kMaxFileSizeText));
+        }
     }
     return content;
+}
+
+void Reports::Tell(std::string_view name, const Message& message) {
+    if (messages_ != nullptr && told_.emplace(name).second) {
+        messages_->Show(message);
+    }
 }
 
 void Reports::BeginJob() {

@@ -51,7 +51,8 @@ class FileContent {
 class Reports {
   public:
     Reports() = default;
-    // Tells, once in each job, that a name stands for several files, of which none is read.
+    // Tells, once in each job, that a file is not read because its name stands for several, or
+    // because it is too large.
     explicit Reports(Messages& messages) : messages_(&messages) {}
 
     // The file of that name, else the one of its base name in `folder`, which is that of the file
@@ -81,11 +82,13 @@ class Reports {
     template <typename Content>
     using Files = std::unordered_map<std::filesystem::path::string_type, Known<Content>>;
 
+    void Tell(std::string_view name, const Message& message);
+
     // Absent when it is no file.
     static std::optional<Stamp> StampOf(const std::filesystem::path& path);
 
     Messages* messages_ = nullptr;
-    std::set<std::string, std::less<>> told_;  // names that stand for several files
+    std::set<std::string, std::less<>> told_;  // names of files that the user was told of
     FileFinder finder_;
     std::size_t job_ = 0;
     std::tuple<Files<QuantReport>, Files<CalibrationReport>, Files<CheckReport>, Files<RawDataFile>,

@@ -126,15 +126,16 @@ TEST_F(LoadFiles, TellsWhatIsOddAboutReportsThatAreTaken) {
                      write("b.prn", "Acquisition Date:\nSample Size: 5;0\n"),
                      write("c.prn", "Acquisition Date: 18/05/2005\n"),
                      write("d.prn", "Client Sample: " + std::string(400, 'x') + "\n"),
-                     write("e.prn", "Client Sample: " + std::string(401, 'x') + "\n")}));
+                     write("e.prn", "Client Sample: " + std::string(401, 'x') + "\n"),
+                     write("f.prn", "Sample Size: " + std::string(401, 'x') + "\n")}));
     EXPECT_THAT(log_.TakeTexts(),
                 testing::ElementsAre(
-                    "e.prn holds a text of more than 400 characters.\nOf such a text the first 400 "
-                    "are taken.",
                     "The date could not be read in these reports. Please enter it for Form 1.\n"
                     "a.prn: 18-May-2005 23:59\nc.prn: 18/05/2005",
                     "A \";\" cannot be kept in a batch. It is taken as \",\" in these values:\n"
-                    "a.prn: S;1\nb.prn: 5;0"));
+                    "a.prn: S;1\nb.prn: 5;0",
+                    "Of texts of more than 400 characters the first 400 are taken in these "
+                    "reports:\ne.prn\nf.prn"));
     BuildSampleList(batch_, NewRun());
     EXPECT_EQ(batch_.SampleList->at(0).Header[HeaderField::kZovSampleNo], "S,1");
     EXPECT_EQ(batch_.SampleList->at(4).Header[HeaderField::kLabSampleId].size(), 400u);
@@ -147,13 +148,17 @@ TEST_F(LoadFiles, TellsWhatIsOddAboutReportsThatAreTaken) {
 TEST_F(LoadFiles, RefusesWhatIsTooLarge) {
     const std::string large = dir_.Write("Large.CAL", "Date");
     std::filesystem::resize_file(large, LineReader::kMaxFileSize + 1);
+    const auto told =
+        testing::ElementsAre("Large.CAL has more than 64 MB.\nThe file will not be processed.");
     for (TakeReports* const take :
          {TakeLabBlank, AddQuantReports, TakeCalReport, TakeCheckReport}) {
         EXPECT_FALSE(take(batch_, {large}, NewRun(), log_, *this));
-        EXPECT_THAT(log_.TakeTexts(),
-                    testing::ElementsAre(
-                        "Large.CAL has more than 64 MB.\nThe file will not be processed."));
+        EXPECT_THAT(log_.TakeTexts(), told);
     }
+    Reports ofABatch(log_);
+    EXPECT_FALSE(ofABatch.Read<CalibrationReport>(large, ""));
+    EXPECT_FALSE(ofABatch.Read<CalibrationReport>(large, ""));
+    EXPECT_THAT(log_.TakeTexts(), told) << "once";
     const auto take = [this](int compounds, std::size_t letters) {
         std::string report = "Date Version 4.2\nCalibration Data\n\n\n";
         for (int i = 0; i < compounds; ++i) {

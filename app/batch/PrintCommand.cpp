@@ -62,7 +62,7 @@ PackageChoice ParseForms(const std::string& list) {
 std::vector<bool> ChooseSamples(const Batch& batch, const std::vector<std::string>& names,
                                 std::vector<std::string>& unknown) {
     std::vector<bool> chosen;
-    for (const SampleRecord& sample : batch.SampleList.value_or(SampleListType())) {
+    for (const SampleRecord& sample : SamplesOf(batch)) {
         const std::string number = LowerCase(Trim(sample.Header[HeaderField::kZovSampleNo]));
         const std::string report = FileNameOnly(sample.FileName);
         const auto isMeant = [&](const std::string& name) {

@@ -2,6 +2,7 @@
 #include <cstddef>
 #include <iomanip>
 #include <memory>
+#include <span>
 
 #include "app/batch/BatchCommand.h"
 #include "data/EntryTables.h"
@@ -47,8 +48,7 @@ class BatchText {
 };
 
 void ShowSamples(BatchText& text, const Batch& batch) {
-    const SampleListType none;
-    const SampleListType& samples = batch.SampleList ? *batch.SampleList : none;
+    const std::span<const SampleRecord> samples = SamplesOf(batch);
     for (std::size_t i = 0; i < samples.size(); ++i) {
         const SampleRecord& record = samples[i];
         text.Paragraph("Sample " + std::to_string(i + 1) + " of " + std::to_string(samples.size()) +
