@@ -37,7 +37,7 @@ namespace {
 constexpr int kHelpTopic = 10;
 constexpr QSize kWindowSize(800, 500);
 constexpr int kStateLetters = 130;  // that the status bar has room for
-constexpr int kNameLetters = 26;    // of them for each file
+constexpr int kNameLetters = 28;    // of them for each file
 
 QIcon ProgramIcon() {
     QIcon icon;
@@ -80,7 +80,11 @@ class NameLabel : public QLabel {
     }
 
   protected:
-    void paintEvent(QPaintEvent* /*event*/) override {
+    void paintEvent(QPaintEvent* event) override {
+        if (width() >= sizeHint().width()) {
+            QLabel::paintEvent(event);
+            return;
+        }
         QPainter painter(this);
         const QRect place = contentsRect();
         const QString caption = text().left(text().indexOf(' ', text().indexOf(':')) + 1);
@@ -394,6 +398,8 @@ void TQFRForm::ShowBatchState() {
                  QString("Calibration: ") + NameOrNone(files.Calib),
                  QString("Check: ") + NameOrNone(files.CheckCal)};
     }
+    // While a note shows in their place, they would show over it.
+    statusBar()->clearMessage();
     for (std::size_t i = 0; i < state_.size(); ++i) {
         state_[i]->setText(texts[i]);
         state_[i]->setToolTip(texts[i]);
