@@ -1,5 +1,6 @@
 #include "app/MainForm.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 #include <vector>
@@ -12,6 +13,7 @@
 #include <QPainter>
 #include <QScreen>
 #include <QStatusBar>
+#include <QStyle>
 
 #include "app/AboutBox.h"
 #include "app/BatchFile.h"
@@ -35,6 +37,7 @@ namespace {
 constexpr int kHelpTopic = 10;
 constexpr QSize kWindowSize(800, 500);
 constexpr int kStateLetters = 130;  // that the status bar has room for
+constexpr int kNameLetters = 22;    // of them for each file
 
 QIcon ProgramIcon() {
     QIcon icon;
@@ -63,6 +66,35 @@ QPixmap Watermark() {
 QString NameOrNone(const std::string& path) {
     return path.empty() ? QString("none") : QString::fromStdString(FileNameOnly(path));
 }
+
+// Shows the ends of a name that the status bar has no room for, so that the counts beside it stay
+// whole.
+class NameLabel : public QLabel {
+  public:
+    using QLabel::QLabel;
+
+    QSize minimumSizeHint() const override {
+        const QSize whole = QLabel::minimumSizeHint();
+        return {std::min(whole.width(), kNameLetters * fontMetrics().averageCharWidth()),
+                whole.height()};
+    }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override {
+        if (width() >= sizeHint().width()) {
+            QLabel::paintEvent(event);
+            return;
+        }
+        QPainter painter(this);
+        const QRect place = contentsRect();
+        const QString caption = text().left(text().indexOf(' ', text().indexOf(':')) + 1);
+        const QString name =
+            fontMetrics().elidedText(text().mid(caption.size()), Qt::ElideMiddle,
+                                     place.width() - fontMetrics().horizontalAdvance(caption));
+        style()->drawItemText(&painter, place, Qt::AlignLeft | Qt::AlignVCenter, palette(),
+                              isEnabled(), caption + name, foregroundRole());
+    }
+};
 
 }  // namespace
 
@@ -100,8 +132,9 @@ void TQFRForm::OnCreate() {
     emptyArea->setAlignment(Qt::AlignCenter);
     emptyArea->setPixmap(Watermark());
     setCentralWidget(emptyArea);
-    for (QLabel*& label : state_) {
-        label = new QLabel(this);
+    state_ = {new NameLabel(this), new QLabel(this), new QLabel(this), new NameLabel(this),
+              new NameLabel(this)};
+    for (QLabel* const label : state_) {
         label->setContentsMargins(6, 1, 6, 1);
         statusBar()->addWidget(label);
     }
@@ -365,6 +398,8 @@ void TQFRForm::ShowBatchState() {
                  QString("Calibration: ") + NameOrNone(files.Calib),
                  QString("Check: ") + NameOrNone(files.CheckCal)};
     }
+    // While a note shows in their place, they would show over it.
+    statusBar()->clearMessage();
     for (std::size_t i = 0; i < state_.size(); ++i) {
         state_[i]->setText(texts[i]);
         state_[i]->setToolTip(texts[i]);

@@ -17,9 +17,9 @@ namespace qfr {
 namespace {
 
 constexpr int kHelpTopic = 122;
-constexpr int kBoxWidth = 369;  // pixels
-constexpr int kBoxLetters = 50;
-constexpr int kSlack = 4;  // pixels; the box rounds each line up
+constexpr int kBoxWidth = 369;    // pixels
+constexpr int kBoxLetters = 106;  // a line of the form, where it ends, and a scroll bar
+constexpr int kSlack = 4;         // pixels; the box rounds each line up
 
 }  // namespace
 

@@ -29,6 +29,14 @@ std::optional<EntryFault> Check(FormHost& host) {
     return CheckEntries(TableOf(dialog), host.Entries());
 }
 
+// The dialog shows what has no room, and asks.
+std::optional<EntryFault> OnOkComments(FormHost& host) {
+    if (const auto note = CommentsNotPrinted(host.Page(), host.Entries().Comments.Lines)) {
+        host.Show(*note);
+    }
+    return std::nullopt;
+}
+
 bool OnShowTune(FormHost& host, std::size_t headerRecord) {
     const auto& samples = host.Batch().SampleList;
     if (samples && headerRecord < samples->size()) {
@@ -71,7 +79,7 @@ constexpr FormRow kRows[] = {
     {"2", "Form II, monitoring compound recovery", "Form &2 Monitoring Compound Recovery", "Ctrl+2",
      nullptr, Form2MCRClick, false, kRecoveryRanges, ShowAsItIs, Check<kRecoveryRanges>},
     {"4", "Form IV, method blank summary", "Form &4 Method Blank Summary", "Ctrl+4", nullptr,
-     Form4MBSClick, false, kBlankComments, ShowAsItIs, Check<kBlankComments>},
+     Form4MBSClick, false, kBlankComments, ShowAsItIs, OnOkComments},
     {"5", "Form V, instrument performance check", "Form &5 Instrument Performance Check", "Ctrl+5",
      nullptr, Form5IPCClick, false, kTune, OnShowTune, Check<kTune>},
     {"6", "Form VI, initial calibration data", "Form &6 Initial Calibration Data", "Ctrl+6",

@@ -42,9 +42,11 @@ TEST(PrintPackage, PrintsAFormTheSameAloneAndAmongOthers) {
     summary.LabFileId = "CHK.D";
     summary.AnalysisDateTime = "05/18/2005 08:46";
     run.host.batch.SampleList->front().CompoundCount = 1;
+    run.host.entries.Comments.Lines = {"", "", "no room"};
     JobLog together;
     EXPECT_THAT(run.PrintAll(together),
                 testing::AllOf(testing::HasSubstr("1 did: Quantitation Report Changed: S1.PRN"),
+                               testing::HasSubstr("4 did: Comments Too Long: "),
                                testing::HasSubstr("8 did: Quantitation Report Changed: S1.PRN")));
     JobLog alone;
     for (const FormRow& form : kForms) {

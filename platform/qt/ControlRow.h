@@ -11,6 +11,9 @@ inline QPushButton* AddButton(QHBoxLayout* row, const QString& caption, const ch
     auto* const button = new QPushButton(caption);
     button->setObjectName(name);
     button->setAutoDefault(false);
+    // The style would rather have all buttons wide than the last one on a small screen.
+    constexpr int kAroundText = 20;  // pixels
+    button->setMinimumWidth(button->fontMetrics().horizontalAdvance(caption) + kAroundText);
     row->addWidget(button);
     return button;
 }

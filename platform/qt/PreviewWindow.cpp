@@ -23,6 +23,7 @@ constexpr int kFitPage = 1;
 constexpr int kFirstPercent = 2;  // index in the list
 constexpr std::array<int, 7> kPercents = {50, 75, 100, 150, 200, 300, 400};
 constexpr QSize kUsualSize(940, 1000);
+constexpr int kFormLetters = 17;  // of a job's title, on a small screen
 
 std::vector<const JobPage*> PagesOf(const std::vector<PrintJob>& jobs) {
     std::vector<const JobPage*> pages;
@@ -74,6 +75,7 @@ PreviewWindow::PreviewWindow(std::vector<PrintJob> jobs, const std::string& titl
     formCombo_->hide();
     if (jobs_.size() > 1) {
         AddControl(row, "&Form:", formCombo_, "FormCombo");
+        formCombo_->setMinimumWidth(kFormLetters * fontMetrics().averageCharWidth());
         formCombo_->show();
         row->addStretch();
     }

@@ -14,7 +14,7 @@ const char* const kSaveQuestion =
     "There is file information which may\nneed to be saved. Save it now?";
 
 std::string State(TQFRForm& form) {
-    std::string state;
+    std::string state = form.statusBar()->currentMessage().toStdString();
     for (const QLabel* const label : form.statusBar()->findChildren<QLabel*>()) {
         state += label->isVisible() ? label->text().toStdString() + "|" : "";
     }
@@ -55,6 +55,7 @@ TEST(MainForm, EndsThroughTheExitSequenceOnly) {
 TEST(MainForm, SavesAndRestoresABatchWithItsState) {
     WindowRig rig;
     EXPECT_EQ(State(rig.form), "");
+    rig.form.statusBar()->showMessage("What was done");
     rig.chooser.answers = {{Example("example.qff")}, {rig.Path("copy.qff")}};
     rig.Type("^r");
     EXPECT_EQ(State(rig.form),
