@@ -70,12 +70,10 @@ void Reports::BeginJob() {
 
 bool Reports::IsFoundInLowerCase(std::string_view file) {
     const fs::path chosen = PathOf(file);
-    std::error_code error;
-    if (!fs::exists(chosen, error)) {
-        return true;
-    }
     const auto found = finder_.Find(LowerCase(file));
-    return found ? fs::equivalent(*found, chosen, error) : !finder_.FoundSeveral();
+    std::error_code error;
+    return (found && found->native() == chosen.native()) || !fs::exists(chosen, error) ||
+           (found ? fs::equivalent(*found, chosen, error) : !finder_.FoundSeveral());
 }
 
 std::optional<Reports::Stamp> Reports::StampOf(const fs::path& path) {

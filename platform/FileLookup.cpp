@@ -95,6 +95,9 @@ std::optional<fs::path> FileFinder::Find(std::string_view name) {
     if (fs::path path = PathOf(name); Exists(path)) {
         return path;
     }
+    if (const auto known = found_.find(std::string(name)); known != found_.end()) {
+        return known->second;
+    }
     std::string separated(name);
     std::replace(separated.begin(), separated.end(), '\\', '/');
     const fs::path path = PathOf(separated);
@@ -103,7 +106,11 @@ std::optional<fs::path> FileFinder::Find(std::string_view name) {
         components.push_back(TextOf(component));
     }
     questions_ = 0;
-    return FindBelow(path.root_path(), components);
+    auto found = FindBelow(path.root_path(), components);
+    if (found) {
+        found_.emplace(name, *found);
+    }
+    return found;
 }
 
 std::optional<fs::path> FileFinder::FindBeside(std::string_view name, std::string_view folder) {

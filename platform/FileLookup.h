@@ -8,6 +8,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -44,6 +45,8 @@ class FileFinder {
                                                    std::span<const std::string> components);
 
     std::map<std::filesystem::path, Listing> listings_;
+    // Names that do not stand so on disk, with the files that they have led to.
+    std::unordered_map<std::string, std::filesystem::path> found_;
     int questions_ = 0;
     bool foundSeveral_ = false;
 };
