@@ -38,12 +38,8 @@ TEST(RecoveryRanges, TakeTheChosenKindOnly) {
         EXPECT_FALSE(RecoveryRangesFile::Read(std::move(file)).Of(RecoveryLimits::kOil)) << rest;
     }
     const TempDir dir;
-    const std::string file = dir.Write("r.txt", "recovery range\n");
     Entries entries;
     MessageLog log;
-    EXPECT_EQ(BrowseRangesFile(entries, 0, file, log).value().Message.text,
-              file + " is not a recovery ranges file.\nPlease select another file.");
-    EXPECT_FALSE(BrowseRangesFile(entries, 0, dir.Write("r.txt", "recovery ranges"), log));
     const auto browse = [&](int ranges) {
         std::string text = "recovery ranges\n" + std::to_string(ranges) + "\n";
         for (int i = 0; i < ranges; ++i) {
@@ -53,9 +49,6 @@ TEST(RecoveryRanges, TakeTheChosenKindOnly) {
         return fault ? fault->Message.text.substr(0, 38) : entries.Ranges.FileName.substr(0, 1);
     };
     EXPECT_EQ(Joined({1000, 1001}, browse), "/|r.txt has more than 1,000 recovery ran");
-    entries.Ranges.FileName = "  ";
-    EXPECT_EQ(CheckEntries(TableOf(EntryDialog::kRecoveryRanges), entries).value().Message.text,
-              "Please select a file for ranges.");
 }
 
 TEST(RecoveryFlag, MarksWhatIsOutsideTheFirstMatchingRange) {

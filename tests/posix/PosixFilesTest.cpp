@@ -49,16 +49,16 @@ TEST(PosixFiles, KeepTheirPermissionsWhenTheyAreReplaced) {
     EXPECT_EQ(ReplaceFile(file, "old"), std::nullopt);
     EXPECT_EQ(fs::status(file).permissions(), usual);
     fs::permissions(file, fs::perms(0640));
-    struct stat before {};
-    struct stat after {};
     // Whose owner can be kept only by an administrator, but whose group by its members.
     EXPECT_TRUE(::chown(file.c_str(), 1234, 4321) == 0 || ::geteuid() != 0);
-    ::stat(file.c_str(), &before);
-    EXPECT_EQ(ReplaceFile(file, "new"), std::nullopt);
-    ::stat(file.c_str(), &after);
-    EXPECT_EQ(after.st_mode & 0777U, 0640U);
-    EXPECT_TRUE(after.st_uid == before.st_uid && after.st_gid == before.st_gid);
-    EXPECT_NE(after.st_ino, before.st_ino) << "overwritten";
+    struct stat states[2] {};
+    for (struct stat& state : states) {
+        ::stat(file.c_str(), &state);
+        EXPECT_EQ(ReplaceFile(file, "new"), std::nullopt);
+    }
+    EXPECT_EQ(states[1].st_mode & 0777U, 0640U);
+    EXPECT_TRUE(states[1].st_uid == states[0].st_uid && states[1].st_gid == states[0].st_gid);
+    EXPECT_NE(states[1].st_ino, states[0].st_ino) << "overwritten";
 }
 
 TEST(PosixFiles, ThatAreReadOnlyAreReplacedWhenTheUserAgrees) {
