@@ -68,7 +68,8 @@ TEST_F(LoadFiles, BuildsRecordsFromTheBlankAndTheSortedReports) {
     BuildSampleList(batch_, NewRun());
     EXPECT_EQ(batch_.SampleList->at(1).FileName, "c:\\gone\\c");
     EXPECT_EQ(batch_.SampleList->at(1).CompoundCount, 2);
-    EXPECT_EQ(batch_.SampleList->at(2).CompoundCount, 0) << "no such report anywhere";
+    const SampleRecord none{"c:\\gone\\s3", {}, 0, {}, {}};
+    EXPECT_EQ(batch_.SampleList->at(2), none) << "no such report anywhere";
 }
 
 TEST_F(LoadFiles, KeepsTypedValuesWhenReportsAreAdded) {

@@ -51,7 +51,7 @@ TEST(PosixFiles, KeepTheirPermissionsWhenTheyAreReplaced) {
     fs::permissions(file, fs::perms(0640));
     // Whose owner can be kept only by an administrator, but whose group by its members.
     EXPECT_TRUE(::chown(file.c_str(), 1234, 4321) == 0 || ::geteuid() != 0);
-    struct stat states[2] {};
+    struct stat states[2]{};
     for (struct stat& state : states) {
         ::stat(file.c_str(), &state);
         EXPECT_EQ(ReplaceFile(file, "new"), std::nullopt);
