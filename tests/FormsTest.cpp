@@ -131,7 +131,6 @@ TEST(Forms, TellWhatADamagedReportLacksAndPrint) {
     EXPECT_THAT(told(kForm7, kCal, "", ""), none);
     EXPECT_EQ(told(kForm8, kCal, "", ""), "") << "it prints nothing of them";
     const auto behind = StartsWith("RUN.CAL has text behind its compounds that is not read.\n");
-    EXPECT_THAT(told(kForm6, kCal, "A\nCompound-3", "X\nCompound-3"), behind);
     EXPECT_THAT(told(kForm8, kCal, "A\nCompound-3", "X\nCompound-3", false), behind);
     EXPECT_THAT(told(kForm7, kCheck, "2;Compound-2;", "2;Compound-9;"),
                 HasSubstr(" in their order.\nRow 2: compound-9 instead of compound-2.\n"));
@@ -210,30 +209,6 @@ TEST(Form6, MoreThanFiveLevelsTurnThePage) {
     cancelled.host.page.PrinterChosen = cancelled.host.chooses = false;
     EXPECT_THAT(cancelled.Run(Form6CIDClick), IsEmpty());
     EXPECT_THAT(cancelled.host.sink.begun, IsEmpty()) << "with the printer setup";
-}
-
-// Of one compound the check report knows no numbers, and one it lacks.
-TEST(Form7, ShowsWhatTheCheckReportHolds) {
-    CalibratedRun run(3, 4);
-    std::string& check = run.check;
-    check.replace(check.find("Compound-2;12.5"), 15, "Compound-2;n/a");
-    check.replace(check.find("Compound-3"), 10, " COMPOUND-3 ");
-    check.replace(check.find("N;Com"), 5, "  n;COM");
-    check.resize(check.find("4;Compound-4"));
-    run.dir.Write("RUN.CHECK", check);
-    run.host.entries.ContinuingCalibration.SampleNo = "VSTD050 ";
-    run.host.entries.InitialCalibration.FirstStandard = "typed";
-    Form7CCDClick(run.host);
-    EXPECT_THAT(run.host.messages.TakeTexts(),
-                ElementsAre(HasSubstr("\nRows: 3 for 4 compounds.\n")));
-    const JobPage& page = run.host.sink.jobs.at(0).pages.at(0);
-    EXPECT_THAT(run.host.sink.begun, ElementsAre("Form 7 VSTD050"));
-    EXPECT_THAT(TextsAt(page, 1.0),
-                ElementsAre("COMPOUND", "compound-1", "compound-2", "compound-3"));
-    EXPECT_TRUE(HasText(page, "n/a") && HasText(page, "13") && HasText(page, "-8.8"));
-    // The standard's own entries come from its raw data file, those of Form VI are not fetched.
-    EXPECT_TRUE(HasText(page, "CHK.D") && HasText(page, "05/18/2005") && HasText(page, "08:46"));
-    EXPECT_EQ(run.host.entries.InitialCalibration.FirstStandard, "typed");
 }
 
 TEST(Form8, WithoutCheckReportALevelOfTheCalibrationIsTheStandard) {

@@ -1,4 +1,4 @@
-// Every form of three batches as it prints, text by text and rule by rule, against the pages in
+// Every form of four batches as it prints, text by text and rule by rule, against the pages in
 // tests/pages that somebody has looked at. tests/renew-pages.sh writes them anew.
 #include <cstdlib>
 #include <fstream>
@@ -96,6 +96,7 @@ TEST(Pages, AreTheApprovedOnes) {
         {"example", ExampleDir() / "example.qff", 4},
         {"wrapped", TestData("wrapped/wrapped.qff"), 4},
         {"landscape", TestData("landscape/landscape.qff"), 3, true},
+        {"damaged", TestData("damaged/damaged.qff"), 4},
     };
     for (const PagesBatch& batch : batches) {
         const fs::path folder = fs::path(QFR_SOURCE_DIR) / "tests/pages" / batch.name;
