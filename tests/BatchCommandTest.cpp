@@ -204,13 +204,6 @@ TEST_F(BatchCommand, ShowsEveryValueUnderItsName) {
               "[0]" + ReadAll(TestData("full/shown.txt")));
 }
 
-TEST_F(BatchCommand, PrintsACalibrationThatWasKeptWithoutItsRawDataFiles) {
-    for (const std::string file : {"example.qff", "VOA0516.CAL"}) {
-        fs::copy_file(ExampleDir() / file, file);
-    }
-    EXPECT_THAT(Print("example.qff --forms 6 -o x.pdf"), StartsWith("[0]Form 6: "));
-}
-
 TEST_F(BatchCommand, SaysWhatItCannotPrint) {
     Report("a.prn", "S3", 2);
     EXPECT_THAT(Print("day.qff --forms 1 -o x.pdf --sample S2"),

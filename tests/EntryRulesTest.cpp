@@ -101,11 +101,9 @@ TEST(TicList, OnlyTheQualifierMayBeMissing) {
 }
 
 TEST(CalibrationEntryRules, OkAsksInItsOrder) {
-    Entries entries;
-    BatchFlags flags;
-    Batch batch;
+    ScriptedHost host;
+    Entries& entries = host.entries;
     Reports reports;
-    MessageLog messages;
     const TempDir dir;
     InitialCalibrationEntry& initial = entries.InitialCalibration;
     ContinuingCalibrationEntry& continuing = entries.ContinuingCalibration;
@@ -114,9 +112,10 @@ TEST(CalibrationEntryRules, OkAsksInItsOrder) {
     continuing.AnalysisDateTime = "05/16/2005 24:00";
     standard.Levels = {"20"};
     const auto fault = [&] {
-        auto found = AcceptInitialCalibration(entries, 2, flags);
-        found = found ? found : AcceptContinuingCalibration(entries, batch, reports, flags);
-        return Control(found ? found : AcceptStandardSummary(entries, batch, reports, messages));
+        auto found = AcceptInitialCalibration(entries, 2, host.flags);
+        found =
+            found ? found : AcceptContinuingCalibration(entries, host.batch, reports, host.flags);
+        return Control(found ? found : AcceptStandardSummary(entries, host.batch, reports, host));
     };
     // The control that is asked for, and what is entered there then.
     const std::tuple<const char*, std::string&, std::string> steps[] = {
@@ -142,19 +141,19 @@ TEST(CalibrationEntryRules, OkAsksInItsOrder) {
         entry = value;
     }
     EXPECT_EQ(fault(), "");
-    EXPECT_TRUE(flags.InitCalEntered && flags.ContCalEntered);
+    EXPECT_TRUE(host.flags.InitCalEntered && host.flags.ContCalEntered);
     EXPECT_EQ(continuing.FirstStandard + " " + continuing.LastStandard, kFirst + " " + kLast)
         << "handed on by Form VI";
     EXPECT_EQ(standard.FirstCalibrationDate, "05/16/2005");
     EXPECT_EQ(standard.LastCalibrationDate, "05/17/2005");
     EXPECT_EQ(standard.LevelIndex, 0) << "of the number";
-    EXPECT_THAT(messages.TakeTitles(), ElementsAre("Warning")) << "of its data, once";
+    EXPECT_THAT(host.messages.TakeTitles(), ElementsAre("Warning")) << "of its data, once";
     const auto& times = *std::ranges::find(TableOf(EntryDialog::kStandardSummary).Fields, "RTEdit",
                                            &EntryField::Control);
     standard.RetentionTimes = {"late"};
     EXPECT_FALSE(CheckLeft(TableOf(EntryDialog::kStandardSummary), times, 0, entries,
                            {.CheckReport = true}));
-    batch.Files.CheckCal = "named";
+    host.batch.Files.CheckCal = "named";
     EXPECT_EQ(fault(), "") << "the check report has them";
 }
 

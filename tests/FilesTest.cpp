@@ -121,11 +121,7 @@ TEST_F(Paths, AreRememberedByTheKindOfFile) {
     for (int letters = 1; letters < 99; ++letters) {
         longest += "ä";
     }
-    const struct {
-        FileKind kind;
-        std::string file;
-        std::string content;
-    } cases[] = {
+    const std::tuple<FileKind, std::string, std::string> cases[] = {
         {FileKind::kQuantReport, "/new/x.prn", "/new\nb\ninstallPath\nd\n"},
         {FileKind::kCalibration, "/new/x.cal", "a\n/new\ninstallPath\nd\n"},
         {FileKind::kCheckReport, "c:\\new\\x.check", "c:\\new\nb\ninstallPath\nd\n"},
@@ -139,11 +135,11 @@ TEST_F(Paths, AreRememberedByTheKindOfFile) {
         {FileKind::kText, "/a\xFF/x.txt", "a\nb\ninstallPath\nd\n"},
         {FileKind::kText, "/a\nb/x.txt", "a\nb\ninstallPath\nd\n"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [kind, file, content] : cases) {
         // The file is read before it is written, whatever has been chosen before.
         Write("a\nb\ninstallPath\nd\n");
-        paths_.RememberDir(c.file, c.kind);
-        EXPECT_EQ(ReadAll(dir_.Path() / "QFRpaths.txt"), c.content) << c.file;
+        paths_.RememberDir(file, kind);
+        EXPECT_EQ(ReadAll(dir_.Path() / "QFRpaths.txt"), content) << file;
     }
     EXPECT_THAT(messages_.shown, IsEmpty());
 }
