@@ -131,6 +131,14 @@ TEST_F(BatchCommand, AnswersAsApproved) {
     dir_.Write("short.txt", std::string(12, '\n'));
     dir_.Write("semicolon.txt", "Lab; Inc." + std::string(13, '\n'));
     dir_.Write("empty.qff", "QFRForms\n\n\n\n/b.prn\n0\n/d.cal\n/d.check\n0\n0\n\n;1;\n");
+    const auto odd = [this](const std::string& name, const std::string& header) {
+        dir_.Write(name, ReportText{.header = header}.Text());
+    };
+    odd("odd1.prn", "Acquisition Date: 18-May-2005 23:59\nSample ID: S;1\n");
+    odd("odd2.prn", "Acquisition Date:\nSample Size: 5;0\n");
+    odd("odd3.prn", "Acquisition Date: 18/05/2005\n");
+    odd("full.prn", "Client Sample: " + std::string(400, 'x') + "\n");
+    odd("long.prn", "Client Sample: " + std::string(401, 'y') + "\n");
     fs::create_directories("folder/d");
     dir_.Write("huge.txt", "");
     fs::resize_file("huge.txt", LineReader::kMaxFileSize + 1);
@@ -148,6 +156,8 @@ TEST_F(BatchCommand, AnswersAsApproved) {
     EXPECT_THAT(ReadAll("rest.qff"), HasSubstr("\n1\n" + Stored("a.prn") + "\n"));
     EXPECT_EQ(Restored("comma.qff").Batch.SampleList->at(0).Header[HeaderField::kLabName],
               "Lab, Inc.");
+    EXPECT_THAT(ReadAll("odd.qff"), AllOf(HasSubstr("\nS,1;"), HasSubstr(std::string(400, 'x')),
+                                          HasSubstr(";" + std::string(400, 'y') + ";")));
     EXPECT_THAT(Run("load -o no/x.qff a.prn"),
                 StartsWith("File Error: x.qff could not be written.\nqfrbatch: "));
     EXPECT_THAT(Print("day.qff --forms 1 --output-dir a.prn"),

@@ -314,33 +314,6 @@ TEST_F(LoadFiles, ClearsABatchWithoutReportsForATableThatIsTooLong) {
     EXPECT_EQ(FileNameOnly(batch_.Files.LabBlank), "v") << "where nobody has it cleared";
 }
 
-TEST_F(LoadFiles, TellsWhatIsOddAboutReportsThatAreTaken) {
-    const auto write = [this](const std::string& name, const std::string& header) {
-        return dir_.Write(name, ReportText{.header = header}.Text());
-    };
-    const std::string id = "Sample ID: ";
-    EXPECT_TRUE(Add({write("a.prn", "Acquisition Date: 18-May-2005 23:59\n" + id + "S;1\n"),
-                     write("b.prn", "Acquisition Date:\nSample Size: 5;0\n"),
-                     write("c.prn", "Acquisition Date: 18/05/2005\n"),
-                     write("d.prn", "Client Sample: " + std::string(400, 'x') + "\n"),
-                     write("e.prn", "Client Sample: " + std::string(401, 'x') + "\n")}));
-    EXPECT_THAT(log_.TakeTexts(),
-                testing::ElementsAre(
-                    "e.prn holds a text of more than 400 characters.\nOf such a text the first 400 "
-                    "are taken.",
-                    "The date could not be read in these reports. Please enter it for Form 1.\n"
-                    "a.prn: 18-May-2005 23:59\nc.prn: 18/05/2005",
-                    "A \";\" cannot be kept in a batch. It is taken as \",\" in these values:\n"
-                    "a.prn: S;1\nb.prn: 5;0"));
-    BuildSampleList(batch_, NewRun());
-    EXPECT_EQ(batch_.SampleList->at(0).Header[HeaderField::kZovSampleNo], "S,1");
-    EXPECT_EQ(batch_.SampleList->at(4).Header[HeaderField::kLabSampleId].size(), 400u);
-    std::string rows = ReportText{.rows = 1}.Text();
-    rows.replace(rows.find("Compound;"), 8, std::string(401, 'x'));
-    EXPECT_TRUE(Add({dir_.Write("f.prn", rows)}));
-    EXPECT_THAT(log_.TakeTitles(), testing::ElementsAre("Warning"));
-}
-
 TEST_F(LoadFiles, RefusesWhatIsTooLarge) {
     const std::string large = dir_.Write("Large.CAL", "Date");
     std::filesystem::resize_file(large, LineReader::kMaxFileSize + 1);
