@@ -82,7 +82,7 @@ TEST(BatchFile, RefusesWhole) {
     }
     EXPECT_EQ(refusal(kNameCount, "-1"), "-1 does not read properly.");
     EXPECT_EQ(refusal(7, "ab"), "ab does not read properly.") << "too short for a name";
-    EXPECT_THAT(Restored(WithLine(full, 7, "a.b")).Batch.Files.QFiles, Contains("a.b"));
+    EXPECT_THAT(Restored(WithLine(full, 7, "a.b")).Batch.Files.QFiles, testing::Contains("a.b"));
     EXPECT_EQ(refusal(kRecordCount, " x1"), "x1 does not read properly.");
     // Of two failing lines the first is reported, and counts may pass for names at first.
     EXPECT_EQ(refusal(kNameCount, "x\n\n"), "x does not read properly.");

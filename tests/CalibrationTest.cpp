@@ -4,7 +4,7 @@
 #include "forms/Form7Content.h"
 #include "forms/Form8Content.h"
 #include "platform/Text.h"
-#include "tests/FormSupport.h"
+#include "tests/Support.h"
 
 namespace qfr::test {
 namespace {

@@ -5,7 +5,7 @@
 #include "forms/Form1VoaContent.h"
 #include "forms/Form2Content.h"
 #include "platform/Numbers.h"
-#include "tests/FormSupport.h"
+#include "tests/Support.h"
 
 namespace qfr::test {
 namespace {
@@ -264,13 +264,10 @@ TEST(Form2, PagesOfSamplesAndOfCompounds) {
     EXPECT_EQ(pages(1, 22), "- A1 - B1 - C1 - Page 1 of 1");
 }
 
-TEST(Form2, PrintsItsHeadsWithoutAnyReport) {
-    Recoveries form(1, 2);
-    form.host.batch.SampleList->front().FileName = "c:\\gone.prn";
-    EXPECT_EQ(form.Pages().size(), 3U);
-}
-
-TEST(Form2, WithoutRangesNothingPrints) {
+TEST(Form2, PrintsItsHeadsWithoutReportsAndNothingWithoutRanges) {
+    Recoveries lost(1, 2);
+    lost.host.batch.SampleList->front().FileName = "c:\\gone.prn";
+    EXPECT_EQ(lost.Pages().size(), 3U);
     Recoveries form(2, 2);
     form.host.ok = false;
     Form2MCRClick(form.host);

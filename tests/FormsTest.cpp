@@ -8,7 +8,7 @@
 #include "forms/Form7Content.h"
 #include "forms/Form8Content.h"
 #include "forms/FormContent.h"
-#include "tests/FormSupport.h"
+#include "tests/Support.h"
 
 namespace qfr::test {
 namespace {

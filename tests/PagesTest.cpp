@@ -83,14 +83,6 @@ std::map<std::string, std::string> PrintedPages(const PagesBatch& batch) {
     return pages;
 }
 
-void WritePages(const fs::path& folder, const std::map<std::string, std::string>& pages) {
-    fs::remove_all(folder);
-    fs::create_directories(folder);
-    for (const auto& [name, content] : pages) {
-        std::ofstream(folder / name, std::ios::binary) << content;
-    }
-}
-
 TEST(Pages, AreTheApprovedOnes) {
     const PagesBatch batches[] = {
         {"example", ExampleDir() / "example.qff", 4},
@@ -102,7 +94,11 @@ TEST(Pages, AreTheApprovedOnes) {
         const fs::path folder = fs::path(QFR_SOURCE_DIR) / "tests/pages" / batch.name;
         auto printed = PrintedPages(batch);
         if (std::getenv("QFR_RENEW_PAGES") != nullptr) {
-            WritePages(folder, printed);
+            fs::remove_all(folder);
+            fs::create_directories(folder);
+            for (const auto& [name, content] : printed) {
+                std::ofstream(folder / name, std::ios::binary) << content;
+            }
         }
         std::map<std::string, std::string> approved;
         for (const auto& file : fs::directory_iterator(folder)) {

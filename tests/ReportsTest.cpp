@@ -138,10 +138,8 @@ TEST(Reports, AreAcceptedWhenTheyCannotBeOpened) {
     const TempDir dir;
     FileSet files = kDay1Files;
     MessageLog log;
-    dir.Write("Folder.PRN/x", "");
-    for (const std::string file : {"/Folder.PRN", "/Missing.PRN"}) {
-        EXPECT_TRUE(Validate(dir.Path().string() + file, files, log));
-    }
+    const std::string inFolder = dir.Write("Folder.PRN/x", "");
+    EXPECT_TRUE(Validate(inFolder.substr(0, inFolder.size() - 2), files, log));
     EXPECT_TRUE(Validate("/no/Day1.Cal", files, log) && Validate("/no/S.Check", files, log));
     EXPECT_TRUE(log.shown.empty());
     EXPECT_FALSE(Validate("/no/Day2.Cal", files, log));

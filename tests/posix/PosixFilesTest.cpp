@@ -17,7 +17,6 @@
 #include "platform/LineReader.h"
 #include "platform/SettingsDir.h"
 #include "platform/Text.h"
-#include "tests/FormSupport.h"
 #include "tests/Support.h"
 
 namespace qfr::test {
@@ -187,6 +186,7 @@ TEST(PosixProgram, IsToldThatItIsToEnd) {
 struct Loading : BatchOwner {
     void ResetEntryDialogs() override {}
     std::string operator()(const std::string& file) {
+        std::string told;
         for (TakeReports* const take :
              {TakeLabBlank, AddQuantReports, TakeCalReport, TakeCheckReport}) {
             Batch batch;
@@ -195,9 +195,8 @@ struct Loading : BatchOwner {
             const bool taken = take(batch, {file}, reports, log, *this);
             told += (taken ? "+" : "-") + (log.shown.empty() ? "" : log.shown.front().text);
         }
-        return std::exchange(told, "");
+        return told;
     }
-    std::string told;
 };
 
 TEST(PosixFiles, ThatABatchCouldNotFindAgainAreNotLoaded) {

@@ -170,8 +170,7 @@ TEST_F(FileChooserTest, OpensOnTheFilterAndTellsTheOneItEndedWith) {
               "Text Files (*.txt) (*.txt)|All Files (*.*) (*)");
 }
 
-using testing::ContainsRegex;
-using testing::HasSubstr;
+using namespace ::testing;
 
 PrintJob JobOf(const std::vector<PageItem>& items, bool turned = false) {
     return {"Form 1 VBLK01", kLetterPaper, {LetterPage(items, turned)}};
