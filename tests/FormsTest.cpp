@@ -1,5 +1,4 @@
-// Forms IV to VIII, which list the samples or the compounds of one run, and the page that all forms
-// are printed on.
+// Forms IV to VIII, of the samples or compounds of one run, and the page they are printed on.
 #include <algorithm>
 
 #include "forms/Form4Content.h"

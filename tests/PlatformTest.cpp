@@ -1,5 +1,4 @@
-// What the host system's files are to the program, read, found and replaced, and what reports and
-// dialogs hold as text: fields, paths, numbers, dates.
+// Files as the host system has them, and what texts hold: fields, paths, numbers, dates.
 #include <cmath>
 
 #include "app/PathsFile.h"
@@ -117,8 +116,6 @@ TEST_F(Paths, AreFourLines) {
 TEST_F(Paths, AreCreatedAfterAMessageWhenTheyAreMissing) {
     EXPECT_EQ(paths_.ReadPath(FileKind::kQuantReport), settings_.ProgramDir());
     EXPECT_THAT(messages_.TakeTexts(), ElementsAre("Pathfile missing.  Creating new pathfile."));
-    EXPECT_EQ(paths_.ReadPath(FileKind::kBatch), settings_.ProgramDir());
-    EXPECT_THAT(messages_.shown, IsEmpty());
 }
 
 TEST_F(Paths, AreRememberedByTheKindOfFile) {

@@ -1,5 +1,4 @@
-// The three kinds of Tallyworks reports: what the batch takes of them, what it refuses, and how it
-// is kept in step with them.
+// The three kinds of Tallyworks reports: what the batch takes of them, and what it refuses.
 #include "data/LoadFiles.h"
 #include "platform/Text.h"
 #include "tests/Support.h"
