@@ -72,31 +72,27 @@ TEST(BatchFile, RefusesWhole) {
     const std::string full = FullText();
     const auto refusal = [&full](int line, const std::string& text) {
         const Message message = std::get<Message>(Restore(WithLine(full, line, text)));
-        EXPECT_EQ(message.icon, MessageIcon::kInformation);
         EXPECT_EQ(message.title, line == 1 ? "Improper File Type" : "File Not Found");
-        return message.text.substr(0, message.text.find("\nRestore will be aborted"));
+        EXPECT_TRUE(line == 1 || message.text.ends_with("\nRestore will be aborted"));
+        return message.text.substr(0, message.text.find("\nRestore"));
     };
-    EXPECT_EQ(refusal(1, ""), "/d/x.qff is not a\nQFRForm saved file.");
     EXPECT_EQ(refusal(1, "QFRForms "), "/d/x.qff is not a\nQFRForm saved file.");
     for (const int name : {5, 7, 9, 10}) {
         EXPECT_EQ(refusal(name, " \t"), " does not exist.");
     }
     EXPECT_EQ(refusal(kNameCount, "-1"), "-1 does not read properly.");
     EXPECT_EQ(refusal(7, "ab"), "ab does not read properly.") << "too short for a name";
-    EXPECT_THAT(Restored(WithLine(full, 7, "a.b")).Batch.Files.QFiles, Contains("a.b"));
+    EXPECT_THAT(Restored(WithLine(full, 7, "a.b")).Batch.Files.QFiles, testing::Contains("a.b"));
     EXPECT_EQ(refusal(kRecordCount, " x1"), "x1 does not read properly.");
     // Of two failing lines the first is reported, and counts may pass for names at first.
     EXPECT_EQ(refusal(kNameCount, "x\n\n"), "x does not read properly.");
     EXPECT_EQ(refusal(kRecordCount, "99999999999"), "99999999999 does not read properly.");
     EXPECT_EQ(refusal(kSecondTicCount, "-2"), "-2 does not read properly.");
     EXPECT_EQ(refusal(kFlagCount, ""), " does not read properly.");
-    EXPECT_EQ(std::get<Message>(Restore("QFRForms\n\n\n\n\n")).text,
-              " does not exist.\nRestore will be aborted");
 }
 
 TEST(BatchFile, TakesNoMoreThanTheFileHolds) {
     const std::string full = FullText();
-    const std::string huge = "2147483647";
     // Every line after the count is a name then.
     EXPECT_THAT(Restored(WithLine(full, kNameCount, "10000")).Batch.Files.QFiles, SizeIs(24));
     const std::string samplesOnly = full.substr(0, full.find("3\n1;0;1;\n"));
@@ -107,10 +103,9 @@ TEST(BatchFile, TakesNoMoreThanTheFileHolds) {
     const auto flags = [&full](const std::string& count) {
         return Restored(WithLine(full, kFlagCount, count)).Batch.BlankHitFlags;
     };
-    EXPECT_THAT(flags("0"), IsEmpty());
     EXPECT_THAT(flags("2"), ElementsAre(true, false));
     EXPECT_THAT(flags("5"), ElementsAre(true, false, true, false, false));
-    EXPECT_EQ(flags("100000").size() + flags(huge).size(), 200000u);
+    EXPECT_EQ(flags("100000").size() + flags("2147483647").size(), 200000u);
     const auto rows = [&full](const std::string& count) {
         const SavedBatch saved = Restored(WithLine(full, kFirstRecord, "/d/a.prn;" + count + ";"));
         return std::to_string(saved.Batch.SampleList->front().CompoundCount);
@@ -177,19 +172,12 @@ TEST(BatchFile, RestoresEntries) {
         with(kInitial, "  /  /       :  ;05/16/2005 12:00;A;").InitialCalibration;
     EXPECT_EQ(initial.FirstStandard, "  /  /       :  ");
     EXPECT_THAT(initial.LabFileIds, ElementsAre("A", "", "", "", "", "", "", "", "", ""));
-    SavedBatch shifted = Restored(FullText());  // by a delimiter in a value
-    shifted.Batch.SampleList->front().Header[HeaderField::kLabName] = "a;b";
-    const SampleHeader header = Restored(Saved(shifted)).Batch.SampleList->front().Header;
-    EXPECT_EQ(header[HeaderField::kLabName] + header[HeaderField::kContract], "ab");
-    EXPECT_EQ(header[HeaderField::kLabCode], "/d/vblk.prn4");
-    const auto level = [&with](const char* saved) {
-        const std::string line = "VSTD050" + std::string(saved);
+    const auto level = [&with](const std::string& saved) {
+        const std::string line = "VSTD050;;;;;;;;" + saved;
         return std::to_string(with(kSummary, line.c_str()).StandardSummary.LevelIndex);
     };
-    EXPECT_EQ(Joined({";;;;;;;;0;", ";;;;;;;;4;", ";;;;;;;;5;", ";;;;;;;;9;"}, level), "0|4|5|9");
-    EXPECT_EQ(
-        Joined({"", ";;;;;;;;", ";;;;;;;;-1;", ";;;;;;;;-7;", ";;;;;;;;10;", ";;;;;;;;x;"}, level),
-        "-1|-1|-1|-1|-1|-1");
+    EXPECT_EQ(Joined<std::string>({"0;", "9;", "", "-1;", "-7;", "10;", "x;"}, level),
+              "0|9|-1|-1|-1|-1|-1");
 }
 
 TEST(BatchFile, RestoresReportsInOrderWithTheirRecords) {

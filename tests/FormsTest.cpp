@@ -1,4 +1,4 @@
-// Forms IV to VIII, which list the samples or the compounds of one run.
+// Forms IV to VIII, of the samples or compounds of one run, and the page they are printed on.
 #include <algorithm>
 
 #include "forms/Form4Content.h"
@@ -7,7 +7,7 @@
 #include "forms/Form7Content.h"
 #include "forms/Form8Content.h"
 #include "forms/FormContent.h"
-#include "tests/FormSupport.h"
+#include "tests/Support.h"
 
 namespace qfr::test {
 namespace {
@@ -131,7 +131,6 @@ TEST(Forms, TellWhatADamagedReportLacksAndPrint) {
     EXPECT_THAT(told(kForm7, kCal, "", ""), none);
     EXPECT_EQ(told(kForm8, kCal, "", ""), "") << "it prints nothing of them";
     const auto behind = StartsWith("RUN.CAL has text behind its compounds that is not read.\n");
-    EXPECT_THAT(told(kForm6, kCal, "A\nCompound-3", "X\nCompound-3"), behind);
     EXPECT_THAT(told(kForm8, kCal, "A\nCompound-3", "X\nCompound-3", false), behind);
     EXPECT_THAT(told(kForm7, kCheck, "2;Compound-2;", "2;Compound-9;"),
                 HasSubstr(" in their order.\nRow 2: compound-9 instead of compound-2.\n"));
@@ -212,30 +211,6 @@ TEST(Form6, MoreThanFiveLevelsTurnThePage) {
     EXPECT_THAT(cancelled.host.sink.begun, IsEmpty()) << "with the printer setup";
 }
 
-// Of one compound the check report knows no numbers, and one it lacks.
-TEST(Form7, ShowsWhatTheCheckReportHolds) {
-    CalibratedRun run(3, 4);
-    std::string& check = run.check;
-    check.replace(check.find("Compound-2;12.5"), 15, "Compound-2;n/a");
-    check.replace(check.find("Compound-3"), 10, " COMPOUND-3 ");
-    check.replace(check.find("N;Com"), 5, "  n;COM");
-    check.resize(check.find("4;Compound-4"));
-    run.dir.Write("RUN.CHECK", check);
-    run.host.entries.ContinuingCalibration.SampleNo = "VSTD050 ";
-    run.host.entries.InitialCalibration.FirstStandard = "typed";
-    Form7CCDClick(run.host);
-    EXPECT_THAT(run.host.messages.TakeTexts(),
-                ElementsAre(HasSubstr("\nRows: 3 for 4 compounds.\n")));
-    const JobPage& page = run.host.sink.jobs.at(0).pages.at(0);
-    EXPECT_THAT(run.host.sink.begun, ElementsAre("Form 7 VSTD050"));
-    EXPECT_THAT(TextsAt(page, 1.0),
-                ElementsAre("COMPOUND", "compound-1", "compound-2", "compound-3"));
-    EXPECT_TRUE(HasText(page, "n/a") && HasText(page, "13") && HasText(page, "-8.8"));
-    // The standard's own entries come from its raw data file, those of Form VI are not fetched.
-    EXPECT_TRUE(HasText(page, "CHK.D") && HasText(page, "05/18/2005") && HasText(page, "08:46"));
-    EXPECT_EQ(run.host.entries.InitialCalibration.FirstStandard, "typed");
-}
-
 TEST(Form8, WithoutCheckReportALevelOfTheCalibrationIsTheStandard) {
     CalibratedRun run(3, 1);
     StandardSummaryEntry& entry = run.host.entries.StandardSummary;
@@ -248,11 +223,87 @@ TEST(Form8, WithoutCheckReportALevelOfTheCalibrationIsTheStandard) {
                 ElementsAre("A left over ug/L concentration was not found. Return to\nForm 8 entry "
                             "to enter the appropriate concentration."));
     entry.Levels = {"20"};
-    const JobPage& page = run.FirstPage(Form8ARTClick);
+    EXPECT_TRUE(HasText(run.FirstPage(Form8ARTClick), "late"));
     EXPECT_TRUE(run.host.flags.Form8DataReady);
-    for (const char* text : {"2000", "4000", "7.25", "7.75", "6.50", "5.50", "late"}) {
-        EXPECT_TRUE(HasText(page, text)) << text;
+}
+
+TEST(Page, ScalesFollowThePaper) {
+    ScriptedHost host;
+    const auto scales = [&host](const Paper& paper) {
+        host.printer.PaperSize = paper;
+        host.page.SetupPage();
+        return std::to_string(host.page.HorzScale) + " x " + std::to_string(host.page.VertScale);
+    };
+    EXPECT_EQ(scales({"A4", 8.27, 11.69}), "583 x 637");
+    host.printer.Orientation = PageOrientation::kLandscape;
+    EXPECT_EQ(scales({"A4", 8.27, 11.69}), "825 x 451");
+}
+
+TEST(Page, AsksForThePrinterOnceAndAgainWhenItChanged) {
+    ScriptedHost host;
+    EXPECT_TRUE(host.page.testPrinter());
+    EXPECT_EQ(host.printerSetups, 1);
+    host.printer.PrinterIndex = 2;
+    host.chooses = false;
+    EXPECT_FALSE(host.page.testPrinter() || host.page.testPrinter());
+    EXPECT_EQ(host.printerSetups, 3) << "cancelled, it comes up again";
+    host.chooses = true;
+    EXPECT_TRUE(host.page.testPrinter() && host.page.testPrinter());
+    EXPECT_EQ(host.printerSetups, 4);
+}
+
+TEST(Page, SplitsNamesAfterHyphensOnly) {
+    ScriptedHost host;
+    const auto split = [&host](const std::string& name, double width = 2.6) {
+        std::vector<std::string> lines;
+        host.page.SplitAtHyphens(name, lines, width);
+        return lines;
+    };
+    // 2.6 inches hold 37 letters b and not 38.
+    EXPECT_THAT(split("1,1,2-trichloro-1,2,2-trifluoroethane-by-gas-chromatography"),
+                ElementsAre("1,1,2-trichloro-1,2,2-trifluoroethane-by-gas-", "chromatography"));
+    const std::string tail(50, 'b');
+    EXPECT_THAT(split("head-" + tail), ElementsAre("head-", tail));
+    // Nothing to break at: one line, and the program goes on.
+    for (const std::string& name :
+         {std::string(), "b-" + std::string(35, 'b'), tail, tail + "-tail", std::string(8, '-')}) {
+        EXPECT_THAT(split(name), ElementsAre(name));
     }
+    const double asWide = host.page.TextWidthInch("ab-cd");
+    EXPECT_THAT(split("ab-cd", asWide), ElementsAre("ab-", "cd"));
+}
+
+TEST(Page, DropsAJobThatTheUserGaveUp) {
+    ScriptedHost host;
+    host.sink.accept = false;
+    host.printer.BeginDoc();
+    host.page.TextOutInch("lost", 1, 1);
+    host.printer.EndDoc();
+    EXPECT_TRUE(host.sink.jobs.empty());
+    host.sink.accept = true;
+    host.printer.BeginDoc();
+    host.printer.EndDoc();
+    host.printer.EndDoc();
+    ASSERT_EQ(host.sink.jobs.size(), 1U);
+    EXPECT_TRUE(host.sink.jobs[0].pages.at(0).items.empty());
+}
+
+TEST(FormPreconditions, FirstCompleteHeaderWinsAndTheFirstGapIsNoted) {
+    ScriptedHost host;
+    host.batch.SampleList = SampleListType{CompleteRecord("A"), CompleteRecord("B")};
+    (*host.batch.SampleList)[0].Header[HeaderField::kCaseNo] = "  ";
+    EXPECT_EQ(CheckFormPreconditions(host, "Form 4"), 1U);
+    EXPECT_EQ(host.pendingFocus, HeaderField::kCaseNo);
+    (*host.batch.SampleList)[1].Header[HeaderField::kColumnLength] = "";
+    EXPECT_EQ(CheckFormPreconditions(host, "Form 4"), std::nullopt);
+    EXPECT_EQ(host.pendingFocus, HeaderField::kColumnLength);
+    host.batch.SampleList.reset();
+    EXPECT_EQ(CheckFormPreconditions(host, "Form 4"), std::nullopt);
+    EXPECT_THAT(host.messages.TakeTexts(),
+                ElementsAre("Header information is not complete for Form 4.\nGo to Form1 and enter "
+                            "header information for at\nleast one quantitation file. Then return "
+                            "and print\n Form 4.",
+                            "Please use Data Files|Load Files menu selections\nto specify files."));
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "tests/FormSupport.h"
+#include "tests/Support.h"
 
 namespace qfr::test {
 namespace {

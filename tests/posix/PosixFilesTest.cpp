@@ -1,7 +1,11 @@
-// What only systems with permissions and pipes can show of the program's files.
+// What only systems with permissions and pipes can show of the program's files, and how often a run
+// opens them.
 #include <chrono>
 #include <csignal>
+#include <cstring>
 #include <future>
+#include <map>
+#include <sys/inotify.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -49,16 +53,16 @@ TEST(PosixFiles, KeepTheirPermissionsWhenTheyAreReplaced) {
     EXPECT_EQ(ReplaceFile(file, "old"), std::nullopt);
     EXPECT_EQ(fs::status(file).permissions(), usual);
     fs::permissions(file, fs::perms(0640));
-    struct stat before {};
-    struct stat after {};
     // Whose owner can be kept only by an administrator, but whose group by its members.
     EXPECT_TRUE(::chown(file.c_str(), 1234, 4321) == 0 || ::geteuid() != 0);
-    ::stat(file.c_str(), &before);
-    EXPECT_EQ(ReplaceFile(file, "new"), std::nullopt);
-    ::stat(file.c_str(), &after);
-    EXPECT_EQ(after.st_mode & 0777U, 0640U);
-    EXPECT_TRUE(after.st_uid == before.st_uid && after.st_gid == before.st_gid);
-    EXPECT_NE(after.st_ino, before.st_ino) << "overwritten";
+    struct stat states[2]{};
+    for (struct stat& state : states) {
+        ::stat(file.c_str(), &state);
+        EXPECT_EQ(ReplaceFile(file, "new"), std::nullopt);
+    }
+    EXPECT_EQ(states[1].st_mode & 0777U, 0640U);
+    EXPECT_TRUE(states[1].st_uid == states[0].st_uid && states[1].st_gid == states[0].st_gid);
+    EXPECT_NE(states[1].st_ino, states[0].st_ino) << "overwritten";
 }
 
 TEST(PosixFiles, ThatAreReadOnlyAreReplacedWhenTheUserAgrees) {
@@ -182,6 +186,7 @@ TEST(PosixProgram, IsToldThatItIsToEnd) {
 struct Loading : BatchOwner {
     void ResetEntryDialogs() override {}
     std::string operator()(const std::string& file) {
+        std::string told;
         for (TakeReports* const take :
              {TakeLabBlank, AddQuantReports, TakeCalReport, TakeCheckReport}) {
             Batch batch;
@@ -190,9 +195,8 @@ struct Loading : BatchOwner {
             const bool taken = take(batch, {file}, reports, log, *this);
             told += (taken ? "+" : "-") + (log.shown.empty() ? "" : log.shown.front().text);
         }
-        return std::exchange(told, "");
+        return told;
     }
-    std::string told;
 };
 
 TEST(PosixFiles, ThatABatchCouldNotFindAgainAreNotLoaded) {
@@ -240,6 +244,95 @@ TEST(PosixFiles, OfAProgramThatMayNotWriteThemAreTheUsersOwnCopies) {
     EXPECT_EQ(ReadAll(fresh.ForReading("p.txt")), "shipped");
     EXPECT_EQ(fresh.ForWriting("p.txt"), home / ".config" / "qfr" / "p.txt");
     EXPECT_TRUE(fs::is_directory(home / ".config" / "qfr"));
+}
+
+// Counts how often each file of a directory is opened while this lives; the directory itself, for
+// its names, under "".
+class Openings {
+  public:
+    explicit Openings(const std::filesystem::path& directory)
+        : queue_(::inotify_init1(IN_NONBLOCK)) {
+        EXPECT_GE(::inotify_add_watch(queue_, directory.c_str(), IN_OPEN), 0);
+    }
+    ~Openings() { ::close(queue_); }
+    Openings(const Openings&) = delete;
+    Openings& operator=(const Openings&) = delete;
+
+    std::map<std::string, int> Take() const {
+        std::map<std::string, int> counts;
+        alignas(inotify_event) char events[4096];
+        for (ssize_t size = 0; (size = ::read(queue_, events, sizeof(events))) > 0;) {
+            for (ssize_t at = 0; at < size;) {
+                inotify_event event{};
+                std::memcpy(&event, events + at, sizeof(event));
+                const char* const name = events + at + sizeof(event);
+                ++counts[event.len > 0 ? name : ""];
+                at += static_cast<ssize_t>(sizeof(event) + event.len);
+            }
+        }
+        return counts;
+    }
+
+  private:
+    int queue_;
+};
+
+// 500 samples whose names are in lower case, as batches keep them, and whose files are not.
+TEST(OpenedFiles, AreReadOnceInARunAndTheirFolderIsListedOnce) {
+    CalibratedRun run(3, 2, 500);
+    ScriptedHost& host = run.host;
+    for (SampleRecord& sample : *host.batch.SampleList) {
+        run.dir.Write(FileNameOnly(sample.FileName), ReportText().Text() +
+                                                         "Volatile\nheads\n1;d8;99\n\n" +
+                                                         ReadAll(PathOf(sample.FileName)));
+        sample.FileName = LowerCase(sample.FileName);
+        sample.CompoundCount = 2;
+    }
+    host.entries.Ranges.FileName = run.dir.Write("RANGES.TXT", "recovery ranges\n1\nd8;1;2\n");
+    host.entries.ContinuingCalibration.InstrumentId = "GC 2";
+    host.entries.ContinuingCalibration.SampleNo = host.entries.StandardSummary.SampleNo = "VSTD010";
+    host.entries.StandardSummary.LabFileId = "CHK.D";
+    host.entries.StandardSummary.AnalysisDateTime = "05/18/2005 08:46";
+
+    JobLog sink;
+    const Openings openings(run.dir.Path());
+    EXPECT_EQ(run.PrintAll(sink), "");
+    EXPECT_EQ(sink.jobs.size(), 500U + 6U);
+    std::map<std::string, int> counts = openings.Take();
+    // The samples, the two reports, four standards, ranges, criteria, and the directory.
+    EXPECT_EQ(counts.size(), 500U + 2U + 4U + 2U + 1U);
+    for (const auto& [name, count] : counts) {
+        EXPECT_EQ(count, 1) << name;
+    }
+}
+
+// The report of the first job is replaced while the run goes on.
+TEST(OpenedFiles, AreReadAnewByTheNextJobOnceTheyHaveChanged) {
+    CalibratedRun run(1, 1, 2);
+    SampleListType& samples = *run.host.batch.SampleList;
+    samples[1] = samples[0];
+    for (SampleRecord& sample : samples) {
+        sample.CompoundCount = 1;
+        run.dir.Write("S1.PRN", "Compound#\n1;before;\n");
+    }
+    JobLog sink;
+    sink.onTake = [&run] { run.dir.Write("S1.PRN", "Compound#\n1;after;\n"); };
+    run.PrintAll(sink);
+    EXPECT_TRUE(HasText(sink.jobs.at(0).pages.at(0), "before"));
+    EXPECT_TRUE(HasText(sink.jobs.at(1).pages.at(0), "after"));
+}
+
+// Each form that cannot tell them apart says so.
+TEST(OpenedFiles, AreNoneOfTwoThatDifferOnlyInCase) {
+    CalibratedRun run(1, 1, 2);
+    SampleListType& samples = *run.host.batch.SampleList;
+    run.dir.Write("s1.Prn", ReadAll(PathOf(samples[0].FileName)));
+    samples[0].FileName = LowerCase(samples[0].FileName);
+    samples[1] = samples[0];
+    JobLog sink;
+    const std::string notes = run.PrintAll(sink);
+    const std::string told = "1: File Error: s1.prn cannot be told from another file";
+    EXPECT_TRUE(Contains(notes, told) && notes.find(told) != notes.rfind(told)) << notes;
 }
 
 }  // namespace

@@ -2,8 +2,12 @@
 #include <QPlainTextEdit>
 
 #include "dialogs/EntryFormDialog.h"
+#include "dialogs/EntryGrid.h"
 #include "dialogs/MBSHeader.h"
+#include "dialogs/TicForm.h"
+#include "platform/DateTime.h"
 #include "platform/Text.h"
+#include "platform/qt/MaskEdit.h"
 #include "tests/ui/WindowRig.h"
 
 namespace qfr::test {
@@ -26,11 +30,11 @@ TEST(Form2Dlg, TakesKindAndFileByKeyboardAlone) {
     EntryRig<EntryDialog::kRecoveryRanges> rig;
     RangesEntry& stored = rig.form.Entries().Ranges;
     for (const auto& [key, button, limits] : cases) {
-        stored.FileName = "";
+        stored.FileName = "  ";
         EXPECT_TRUE(rig.Run([&rig, &kNoFile, key = key] {
             rig.Type(key);
             rig.Use("&o", kNoFile, "FileEdit");
-            rig.Use("r.txt\r");
+            rig.Use("^ar.txt\r");
         }));
         EXPECT_EQ(stored, (RangesEntry{"r.txt", limits}));
         EXPECT_FALSE(rig.Run([&rig, button = button] {
@@ -44,7 +48,7 @@ TEST(Form2Dlg, TakesKindAndFileByKeyboardAlone) {
 TEST(Form2Dlg, EmptiesItsFileForOneThatIsRefused) {
     EntryRig<EntryDialog::kRecoveryRanges> rig;
     rig.form.Entries().Ranges.FileName = "typed";
-    const std::string notes = rig.dir.Write("notes.txt", "notes\n");
+    const std::string notes = rig.dir.Write("notes.txt", "recovery range\n");
     const std::string good = rig.dir.Write("Good.txt", "Recovery Ranges of May\n");
     rig.chooser.answers = {{notes}, {good}};
     rig.Run([&] {
@@ -205,6 +209,185 @@ TEST(ARTSummForm, TheSampleNumberChoosesTheLevel) {
         rig.Use("8.84\t6.01\t11.82\t\r");
     }));
     EXPECT_EQ(rig.form.Entries().StandardSummary.LevelIndex, 2);
+}
+
+TEST(Browse, TakesTheIdAndTheDateOfARawDataFileOnly) {
+    const std::string lines = "\n6/17/2005 7:30\nc:\\run\\NEW.D\n";
+    const std::tuple<const char*, std::string, const char*> files[] = {
+        {"notes.d", "NOTES" + lines, "Selected file\nnotes.dnot a DATA FILE."},
+        {"cut.d", "DATA FILE\n6/17/2005 7:30", "End of file:\ncut.dreached before expected"},
+        {"gone.d", "", "gone.d could not be read."},
+        {"good.d", "DATA FILE" + lines, ""}};
+    // The form; its entries; what they show before, where "@" is the level's file, and at last.
+    const std::tuple<const char*, const char*, QString, QString, const char*> dialogs[] = {
+        {"^6", "BrowseButton2", "CalStartMaskEdit CalEndMaskEdit CalFileEdit1 CalFileEdit2",
+         "|05/16/2005 09:41|05/16/2005 11:49|VSTD005.D|@",
+         "|05/16/2005 09:41|06/17/2005 07:30|VSTD005.D|NEW.D"},
+        {"^7", "BrowseButton", "LabFileEdit ZOV_IDEdit InstrEdit MaskEdit1 MaskEdit2 MaskEdit3",
+         "|vstd050c.d|vstd050cc|GCMS2|05/18/2005 08:46|05/16/2005 09:41|05/16/2005 11:49",
+         "|NEW.D|vstd050cc|GCMS2|06/17/2005 07:30|05/16/2005 09:41|05/16/2005 11:49"},
+        {"^8", "BrowseButton", "SampleEdit LabFileEdit MaskEdit1 MaskEdit2 MaskEdit3",
+         "|vstd050cc|vstd050c.d|05/18/2005 08:46|05/16/2005|05/16/2005",
+         "|vstd050cc|NEW.D|06/17/2005 07:30|05/16/2005|05/16/2005"}};
+    for (const auto& dialog : dialogs) {
+        WindowRig rig;
+        rig.form.RestoreFile(Example("example.qff"));
+        QTimer::singleShot(0, [&] {
+            const auto& [key, button, entries, before, after] = dialog;
+            rig.Face(*QApplication::activeModalWidget());
+            for (const auto& [name, content, told] : files) {
+                const bool there = !content.empty();
+                rig.chooser.answers = {{there ? rig.dir.Write(name, content) : rig.Path(name)}};
+                rig.Click(button);
+                rig.Use("", told);
+                std::string shown;
+                for (const QString& entry : entries.split(' ')) {
+                    shown += rig.Shown(entry.toLatin1().constData());
+                }
+                EXPECT_EQ(shown, *told ? QString(before).replace('@', name).toStdString() : after)
+                    << key << name;
+            }
+            rig.Type("\33");
+        });
+        rig.Type(std::get<0>(dialog));
+        EXPECT_EQ(rig.chooser.opened.at(0).kind, FileKind::kAny);
+        EXPECT_EQ(rig.chooser.opened.at(0).directory, "/calibrations");
+        EXPECT_FALSE(rig.chooser.opened.at(0).multiSelect);
+    }
+}
+
+const char* const kDateTimeMask = "!99/99/9999 99:99;1;_";
+const char* const kDateMask = "!90/90/0000;1;_";
+const char* const kTimeMask = "!90:00;1;_";
+
+TEST(MaskEdit, TakesTextsAndGivesThemBackAsLongAsTheMask) {
+    const std::tuple<const char*, const char*, const char*> cases[] = {
+        {kDateTimeMask, "/  /       :", "  /  /       :  "},
+        {kDateTimeMask, "1 /2 /2005 9 :05", " 1/ 2/2005  9:05"},
+        {kDateTimeMask, "1/2/2005 9:05", "01/02/2005 09:05"},
+        {kDateTimeMask, "1/2/05 2:05:30 PM", "01/02/2005 14:05"},
+        {kDateTimeMask, "1/2/2005", "01/02/2005   :  "},
+        {kDateTimeMask, "9:05", "  /  /      9:05"},
+        {kDateMask, "5/12/2005 10:00", "05/12/2005"},
+        {kTimeMask, "9:05 PM", "21:05"},
+        {kTimeMask, "nonsense", "  :  "},
+    };
+    for (const auto& [mask, given, text] : cases) {
+        MaskEdit edit;
+        edit.SetMask(mask);
+        edit.SetMaskText("12/31/1999 23:59");
+        edit.SetMaskText(given);
+        EXPECT_EQ(edit.MaskText(), text) << "from " << given;
+    }
+}
+
+TEST(MaskEdit, IsTypedInPastedIntoAndErased) {
+    MaskEdit edit;
+    edit.SetMask(kDateTimeMask);
+    edit.show();
+    WindowUser user;
+    user.Face(edit);
+    for (const char* typed :
+         {"010220050905", "01/02/2005 09:05", "1/2/2005 9:05", " 1 220050905", "1/2/05  09:05"}) {
+        user.Type("^a\b");
+        user.Type(typed);
+        EXPECT_EQ(ParseDateTime(edit.MaskText()), ParseDateTime("01/02/2005 09:05"))
+            << typed << " became " << edit.MaskText();
+    }
+    user.Type("^a\b");
+    user.Paste("  01/02/2005 09:05\n");
+    EXPECT_EQ(edit.MaskText(), "01/02/2005 09:05");
+    user.Press(Qt::Key_Delete);
+    user.Press(Qt::Key_End);
+    user.Type("\b");
+    EXPECT_EQ(edit.MaskText(), " 1/02/2005 09: 0");
+    user.Type("^a\b");
+    EXPECT_EQ(edit.MaskText(), kEmptyDateTimeMask);
+}
+
+TicEntry Tic(const std::string& name) {
+    return {{"71-43-2", name, "10.25", "12", ""}};
+}
+
+struct TicRig : DialogRig<TTICForm> {
+    TicRig() { form.Batch().SampleList.emplace(2); }
+
+    EntryGrid& Grid() { return Get<EntryGrid>("StringGrid1"); }
+    std::optional<TicListType>& List(std::size_t sample) { return Samples().at(sample).TicList; }
+};
+
+TEST(TicForm, StoresCompleteRowsTypedFromCellToCellUnlessCancelled) {
+    TicRig rig;
+    EXPECT_TRUE(rig.Run(1, [&] {
+        EXPECT_EQ(rig.Shown("ZOVEdit"), "|ZA101");
+        rig.Type("71-43-2\t Benzene \t10.25\t12\tJN\t");
+        rig.Type("100-41-4\tNo Time\t\t12\tJ\t");
+        rig.Type("108-88-3\tTOLUENE\t11\t7");
+        rig.log.answers = {false, true};
+        const char* const kAsked =
+            "Row 2 will not be kept, because a cell is missing.\nClose the list without it?";
+        rig.Use("&o", kAsked, "StringGrid1");
+        EXPECT_EQ(rig.Grid().currentRow() * 10 + rig.Grid().currentColumn(), 12);
+        rig.Use("&o", kAsked);
+    }));
+    const TicListType stored = {{{"71-43-2", "benzene", "10.25", "12", "JN"}},
+                                {{"108-88-3", "toluene", "11", "7", ""}}};
+    EXPECT_EQ(rig.List(1), stored);
+    EXPECT_FALSE(rig.Run(1, [&] {
+        rig.Type("1-1-1\tPhenol\t1\t2\t\t108-88-3\tToluene\t3\t4\t");
+        rig.Type("\33\33");  // the first Escape leaves the cell
+    }));
+    EXPECT_EQ(rig.List(1), stored);
+    EXPECT_TRUE(rig.Run(0, [&] { rig.Type("&o"); }));
+    EXPECT_EQ(rig.List(0), std::nullopt) << "what was typed is no other sample's";
+}
+
+TEST(TicForm, DeletesAndAddsRows) {
+    TicRig rig;
+    rig.List(0) = TicListType{Tic("a"), Tic("b"), Tic("c")};
+    EXPECT_TRUE(rig.Run([&] {
+        rig.Press(Qt::Key_Down);
+        rig.Type("&d");
+        rig.Type("&a");
+        EXPECT_EQ(rig.Grid().rowCount(), 30);
+        rig.Grid().setCurrentCell(29, 0);
+        rig.Use("5-5-5\tLast\t1\t2\t\t", "", "AddButton");
+        rig.Type("&d&o");
+    }));
+    EXPECT_EQ(rig.List(0), (TicListType{Tic("a"), Tic("c")}));
+}
+
+TEST(TicForm, KeepsNoMoreThanABatchMayHave) {
+    TicRig rig;
+    rig.List(0) = TicListType(1000, Tic("a"));
+    EXPECT_TRUE(rig.Run([&] { rig.Type("&o"); }));
+    rig.List(0)->push_back(Tic("b"));
+    EXPECT_FALSE(rig.Run([&] {
+        rig.Use("&o", "No more than 1,000 TICs can be kept for a sample.");
+        rig.dialog.reject();
+    }));
+}
+
+TEST(TicForm, PastesRowsOfASpreadsheet) {
+    TicRig rig;
+    std::string many;
+    for (int i = 0; i < 40; ++i) {
+        many += "71-43-2\tBenzene\t10.25\t12\t\r\n";
+    }
+    EXPECT_TRUE(rig.Run([&] {
+        rig.Paste(many);
+        EXPECT_EQ(rig.Grid().rowCount(), 40);
+        rig.Type("\ttyped before");
+        rig.Paste("Phen;ol\t9\nCumene\t8\t7\tX\tbeyond the grid\n");
+        rig.Type("\t1;");
+        rig.Paste("1;");
+        rig.Type("&o");
+    }));
+    const TicListType& list = rig.List(0).value();
+    ASSERT_EQ(list.size(), 40U);
+    EXPECT_EQ(list[0], (TicEntry{{"71-43-2", "phen,ol", "11,", "12", ""}}));
+    EXPECT_EQ(list[1], (TicEntry{{"71-43-2", "cumene", "8", "7", "X"}}));
+    EXPECT_EQ(list[39], Tic("benzene"));
 }
 
 }  // namespace

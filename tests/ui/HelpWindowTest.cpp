@@ -12,8 +12,7 @@
 #include "platform/qt/HelpFile.h"
 #include "platform/qt/HelpViewer.h"
 #include "platform/qt/HelpWindow.h"
-#include "tests/Support.h"
-#include "tests/ui/WindowUser.h"
+#include "tests/ui/WindowRig.h"
 
 namespace qfr {
 namespace {

@@ -1,7 +1,11 @@
-// Form I VOA and its TIC sheet.
+// Forms I and II: results of the samples, and recoveries of the monitoring compounds.
+#include "data/EntryTables.h"
+#include "data/RecoveryRanges.h"
 #include "forms/Form1TicContent.h"
 #include "forms/Form1VoaContent.h"
-#include "tests/FormSupport.h"
+#include "forms/Form2Content.h"
+#include "platform/Numbers.h"
+#include "tests/Support.h"
 
 namespace qfr::test {
 namespace {
@@ -15,22 +19,6 @@ TEST(SignificantFigures, AreRoundedAsTheFormsShowThem) {
     EXPECT_EQ(Joined({"123", "125", "1234", "0.53", "0.053", "0.004", "0.95", "0", "0.000"}, two),
               "120|130|1200|0.5|0.1|0.0|1.0|0.00|0.00");
     EXPECT_EQ(Joined({" 5.04 ", "n/a", "", "5.0 J"}, two), "5.0|n/a||5.0 J");
-}
-
-TEST(VoaRow, TakesTheReportsRowApart) {
-    const auto row = [](const std::string& line, bool inBlank = false) {
-        const QuantReport report = QuantReport::Read(LineReader("Compound#\n" + line));
-        const VoaRow r = ReadVoaRow(report.Rows.at(0), inBlank);
-        return r.CasNumber + "," + r.Compound + "," + r.Concentration + "," + r.Qualifier;
-    };
-    EXPECT_EQ(row("1; benzene ;12.4;x;y;J;z; 71-43-2 "), "71-43-2, benzene ,12,J");
-    EXPECT_EQ(row("1;benzene;12.4;x;y;;71-43-2", true), "71-43-2,benzene,12,B");
-    EXPECT_EQ(row("1;benzene;12.4;x;y;E;71-43-2", true), "71-43-2,benzene,12,EB");
-    EXPECT_EQ(row("1;benzene;U;x;y;J;71-43-2", true), "71-43-2,benzene,,U");
-    EXPECT_EQ(row("1;benzene;U5.04;x;y;;71-43-2"), "71-43-2,benzene,5.0,U");
-    EXPECT_EQ(row("1;benzene;UU;x;y;;71-43-2"), "71-43-2,benzene,,U");
-    EXPECT_EQ(row("1;benzene;12.4"), "12.4,benzene,12,");
-    EXPECT_EQ(row(";"), ",,,");
 }
 
 // A host with a lab blank and a sample whose report has this many compounds.
@@ -65,19 +53,14 @@ TEST(Form1Voa, ShowsTwentyFiveCompoundsAPage) {
     EXPECT_THAT(VoaSheets(51).Names(), ElementsAre(25, 25, 1));
 }
 
-TEST(Form1Voa, MissesRowsOrTheWholeReport) {
+TEST(Form1Voa, PrintsTheRowsThatWereCountedWithoutABlank) {
     VoaSheets sheets(2);
     sheets.host.batch.BlankHitFlags = {true};
-    (*sheets.host.batch.SampleList)[1].CompoundCount = 3;
-    EXPECT_THAT(sheets.Names(), ElementsAre(2)) << "the counted row that is not there";
-    const auto qualifiers = [&] { return TextsAt(sheets.host.sink.jobs.back().pages.at(0), 7.3); };
-    EXPECT_THAT(qualifiers(), ElementsAre("B"));
-    EXPECT_THAT(sheets.host.messages.TakeTitles(), ElementsAre("Quantitation Report Changed"));
     sheets.host.batch.Files.LabBlank = " ";
-    (*sheets.host.batch.SampleList)[1].CompoundCount = 2;
     for (const std::size_t sample : {0, 1}) {
         PrintFormIVoa(sheets.host, sample);
-        EXPECT_THAT(qualifiers(), IsEmpty()) << "of a blank that is not in the batch";
+        EXPECT_THAT(TextsAt(sheets.host.sink.jobs.back().pages.at(0), 7.3), IsEmpty())
+            << "of a blank that is not in the batch";
     }
 
     (*sheets.host.batch.SampleList)[1].CompoundCount = 1'000;
@@ -87,14 +70,6 @@ TEST(Form1Voa, MissesRowsOrTheWholeReport) {
     EXPECT_THAT(sheets.host.messages.TakeTitles(),
                 ElementsAre("Quantitation Report Changed", "File Error"));
     EXPECT_EQ(VoaSheets(302).Names().back(), 2u) << "the report's rows, as many as counted";
-
-    (*sheets.host.batch.SampleList)[1].CompoundCount = 2;
-    (*sheets.host.batch.SampleList)[1].FileName = "c:\\gone\\mw-1.x";
-    PrintFormIVoa(sheets.host, 1);
-    EXPECT_EQ(sheets.host.sink.begun.size(), 4U);
-    EXPECT_THAT(sheets.host.messages.TakeTexts(),
-                ElementsAre("c:\\gone\\mw-1.x\ncould not be found.  Use Data Files|Load Files menu "
-                            "option\nto relocate file"));
 }
 
 TEST(Form1Voa, SaysHowItsReportDiffersFromTheOneThatWasLoaded) {
@@ -115,7 +90,6 @@ TEST(Form1Voa, SaysHowItsReportDiffersFromTheOneThatWasLoaded) {
     const std::string newFile = "\nLab File ID: NEW.D instead of ABC01.D.";
     const std::tuple<std::string, std::string, std::string> cases[] = {
         {"", "", ""},
-        {row, "", "\nCompound rows: 1 instead of 2."},
         {row, row + row, "\nCompound rows: 3 instead of 2."},
         {row, "2;Compound;5.04;;;;71-43-2\n", ""},
         {row, "2;Compound;5.04;;;71-43-2\n", "\nCompound row 2 is cut short."},
@@ -176,6 +150,132 @@ TEST(Form1Tic, TwoDigitNumberOfTheSheetBelowIsCovered) {
                         text->x + text->width >= number->x + number->width);
     }
     EXPECT_TRUE(covered);
+}
+
+using Texts = std::vector<std::string>;
+
+constexpr char kTwo[] =
+    "RECOVERY RANGES of May\r\n 2 \n Toluene-d8 ;80;120.5;70;130;60; 140 \nBromo;1;2;3;4;5;6";
+
+TEST(RecoveryRanges, TakeTheChosenKindOnly) {
+    const auto load = [](const std::string& content, RecoveryLimits limits) {
+        const auto file = RecoveryRangesFile::Read(LineReader(content));
+        std::string text;
+        for (const RecoveryRange& range : file.Of(limits).value()) {
+            text += range.Name + " " + FormatShortest(range.Low) + "-" +
+                    FormatShortest(range.High) + " ";
+        }
+        return text;
+    };
+    EXPECT_EQ(load(kTwo, RecoveryLimits::kWater), "Toluene-d8 80-120.5 Bromo 1-2 ");
+    EXPECT_EQ(load(kTwo, RecoveryLimits::kSoil), "Toluene-d8 70-130 Bromo 3-4 ");
+    EXPECT_EQ(load(kTwo, RecoveryLimits::kOil), "Toluene-d8 60-140 Bromo 5-6 ");
+    EXPECT_EQ(load("t\n1\na;1;2;x\nb", RecoveryLimits::kWater), "a 1-2 ");
+    EXPECT_EQ(load("t\n0\n", RecoveryLimits::kOil), "");
+    const std::string row = "a;1;2;3;4;5;6\n";
+    for (const std::string& rest :
+         {std::string(), "many\n" + row, "-1\n" + row, "99999999999\n" + row, "2147483647\n" + row,
+          "2\n" + row, std::string("1\na;1;2;3;4;5\n"), std::string("1\na;1;2;x;4;5;6\n"),
+          std::string("1\na;1;2;3;4;5;6;\n"), std::string("1\na\0;\0;2;3;4;5;6\n", 17)}) {
+        LineReader file("recovery ranges\n" + rest);
+        EXPECT_FALSE(RecoveryRangesFile::Read(std::move(file)).Of(RecoveryLimits::kOil)) << rest;
+    }
+    const TempDir dir;
+    Entries entries;
+    MessageLog log;
+    const auto browse = [&](int ranges) {
+        std::string text = "recovery ranges\n" + std::to_string(ranges) + "\n";
+        for (int i = 0; i < ranges; ++i) {
+            text += "a;1;2\n";
+        }
+        const auto fault = BrowseRangesFile(entries, 0, dir.Write("r.txt", text), log);
+        return fault ? fault->Message.text.substr(0, 38) : entries.Ranges.FileName.substr(0, 1);
+    };
+    EXPECT_EQ(Joined({1000, 1001}, browse), "/|r.txt has more than 1,000 recovery ran");
+}
+
+TEST(RecoveryFlag, MarksWhatIsOutsideTheFirstMatchingRange) {
+    const std::vector<RecoveryRange> ranges = {{" D8", 80, 120}, {"d8", 0, 1}, {"", 0, 1}};
+    const auto flag = [&](const char* recovery) {
+        return RecoveryFlag(FindRange(ranges, "D8 "), recovery);
+    };
+    EXPECT_EQ(Joined({"79.9", "80", "120", "120.1", "n/a", ""}, flag), "*|||*||");
+    EXPECT_FALSE(FindRange(ranges, "d6") || FindRange(ranges, ""));
+    EXPECT_EQ(RecoveryFlag(nullptr, "500"), "");
+}
+
+TEST(MonitoringCompounds, AreReadFromTheirSection) {
+    const auto read = [](const std::string& text) {
+        std::string compounds;
+        const QuantReport report = QuantReport::Read(LineReader(text));
+        for (const MonitoringCompound& compound : report.Monitoring.value()) {
+            compounds += compound.Name + "=" + compound.Recovery + "|";
+        }
+        return compounds;
+    };
+    EXPECT_EQ(
+        read("x\nVOLATILE compounds\r\nheads;a;b\n1; D8 ;99.5;z\nno fields\n2;b;-3.7\n \n3;c;1\n"),
+        "d8=99.5|b=-3.7|");
+    EXPECT_EQ(read("volatile\nheads\n1;a; n/a ;\n2;b\n;;\n"), "a=n/a|b=|=|");
+    EXPECT_EQ(read("volatile"), "");
+    std::string endless = "volatile\nheads\n";
+    for (int i = 0; i < 100; ++i) {
+        endless += "1;a;5\n";
+    }
+    EXPECT_EQ(read(endless).size(), 21 * std::string_view("a=5|").size());
+    EXPECT_FALSE(QuantReport::Read(LineReader(" volatile\n")).Monitoring);
+}
+
+// A batch whose reports list compounds c1, c2, ... with recoveries 101, 102, ...
+struct Recoveries {
+    Recoveries(std::size_t samples, int compounds) {
+        std::string report = "volatile\nheads\n";
+        for (int i = 1; i <= compounds; ++i) {
+            report += "1;C" + std::to_string(i) + ";" + std::to_string(100 + i) + ";\n";
+        }
+        host.batch.SampleList.emplace(samples, CompleteRecord("S", dir.Write("r.prn", report)));
+        host.entries.Ranges.FileName =
+            dir.Write("Ranges.txt", "recovery ranges\n2\nc2;82.5;101\nc8;80;108\n");
+    }
+    const std::vector<JobPage>& Pages() {
+        Form2MCRClick(host);
+        return host.sink.jobs.at(0).pages;
+    }
+    TempDir dir;
+    ScriptedHost host;
+};
+
+TEST(Form2, PagesOfSamplesAndOfCompounds) {
+    // Letter and number of each page, "-" for an empty one, and the footer of the first other one.
+    const auto pages = [](std::size_t samples, int compounds) {
+        Recoveries form(samples, compounds);
+        std::string summary;
+        for (const JobPage& page : form.Pages()) {
+            const Texts lines = TextsAt(page, 3.6);
+            summary += lines.empty() ? "- " : lines[0].substr(1, 1) + lines[0].substr(17) + " ";
+        }
+        return summary + TextsAt(form.Pages().at(1), 0.9).back();
+    };
+    EXPECT_EQ(pages(1, 0), "- A1 - Page 1 of 1");
+    EXPECT_EQ(pages(30, 7), "- A1 - Page 1 of 2");
+    EXPECT_EQ(pages(61, 1), "- A1 A2 A3 - Page 1 of 3");
+    EXPECT_EQ(pages(31, 8), "- A1 A2 - B1 B2 - Page 1 of 2");
+    EXPECT_EQ(pages(1, 15), "- A1 - B1 - C1 - Page 1 of 1");
+    EXPECT_EQ(pages(1, 22), "- A1 - B1 - C1 - Page 1 of 1");
+}
+
+TEST(Form2, PrintsItsHeadsWithoutReportsAndNothingWithoutRanges) {
+    Recoveries lost(1, 2);
+    lost.host.batch.SampleList->front().FileName = "c:\\gone.prn";
+    EXPECT_EQ(lost.Pages().size(), 3U);
+    Recoveries form(2, 2);
+    form.host.ok = false;
+    Form2MCRClick(form.host);
+    form.host.ok = true;
+    form.host.entries.Ranges.FileName = "c:\\gone.txt";
+    Form2MCRClick(form.host);
+    EXPECT_THAT(form.host.messages.TakeTitles(), ElementsAre("Incorrect File Type"));
+    EXPECT_THAT(form.host.sink.begun, IsEmpty());
 }
 
 }  // namespace
