@@ -1,6 +1,7 @@
 #include "platform/FileLookup.h"
 
 #include <algorithm>
+#include <array>
 #include <system_error>
 #include <utility>
 
@@ -95,22 +96,35 @@ std::optional<fs::path> FileFinder::Find(std::string_view name) {
     if (fs::path path = PathOf(name); Exists(path)) {
         return path;
     }
-    if (const auto known = found_.find(std::string(name)); known != found_.end()) {
-        return known->second;
-    }
     std::string separated(name);
     std::replace(separated.begin(), separated.end(), '\\', '/');
-    const fs::path path = PathOf(separated);
-    std::vector<std::string> components;
-    for (const fs::path& component : path.relative_path()) {
-        components.push_back(TextOf(component));
+    const std::size_t baseName = separated.rfind('/') + 1;  // npos + 1 is 0
+    const auto findAll = [this](const std::string& text) {
+        const fs::path path = PathOf(text);
+        std::vector<std::string> components;
+        for (const fs::path& component : path.relative_path()) {
+            components.push_back(TextOf(component));
+        }
+        questions_ = 0;
+        return FindBelow(path.root_path(), components);
+    };
+    // Reports stand side by side, so each folder is looked for once.
+    const auto [known, isNew] = folders_.try_emplace(separated.substr(0, baseName));
+    FoundFolder& found = known->second;
+    if (isNew) {
+        found.folder = findAll(known->first);
+        found.several = std::exchange(foundSeveral_, false);
     }
-    questions_ = 0;
-    auto found = FindBelow(path.root_path(), components);
-    if (found) {
-        found_.emplace(name, *found);
+    if (found.folder) {
+        questions_ = 0;
+        auto file = FindBelow(*found.folder, std::array{separated.substr(baseName)});
+        if (file || foundSeveral_) {
+            return file;
+        }
+    } else if (!found.several) {
+        return std::nullopt;
     }
-    return found;
+    return findAll(separated);
 }
 
 std::optional<fs::path> FileFinder::FindBeside(std::string_view name, std::string_view folder) {

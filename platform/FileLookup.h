@@ -39,14 +39,19 @@ class FileFinder {
     // Lower-cased names with the names themselves, sorted.
     using Listing = std::vector<std::pair<std::string, std::string>>;
 
+    struct FoundFolder {
+        std::optional<std::filesystem::path> folder;
+        bool several = false;
+    };
+
     const Listing& ListingOf(const std::filesystem::path& folder);
     // The file that the components name below `folder` (empty: the current directory).
     std::optional<std::filesystem::path> FindBelow(const std::filesystem::path& folder,
                                                    std::span<const std::string> components);
 
     std::map<std::filesystem::path, Listing> listings_;
-    // Names that do not stand so on disk, with the files that they have led to.
-    std::unordered_map<std::string, std::filesystem::path> found_;
+    // The folders of files that were looked for, as they were named.
+    std::unordered_map<std::string, FoundFolder> folders_;
     int questions_ = 0;
     bool foundSeveral_ = false;
 };
