@@ -35,14 +35,15 @@ class Scanner {
     std::size_t DigitCount() const {
         return std::min(rest_.find_first_not_of("0123456789"), rest_.size());
     }
-    // A whole number that is at most `last` and has no more digits than that.
+    // A whole number that is at most `last` and has no more digits than that; 0 after a failure.
     int TakeNumber(int last) {
         const std::size_t digits = DigitCount();
         int value = 0;
         std::from_chars(rest_.data(), rest_.data() + digits, value);
-        FailIf(digits == 0 || digits > std::to_string(last).size() || value > last);
+        const bool wrong = digits == 0 || digits > std::to_string(last).size() || value > last;
+        FailIf(wrong);
         Skip(digits);
-        return value;
+        return wrong ? 0 : value;
     }
 
   private:
