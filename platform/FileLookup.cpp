@@ -93,6 +93,9 @@ std::optional<fs::path> FileFinder::Find(std::string_view name) {
     if (name.empty() || name.find('\0') != std::string_view::npos) {
         return std::nullopt;
     }
+    if (const auto known = found_.find(std::string(name)); known != found_.end()) {
+        return known->second;
+    }
     if (fs::path path = PathOf(name); Exists(path)) {
         return path;
     }
@@ -118,6 +121,9 @@ std::optional<fs::path> FileFinder::Find(std::string_view name) {
     if (found.folder) {
         questions_ = 0;
         auto file = FindBelow(*found.folder, std::array{separated.substr(baseName)});
+        if (file) {
+            found_.emplace(name, *file);
+        }
         if (file || foundSeveral_) {
             return file;
         }

@@ -52,6 +52,8 @@ class FileFinder {
     std::map<std::filesystem::path, Listing> listings_;
     // The folders of files that were looked for, as they were named.
     std::unordered_map<std::string, FoundFolder> folders_;
+    // Names that do not stand so on disk, with the files that they have led to.
+    std::unordered_map<std::string, std::filesystem::path> found_;
     int questions_ = 0;
     bool foundSeveral_ = false;
 };
