@@ -1,20 +1,21 @@
-// Printing with CUPS itself: the toolkit's printing drops a job that CUPS refuses without a word.
+// Printing with CUPS.
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
+#include <cstdlib>
 #include <cups/cups.h>
 #include <cups/pwg.h>
+#include <filesystem>
 #include <memory>
 #include <string_view>
+#include <system_error>
+#include <unistd.h>
 #include <utility>
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryFile>
-
 #include "platform/FileReplace.h"
+#include "platform/PrinterQueue.h"
 #include "platform/Text.h"
-#include "platform/qt/PdfFile.h"
-#include "platform/qt/PrinterQueue.h"
+#include "platform/pdf/PdfFile.h"
 
 namespace qfr {
 
@@ -67,6 +68,41 @@ std::string JobName(std::string_view title) {
     return Visible(FirstCharacters(title, kMaxCharacters));
 }
 
+// Removed when it is not needed any longer.
+class TemporaryFile {
+  public:
+    TemporaryFile() {
+        std::error_code failed;
+        name_ = (std::filesystem::temp_directory_path(failed) / kTemporaryName).string();
+        file_ = ::mkstemps(name_.data(), kTemporaryEnding);
+    }
+    ~TemporaryFile() {
+        if (file_ >= 0) {
+            ::close(file_);
+            ::unlink(name_.c_str());
+        }
+    }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+    const std::string& Name() const { return name_; }
+    // Writes the content; false where there is no room for it.
+    bool Holds(std::string_view content) const {
+        while (file_ >= 0 && !content.empty()) {
+            const ssize_t written = ::write(file_, content.data(), content.size());
+            if (written < 0 && errno != EINTR) {
+                return false;
+            }
+            content.remove_prefix(written > 0 ? static_cast<std::size_t>(written) : 0);
+        }
+        return file_ >= 0;
+    }
+
+  private:
+    std::string name_;
+    int file_ = -1;
+};
+
 // One request carries the job with its whole document, so that the queue never holds half of it.
 ipp_t* RequestToPrint(const PrintJob& job, std::string_view queueUri) {
     constexpr double kUnits = 2540;  // of an inch
@@ -111,13 +147,19 @@ std::vector<std::string> InstalledPrinters() {
 }
 
 std::optional<std::string> PrintOnQueue(const PrintJob& job, const std::string& printer,
-                                        FormFonts& fonts) {
-    const QByteArray document = RenderPdf({job}, job.title, fonts, Landscape::kTurnedOntoPaper);
-    if (document.isEmpty()) {
+                                        Typeface& typeface) {
+    if (job.pages.empty()) {
         return "There is no page to print.";
     }
-    QTemporaryFile file(QDir::tempPath() + '/' + kTemporaryName);
-    if (!file.open() || file.write(document) != document.size() || !file.flush()) {
+    PdfFile pdf(typeface, Landscape::kTurnedOntoPaper);
+    pdf.Add(job);
+    std::string reason;
+    const std::string document = pdf.Content(job.title, reason);
+    if (document.empty()) {
+        return reason;
+    }
+    const TemporaryFile file;
+    if (!file.Holds(document)) {
         return "There is no room for the job on the disk.";
     }
 
@@ -149,7 +191,7 @@ std::optional<std::string> PrintOnQueue(const PrintJob& job, const std::string& 
     }
     const std::size_t path = std::min(uri.find('/', host + 3), uri.size());
     ippDelete(cupsDoFileRequest(server.get(), RequestToPrint(job, uri), uri.c_str() + path,
-                                QFile::encodeName(file.fileName()).constData()));
+                                file.Name().c_str()));
     if (cupsLastError() > IPP_STATUS_OK_EVENTS_COMPLETE) {
         return LastError();
     }
