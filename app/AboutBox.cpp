@@ -1,9 +1,9 @@
 #include "app/AboutBox.h"
 
 #include "app/Revision.h"
-#include "platform/PrinterQueue.h"
 #include "platform/pdf/PdfFile.h"
 #include "platform/qt/HelpViewer.h"
+#include "platform/qt/PrinterQueue.h"
 #include "ui_AboutBox.h"
 
 namespace qfr {

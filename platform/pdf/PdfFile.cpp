@@ -25,7 +25,7 @@ namespace {
 
 using Object = QPDFObjectHandle;
 
-constexpr char kNoPages[] = "There is no page to write.";
+constexpr char kNoPages[] = "There is no page to print.";
 
 Object Points(int pixels) {
     std::string text;
@@ -226,6 +226,12 @@ std::optional<std::string> PdfFile::Write(const std::string& title, const std::s
     std::string reason;
     const std::string content = Content(title, reason);
     return content.empty() ? reason : ReplaceFile(PathOf(fileName), content, readOnly);
+}
+
+std::string PdfForQueue(const PrintJob& job, Typeface& typeface, std::string& reason) {
+    PdfFile pdf(typeface, Landscape::kTurnedOntoPaper);
+    pdf.Add(job);
+    return pdf.Content(job.title, reason);
 }
 
 std::string PdfLibraries() {

@@ -36,6 +36,10 @@ class PdfFile : public PdfWriter {
     std::unique_ptr<Document> document_;
 };
 
+// A job as its pages lie on the paper in a printer. Empty after a failure, whose reason is in
+// `reason`.
+std::string PdfForQueue(const PrintJob& job, Typeface& typeface, std::string& reason);
+
 // Names and versions of the libraries that make the file.
 std::string PdfLibraries();
 

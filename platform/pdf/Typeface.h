@@ -18,11 +18,6 @@
 
 namespace qfr {
 
-// What a program says, before it stops, where there is neither of the two families. No other one
-// takes their place: widths and row heights would differ from the agency's forms.
-inline constexpr std::string_view kNoTypeface =
-    "The typeface Liberation Serif (or Times New Roman) is not installed.";
-
 // The shape of a glyph, in ems to the right of its origin and up from the baseline; filled by the
 // nonzero winding rule.
 struct Outline {

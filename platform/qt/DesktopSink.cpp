@@ -5,9 +5,9 @@
 
 #include <QApplication>
 
-#include "platform/PrinterQueue.h"
 #include "platform/pdf/PdfFile.h"
 #include "platform/qt/PreviewWindow.h"
+#include "platform/qt/PrinterQueue.h"
 #include "platform/qt/WaitCursor.h"
 
 namespace qfr {

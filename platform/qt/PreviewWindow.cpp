@@ -12,7 +12,7 @@
 #include "platform/WindowServices.h"
 #include "platform/pdf/PdfFile.h"
 #include "platform/qt/ControlRow.h"
-#include "platform/PrinterQueue.h"
+#include "platform/qt/PrinterQueue.h"
 #include "platform/qt/WaitCursor.h"
 
 namespace qfr {

@@ -3,9 +3,9 @@
 #include <QPrinter>
 #include <QPrinterInfo>
 
-#include "platform/PrinterQueue.h"
 #include "platform/Text.h"
 #include "platform/qt/PagePainter.h"
+#include "platform/qt/PrinterQueue.h"
 
 namespace qfr {
 

@@ -1,4 +1,5 @@
-// Printing with CUPS.
+#include "platform/posix/Cups.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <cmath>
@@ -13,9 +14,7 @@
 #include <utility>
 
 #include "platform/FileReplace.h"
-#include "platform/PrinterQueue.h"
 #include "platform/Text.h"
-#include "platform/pdf/PdfFile.h"
 
 namespace qfr {
 
@@ -104,11 +103,11 @@ class TemporaryFile {
 };
 
 // One request carries the job with its whole document, so that the queue never holds half of it.
-ipp_t* RequestToPrint(const PrintJob& job, std::string_view queueUri) {
+ipp_t* RequestToPrint(const CupsDocument& document, std::string_view queueUri) {
     constexpr double kUnits = 2540;  // of an inch
     const pwg_media_t* const media =
-        pwgMediaForSize(static_cast<int>(std::lround(job.paper.width * kUnits)),
-                        static_cast<int>(std::lround(job.paper.height * kUnits)));
+        pwgMediaForSize(static_cast<int>(std::lround(document.paper.width * kUnits)),
+                        static_cast<int>(std::lround(document.paper.height * kUnits)));
     ipp_t* const request = ippNewRequest(IPP_OP_PRINT_JOB);
     const auto add = [request](ipp_tag_t group, ipp_tag_t kind, const char* name,
                                const std::string& value) {
@@ -116,7 +115,7 @@ ipp_t* RequestToPrint(const PrintJob& job, std::string_view queueUri) {
     };
     add(IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", std::string(queueUri));
     add(IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", cupsUser());
-    add(IPP_TAG_OPERATION, IPP_TAG_NAME, "job-name", JobName(job.title));
+    add(IPP_TAG_OPERATION, IPP_TAG_NAME, "job-name", JobName(document.title));
     add(IPP_TAG_OPERATION, IPP_TAG_MIMETYPE, "document-format", CUPS_FORMAT_PDF);
     // Whatever the queue does with other jobs: the pages are as large as the paper and lie as it
     // lies in the printer, so nothing is to be fitted, moved or turned.
@@ -128,7 +127,7 @@ ipp_t* RequestToPrint(const PrintJob& job, std::string_view queueUri) {
 
 }  // namespace
 
-std::vector<std::string> InstalledPrinters() {
+std::vector<std::string> CupsQueues() {
     std::vector<std::string> names;
     const Server server = Connect();
     if (!server) {
@@ -146,20 +145,10 @@ std::vector<std::string> InstalledPrinters() {
     return names;
 }
 
-std::optional<std::string> PrintOnQueue(const PrintJob& job, const std::string& printer,
-                                        Typeface& typeface) {
-    if (job.pages.empty()) {
-        return "There is no page to print.";
-    }
-    PdfFile pdf(typeface, Landscape::kTurnedOntoPaper);
-    pdf.Add(job);
-    std::string reason;
-    const std::string document = pdf.Content(job.title, reason);
-    if (document.empty()) {
-        return reason;
-    }
+std::optional<std::string> PrintWithCups(const CupsDocument& document,
+                                         const std::string& queueName) {
     const TemporaryFile file;
-    if (!file.Holds(document)) {
+    if (!file.Holds(document.pdf)) {
         return "There is no room for the job on the disk.";
     }
 
@@ -167,7 +156,7 @@ std::optional<std::string> PrintOnQueue(const PrintJob& job, const std::string& 
     if (!server) {
         return "The print service does not answer.";
     }
-    const Queue queue(cupsGetNamedDest(server.get(), printer.c_str(), nullptr));
+    const Queue queue(cupsGetNamedDest(server.get(), queueName.c_str(), nullptr));
     if (!queue) {
         return cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND
                    ? "The printer is not installed any more."
@@ -190,7 +179,7 @@ std::optional<std::string> PrintOnQueue(const PrintJob& job, const std::string& 
         return "The printer does not answer.";
     }
     const std::size_t path = std::min(uri.find('/', host + 3), uri.size());
-    ippDelete(cupsDoFileRequest(server.get(), RequestToPrint(job, uri), uri.c_str() + path,
+    ippDelete(cupsDoFileRequest(server.get(), RequestToPrint(document, uri), uri.c_str() + path,
                                 file.Name().c_str()));
     if (cupsLastError() > IPP_STATUS_OK_EVENTS_COMPLETE) {
         return LastError();
@@ -198,7 +187,7 @@ std::optional<std::string> PrintOnQueue(const PrintJob& job, const std::string& 
     return std::nullopt;
 }
 
-std::string PrintingLibrary() {
+std::string CupsVersion() {
     return "CUPS " + std::to_string(CUPS_VERSION_MAJOR) + "." + std::to_string(CUPS_VERSION_MINOR) +
            "." + std::to_string(CUPS_VERSION_PATCH);
 }
