@@ -4,13 +4,12 @@
 
 #include <array>
 #include <cstdint>
-#include <qpdf/QPDF.hh>
-#include <qpdf/QPDFObjectHandle.hh>
 #include <set>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
+#include "platform/pdf/Qpdf.h"
 #include "platform/pdf/Typeface.h"
 
 namespace qfr {

@@ -272,7 +272,7 @@ TEST(Archive, HostileTextsAreFitForIt) {
     for (const std::string& text : texts) {
         items.emplace_back(TextAt(0.5, 0.5 + static_cast<double>(items.size()), text));
     }
-    items.emplace_back(RuleItem{-5'000'000, 5'000'000, 2'000'000'000, -2'000'000'000, 0});
+    items.emplace_back(RuleItem{-kFarthest, kFarthest, kFarthest, -kFarthest, 0});
     CheckArchive(PdfOf({JobOf(items)}, "<&>\U0001F600"), "<&>\U0001F600");
     // The typeface has told, which is for another test to see.
     EXPECT_TRUE(FormsTypeface().TakeBoxesNote());

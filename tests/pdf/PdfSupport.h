@@ -3,13 +3,11 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <qpdf/QPDF.hh>
-#include <qpdf/QPDFOutlineDocumentHelper.hh>
-#include <qpdf/QPDFPageDocumentHelper.hh>
 #include <regex>
 
 #include "platform/FileLookup.h"
 #include "platform/pdf/PdfFile.h"
+#include "platform/pdf/Qpdf.h"
 #include "platform/pdf/Typeface.h"
 #include "tests/Support.h"
 

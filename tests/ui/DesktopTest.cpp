@@ -62,6 +62,14 @@ TEST_F(DesktopSinkTest, JoinsAPackageWhenItIsFinished) {
     EXPECT_EQ(PagesOf(Read("all.pdf")), 2U);
 }
 
+TEST_F(DesktopSinkTest, TellsOfCharactersThatNoFontHas) {
+    chooser.answers = {{Path("odd.pdf")}};
+    ASSERT_TRUE(desktop_.BeginJob(pdf_, job_.title));
+    desktop_.TakeJob(pdf_, JobOf({TextAt(1, 1, "\uE0F1")}));
+    EXPECT_THAT(log.TakeTexts(), testing::ElementsAre("No installed font has the character U+E0F1.\n"
+                                                      "A box is printed in its place."));
+}
+
 TEST(PrinterSetup, GivesThePrinterWhatIsChosen) {
     using Choice = std::pair<Paper, const char*>;
     const Choice letter{kLetterPaper, "Letter (8.5 x 11 in)"};
