@@ -54,7 +54,6 @@ class Platform : public qfr::BatchPlatform {
     void RequestEnd() { endRequested_ = true; }
 
   private:
-
     std::unique_ptr<qfr::PdfModule> pdf_;       // from Start on
     std::unique_ptr<qfr::QueueModule> queues_;  // when printers have been asked for
     std::atomic<bool> endRequested_ = false;

@@ -1,5 +1,7 @@
-// Recorded jobs: any items, texts of any bytes, papers and orders; the document is read again by the
-// library that has written it, each page's operators too.
+// Recorded jobs: any items, texts of any bytes, papers and orders; the document is read again by
+// the library that has written it, each page's operators too.
+#include "platform/pdf/PdfFile.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -9,7 +11,6 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/pdf/PdfFile.h"
 #include "platform/pdf/Qpdf.h"
 
 namespace {
@@ -46,8 +47,8 @@ qfr::PageItem TakeItem(Input& input, qfr::Typeface& typeface, int kind) {
     }
     const int size = input.Byte();
     const std::string text = input.Text(static_cast<std::size_t>(input.Byte()));
-    return qfr::TextItem{
-        x, y, typeface.TextWidth(text, size), typeface.TextHeight(size), size, text};
+    return qfr::TextItem{x,    y,   typeface.TextWidth(text, size), typeface.TextHeight(size),
+                         size, text};
 }
 
 struct ReadAll : QPDFObjectHandle::ParserCallbacks {
@@ -61,8 +62,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const std::unique_ptr<qfr::Typeface> typeface = qfr::Typeface::Load();
     Input input(data, size);
     const bool onPaper = input.Byte() % 2 == 1;
-    qfr::PdfFile pdf(*typeface, onPaper ? qfr::Landscape::kTurnedOntoPaper
-                                        : qfr::Landscape::kUpright);
+    qfr::PdfFile pdf(*typeface,
+                     onPaper ? qfr::Landscape::kTurnedOntoPaper : qfr::Landscape::kUpright);
     std::size_t pages = 0;
     while (!input.AtEnd()) {
         qfr::PrintJob job{input.Text(8), qfr::kLetterPaper, {}};
@@ -71,7 +72,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         for (int page = input.Byte() % 4; page > 0; --page) {
             qfr::JobPage next{input.Byte() % 2 == 0 ? qfr::PageOrientation::kPortrait
                                                     : qfr::PageOrientation::kLandscape,
-                              5100, 6600, {}};
+                              5100,
+                              6600,
+                              {}};
             for (int kind = input.Byte(); kind != 0 && !input.AtEnd(); kind = input.Byte()) {
                 next.items.push_back(TakeItem(input, *typeface, kind));
             }

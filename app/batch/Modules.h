@@ -16,7 +16,8 @@ namespace qfr {
 // The module "qfr-pdf".
 class PdfModule {
   public:
-    // The function that makes it, of the type below; null where the forms' typeface is not installed.
+    // The function that makes it, of the type below; null where the forms' typeface is not
+    // installed.
     static constexpr char kFile[] = "qfr-pdf";
     static constexpr char kFunction[] = "QfrPdfModule";
 

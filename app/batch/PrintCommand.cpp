@@ -227,8 +227,8 @@ std::unique_ptr<Output> MakeOutput(Context& context, const Arguments& arguments)
     return std::make_unique<OneDocument>(context, arguments.File, several);
 }
 
-// Records the jobs of the forms that are not refused and hands each over, in the order in which they
-// print.
+// Records the jobs of the forms that are not refused and hands each over, in the order in which
+// they print.
 void PrintBatch(Context& context, NamedBatch batch, const PackageChoice& choice, Output& output) {
     context.prefix = batch.prefix;
     const std::vector<PackageWork> dueJobs = PlanPackage(batch.saved.Batch, choice);

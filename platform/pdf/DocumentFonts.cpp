@@ -162,7 +162,8 @@ FontCode DocumentFonts::CodeOf(char32_t character) {
 std::set<char32_t> DocumentFonts::Used() const {
     std::set<char32_t> used = {U' '};
     used.insert(wide_.begin(), wide_.end());
-    std::ranges::copy_if(latin_, std::inserter(used, used.end()), [](char32_t c) { return c != 0; });
+    std::ranges::copy_if(latin_, std::inserter(used, used.end()),
+                         [](char32_t c) { return c != 0; });
     return used;
 }
 
@@ -210,7 +211,8 @@ bool DocumentFonts::AddTo(QPDF& document, QPDFObjectHandle resources) const {
 
 QPDFObjectHandle DocumentFonts::LatinFont(QPDF& document, QPDFObjectHandle descriptor) const {
     const auto isUsed = [](char32_t c) { return c != 0; };
-    const auto first = static_cast<std::size_t>(std::ranges::find_if(latin_, isUsed) - latin_.begin());
+    const auto first =
+        static_cast<std::size_t>(std::ranges::find_if(latin_, isUsed) - latin_.begin());
     const auto last = static_cast<std::size_t>(
         kCodes - 1 -
         static_cast<std::size_t>(std::find_if(latin_.rbegin(), latin_.rend(), isUsed) -
@@ -219,9 +221,9 @@ QPDFObjectHandle DocumentFonts::LatinFont(QPDF& document, QPDFObjectHandle descr
     std::map<unsigned, char32_t> characters;
     for (std::size_t code = first; code <= last; ++code) {
         const char32_t character = latin_[code];
-        widths.appendItem(character != 0 ? Width(typeface_.Of(character).advance,
-                                                 typeface_.UnitsPerEm())
-                                         : Object::newInteger(0));
+        widths.appendItem(character != 0
+                              ? Width(typeface_.Of(character).advance, typeface_.UnitsPerEm())
+                              : Object::newInteger(0));
         if (character != 0) {
             characters[static_cast<unsigned>(code)] = character;
         }
@@ -273,8 +275,8 @@ QPDFObjectHandle DocumentFonts::WideFont(QPDF& document, QPDFObjectHandle descri
 
 QPDFObjectHandle DocumentFonts::DrawnFont(QPDF& document, std::size_t first) const {
     const std::size_t count = std::min(drawn_.size() - first, kDrawnCodes);
-    // Programs that look for texts take the size of a drawn font from the width of its "m", where the
-    // characters themselves do not tell. Code 0 is one that no page uses.
+    // Programs that look for texts take the size of a drawn font from the width of its "m", where
+    // the characters themselves do not tell. Code 0 is one that no page uses.
     constexpr double kUsualWidth = 600;
     Object names = Object::newArray(std::vector<Object>{Object::newInteger(0), Name("/m")});
     Object procedures =
@@ -305,8 +307,8 @@ QPDFObjectHandle DocumentFonts::DrawnFont(QPDF& document, std::size_t first) con
          {"/FontBBox", BoxOf(typeface_.Measure())},
          {"/FontMatrix", numbers(std::array{"0.001", "0", "0", "0.001", "0", "0"})},
          {"/CharProcs", procedures},
-         {"/Encoding", Object::newDictionary(
-                           {{"/Type", Name("/Encoding")}, {"/Differences", names}})},
+         {"/Encoding",
+          Object::newDictionary({{"/Type", Name("/Encoding")}, {"/Differences", names}})},
          {"/FirstChar", Object::newInteger(0)},
          {"/LastChar", Integer(count)},
          {"/Widths", widths},

@@ -33,9 +33,9 @@ class DocumentFonts {
     bool AddTo(QPDF& document, QPDFObjectHandle resources) const;
 
   private:
-    // Nearly all that a form prints is Windows-1252, whose codes are its bytes. The typeface's other
-    // characters have codes of two bytes, in the order of their use; those of other fonts, and
-    // boxes, become drawn characters, as many to a font as there are codes of one byte but 0.
+    // Nearly all that a form prints is Windows-1252, whose codes are its bytes. The typeface's
+    // other characters have codes of two bytes, in the order of their use; those of other fonts,
+    // and boxes, become drawn characters, as many to a font as there are codes of one byte but 0.
     static constexpr unsigned kLatin = 0;
     static constexpr unsigned kWide = 1;
     static constexpr unsigned kFirstDrawn = 2;

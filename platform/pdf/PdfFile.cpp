@@ -50,10 +50,9 @@ void Link(QPDF& document, Object above, const std::vector<Entry>& entries) {
     Object last = Object::newNull();
     for (const Entry& entry : entries) {
         // The page's top edge, at the size at which the reader reads.
-        const Object place =
-            Object::newArray(std::vector<Object>{entry.page, Object::newName("/XYZ"),
-                                                 Object::newInteger(0), entry.top,
-                                                 Object::newNull()});
+        const Object place = Object::newArray(
+            std::vector<Object>{entry.page, Object::newName("/XYZ"), Object::newInteger(0),
+                                entry.top, Object::newNull()});
         Object item = document.makeIndirectObject(
             Object::newDictionary({{"/Title", Object::newUnicodeString(entry.title)},
                                    {"/Parent", above},
@@ -77,8 +76,7 @@ void Link(QPDF& document, Object above, const std::vector<Entry>& entries) {
 }  // namespace
 
 struct PdfFile::Document {
-    Document(Typeface& forms, Landscape lying)
-        : typeface(forms), landscape(lying), fonts(forms) {
+    Document(Typeface& forms, Landscape lying) : typeface(forms), landscape(lying), fonts(forms) {
         pdf.emptyPDF();
         pageTree = pdf.getRoot().getKey("/Pages");
         resources = pdf.makeIndirectObject(Object::newDictionary());
@@ -95,19 +93,18 @@ struct PdfFile::Document {
         const Object box = Object::newArray(
             std::vector<Object>{zero, zero, Points(turned ? page.height : page.width),
                                 Points(turned ? page.width : page.height)});
-        return pdf.makeIndirectObject(
-            Object::newDictionary({{"/Type", Object::newName("/Page")},
-                                   {"/Parent", node},
-                                   {"/MediaBox", box},
-                                   {"/Resources", resources},
-                                   {"/Contents", content}}));
+        return pdf.makeIndirectObject(Object::newDictionary({{"/Type", Object::newName("/Page")},
+                                                             {"/Parent", node},
+                                                             {"/MediaBox", box},
+                                                             {"/Resources", resources},
+                                                             {"/Contents", content}}));
     }
 
     // Where a reader of the outline is led to: the first page that shows something. A form may open
     // with an empty page, which is no sight.
     void List(const PrintJob& job, Object pages) {
-        const auto shown = std::ranges::find_if(job.pages,
-                                                [](const JobPage& p) { return !p.items.empty(); });
+        const auto shown =
+            std::ranges::find_if(job.pages, [](const JobPage& p) { return !p.items.empty(); });
         if (shown == job.pages.end()) {
             return;
         }
@@ -179,7 +176,7 @@ void PdfFile::Add(const PrintJob& job) {
     document.pageCount += std::ssize(job.pages);
     ++document.jobCount;
     document.List(job, pages);
-    for (const std::string& subject : {job.form, job.sample}) {
+    for (const std::string& subject : {job.form.empty() ? job.title : job.form, job.sample}) {
         if (!subject.empty()) {
             document.data.subjects.insert(subject);
         }

@@ -58,7 +58,8 @@ std::string PostScriptNameOf(const Font& font) {
     std::string text(name.data());
     // What a PDF name cannot hold as it stands.
     std::erase_if(text, [](char c) {
-        return c <= ' ' || c > '~' || std::string_view("()<>[]{}/%#").find(c) != std::string_view::npos;
+        return c <= ' ' || c > '~' ||
+               std::string_view("()<>[]{}/%#").find(c) != std::string_view::npos;
     });
     return text;
 }
@@ -255,7 +256,8 @@ FontSubset Typeface::Subset(const std::set<char32_t>& characters) const {
     hb_subset_input_set_flags(input.get(), HB_SUBSET_FLAGS_NO_HINTING);
     // A document sets each glyph by itself; what arranges and names glyphs is of no use in it.
     hb_set_t* const dropped = hb_subset_input_set(input.get(), HB_SUBSET_SETS_DROP_TABLE_TAG);
-    for (const char* const table : {"GSUB", "GPOS", "GDEF", "kern", "name", "post", "OS/2", "gasp"}) {
+    for (const char* const table :
+         {"GSUB", "GPOS", "GDEF", "kern", "name", "post", "OS/2", "gasp"}) {
         hb_set_add(dropped, hb_tag_from_string(table, -1));
     }
     const Owned<hb_subset_plan_t> plan(
@@ -293,11 +295,12 @@ std::optional<Message> Typeface::TakeBoxesNote() {
         names.push_back(std::to_string(boxes_.size() - kNamed) + " more");
     }
     const bool one = std::exchange(boxes_, {}).size() == 1;
-    return Message{.text = "No installed font has the character" + std::string(one ? " " : "s ") +
-                           Enumerated(names) + ".\n" +
-                           (one ? "A box is printed in its place." : "Boxes are printed in their place."),
-                   .title = "Print",
-                   .icon = MessageIcon::kWarning};
+    return Message{
+        .text = "No installed font has the character" + std::string(one ? " " : "s ") +
+                Enumerated(names) + ".\n" +
+                (one ? "A box is printed in its place." : "Boxes are printed in their place."),
+        .title = "Print",
+        .icon = MessageIcon::kWarning};
 }
 
 }  // namespace qfr

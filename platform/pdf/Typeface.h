@@ -63,7 +63,8 @@ class Typeface : public TextMetrics {
     double PixelsPerUnit(int points) const;
 
     const Glyph& Of(char32_t character);
-    // A blank for those that have no ink of their own (line breaks, tabs), whose glyph is a blank's.
+    // A blank for those that have no ink of their own (line breaks, tabs), whose glyph is a
+    // blank's.
     static char32_t Shown(char32_t character);
     Outline OutlineOf(const Glyph& glyph) const;
 

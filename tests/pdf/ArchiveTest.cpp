@@ -110,7 +110,8 @@ void CheckFont(Object font, const std::string& text) {
         Object descriptor = described.getKey("/FontDescriptor");
         embedded.emplace(descriptor);
         EXPECT_GT(embedded->glyphs, 1U) << "the font's file is used";
-        EXPECT_EQ(descriptor.getKey("/FontName").getName(), described.getKey("/BaseFont").getName());
+        EXPECT_EQ(descriptor.getKey("/FontName").getName(),
+                  described.getKey("/BaseFont").getName());
         EXPECT_TRUE(std::regex_match(descriptor.getKey("/FontName").getName(),
                                      std::regex("/[A-Z]{6}[+].*")));
         const bool symbolic = (descriptor.getKey("/Flags").getIntValue() & 4) != 0;
@@ -161,8 +162,8 @@ void CheckPages(QPDF& document) {
         Operators drawn;
         page.parseContents(&drawn);
         for (const std::string& name : drawn.names) {
-            EXPECT_THAT((std::vector<std::string>{"cm", "J", "w", "m", "l", "S", "g", "re", "f", "BT",
-                                                  "ET", "Td", "Tf", "Tj"}),
+            EXPECT_THAT((std::vector<std::string>{"cm", "J", "w", "m", "l", "S", "g", "re", "f",
+                                                  "BT", "ET", "Td", "Tf", "Tj"}),
                         testing::Contains(name));
         }
         for (const auto& [font, text] : drawn.texts) {
@@ -202,8 +203,8 @@ void CheckIntentAndMetadata(QPDF& document, const std::string& title) {
     EXPECT_EQ(profile.getDict().getKey("/N").getIntValue(), 1);
     const std::string bytes = DataOf(profile);
     EXPECT_EQ(bytes.size() % 4, 0U);
-    EXPECT_EQ(bytes.substr(2, 2),
-              (std::string{static_cast<char>(bytes.size() >> 8U), static_cast<char>(bytes.size())}));
+    EXPECT_EQ(bytes.substr(2, 2), (std::string{static_cast<char>(bytes.size() >> 8U),
+                                               static_cast<char>(bytes.size())}));
     EXPECT_EQ(bytes.substr(12, 12), "mntrGRAYXYZ ");
     EXPECT_EQ(bytes.substr(36, 4), "acsp");
 
@@ -216,10 +217,9 @@ void CheckIntentAndMetadata(QPDF& document, const std::string& title) {
     EXPECT_EQ(info.getKey("/Title").getUTF8Value(), title);
     EXPECT_THAT(xml, HasSubstr("<pdf:Producer>" + info.getKey("/Producer").getUTF8Value() + "<"));
     EXPECT_THAT(xml, HasSubstr("<xmp:CreatorTool>" + info.getKey("/Creator").getUTF8Value() + "<"));
-    const std::string date =
-        std::regex_replace(info.getKey("/CreationDate").getUTF8Value(),
-                           std::regex("D:(....)(..)(..)(..)(..)(..)([+-]..)'(..)'"),
-                           "$1-$2-$3T$4:$5:$6$7:$8");
+    const std::string date = std::regex_replace(
+        info.getKey("/CreationDate").getUTF8Value(),
+        std::regex("D:(....)(..)(..)(..)(..)(..)([+-]..)'(..)'"), "$1-$2-$3T$4:$5:$6$7:$8");
     EXPECT_THAT(xml, HasSubstr("<xmp:CreateDate>" + date + "</xmp:CreateDate>"));
     EXPECT_THAT(xml, HasSubstr("<xmp:ModifyDate>" + date + "</xmp:ModifyDate>"));
 }
@@ -259,7 +259,8 @@ TEST(Archive, HostileTextsAreFitForIt) {
     }
     std::string manyCharacters;
     for (unsigned i = 0; i < 600; ++i) {  // U+E000 and so on: more than one drawn font holds
-        manyCharacters += {'\xEE', static_cast<char>(0x80 + i / 64), static_cast<char>(0x80 + i % 64)};
+        manyCharacters +=
+            {'\xEE', static_cast<char>(0x80 + i / 64), static_cast<char>(0x80 + i % 64)};
     }
     const std::string texts[] = {std::string(100'000, 'W'),
                                  everyByte,
@@ -301,8 +302,9 @@ TEST(Archive, TellsFormsAndSamples) {
     job.form = "Form I <VOA>";
     job.sample = "MW-1 & 2";
     const std::string pdf = PdfOf({job, job}, "Package");
-    EXPECT_THAT(pdf, HasSubstr("<rdf:li>Form I &lt;VOA&gt;</rdf:li>\n<rdf:li>MW-1 &amp; 2</rdf:li>\n"
-                               "</rdf:Bag>"));
+    EXPECT_THAT(pdf,
+                HasSubstr("<rdf:li>Form I &lt;VOA&gt;</rdf:li>\n<rdf:li>MW-1 &amp; 2</rdf:li>\n"
+                          "</rdf:Bag>"));
 }
 
 }  // namespace

@@ -51,10 +51,10 @@ TEST(PdfFile, TellsOnceOfCharactersThatNoFontHas) {
 }
 
 TEST(PdfFile, ACoveredTextCannotBeFound) {
-    const std::string found =
-        DescribedBy("pdftotext", PdfOf({JobOf({TextAt(1, 1, "old"), TextAt(1, 1, "newer"),
-                                               TextAt(1, 2, "partly covered"), TextAt(1, 2, "part")})},
-                                       kTitle));
+    const std::string found = DescribedBy(
+        "pdftotext", PdfOf({JobOf({TextAt(1, 1, "old"), TextAt(1, 1, "newer"),
+                                   TextAt(1, 2, "partly covered"), TextAt(1, 2, "part")})},
+                           kTitle));
     EXPECT_THAT(found, Not(HasSubstr("old")));
     EXPECT_THAT(found, AllOf(HasSubstr("newer"), HasSubstr("covered")));
 }

@@ -35,8 +35,9 @@ inline std::string DescribedBy(const std::string& program, const std::string& pd
     const TempDir directory;
     const std::string file = directory.Write("document.pdf", pdf);
     const std::string answer = TextOf(directory.Path() / "answer");
-    const std::string command = program + " " + file + (program.starts_with("pdftotext") ? " -" : "") +
-                                " >" + answer + " 2>&1";
+    const std::string command = program + " " + file +
+                                (program.starts_with("pdftotext") ? " -" : "") + " >" + answer +
+                                " 2>&1";
     EXPECT_EQ(std::system(command.c_str()), 0) << command << "\n" << ReadAll(answer);
     return ReadAll(answer);
 }

@@ -66,8 +66,9 @@ TEST_F(DesktopSinkTest, TellsOfCharactersThatNoFontHas) {
     chooser.answers = {{Path("odd.pdf")}};
     ASSERT_TRUE(desktop_.BeginJob(pdf_, job_.title));
     desktop_.TakeJob(pdf_, JobOf({TextAt(1, 1, "\uE0F1")}));
-    EXPECT_THAT(log.TakeTexts(), testing::ElementsAre("No installed font has the character U+E0F1.\n"
-                                                      "A box is printed in its place."));
+    EXPECT_THAT(log.TakeTexts(),
+                testing::ElementsAre("No installed font has the character U+E0F1.\n"
+                                     "A box is printed in its place."));
 }
 
 TEST(PrinterSetup, GivesThePrinterWhatIsChosen) {

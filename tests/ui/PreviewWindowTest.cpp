@@ -50,8 +50,12 @@ class Preview : public testing::Test, protected WindowRig {
     }
 
     PdfSaver saver_{chooser, log};
-    PreviewWindow preview_{
-        {Job("Form 5 BFB01", 2), Job("Form 6", 18)}, "Data Package", FormsTypeface(), saver_, log, nullptr};
+    PreviewWindow preview_{{Job("Form 5 BFB01", 2), Job("Form 6", 18)},
+                           "Data Package",
+                           FormsTypeface(),
+                           saver_,
+                           log,
+                           nullptr};
     PageView& view_ = *preview_.findChild<PageView*>("PageView");
 };
 
