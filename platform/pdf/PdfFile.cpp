@@ -4,14 +4,16 @@
 #include <cstddef>
 #include <exception>
 #include <hb.h>
+#include <new>
+#include <utility>
+#include <vector>
+#include <zlib.h>
+
 #include <qpdf/Buffer.hh>
-#include <qpdf/Pl_Flate.hh>
 #include <qpdf/Pl_String.hh>
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFObjectHandle.hh>
 #include <qpdf/QPDFWriter.hh>
-#include <utility>
-#include <vector>
 
 #include "platform/FileLookup.h"
 #include "platform/Text.h"
@@ -33,14 +35,37 @@ Object Points(int pixels) {
     return Object::newReal(text);
 }
 
-std::string Compressed(const std::string& content) {
-    std::string compressed;
-    Pl_String last("page", nullptr, compressed);
-    Pl_Flate flate("page", &last, Pl_Flate::a_deflate);
-    flate.writeString(content);
-    flate.finish();
-    return compressed;
-}
+// Compresses streams of a document one after another; what that takes is by far larger than a page,
+// and used again.
+class Compressor {
+  public:
+    Compressor() {
+        if (deflateInit(&state_, Z_DEFAULT_COMPRESSION) != Z_OK) {
+            throw std::bad_alloc();
+        }
+    }
+    ~Compressor() { deflateEnd(&state_); }
+    Compressor(const Compressor&) = delete;
+    Compressor& operator=(const Compressor&) = delete;
+
+    std::shared_ptr<Buffer> Compress(std::string content) {
+        deflateReset(&state_);
+        space_.resize(deflateBound(&state_, content.size()));
+        state_.next_in = reinterpret_cast<Bytef*>(content.data());
+        state_.avail_in = static_cast<uInt>(content.size());
+        state_.next_out = space_.data();
+        state_.avail_out = static_cast<uInt>(space_.size());
+        // There is space for all of it.
+        deflate(&state_, Z_FINISH);
+        auto compressed = std::make_shared<Buffer>(state_.total_out);
+        std::copy_n(space_.begin(), state_.total_out, compressed->getBuffer());
+        return compressed;
+    }
+
+  private:
+    z_stream state_{};
+    std::vector<Bytef> space_;
+};
 
 // An entry of the outline, and those below it.
 struct Entry {
@@ -55,10 +80,9 @@ void Link(QPDF& document, Object above, const std::vector<Entry>& entries) {
     Object last = Object::newNull();
     for (const Entry& entry : entries) {
         // The page's top edge, at the size at which the reader reads.
-        const Object place =
-            Object::newArray(std::vector<Object>{entry.page, Object::newName("/XYZ"),
-                                                 Object::newInteger(0), entry.top,
-                                                 Object::newNull()});
+        const Object place = Object::newArray(
+            std::vector<Object>{entry.page, Object::newName("/XYZ"), Object::newInteger(0),
+                                entry.top, Object::newNull()});
         Object item = document.makeIndirectObject(
             Object::newDictionary({{"/Title", Object::newUnicodeString(entry.title)},
                                    {"/Parent", above},
@@ -82,37 +106,51 @@ void Link(QPDF& document, Object above, const std::vector<Entry>& entries) {
 }  // namespace
 
 struct PdfFile::Document {
-    Document(Typeface& forms, Landscape lying)
-        : typeface(forms), landscape(lying), fonts(forms) {
+    Document(Typeface& forms, Landscape lying) : typeface(forms), landscape(lying), fonts(forms) {
         pdf.emptyPDF();
         pageTree = pdf.getRoot().getKey("/Pages");
-        resources = pdf.makeIndirectObject(Object::newDictionary());
     }
 
-    // A page of the job, below the job's node.
-    Object AddPage(const JobPage& page, const Object& node) {
+    Object BoxOf(const JobPage& page) const {
         const bool turned = landscape == Landscape::kTurnedOntoPaper &&
                             page.orientation == PageOrientation::kLandscape;
-        Object content = pdf.newStream();
-        content.replaceStreamData(Compressed(PageContent(page, landscape, typeface, fonts)),
-                                  Object::newName("/FlateDecode"), Object::newNull());
         const Object zero = Object::newInteger(0);
-        const Object box = Object::newArray(
-            std::vector<Object>{zero, zero, Points(turned ? page.height : page.width),
-                                Points(turned ? page.width : page.height)});
-        return pdf.makeIndirectObject(
-            Object::newDictionary({{"/Type", Object::newName("/Page")},
-                                   {"/Parent", node},
-                                   {"/MediaBox", box},
-                                   {"/Resources", resources},
-                                   {"/Contents", content}}));
+        return Object::newArray(std::vector<Object>{zero, zero,
+                                                    Points(turned ? page.height : page.width),
+                                                    Points(turned ? page.width : page.height)});
+    }
+
+    // The pages of a job, as a branch of the page tree. A large document consists of little else
+    // than pages; what they have in common is kept once.
+    Object AddPages(const std::vector<JobPage>& pages) {
+        const JobPage& first = pages.front();
+        Object kids = Object::newArray();
+        Object node = pdf.makeIndirectObject(
+            Object::newDictionary({{"/Type", Object::newName("/Pages")},
+                                   {"/Parent", pageTree},
+                                   {"/MediaBox", BoxOf(first)},
+                                   {"/Count", Object::newInteger(std::ssize(pages))},
+                                   {"/Kids", kids}}));
+        for (const JobPage& page : pages) {
+            Object content = pdf.newStream();
+            content.replaceStreamData(
+                compressor.Compress(PageContent(page, landscape, typeface, fonts)), filter, none);
+            Object entry = pdf.makeIndirectObject(Object::newDictionary(
+                {{"/Type", pageType}, {"/Parent", node}, {"/Contents", content}}));
+            if (page.width != first.width || page.height != first.height) {
+                entry.replaceKey("/MediaBox", BoxOf(page));
+            }
+            kids.appendItem(entry);
+        }
+        jobNodes.appendItem(node);
+        return kids;
     }
 
     // Where a reader of the outline is led to: the first page that shows something. A form may open
     // with an empty page, which is no sight.
     void List(const PrintJob& job, Object pages) {
-        const auto shown = std::ranges::find_if(job.pages,
-                                                [](const JobPage& p) { return !p.items.empty(); });
+        const auto shown =
+            std::ranges::find_if(job.pages, [](const JobPage& p) { return !p.items.empty(); });
         if (shown == job.pages.end()) {
             return;
         }
@@ -129,11 +167,13 @@ struct PdfFile::Document {
 
     // False when the typeface does not yield what the pages use.
     bool Complete(const std::string& title) {
+        const Object resources = Object::newDictionary();
         if (!fonts.AddTo(pdf, resources)) {
             return false;
         }
         Object root = pdf.getRoot();
         root.replaceKey("/Pages", pageTree);
+        pageTree.replaceKey("/Resources", resources);
         pageTree.replaceKey("/Kids", jobNodes);
         pageTree.replaceKey("/Count", Object::newInteger(pageCount));
         if (jobCount > 1 && !outline.empty()) {
@@ -153,7 +193,11 @@ struct PdfFile::Document {
     Landscape landscape;
     QPDF pdf;
     DocumentFonts fonts;
-    Object resources;  // of all pages; filled when all characters are known
+    Compressor compressor;
+    // What every page has.
+    const Object pageType = Object::newName("/Page");
+    const Object filter = Object::newName("/FlateDecode");
+    const Object none = Object::newNull();
     Object pageTree;
     Object jobNodes = Object::newArray();  // of the page tree, a branch for each job
     long long pageCount = 0;
@@ -171,19 +215,9 @@ void PdfFile::Add(const PrintJob& job) {
         return;
     }
     Document& document = *document_;
-    Object pages = Object::newArray();
-    Object node = document.pdf.makeIndirectObject(
-        Object::newDictionary({{"/Type", Object::newName("/Pages")},
-                               {"/Parent", document.pageTree},
-                               {"/Count", Object::newInteger(std::ssize(job.pages))},
-                               {"/Kids", pages}}));
-    for (const JobPage& page : job.pages) {
-        pages.appendItem(document.AddPage(page, node));
-    }
-    document.jobNodes.appendItem(node);
+    document.List(job, document.AddPages(job.pages));
     document.pageCount += std::ssize(job.pages);
     ++document.jobCount;
-    document.List(job, pages);
     for (const std::string& subject : {job.form, job.sample}) {
         if (!subject.empty()) {
             document.data.subjects.insert(subject);
