@@ -5,11 +5,13 @@
 #include <exception>
 #include <hb.h>
 #include <new>
+#include <system_error>
 #include <utility>
 #include <vector>
 #include <zlib.h>
 
 #include <qpdf/Buffer.hh>
+#include <qpdf/Pipeline.hh>
 #include <qpdf/Pl_String.hh>
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFObjectHandle.hh>
@@ -26,8 +28,6 @@ namespace qfr {
 namespace {
 
 using Object = QPDFObjectHandle;
-
-constexpr char kNoPages[] = "There is no page to print.";
 
 Object Points(int pixels) {
     std::string text;
@@ -65,6 +65,30 @@ class Compressor {
   private:
     z_stream state_{};
     std::vector<Bytef> space_;
+};
+
+// Passes a document on to a file as it is written.
+class Pieces : public Pipeline {
+  public:
+    explicit Pieces(const PutPiece& put) : Pipeline("file", nullptr), put_(put) {}
+
+    void write(const unsigned char* data, std::size_t size) override {
+        waiting_.append(reinterpret_cast<const char*>(data), size);
+        constexpr std::size_t kAtOnce = 1 << 16;
+        if (waiting_.size() >= kAtOnce) {
+            finish();
+        }
+    }
+    void finish() override {
+        error_ = error_ ? error_ : put_(waiting_);
+        waiting_.clear();
+    }
+    std::error_code Error() const { return error_; }
+
+  private:
+    const PutPiece& put_;
+    std::string waiting_;
+    std::error_code error_;
 };
 
 // An entry of the outline, and those below it.
@@ -189,6 +213,28 @@ struct PdfFile::Document {
         return true;
     }
 
+    // Comes last. The reason of a failure, empty on success.
+    std::string WriteTo(Pipeline& out, const std::string& title) {
+        if (pageCount == 0) {
+            return "There is no page to print.";
+        }
+        // The library throws where it fails, which is not to cross this border.
+        try {
+            if (!Complete(title)) {
+                return "The typeface's file could not be used.";
+            }
+            QPDFWriter writer(pdf);
+            writer.setOutputPipeline(&out);
+            writer.setMinimumPDFVersion("1.7");
+            writer.setObjectStreamMode(qpdf_o_generate);
+            writer.setDeterministicID(true);
+            writer.write();
+            return {};
+        } catch (const std::exception& failure) {
+            return std::string("The PDF file could not be made. ") + failure.what();
+        }
+    }
+
     Typeface& typeface;
     Landscape landscape;
     QPDF pdf;
@@ -230,36 +276,24 @@ bool PdfFile::HasPages() const {
 }
 
 std::string PdfFile::Content(const std::string& title, std::string& reason) {
-    if (!HasPages()) {
-        reason = kNoPages;
-        return {};
-    }
-    // The library throws where it fails, which is not to cross this border.
-    try {
-        if (!document_->Complete(title)) {
-            reason = "The typeface's file could not be used.";
-            return {};
-        }
-        std::string content;
-        Pl_String out("document", nullptr, content);
-        QPDFWriter writer(document_->pdf);
-        writer.setOutputPipeline(&out);
-        writer.setMinimumPDFVersion("1.7");
-        writer.setObjectStreamMode(qpdf_o_generate);
-        writer.setDeterministicID(true);
-        writer.write();
-        return content;
-    } catch (const std::exception& failure) {
-        reason = std::string("The PDF file could not be made. ") + failure.what();
-        return {};
-    }
+    std::string content;
+    Pl_String out("document", nullptr, content);
+    reason = document_->WriteTo(out, title);
+    return reason.empty() ? content : "";
 }
 
 std::optional<std::string> PdfFile::Write(const std::string& title, const std::string& fileName,
                                           ReadOnlyFile readOnly) {
     std::string reason;
-    const std::string content = Content(title, reason);
-    return content.empty() ? reason : ReplaceFile(PathOf(fileName), content, readOnly);
+    const auto failure = ReplaceFile(
+        PathOf(fileName),
+        [&](const PutPiece& put) {
+            Pieces out(put);
+            reason = document_->WriteTo(out, title);
+            return reason.empty() ? out.Error() : std::make_error_code(std::errc::io_error);
+        },
+        readOnly);
+    return reason.empty() ? failure : reason;
 }
 
 std::string PdfForQueue(const PrintJob& job, Typeface& typeface, std::string& reason) {
