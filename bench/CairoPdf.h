@@ -1,4 +1,5 @@
-// A yardstick: recorded jobs painted with cairo.
+// A yardstick: recorded jobs painted with cairo, their texts with cairo_show_glyphs, which takes a
+// tenth less time than cairo_show_text.
 #pragma once
 
 #include <memory>
