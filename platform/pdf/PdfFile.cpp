@@ -141,7 +141,7 @@ class Assembly {
                     leaf.replaceKey("/MediaBox", BoxOf(page));
                 }
                 leaves.appendItem(leaf);
-                pages_.push_back({leaf, Points(page.height)});
+                pages_.emplace_back(leaf, Points(page.height));
             }
             branches.appendItem(branch);
         }
