@@ -19,7 +19,7 @@ packagesFor() {
             echo dpkg-dev file fakeroot lintian desktop-file-utils appstream shared-mime-info \
                 libglib2.0-bin man-db poppler-utils ;;
         windows) echo g++-mingw-w64-x86-64-posix googletest ;;
-        bench) echo libbenchmark-dev ;;
+        bench) echo libbenchmark-dev libcairo2-dev ;;
         *)
             echo "$0: no such task: $1" >&2
             exit 2

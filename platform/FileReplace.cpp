@@ -7,7 +7,6 @@
 #include <system_error>
 
 #include "platform/FileLookup.h"
-#include "platform/HostSystem.h"
 #include "platform/Text.h"
 
 namespace qfr {
@@ -69,6 +68,12 @@ bool AgreesToReplace(const fs::path& target, Messages& messages) {
 }
 
 std::optional<std::string> ReplaceFile(const fs::path& target, std::string_view content,
+                                       ReadOnlyFile readOnly) {
+    return ReplaceFile(
+        target, [content](const PutPiece& put) { return put(content); }, readOnly);
+}
+
+std::optional<std::string> ReplaceFile(const fs::path& target, const ContentPieces& content,
                                        ReadOnlyFile readOnly) {
     std::error_code error;
     std::optional<std::error_code> written = WriteThrough(target, content);

@@ -9,7 +9,7 @@ class JSON;
 #endif
 
 #include <qpdf/Buffer.hh>
-#include <qpdf/Pl_Flate.hh>
+#include <qpdf/Pipeline.hh>
 #include <qpdf/Pl_String.hh>
 #include <qpdf/QPDF.hh>
 #include <qpdf/QPDFObjectHandle.hh>
