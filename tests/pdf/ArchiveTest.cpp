@@ -276,6 +276,9 @@ TEST(Archive, HostileTextsAreFitForIt) {
     for (const std::string& text : texts) {
         items.emplace_back(TextAt(0.5, 0.5 + static_cast<double>(items.size()), text));
     }
+    for (int i = 0; i < 100'000; ++i) {
+        items.emplace_back(TextAt(0.5 + i % 10 * 0.8, 0.01 * (i / 10 % 1000), std::to_string(i)));
+    }
     items.emplace_back(RuleItem{-kFarthest, kFarthest, kFarthest, -kFarthest, 0});
     CheckArchive(PdfOf({JobOf(items)}, "<&>\U0001F600"), "<&>\U0001F600");
     // The typeface has told, which is for another test to see.
