@@ -71,9 +71,9 @@ set(CPACK_DEBIAN_QFRBATCH_PACKAGE_SOURCE qfrforms)
 
 # The libraries, and what they load, follow from the programs; the typeface of the forms does not, nor
 # one for the windows, without which a bare system shows them in a typewriter's. That one also has
-# characters which the forms' typeface lacks.
+# characters which the forms' typeface lacks. Fontconfig keeps the list of fonts for users without a home.
 set(CPACK_DEBIAN_QFRBATCH_PACKAGE_DEPENDS fonts-liberation)
-set(CPACK_DEBIAN_QFRBATCH_PACKAGE_RECOMMENDS fonts-dejavu-core)
+set(CPACK_DEBIAN_QFRBATCH_PACKAGE_RECOMMENDS "fontconfig, fonts-dejavu-core")
 set(CPACK_DEBIAN_QFRFORMS_PACKAGE_DEPENDS fonts-dejavu-core)
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS cups)
 set(CPACK_DEBIAN_QFRFORMS_PACKAGE_SHLIBDEPS ON)

@@ -1,9 +1,9 @@
 #!/bin/sh
 # Installs what is missing of the Debian packages that a task needs: "build" the programs, "test" them,
-# "check" the sources, make the "package", build the core for "windows", measure with "bench". Asks for
-# nothing, and needs neither root nor the network when nothing is missing.
+# "check" the sources, make the "package", build the core for "windows", measure with "bench", test the
+# server "image". Asks for nothing, and needs neither root nor the network when nothing is missing.
 #
-#     packaging/install-packages.sh build [test] [check] [package] [windows] [bench]
+#     packaging/install-packages.sh build [test] [check] [package] [windows] [bench] [image]
 set -eu
 
 packagesFor() {
@@ -21,6 +21,7 @@ packagesFor() {
                 libglib2.0-bin man-db poppler-utils ;;
         windows) echo g++-mingw-w64-x86-64-posix googletest ;;
         bench) echo libbenchmark-dev libcairo2-dev ;;
+        image) echo debootstrap ;;
         *)
             echo "$0: no such task: $1" >&2
             exit 2
