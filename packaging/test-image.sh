@@ -37,8 +37,13 @@ trap cleanUp EXIT
 trap 'exit 1' HUP INT TERM
 
 # From where this machine has its own packages.
-apt-get indextargets --format 'deb $(REPO_URI) $(RELEASE) $(COMPONENT)' 'Created-By: Packages' |
-    grep -E ' bookworm(-updates|-security)? main$' >"$work/sources" || skip "apt knows no mirror"
+sources() {
+    apt-get indextargets --format 'deb $(REPO_URI) $(RELEASE) $(COMPONENT)' 'Created-By: Packages' |
+        grep -E ' bookworm(-updates|-security)? main$' >"$work/sources"
+}
+sources || {
+    apt-get update -qq && sources
+} || skip "apt knows no mirror"
 mirror=$(awk '$3 == "bookworm" { print $2; exit }' "$work/sources")
 # The slim image leaves out what nobody reads in a container.
 mkdir -p "$tree/etc/dpkg/dpkg.cfg.d"
