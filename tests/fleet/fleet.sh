@@ -23,8 +23,8 @@ for number in $(seq -w 200); do
 done
 
 set -- load --blank VBLK01.PRN --cal VOA0516.CAL --check VSTD050C.CHECK ZA10?.PRN
-parallel --halt now,fail=1 -j2 "$program" print {} --sample VBLK01 -o two/{.}.pdf ::: batch*.qff
-parallel --halt now,fail=1 -j2 "$program" "$@" --defaults {} -o two/{.}.qff ::: batch*.txt
+parallel --halt now,fail=1 -j2 "$program" print {} --sample VBLK01 -o 'two/{.}.pdf' ::: batch*.qff
+parallel --halt now,fail=1 -j2 "$program" "$@" --defaults {} -o 'two/{.}.qff' ::: batch*.txt
 for batch in batch*.qff; do
     "$program" print "$batch" --sample VBLK01 -o "one/${batch%.qff}.pdf"
     "$program" "$@" --defaults "${batch%.qff}.txt" -o "one/$batch"
