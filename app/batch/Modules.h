@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "platform/JobSink.h"
-#include "platform/Messages.h"
 #include "platform/PrintJob.h"
 #include "platform/Printer.h"
 
@@ -23,7 +22,6 @@ class PdfModule {
 
     virtual ~PdfModule() = default;
     virtual TextMetrics& Metrics() = 0;
-    virtual std::optional<Message> TakeBoxesNote() = 0;
     virtual std::unique_ptr<PdfWriter> NewPdf() = 0;
     // The job as its pages lie on the paper in a printer. Empty after a failure, whose reason is in
     // `reason`.

@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <cstdlib>
 #include <ctime>
-#include <qpdf/QPDFObjectHandle.hh>
 #include <string_view>
 
 #include "platform/Text.h"

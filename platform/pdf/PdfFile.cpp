@@ -4,12 +4,6 @@
 #include <cstddef>
 #include <exception>
 #include <hb.h>
-#include <qpdf/Buffer.hh>
-#include <qpdf/Pl_Flate.hh>
-#include <qpdf/Pl_String.hh>
-#include <qpdf/QPDF.hh>
-#include <qpdf/QPDFObjectHandle.hh>
-#include <qpdf/QPDFWriter.hh>
 #include <utility>
 #include <vector>
 
@@ -18,6 +12,7 @@
 #include "platform/pdf/ArchiveData.h"
 #include "platform/pdf/DocumentFonts.h"
 #include "platform/pdf/PdfNumbers.h"
+#include "platform/pdf/Qpdf.h"
 
 namespace qfr {
 

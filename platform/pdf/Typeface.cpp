@@ -14,6 +14,7 @@ namespace qfr {
 namespace {
 
 constexpr double kPointsPerInch = 72;
+constexpr char kFreeFamily[] = "Liberation Serif";
 
 struct Release {
     void operator()(hb_blob_t* blob) const { hb_blob_destroy(blob); }
@@ -114,11 +115,12 @@ Owned<hb_draw_funcs_t> DrawWithPen() {
 
 struct Typeface::Fonts {
     Font own;
-    std::unique_ptr<OtherFonts> installed;  // from the first character that the typeface lacks
+    std::unique_ptr<FontFinder> finder;
     std::vector<std::pair<FontFile, Font>> others;
     Owned<hb_draw_funcs_t> draw = DrawWithPen();
 
-    explicit Fonts(const FontFile& file) : own(file) {}
+    Fonts(const FontFile& file, std::unique_ptr<FontFinder> fonts)
+        : own(file), finder(std::move(fonts)) {}
 
     const Font& Of(const Glyph& glyph) const {
         return glyph.source == Source::kOther ? others[glyph.other].second : own;
@@ -126,12 +128,14 @@ struct Typeface::Fonts {
 };
 
 std::unique_ptr<Typeface> Typeface::Load() {
-    for (const char* const family : {"Times New Roman", "Liberation Serif"}) {
-        if (const auto file = FindFamily(family)) {
-            auto fonts = std::make_unique<Fonts>(*file);
+    auto finder = std::make_unique<FontFinder>();
+    for (const char* const family : {"Times New Roman", kFreeFamily}) {
+        if (const auto file = finder->Family(family)) {
+            auto fonts = std::make_unique<Fonts>(*file, std::move(finder));
             if (fonts->own.GlyphOf(U' ')) {
                 return std::unique_ptr<Typeface>(new Typeface(*file, std::move(fonts)));
             }
+            finder = std::move(fonts->finder);
         }
     }
     return nullptr;
@@ -193,11 +197,8 @@ Typeface::Glyph Typeface::Look(char32_t character) {
     if (const auto glyph = own.GlyphOf(character)) {
         return {Source::kOwn, *glyph, 0, own.AdvanceOf(*glyph)};
     }
-    if (!fonts_->installed) {
-        fonts_->installed = std::make_unique<OtherFonts>("Liberation Serif");
-    }
     auto& others = fonts_->others;
-    if (const auto file = fonts_->installed->With(character)) {
+    if (const auto file = fonts_->finder->With(character, kFreeFamily)) {
         auto known = std::ranges::find(others, *file, &std::pair<FontFile, Font>::first);
         if (known == others.end()) {
             known = others.emplace(others.end(), *file, Font(*file));

@@ -82,8 +82,7 @@ class Typeface : public TextMetrics {
     // Empty when it cannot be made.
     FontSubset Subset(const std::set<char32_t>& characters) const;
 
-    // About the characters printed as boxes that no call has told of yet; absent without any.
-    std::optional<Message> TakeBoxesNote();
+    std::optional<Message> TakeBoxesNote() override;
 
   private:
     struct Fonts;
