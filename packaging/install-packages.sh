@@ -9,7 +9,7 @@ set -eu
 packagesFor() {
     case "$1" in
         build)
-            echo cmake ninja-build g++ ccache qt6-base-dev libcups2-dev libqpdf-dev \
+            echo cmake ninja-build g++ ccache qt6-base-dev libcups2-dev libqpdf-dev zlib1g-dev \
                 libharfbuzz-dev libfontconfig-dev pkgconf libchm-dev libcli11-dev fp-utils \
                 fonts-dejavu-core fonts-liberation ;;
         test)
