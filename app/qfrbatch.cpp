@@ -36,8 +36,7 @@ class Platform : public qfr::BatchPlatform {
     }
     qfr::TextMetrics& Metrics() override { return pdf_->Metrics(); }
     std::unique_ptr<qfr::PdfWriter> NewPdf() override { return pdf_->NewPdf(); }
-    std::vector<std::string> Printers() override {
-        std::string reason;
+    std::vector<std::string> Printers(std::string& reason) override {
         if (const auto make = queues_ ? nullptr : MakerOf<qfr::QueueModule>(reason)) {
             queues_.reset(make());
         }

@@ -72,8 +72,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         for (int page = input.Byte() % 4; page > 0; --page) {
             qfr::JobPage next{input.Byte() % 2 == 0 ? qfr::PageOrientation::kPortrait
                                                     : qfr::PageOrientation::kLandscape,
-                              5100,
-                              6600,
+                              input.Number() % 6600,
+                              input.Number() % 6600,
                               {}};
             for (int kind = input.Byte(); kind != 0 && !input.AtEnd(); kind = input.Byte()) {
                 next.items.push_back(TakeItem(input, *typeface, kind));

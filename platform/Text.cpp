@@ -289,7 +289,8 @@ std::string Enumerated(const std::vector<std::string>& items) {
 bool IsControl(char32_t c) {
     const bool turnsWriting = c == 0x061C || c == 0x200E || c == 0x200F ||
                               (c >= 0x202A && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);
-    return c < 0x20 || (c >= 0x7F && c < 0xA0) || turnsWriting;
+    const bool isNone = (c & 0xFFFE) == 0xFFFE;
+    return c < 0x20 || (c >= 0x7F && c < 0xA0) || turnsWriting || isNone;
 }
 
 std::string Visible(std::string_view text) {

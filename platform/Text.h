@@ -74,7 +74,7 @@ std::string Enumerated(const std::vector<std::string>& items);
 std::string OneLine(std::string_view text);
 
 // Whether the character is no part of a text but rules how it shows: a control character (C0, DEL,
-// C1), or one that turns the direction of writing.
+// C1), or one that turns the direction of writing; or whether it is none at all (U+FFFF).
 bool IsControl(char32_t character);
 
 // The text with "?" in the place of each such character and of each byte that begins no well-formed

@@ -43,7 +43,7 @@ class FakePlatform : public BatchPlatform {
     std::optional<std::string> Start() override { return startFailure; }
     TextMetrics& Metrics() override { return metrics_; }
     std::unique_ptr<PdfWriter> NewPdf() override { return std::make_unique<FakePdf>(forms); }
-    std::vector<std::string> Printers() override { return {"Office", "Lab"}; }
+    std::vector<std::string> Printers(std::string& /*reason*/) override { return {"Office", "Lab"}; }
     std::optional<std::string> PrintOnQueue(const PrintJob& job,
                                             const std::string& printer) override {
         printed.push_back(printer + ": " + job.title);

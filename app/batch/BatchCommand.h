@@ -35,7 +35,8 @@ class BatchPlatform {
     virtual std::optional<std::string> Start() = 0;
     virtual TextMetrics& Metrics() = 0;
     virtual std::unique_ptr<PdfWriter> NewPdf() = 0;
-    virtual std::vector<std::string> Printers() = 0;
+    // Where there is none and the reason is known, it is in `reason`.
+    virtual std::vector<std::string> Printers(std::string& reason) = 0;
     // Whether the system wants the command to end before its work is done.
     virtual bool EndRequested() const { return false; }
     virtual std::optional<std::string> PrintOnQueue(const PrintJob& job,

@@ -96,17 +96,15 @@ bool MakeFolder(Context& context, const fs::path& folder) {
 
 bool HasPrinter(Context& context, const std::string& printer) {
     std::string others;
-    for (const std::string& name : context.platform.Printers()) {
+    std::string reason = "none is installed, or the print service does not answer";
+    for (const std::string& name : context.platform.Printers(reason)) {
         if (name == printer) {
             return true;
         }
         others += (others.empty() ? "there is " : ", ") + name;
     }
     context.Complain(kUnusable) << "there is no printer \"" << printer << "\"; "
-                                << (others.empty()
-                                        ? "none is installed, or the print service does not answer"
-                                        : others)
-                                << '\n';
+                                << (others.empty() ? reason : others) << '\n';
     return false;
 }
 

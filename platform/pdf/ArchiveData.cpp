@@ -186,9 +186,13 @@ std::string GreyProfile() {
 void AddArchiveData(QPDF& document, const DocumentData& data) {
     const Time time = PartsOf(DocumentTime());
     const DocumentData plain = [&data] {
-        DocumentData visible{Visible(data.title), {}};
+        // An archive takes no longer string than 32,767 bytes.
+        const auto show = [](const std::string& text) {
+            return Visible(FirstCharacters(text, kMaxPrintedText));
+        };
+        DocumentData visible{show(data.title), {}};
         for (const std::string& subject : data.subjects) {
-            visible.subjects.insert(Visible(subject));
+            visible.subjects.insert(show(subject));
         }
         return visible;
     }();

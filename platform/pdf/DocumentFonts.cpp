@@ -304,7 +304,7 @@ QPDFObjectHandle DocumentFonts::DrawnFont(QPDF& document, std::size_t first) con
     return document.makeIndirectObject(Object::newDictionary(
         {{"/Type", Name("/Font")},
          {"/Subtype", Name("/Type3")},
-         {"/FontBBox", BoxOf(typeface_.Measure())},
+         {"/FontBBox", numbers(std::array{"0", "0", "0", "0"})},  // not told
          {"/FontMatrix", numbers(std::array{"0.001", "0", "0", "0.001", "0", "0"})},
          {"/CharProcs", procedures},
          {"/Encoding",

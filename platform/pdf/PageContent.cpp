@@ -14,6 +14,7 @@ namespace qfr {
 namespace {
 
 constexpr double kPointsPerInch = 72;
+constexpr std::size_t kLongestString = 16'000;  // bytes; an archive takes no more than 32,767
 constexpr double kPointsPerPixel = kPointsPerInch / kResolution;
 
 // Writes operators. Numbers are pixels at kResolution, upwards from the page's lower edge; font,
@@ -73,8 +74,11 @@ class ContentWriter {
         bool wide = false;
         for (std::string_view rest = text.text; !rest.empty();) {
             const FontCode next = fonts_.CodeOf(TakeCharacter(rest));
-            if (next.font != font_ || text.size != size_) {
+            const bool fontChanges = next.font != font_ || text.size != size_;
+            if (fontChanges || codes.size() > kLongestString) {
                 Show(codes, wide);
+            }
+            if (fontChanges) {
                 SetFont(next.font, text.size);
             }
             wide = next.wide;

@@ -164,6 +164,7 @@ class Assembly {
         writer.setMinimumPDFVersion("1.7");
         writer.setObjectStreamMode(qpdf_o_generate);
         writer.setDeterministicID(true);
+        writer.setNewlineBeforeEndstream(true);  // as archives want it
         writer.write();
     }
 

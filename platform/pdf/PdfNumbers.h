@@ -3,7 +3,6 @@
 
 #include <array>
 #include <charconv>
-#include <cstdio>
 #include <string>
 #include <string_view>
 
@@ -14,11 +13,12 @@ inline void AppendNumber(std::string& out, int value) {
     out.append(digits.data(), std::to_chars(digits.begin(), digits.end(), value).ptr);
 }
 
-// With up to four digits behind the point.
+// With up to four digits behind the point, whatever the locale; of at most 20 before it.
 inline void AppendNumber(std::string& out, double value) {
     std::array<char, 32> digits{};
-    const int size = std::snprintf(digits.data(), digits.size(), "%.4f", value);
-    std::string_view text(digits.data(), static_cast<std::size_t>(size));
+    const auto written =
+        std::to_chars(digits.begin(), digits.end(), value, std::chars_format::fixed, 4);
+    std::string_view text(digits.data(), static_cast<std::size_t>(written.ptr - digits.data()));
     text = text.substr(0, text.find_last_not_of('0') + 1);
     out += text.ends_with('.') ? text.substr(0, text.size() - 1) : text;
 }

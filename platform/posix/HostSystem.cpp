@@ -175,6 +175,8 @@ struct EndRequests::Listener {
 
 EndRequests::EndRequests(std::function<void()> onRequest)
     : listener_(std::make_unique<Listener>()) {
+    // A file that reaches the user's limit is a failed one, and not the program's end.
+    ::signal(SIGXFSZ, SIG_IGN);
     Listener& listener = *listener_;
     ::sigemptyset(&listener.signals);
     ::sigaddset(&listener.signals, SIGTERM);

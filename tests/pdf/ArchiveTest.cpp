@@ -2,6 +2,7 @@
 #include <hb.h>
 #include <set>
 
+#include "platform/PaintOrder.h"
 #include "tests/pdf/PdfSupport.h"
 
 namespace qfr::test {
@@ -41,7 +42,21 @@ class Operators : public Object::ParserCallbacks {
         if (name == "Tf") {
             font_ = operands_.at(0).getName();
         } else if (name == "Tj") {
+            EXPECT_LE(operands_.at(0).getStringValue().size(), 32'767U);
             texts[font_] += operands_.at(0).getStringValue();
+        } else if (name == "BT") {
+            x_ = 0;
+            y_ = 0;
+        } else if (name == "Td") {
+            x_ += operands_.at(0).getIntValueAsInt();
+            y_ += operands_.at(1).getIntValueAsInt();
+            places.push_back("text " + std::to_string(x_) + " " + std::to_string(y_));
+        } else if (name == "cm" || name == "w" || name == "m" || name == "l" || name == "re") {
+            std::string place = name;
+            for (Object& operand : operands_) {
+                place += " " + operand.unparse();
+            }
+            places.push_back(place);
         }
         operands_.clear();
     }
@@ -49,11 +64,43 @@ class Operators : public Object::ParserCallbacks {
 
     std::set<std::string> names;
     std::map<std::string, std::string> texts;  // all codes, by font
+    std::vector<std::string> places;           // of texts, rules and cells, in order
 
   private:
     std::vector<Object> operands_;
     std::string font_;
+    int x_ = 0;  // where the last text begins
+    int y_ = 0;
 };
+
+// The same for a page that is not turned, from its items: pixels at kResolution, upwards.
+std::vector<std::string> PlacesOf(const JobPage& page) {
+    std::vector<std::string> places = {"cm 0.12 0 0 0.12 0 0"};
+    const auto add = [&](const char* what, auto... numbers) {
+        places.emplace_back(what);
+        ((places.back() += " " + std::to_string(numbers)), ...);
+    };
+    const std::vector<PaintedItem> painted = PaintOrderOf(page);
+    int pen = -1;
+    for (std::size_t i = 0; i < page.items.size(); ++i) {
+        if (const auto* const rule = std::get_if<RuleItem>(&page.items[i])) {
+            if (std::exchange(pen, rule->penWidth) != rule->penWidth) {
+                add("w", rule->penWidth);
+            }
+            add("m", rule->x1, page.height - rule->y1);
+            add("l", rule->x2, page.height - rule->y2);
+            continue;
+        }
+        const auto& text = std::get<TextItem>(page.items[i]);
+        if (painted[i].coversEarlier && !painted[i].hidden) {
+            add("re", text.x, page.height - text.y - text.height, text.width, text.height);
+        }
+        if (!painted[i].hidden) {
+            add("text", text.x, page.height - text.y - FormsTypeface().Ascent(text.size));
+        }
+    }
+    return places;
+}
 
 // The embedded file of a typeface.
 class EmbeddedFont {
@@ -149,9 +196,16 @@ void CheckFont(Object font, const std::string& text) {
     }
 }
 
-void CheckPages(QPDF& document) {
+void CheckPages(QPDF& document, const std::vector<PrintJob>& jobs) {
     std::map<std::string, std::string> texts;
     Object fonts;
+    std::vector<const JobPage*> printed;
+    for (const PrintJob& job : jobs) {
+        for (const JobPage& page : job.pages) {
+            printed.push_back(&page);
+        }
+    }
+    auto next = printed.begin();
     for (QPDFPageObjectHelper page : QPDFPageDocumentHelper(document).getAllPages()) {
         Object dictionary = page.getObjectHandle();
         EXPECT_TRUE(dictionary.hasKey("/Resources")) << "of its own, not of the page tree";
@@ -172,30 +226,50 @@ void CheckPages(QPDF& document) {
         for (const auto& [font, text] : drawn.texts) {
             texts[font] += text;
         }
+        ASSERT_NE(next, printed.end());
+        EXPECT_EQ(drawn.places, PlacesOf(**next++));
     }
+    EXPECT_EQ(next, printed.end());
     for (const auto& [font, text] : texts) {
         SCOPED_TRACE(font);
         CheckFont(fonts.getKey(font), text);
     }
 }
 
-void CheckObjects(QPDF& document) {
-    for (Object object : document.getAllObjects()) {
-        Object dictionary = object.isStream() ? object.getDict() : object;
-        if (object.isStream()) {
-            for (const char* const external : {"/F", "/FFilter", "/FDecodeParms"}) {
-                EXPECT_FALSE(dictionary.hasKey(external)) << "a stream outside the file";
-            }
-            Object filter = dictionary.getKey("/Filter");
-            EXPECT_TRUE(filter.isNull() || filter.isNameAndEquals("/FlateDecode"));
+void CheckObject(Object object) {
+    Object dictionary = object.isStream() ? object.getDict() : object;
+    if (object.isStream()) {
+        for (const char* const external : {"/F", "/FFilter", "/FDecodeParms"}) {
+            EXPECT_FALSE(dictionary.hasKey(external)) << "a stream outside the file";
         }
-        if (dictionary.isDictionary()) {
-            for (const char* const refused :
-                 {"/AA", "/JS", "/OpenAction", "/EF", "/SMask", "/Group", "/ExtGState", "/A"}) {
-                EXPECT_FALSE(dictionary.hasKey(refused)) << refused;
-            }
+        Object filter = dictionary.getKey("/Filter");
+        EXPECT_TRUE(filter.isNull() || filter.isNameAndEquals("/FlateDecode"));
+    }
+    std::vector<Object> parts;
+    if (dictionary.isArray()) {
+        parts = dictionary.getArrayAsVector();
+    } else if (dictionary.isDictionary()) {
+        for (const auto& [key, value] : dictionary.getDictAsMap()) {
+            EXPECT_FALSE(std::regex_match(
+                key, std::regex("/(AA?|JS|OpenAction|EF|SMask|Group|ExtGState|Encrypt)")))
+                << key;
+            parts.push_back(value);
+        }
+    } else if (object.isString()) {
+        EXPECT_LE(object.getStringValue().size(), 32'767U);
+    }
+    for (Object& part : parts) {
+        if (!part.isIndirect()) {
+            CheckObject(part);
         }
     }
+}
+
+void CheckObjects(QPDF& document) {
+    for (const Object& object : document.getAllObjects()) {
+        CheckObject(object);
+    }
+    CheckObject(document.getTrailer());
 }
 
 void CheckIntentAndMetadata(QPDF& document, const std::string& title) {
@@ -214,6 +288,7 @@ void CheckIntentAndMetadata(QPDF& document, const std::string& title) {
     Object metadata = root.getKey("/Metadata");
     EXPECT_FALSE(metadata.getDict().hasKey("/Filter"));
     const std::string xml = DataOf(metadata);
+    EXPECT_THAT(xml, Not(HasSubstr("\uFFFF"))) << "no character of XML";
     EXPECT_THAT(xml, HasSubstr("<pdfaid:part>2</pdfaid:part>"));
     EXPECT_THAT(xml, HasSubstr("<pdfaid:conformance>U</pdfaid:conformance>"));
     Object info = document.getTrailer().getKey("/Info");
@@ -227,18 +302,26 @@ void CheckIntentAndMetadata(QPDF& document, const std::string& title) {
     EXPECT_THAT(xml, HasSubstr("<xmp:ModifyDate>" + date + "</xmp:ModifyDate>"));
 }
 
-void CheckArchive(const std::string& pdf, const std::string& title) {
+void CheckArchive(const std::vector<PrintJob>& jobs, const std::string& title,
+                  const std::string& shownTitle) {
+    const std::string pdf = PdfOf(jobs, title);
     EXPECT_EQ(pdf.substr(0, 9), "%PDF-1.7\n");
     EXPECT_EQ(pdf[9], '%');
     for (std::size_t i = 10; i < 14; ++i) {
         EXPECT_GT(static_cast<unsigned char>(pdf[i]), 127U) << "a file that is no text";
     }
+    std::size_t streams = 0;
+    for (std::size_t at = 0; (at = pdf.find("endstream", at)) != std::string::npos; ++at) {
+        EXPECT_EQ(pdf[at - 1], '\n') << "behind a stream";
+        ++streams;
+    }
+    EXPECT_GT(streams, jobs.size());
     ReadDocument document(pdf);
     EXPECT_EQ(document->getTrailer().getKey("/ID").getArrayNItems(), 2);
     EXPECT_FALSE(document->isEncrypted());
     CheckObjects(*document);
-    CheckPages(*document);
-    CheckIntentAndMetadata(*document, title);
+    CheckPages(*document, jobs);
+    CheckIntentAndMetadata(*document, shownTitle);
     EXPECT_THAT(DescribedBy("qpdf --check", pdf), HasSubstr("No syntax or stream encoding errors"));
 }
 
@@ -251,7 +334,7 @@ TEST(Archive, EveryApprovedPageIsFitForIt) {
                 jobs.push_back(*job);
             }
         });
-        CheckArchive(PdfOf(jobs, batch.name), batch.name);
+        CheckArchive(jobs, batch.name, batch.name);
     }
 }
 
@@ -280,7 +363,9 @@ TEST(Archive, HostileTextsAreFitForIt) {
         items.emplace_back(TextAt(0.5 + i % 10 * 0.8, 0.01 * (i / 10 % 1000), std::to_string(i)));
     }
     items.emplace_back(RuleItem{-kFarthest, kFarthest, kFarthest, -kFarthest, 0});
-    CheckArchive(PdfOf({JobOf(items)}, "<&>\U0001F600"), "<&>\U0001F600");
+    PrintJob job = JobOf(items);
+    job.form = std::string(100'000, 'f') + "\uFFFF";
+    CheckArchive({job}, "<&>\U0001F600\uFFFF\uFEFF", "<&>\U0001F600?\uFEFF");
     // The typeface has told, which is for another test to see.
     EXPECT_TRUE(FormsTypeface().TakeBoxesNote());
 }

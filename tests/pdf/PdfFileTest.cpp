@@ -22,7 +22,7 @@ TEST(PdfFile, TextsCanBeFoundAsTheyWereTyped) {
     // and a drawn character.
     const std::string text =
         "fi ffl AV (To) \\office 1,1-Dichloroethene \u00e4\u00f6\u00fc \u00b5g/L \u20ac \u03b1 "
-        "\u0416 \u2603";
+        "\u0416 \u2603 \U0001F600";
     const std::string pdf =
         PdfOf({JobOf({TextAt(1, 1, text), TextAt(1, 2, text, 14), TextAt(1, 3, text, 8)})}, kTitle);
     const std::vector<std::string> found = LinesOf(DescribedBy("pdftotext", pdf));
@@ -42,11 +42,11 @@ TEST(PdfFile, TellsOnceOfCharactersThatNoFontHas) {
         typeface->TextWidth(known, 10);
         EXPECT_FALSE(typeface->TakeBoxesNote()) << known;
     }
-    typeface->TextWidth("\U0010FFFD\uE003 \uE003", 8);
+    typeface->TextWidth("\U0010FFFD\U0010FFFC \U0010FFFC", 8);
     EXPECT_EQ(typeface->TakeBoxesNote().value().text,
-              "No installed font has the characters U+10FFFD and U+E003.\n"
+              "No installed font has the characters U+10FFFD and U+10FFFC.\n"
               "Boxes are printed in their place.");
-    EXPECT_GT(typeface->TextWidth("\uE003", 8), 0);
+    EXPECT_GT(typeface->TextWidth("\U0010FFFC", 8), 0);
     EXPECT_FALSE(typeface->TakeBoxesNote());
 }
 

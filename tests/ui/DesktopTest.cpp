@@ -65,9 +65,9 @@ TEST_F(DesktopSinkTest, JoinsAPackageWhenItIsFinished) {
 TEST_F(DesktopSinkTest, TellsOfCharactersThatNoFontHas) {
     chooser.answers = {{Path("odd.pdf")}};
     ASSERT_TRUE(desktop_.BeginJob(pdf_, job_.title));
-    desktop_.TakeJob(pdf_, JobOf({TextAt(1, 1, "\uE0F1")}));
+    desktop_.TakeJob(pdf_, JobOf({TextAt(1, 1, "\U0010FFFB")}));
     EXPECT_THAT(log.TakeTexts(),
-                testing::ElementsAre("No installed font has the character U+E0F1.\n"
+                testing::ElementsAre("No installed font has the character U+10FFFB.\n"
                                      "A box is printed in its place."));
 }
 
@@ -234,7 +234,7 @@ TEST(PaintPage, ShowsWhatThePdfFileShows) {
     }
     // What no approved page has: characters of the typeface's other scripts and of another font,
     // boxes, and a text on white over another one.
-    compare(JobOf({TextAt(1, 1, "\u0416\u03b1 \u2600 \uE003 end", 14), TextAt(1, 2, "MMMMMM"),
+    compare(JobOf({TextAt(1, 1, "\u0416\u03b1 \u2600 \U0010FFFC end", 14), TextAt(1, 2, "MMMMMM"),
                    TextAt(1.2, 2.02, "over"), RuleBetween(1, 3, 2, 3.5, 60)}));
     EXPECT_TRUE(FormsTypeface().TakeBoxesNote());
 }
