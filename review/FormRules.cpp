@@ -1,0 +1,332 @@
+// What came of printing: forms that are refused or that print with a message, and what stands where
+// on the recorded pages.
+#include <algorithm>
+#include <cstdlib>
+#include <unordered_map>
+
+#include "data/EntryTables.h"
+#include "forms/FormList.h"
+#include "platform/Numbers.h"
+#include "platform/Text.h"
+#include "review/Rules.h"
+
+namespace qfr {
+
+namespace {
+
+std::string InInches(int pixels) {
+    return FormatFixed(static_cast<double>(pixels) / kResolution, 2) + " inches";
+}
+
+int Pixels(double inches) {
+    return static_cast<int>(inches * kResolution);
+}
+
+const FormRow& FormNamed(std::string_view name) {
+    return *std::ranges::find(kForms, name, &FormRow::name);
+}
+
+// The files that a form takes its numbers from.
+MendPlace FilesOf(std::string_view form) {
+    return form == "6"   ? CalibrationFilePlace()
+           : form == "7" ? CheckFilePlace()
+                         : SampleFilesPlace();
+}
+
+// ---- Where a printed text comes from
+
+struct TextOrigin {
+    std::optional<std::size_t> Record;
+    MendPlace Place;
+};
+
+class TextOrigins {
+  public:
+    explicit TextOrigins(const Reviewed& batch) : batch_(batch) {
+        for (std::size_t record = 0; record < batch.Samples.size(); ++record) {
+            for (int number = 1; number <= SampleHeader::kCount; ++number) {
+                const HeaderField field = HeaderFieldAt(number);
+                headers_.try_emplace(batch.Header(record, field), record, field);
+            }
+        }
+    }
+
+    TextOrigin Of(const RecordedForm& form, const std::string& text) const {
+        const std::optional<EntryDialog> dialog = FormNamed(form.Form).entry;
+        if (const auto place = dialog ? InDialog(*dialog, text) : std::nullopt) {
+            return {form.Record, *place};
+        }
+        if (const auto header = headers_.find(text); header != headers_.end()) {
+            const auto& [record, field] = header->second;
+            return {form.Record ? *form.Record : record, HeaderPlace(field)};
+        }
+        return {form.Record, FilesOf(form.Form)};
+    }
+
+  private:
+    std::optional<MendPlace> InDialog(EntryDialog dialog, const std::string& text) const {
+        for (const EntryField& field : TableOf(dialog).Fields) {
+            for (std::size_t item = 0; item < ItemCount(field, batch_.Saved); ++item) {
+                if (field.Kind != EntryKind::kChoice &&
+                    field.Texts.Get(batch_.Saved, item) == text) {
+                    return EntryPlace(dialog, field.Control, item);
+                }
+            }
+        }
+        return std::nullopt;
+    }
+
+    const Reviewed& batch_;
+    std::unordered_map<std::string_view, std::pair<std::size_t, HeaderField>> headers_;
+};
+
+// ---- What stands on a page
+
+// A line of a header with the value centred above it, and the label before it.
+struct PrintedField {
+    const TextItem* Label = nullptr;  // null: the line has none
+    const RuleItem* Line = nullptr;
+    const TextItem* Value = nullptr;
+};
+
+bool IsNear(int one, int other) {
+    return std::abs(one - other) <= 3;
+}
+
+std::vector<PrintedField> FieldsOf(const JobPage& page) {
+    // As Page::PrintLabelledField draws them.
+    const int gap = Pixels(0.1);
+    const int rise = Pixels(10.0 / 72 + 0.05);
+    std::vector<PrintedField> fields;
+    for (std::size_t i = 0; i + 1 < page.items.size(); ++i) {
+        const auto* line = std::get_if<RuleItem>(&page.items[i]);
+        const auto* value = std::get_if<TextItem>(&page.items[i + 1]);
+        if (line == nullptr || value == nullptr || line->y1 != line->y2 ||
+            !IsNear(line->x1 + line->x2, 2 * value->x + value->width) ||
+            !IsNear(line->y1 - rise, value->y)) {
+            continue;
+        }
+        const auto* label = i > 0 ? std::get_if<TextItem>(&page.items[i - 1]) : nullptr;
+        const bool isLabel = label != nullptr && IsNear(label->x + label->width + gap, line->x1);
+        fields.push_back({isLabel ? label : nullptr, line, value});
+    }
+    return fields;
+}
+
+// Numbers that are meant to reach across the rule to their right (inches).
+struct MeantToCross {
+    std::string_view Form;
+    double Line;
+    double Right;  // where the number ends
+};
+constexpr MeantToCross kMeantToCross[] = {{"7", 4.8, 4.9}, {"7", 5.5, 5.6}};
+
+bool IsMeantToCross(std::string_view form, const TextItem& text, const RuleItem& line) {
+    return std::ranges::any_of(kMeantToCross, [&](const MeantToCross& meant) {
+        return meant.Form == form && IsNear(Pixels(meant.Line), line.x1) &&
+               IsNear(Pixels(meant.Right), text.x + text.width);
+    });
+}
+
+bool Crosses(const TextItem& text, const RuleItem& line) {
+    constexpr int kTouch = kResolution / 100;
+    const int middle = text.y + text.height / 2;
+    return line.x1 == line.x2 && line.x1 > text.x + kTouch &&
+           line.x1 < text.x + text.width - kTouch && middle > std::min(line.y1, line.y2) &&
+           middle < std::max(line.y1, line.y2);
+}
+
+template <typename Look>
+void ForPages(const Reviewed& batch, Look look) {
+    for (const RecordedForm& form : batch.Forms) {
+        if (form.Job) {
+            for (const JobPage& page : form.Job->pages) {
+                look(form, page);
+            }
+        }
+    }
+}
+
+template <typename Look>
+void ForTexts(const JobPage& page, Look look) {
+    for (const PageItem& item : page.items) {
+        if (const auto* text = std::get_if<TextItem>(&item);
+            text != nullptr && !IsBlank(text->text)) {
+            look(*text);
+        }
+    }
+}
+
+void AddText(const RecordedForm& form, const TextOrigins& origins, const std::string& text,
+             const std::string& sentence, Findings& findings) {
+    const TextOrigin origin = origins.Of(form, text);
+    findings.Add(origin.Record, "", sentence, origin.Place, form.Form);
+}
+
+// "Page 1 of 2"
+struct PageNumber {
+    int Page = 0;
+    int Of = 0;
+};
+std::optional<PageNumber> PageNumberIn(std::string_view text) {
+    constexpr std::string_view kPage = "Page ";
+    constexpr std::string_view kOf = " of ";
+    const std::size_t of = text.find(kOf);
+    if (!text.starts_with(kPage) || of == std::string_view::npos) {
+        return std::nullopt;
+    }
+    const auto page = ParseInteger(text.substr(kPage.size(), of - kPage.size()));
+    const auto count = ParseInteger(text.substr(of + kOf.size()));
+    return page && count ? std::optional(PageNumber{*page, *count}) : std::nullopt;
+}
+
+std::string Counted(std::size_t count, const std::string& noun) {
+    return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
+}
+
+// Where what refuses a form is typed, or else its files.
+MendPlace PlaceOfRefusal(const Reviewed& batch, const RecordedForm& form) {
+    const std::optional<EntryDialog> dialog = FormNamed(form.Form).entry;
+    const bool anyComplete = std::ranges::any_of(
+        batch.Samples, [](const SampleRecord& sample) { return !FirstEmptyField(sample.Header); });
+    if (dialog && !batch.Samples.empty() && !anyComplete) {
+        return HeaderPlace(*FirstEmptyField(batch.Samples.front().Header));
+    }
+    if (!dialog) {
+        return FilesOf(form.Form);
+    }
+    const EntryTable& table = TableOf(*dialog);
+    const auto fault = CheckEntries(
+        table, batch.Saved,
+        {.LevelCount = batch.LevelCount, .CheckReport = CheckReportNamed(batch.Batch)});
+    if (!fault) {
+        return FilesOf(form.Form);
+    }
+    for (const EntryField& field : table.Fields) {
+        for (std::size_t item = 0; item < ItemCount(field, batch.Saved); ++item) {
+            const MendPlace place = EntryPlace(*dialog, field.Control, item);
+            if (place.Control == fault->Control && place.Row == fault->Row) {
+                return place;
+            }
+        }
+    }
+    return FilesOf(form.Form);
+}
+
+// What other rules say in more detail.
+bool IsToldElsewhere(const Message& message) {
+    return message.title == "Quantitation Report Changed" ||
+           message.title == "Internal Standard Values Missing";
+}
+
+}  // namespace
+
+void Prints(const Reviewed& batch, Findings& findings) {
+    for (const RecordedForm& form : batch.Forms) {
+        if (form.Job) {
+            const auto pages = static_cast<std::size_t>(std::ranges::count_if(
+                form.Job->pages, [](const JobPage& page) { return !page.items.empty(); }));
+            findings.Add(form.Record, "", "Prints " + Counted(pages, "page") + ".", {}, form.Form);
+        }
+    }
+}
+
+void Refused(const Reviewed& batch, Findings& findings) {
+    for (const RecordedForm& form : batch.Forms) {
+        if (!form.Job) {
+            std::string sentence = "Does not print:";
+            for (const Message& message : form.Messages) {
+                sentence += " " + AsLine(message);
+            }
+            findings.Add(form.Record, "", sentence, PlaceOfRefusal(batch, form), form.Form);
+        }
+    }
+}
+
+void PrintsWithMessage(const Reviewed& batch, Findings& findings) {
+    for (const RecordedForm& form : batch.Forms) {
+        for (const Message& message : form.Messages) {
+            if (form.Job && !IsToldElsewhere(message)) {
+                const std::optional<EntryDialog> dialog = FormNamed(form.Form).entry;
+                findings.Add(form.Record, "", AsLine(message),
+                             dialog ? EntryPlace(*dialog, TableOf(*dialog).Fields.front().Control)
+                                    : FilesOf(form.Form),
+                             form.Form);
+            }
+        }
+    }
+}
+
+void PageCounts(const Reviewed& batch, Findings& findings) {
+    for (const RecordedForm& form : batch.Forms) {
+        PageNumber last;
+        for (const JobPage& page : form.Job ? form.Job->pages : std::vector<JobPage>()) {
+            ForTexts(page, [&](const TextItem& text) {
+                const auto number = PageNumberIn(text.text);
+                last = number && number->Page > last.Page ? *number : last;
+            });
+        }
+        if (last.Page != last.Of) {
+            findings.Add(form.Record, "",
+                         "The last page is \"Page " + std::to_string(last.Page) + " of " +
+                             std::to_string(last.Of) + "\".",
+                         FilesOf(form.Form), form.Form);
+        }
+    }
+}
+
+void WideValues(const Reviewed& batch, Findings& findings) {
+    const TextOrigins origins(batch);
+    ForPages(batch, [&](const RecordedForm& form, const JobPage& page) {
+        for (const PrintedField& field : FieldsOf(page)) {
+            const std::string& text = field.Value->text;
+            const int room = field.Line->x2 - field.Line->x1;
+            // The lists' own values are wider than the lines of some forms.
+            if (field.Value->width > room + 3 && !IsListedChoice(text)) {
+                AddText(form, origins, text,
+                        (field.Label != nullptr ? field.Label->text + " " : "") + Quoted(text) +
+                            " is " + InInches(field.Value->width) + " wide, and its line " +
+                            InInches(room) + ".",
+                        findings);
+            }
+        }
+    });
+}
+
+void TextOverLine(const Reviewed& batch, Findings& findings) {
+    const TextOrigins origins(batch);
+    ForPages(batch, [&](const RecordedForm& form, const JobPage& page) {
+        std::vector<RuleItem> lines;
+        for (const PageItem& item : page.items) {
+            const auto* line = std::get_if<RuleItem>(&item);
+            if (line != nullptr && line->x1 == line->x2) {
+                lines.push_back(*line);
+            }
+        }
+        ForTexts(page, [&](const TextItem& text) {
+            const auto crossed = std::ranges::find_if(lines, [&](const RuleItem& line) {
+                return Crosses(text, line) && !IsMeantToCross(form.Form, text, line);
+            });
+            if (crossed != lines.end()) {
+                AddText(form, origins, text.text,
+                        Quoted(text.text) + " runs over the line at " + InInches(crossed->x1) + ".",
+                        findings);
+            }
+        });
+    });
+}
+
+void TextOffPage(const Reviewed& batch, Findings& findings) {
+    const TextOrigins origins(batch);
+    ForPages(batch, [&](const RecordedForm& form, const JobPage& page) {
+        ForTexts(page, [&](const TextItem& text) {
+            if (text.x < 0 || text.y < 0 || text.x + text.width > page.width ||
+                text.y + text.height > page.height) {
+                AddText(form, origins, text.text, Quoted(text.text) + " runs off the page.",
+                        findings);
+            }
+        });
+    });
+}
+
+}  // namespace qfr
