@@ -184,33 +184,50 @@ std::string Counted(std::size_t count, const std::string& noun) {
     return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
 }
 
-// Where what refuses a form is typed, or else its files.
-MendPlace PlaceOfRefusal(const Reviewed& batch, const RecordedForm& form) {
-    const std::optional<EntryDialog> dialog = FormNamed(form.Form).entry;
-    const bool anyComplete = std::ranges::any_of(
-        batch.Samples, [](const SampleRecord& sample) { return !FirstEmptyField(sample.Header); });
-    if (dialog && !batch.Samples.empty() && !anyComplete) {
-        return HeaderPlace(*FirstEmptyField(batch.Samples.front().Header));
-    }
-    if (!dialog) {
-        return FilesOf(form.Form);
-    }
-    const EntryTable& table = TableOf(*dialog);
+// What the dialog of a form finds missing or wrong; absent where that is not why it is refused.
+std::optional<MendPlace> PlaceOfFault(const Reviewed& batch, const RecordedForm& form,
+                                      EntryDialog dialog) {
+    Entries shown = batch.Saved;
+    shown.InitialCalibration = batch.Initial;
+    shown.ContinuingCalibration = batch.Continuing;
+    shown.StandardSummary = batch.Summary;
+    const EntryTable& table = TableOf(dialog);
     const auto fault = CheckEntries(
-        table, batch.Saved,
+        table, shown,
         {.LevelCount = batch.LevelCount, .CheckReport = CheckReportNamed(batch.Batch)});
-    if (!fault) {
-        return FilesOf(form.Form);
+    if (!fault || std::ranges::find(form.Messages, fault->Message.text, &Message::text) ==
+                      form.Messages.end()) {
+        return std::nullopt;
     }
     for (const EntryField& field : table.Fields) {
-        for (std::size_t item = 0; item < ItemCount(field, batch.Saved); ++item) {
-            const MendPlace place = EntryPlace(*dialog, field.Control, item);
+        for (std::size_t item = 0; item < ItemCount(field, shown); ++item) {
+            const MendPlace place = EntryPlace(dialog, field.Control, item);
             if (place.Control == fault->Control && place.Row == fault->Row) {
                 return place;
             }
         }
     }
-    return FilesOf(form.Form);
+    return std::nullopt;
+}
+
+MendPlace PlaceOfRefusal(const Reviewed& batch, const RecordedForm& form) {
+    const std::optional<EntryDialog> dialog = FormNamed(form.Form).entry;
+    if (const auto place = dialog ? PlaceOfFault(batch, form, *dialog) : std::nullopt) {
+        return *place;
+    }
+    const std::string title = form.Messages.empty() ? "" : form.Messages.back().title;
+    if (title == "Incomplete Header Information") {
+        return HeaderPlace(
+            FirstEmptyField(batch.Samples.front().Header).value_or(HeaderField::kLabName));
+    }
+    if (title == "Analysis Date Not Specified") {
+        return HeaderPlace(HeaderField::kDateAnalyzed);  // of the lab blank, the first sample
+    }
+    if (title == "Lab Blank Not Specified") {
+        return LabBlankPlace();
+    }
+    return title.starts_with("Calibration File") && form.Form == "8" ? CalibrationFilePlace()
+                                                                     : FilesOf(form.Form);
 }
 
 // What other rules say in more detail.
@@ -233,7 +250,8 @@ void Prints(const Reviewed& batch, Findings& findings) {
 
 void Refused(const Reviewed& batch, Findings& findings) {
     for (const RecordedForm& form : batch.Forms) {
-        if (!form.Job) {
+        // Without the sample's report, that is what is told.
+        if (!form.Job && (!form.Record || batch.Quant[*form.Record])) {
             std::string sentence = "Does not print:";
             for (const Message& message : form.Messages) {
                 sentence += " " + AsLine(message);

@@ -48,9 +48,8 @@ bool IsKnownMatrix(const SampleHeader& header) {
 }
 
 bool IsSame(HeaderField field, std::string_view one, std::string_view other) {
-    const auto first = DateTimeIn(one);
     return Trim(one) == Trim(other) ||
-           (field == kDateAnalyzed && first && first == DateTimeIn(other));
+           (field == kDateAnalyzed && IsSameMinute(DateTimeIn(one), DateTimeIn(other)));
 }
 
 // Calls `look` for each value of a sample that its report contradicts.

@@ -94,7 +94,7 @@ constexpr Rule kRules[] = {
      "The criterion says less than 2.0%, and the form flags only what is above.", LimitOf173},
     {"tune.base-peak", kError, "5", "Base peak other than 100",
      "All abundances are relative to mass 95.", BasePeak},
-    {"tune.ratio", kError, "5", "Ion typed relative to another mass",
+    {"tune.ratio", kWarning, "5", "Ion typed relative to another mass",
      "Masses 173, 175 and 176 are percentages of mass 174, and 177 one of mass 176.",
      IonsOfOtherBase},
 
@@ -337,8 +337,9 @@ MendPlace EntryPlace(EntryDialog dialog, std::string_view control, std::size_t i
     const std::span<const EntryField> fields = TableOf(dialog).Fields;
     const EntryField& field = *std::ranges::find(fields, control, &EntryField::Control);
     const bool isCell = field.Kind == EntryKind::kCells;
+    const bool holdsAll = isCell || field.Kind == EntryKind::kLines;
     return {.Window = MendWindow::kEntry,
-            .Control = isCell ? std::string(control) : ControlName(control, field, item),
+            .Control = holdsAll ? std::string(control) : ControlName(control, field, item),
             .Label = isCell ? std::string(field.Label) : LabelOf(field, item),
             .Dialog = dialog,
             .Row = isCell ? static_cast<int>(item) + 1 : 0};
@@ -362,6 +363,10 @@ MendPlace CheckFilePlace() {
 
 std::string Quoted(std::string_view text) {
     return "\"" + std::string(text) + "\"";
+}
+
+bool IsSameMinute(std::optional<DateTime> one, std::optional<DateTime> other) {
+    return one && other && FormatDateTime(*one) == FormatDateTime(*other);
 }
 
 std::optional<DateTime> DateTimeIn(std::string_view text) {

@@ -58,7 +58,8 @@ struct Reviewed {
     const std::string& Header(std::size_t record, HeaderField field) const {
         return Samples[record].Header[field];
     }
-    std::size_t Blanks() const { return LabBlankRecords(Batch); }  // 1 or 0
+    // 1 when the first of Samples is the lab blank, else 0.
+    std::size_t Blanks() const { return Samples.empty() ? 0 : LabBlankRecords(Batch); }
     // Date and time of a sample's analysis; absent without a date.
     std::optional<DateTime> Analyzed(std::size_t record) const;
     // That of the continuing calibration standard.
@@ -115,6 +116,8 @@ bool IsListedChoice(std::string_view text);
 std::string Quoted(std::string_view text);
 // The date and time in the text; absent where it has no date.
 std::optional<DateTime> DateTimeIn(std::string_view text);
+// Whether both are the same to the minute, which is all that forms and reports state.
+bool IsSameMinute(std::optional<DateTime> one, std::optional<DateTime> other);
 
 using RuleFunction = void(const Reviewed& batch, Findings& findings);
 

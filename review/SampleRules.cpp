@@ -297,7 +297,8 @@ void RecoveryWithoutRange(const Reviewed& batch, Findings& findings) {
     for (const Form2Content::Compound& compound : batch.Recoveries->Compounds) {
         if (compound.Limits.empty()) {
             findings.AddBatch("The recovery ranges file has no range for it.",
-                              EntryPlace(EntryDialog::kRecoveryRanges, "FileEdit"), compound.Name);
+                              EntryPlace(EntryDialog::kRecoveryRanges, "FileEdit"),
+                              compound.Name.empty() ? compound.Number : compound.Name);
         }
     }
 }

@@ -129,7 +129,7 @@ bool IsSameTime(const std::string& one, const std::string& other) {
     const auto part = [&](const std::string& text) {
         return ParseDateTime(onlyDate ? CharacterRange(text, 1, kDateLength) : text);
     };
-    return part(first) == part(second);
+    return IsSameMinute(part(first), part(second));
 }
 
 bool IsSameInAnyCase(const std::string& one, const std::string& other) {
@@ -139,7 +139,7 @@ bool IsSameInAnyCase(const std::string& one, const std::string& other) {
 constexpr char kInitial[] = "Form VI";
 constexpr char kContinuing[] = "Form VII";
 constexpr char kSummary[] = "Form VIII";
-constexpr char kLevelFiles[] = "their raw data";
+constexpr char kLevelFiles[] = "the levels' raw data";
 constexpr char kCheckStandard[] = "its raw data file";
 
 }  // namespace
