@@ -1,8 +1,8 @@
 #include "app/AboutBox.h"
 
 #include "app/Revision.h"
+#include "platform/pdf/PdfFile.h"
 #include "platform/qt/HelpViewer.h"
-#include "platform/qt/PdfFile.h"
 #include "platform/qt/PrinterQueue.h"
 #include "ui_AboutBox.h"
 
@@ -21,7 +21,7 @@ QString BuiltFrom() {
 
 QStringList Libraries() {
     QStringList libraries = {QString("Qt ") + qVersion(), TextOf(PrintingLibrary()),
-                             TextOf(OutlineLibrary()), TextOf(HelpViewer::Library())};
+                             TextOf(PdfLibraries()), TextOf(HelpViewer::Library())};
     libraries.removeAll("");
     return libraries;
 }

@@ -11,6 +11,7 @@
 #include "platform/FileReplace.h"
 #include "platform/HostSystem.h"
 #include "platform/SettingsDir.h"
+#include "platform/pdf/Typeface.h"
 #include "platform/qt/ControlNames.h"
 #include "platform/qt/DesktopSink.h"
 #include "platform/qt/FrameStyle.h"
@@ -19,7 +20,6 @@
 #include "platform/qt/PrinterSetupDialog.h"
 #include "platform/qt/QtFileChooser.h"
 #include "platform/qt/QtMessages.h"
-#include "platform/qt/QtTextMetrics.h"
 
 int main(int argc, char** argv) {
     const qfr::EndRequests endRequests([] {
@@ -54,20 +54,19 @@ int main(int argc, char** argv) {
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, toolkitSettings.path());
 
     qfr::QtMessages messages;
-    if (qfr::FormTypeface().empty()) {
+    const auto typeface = qfr::Typeface::Load();
+    if (!typeface) {
         messages.Show({std::string(qfr::kNoTypeface), "QFR Forms", qfr::MessageIcon::kWarning});
         return 1;
     }
     qfr::QtFileChooser chooser(messages);
-    qfr::FormFonts fonts;
-    qfr::QtTextMetrics metrics(fonts);
-    qfr::DesktopSink sink(fonts, chooser, messages);
+    qfr::DesktopSink sink(*typeface, chooser, messages);
     qfr::HelpViewer help(qfr::PathOf(settings.ProgramDir() + "QFRHelp.chm"));
 
     qfr::TQFRForm mainWindow({
         .Messages = messages,
         .Chooser = chooser,
-        .Metrics = metrics,
+        .Metrics = *typeface,
         .Sink = sink,
         .Packages = sink,
         .Settings = settings,

@@ -26,7 +26,7 @@ add_custom_target(qfr_example ALL DEPENDS ${QFR_PLACED_FILES})
 
 # Where the programs are installed, below the installation prefix.
 set(QFR_INSTALL_DIR lib/qfrforms CACHE STRING "Directory of the installed programs and their files")
-foreach(program qfrforms qfrbatch)
+foreach(program qfrforms qfrbatch qfr-pdf qfr-cups)
   if(TARGET ${program})
     install(TARGETS ${program} DESTINATION ${QFR_INSTALL_DIR})
   endif()

@@ -146,6 +146,22 @@ std::optional<fs::path> FileFinder::FindBeside(std::string_view name, std::strin
     return FindBelow(PathOf(folder), std::vector{baseName});
 }
 
+std::string FileNameForTitle(const std::string& title) {
+    static constexpr std::string_view kRefused = "\\/:*?\"<>|";
+    constexpr std::size_t kMaxCharacters = 60;  // of four bytes, with room for an extension
+    std::string name(FirstCharacters(Trim(title), kMaxCharacters));
+    std::ranges::replace_if(
+        name, [](char c) { return kRefused.find(c) != std::string_view::npos; }, '-');
+    name = Visible(name);
+    if (fs::path::preferred_separator == '\\') {
+        std::ranges::replace(name, '?', '-');
+    }
+    // Windows drops blanks and dots at the end, and a leading dot hides a file elsewhere.
+    name.erase(name.find_last_not_of(" .") + 1);
+    name.erase(0, name.find_first_not_of(" ."));
+    return name.empty() ? "Form" : name;
+}
+
 std::optional<fs::path> FindFile(std::string_view name) {
     return FileFinder().Find(name);
 }

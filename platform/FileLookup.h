@@ -18,6 +18,9 @@ namespace qfr {
 std::filesystem::path PathOf(std::string_view utf8);
 std::string TextOf(const std::filesystem::path& path);
 
+// A job's title as a file name without extension: without the characters that file systems refuse.
+std::string FileNameForTitle(const std::string& title);
+
 // The file (or directory) of that name: as it stands, else with "\" taken as a separator and each
 // component matched without regard to case. Absent when there is none, or more than one.
 std::optional<std::filesystem::path> FindFile(std::string_view name);

@@ -10,9 +10,10 @@
 
 namespace qfr {
 
-// Where the toolkit makes a temporary file or folder, in the system's folder for such: a name of
-// the kind that RemoveLeftovers knows, with the toolkit's place for what makes it unique.
+// Of a temporary file or folder in the system's folder for such: a name of the kind that
+// RemoveLeftovers knows, with the place for what makes it unique.
 inline constexpr char kTemporaryName[] = ".qfr-XXXXXX.tmp";
+inline constexpr int kTemporaryEnding = 4;  // characters behind that place
 
 // Removes what killed runs have left in the folder: temporary files and folders of this program
 // that are the user's own and older than a day.

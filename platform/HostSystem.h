@@ -15,6 +15,12 @@ namespace qfr {
 // The arguments that main got, as UTF-8 and without the program's name.
 std::vector<std::string> ProgramArguments(int argc, const char* const* argv);
 
+// The function of a module: a part of the program in a file of its own, beside the program, that is
+// loaded with the first function that is asked for and stays. The name has no extension; the caller
+// knows the function's type. Null when it cannot be loaded, with the system's reason in `reason`.
+using ModuleFunction = void (*)();
+ModuleFunction FindInModule(const std::string& module, const char* function, std::string& reason);
+
 // Whether the folder exists and files can be made in it.
 bool IsWritable(const std::filesystem::path& folder);
 

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 
+#include "platform/FileReplace.h"
 #include "platform/Messages.h"
 #include "platform/PrintJob.h"
 
@@ -42,6 +43,19 @@ class PackageSink {
     // called. Null: the user gave it up (no file chosen).
     virtual std::unique_ptr<JobPackage> BeginPackage(int printerIndex,
                                                      const std::string& title) = 0;
+};
+
+// A PDF document that is made job by job.
+class PdfWriter {
+  public:
+    virtual ~PdfWriter() = default;
+    // Takes the job's pages; the job itself is not needed any longer.
+    virtual void Add(const PrintJob& job) = 0;
+    virtual bool HasPages() const = 0;
+    // The document as a file (UTF-8 name), there whole or not at all; comes last. The reason of a
+    // failure, absent on success.
+    virtual std::optional<std::string> Write(const std::string& title, const std::string& fileName,
+                                             ReadOnlyFile readOnly = ReadOnlyFile::kStays) = 0;
 };
 
 }  // namespace qfr

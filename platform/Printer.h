@@ -11,6 +11,11 @@
 
 namespace qfr {
 
+// What a program says, before it stops, where the typeface of the forms is not installed. No other
+// one takes its place: widths and row heights would differ from the agency's forms.
+inline constexpr std::string_view kNoTypeface =
+    "The typeface Liberation Serif (or Times New Roman) is not installed.";
+
 // The one service that drawing needs from outside: how large a text is in the forms' typeface.
 class TextMetrics {
   public:

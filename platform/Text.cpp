@@ -7,6 +7,12 @@ namespace qfr {
 
 namespace {
 
+// What Windows-1252 has from 0x80 on, where Latin-1 has control characters.
+constexpr std::array<char16_t, 32> kFrom0x80 = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
 bool IsBlank(char c) {
     return static_cast<unsigned char>(c) <= 0x20;
 }
@@ -232,10 +238,6 @@ std::string ToUtf8(std::string text) {
     if (IsUtf8(text)) {
         return text;
     }
-    static constexpr std::array<char16_t, 32> kFrom0x80 = {
-        0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
-        0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
-        0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
     std::string converted;
     converted.reserve(text.size() + text.size() / 8);
     for (const char c : text) {
@@ -243,6 +245,16 @@ std::string ToUtf8(std::string text) {
         AppendUtf8(converted, byte >= 0x80 && byte < 0xA0 ? kFrom0x80[byte - 0x80u] : byte);
     }
     return converted;
+}
+
+std::optional<unsigned char> InWindows1252(char32_t character) {
+    if (character < 0x80 || (character >= 0xA0 && character <= 0xFF)) {
+        return static_cast<unsigned char>(character);
+    }
+    const auto found = std::ranges::find(kFrom0x80, character);
+    return found != kFrom0x80.end() && character >= 0x100
+               ? std::optional(static_cast<unsigned char>(0x80 + (found - kFrom0x80.begin())))
+               : std::nullopt;
 }
 
 bool CutText(std::string& text) {

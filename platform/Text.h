@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -56,6 +57,8 @@ std::string_view TakeField(std::string_view& rest);
 // The text as valid UTF-8: as it stands when it already is, else read as Windows-1252.
 std::string ToUtf8(std::string text);
 bool IsUtf8(std::string_view text);
+// The character's byte in Windows-1252; absent when it has none.
+std::optional<unsigned char> InWindows1252(char32_t character);
 
 // What was entered in an edit of one line: a paste may bring line breaks along, which become
 // blanks, but for those at its end.

@@ -15,26 +15,34 @@ namespace {
 namespace fs = std::filesystem;
 using namespace ::testing;
 
-// Files hold the titles and page counts of their jobs; a file name with "full" in it fails.
+// The file holds the titles and page counts of its jobs; a file name with "full" in it fails.
+class FakePdf : public PdfWriter {
+  public:
+    explicit FakePdf(std::vector<std::string>& forms) : forms_(forms) { forms_.clear(); }
+    void Add(const PrintJob& job) override {
+        forms_.push_back(job.form);
+        content_ += " [" + job.title + " " + std::to_string(job.pages.size()) + "]";
+    }
+    bool HasPages() const override { return !content_.empty(); }
+    std::optional<std::string> Write(const std::string& title, const std::string& fileName,
+                                     ReadOnlyFile /*readOnly*/) override {
+        if (Contains(fileName, "full")) {
+            return "No space left on device";
+        }
+        std::ofstream(PathOf(fileName)) << title << ":" << content_;
+        return std::nullopt;
+    }
+
+  private:
+    std::vector<std::string>& forms_;
+    std::string content_;
+};
+
 class FakePlatform : public BatchPlatform {
   public:
     std::optional<std::string> Start() override { return startFailure; }
     TextMetrics& Metrics() override { return metrics_; }
-    std::optional<std::string> WritePdf(const std::vector<PrintJob>& jobs, const std::string& title,
-                                        const std::string& fileName) override {
-        if (Contains(fileName, "full")) {
-            return "No space left on device";
-        }
-        std::ofstream out(PathOf(fileName));
-        out << title << ":";
-        forms.clear();
-        for (const PrintJob& job : jobs) {
-            forms.push_back(job.form);
-            out << " [" << job.title << " " << job.pages.size() << "]";
-        }
-        return std::nullopt;
-    }
-    std::string FileNameForTitle(const std::string& title) override { return "f-" + title; }
+    std::unique_ptr<PdfWriter> NewPdf() override { return std::make_unique<FakePdf>(forms); }
     std::vector<std::string> Printers() override { return {"Office", "Lab"}; }
     std::optional<std::string> PrintOnQueue(const PrintJob& job,
                                             const std::string& printer) override {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <algorithm>
+#include <memory>
 #include <optional>
 #include <ostream>
 #include <sstream>
@@ -12,6 +13,7 @@
 #include <vector>
 
 #include "app/BatchFile.h"
+#include "platform/JobSink.h"
 #include "platform/LineReader.h"
 #include "platform/Messages.h"
 #include "platform/PrintJob.h"
@@ -32,12 +34,10 @@ class BatchPlatform {
     // Comes before everything else, once; nothing can be printed after a failure.
     virtual std::optional<std::string> Start() = 0;
     virtual TextMetrics& Metrics() = 0;
-    // Writes the jobs' pages, in order, as one PDF file; the file is there whole or not at all.
-    virtual std::optional<std::string> WritePdf(const std::vector<PrintJob>& jobs,
-                                                const std::string& title,
-                                                const std::string& fileName) = 0;
-    // A job's title as a file name without an extension.
-    virtual std::string FileNameForTitle(const std::string& title) = 0;
+    virtual std::unique_ptr<PdfWriter> NewPdf() = 0;
+    // About characters that no installed font has, of the texts measured since the last call;
+    // absent without any.
+    virtual std::optional<Message> TakeBoxesNote() { return std::nullopt; }
     virtual std::vector<std::string> Printers() = 0;
     // Whether the system wants the command to end before its work is done.
     virtual bool EndRequested() const { return false; }

@@ -75,13 +75,6 @@ std::vector<bool> ChooseSamples(const Batch& batch, const std::vector<std::strin
     return chosen;
 }
 
-void WriteJobs(Context& context, const std::vector<PrintJob>& jobs, const std::string& title,
-               const std::string& fileName) {
-    if (const auto reason = context.platform.WritePdf(jobs, title, fileName)) {
-        context.WriteFailed(fileName, *reason);
-    }
-}
-
 // The name, numbered where it is taken already by one that differs at most in case.
 std::string UntakenName(const std::string& name, std::set<std::string>& taken) {
     std::string untaken = name;
@@ -117,13 +110,119 @@ bool HasPrinter(Context& context, const std::string& printer) {
     return false;
 }
 
-// The jobs of the forms that are not refused, in the order in which they print.
-std::vector<PrintJob> Record(Context& context, NamedBatch batch, const PackageChoice& choice) {
+// Where the jobs go, one by one.
+class Output {
+  public:
+    explicit Output(Context& context) : context_(context) {}
+    virtual ~Output() = default;
+    Output(const Output&) = delete;
+    Output& operator=(const Output&) = delete;
+
+    // The next jobs are those of the batch of this name.
+    virtual void Begin(const std::string& batch) = 0;
+    // False: the other jobs of the batch cannot be taken either; the context knows why.
+    virtual bool Take(PrintJob job) = 0;
+    // There are no more jobs.
+    virtual void Finish() {}
+
+  protected:
+    void Write(PdfWriter& pdf, const std::string& title, const std::string& fileName) {
+        if (const auto reason = pdf.Write(title, fileName)) {
+            context_.WriteFailed(fileName, *reason);
+        }
+    }
+
+    Context& context_;
+};
+
+class OneDocument : public Output {
+  public:
+    OneDocument(Context& context, std::string file, bool several)
+        : Output(context), file_(std::move(file)), several_(several) {}
+
+    void Begin(const std::string& batch) override { batch_ = batch; }
+    bool Take(PrintJob job) override {
+        if (batches_.empty() || batch_ != lastPrinted_) {
+            batches_ += (batches_.empty() ? "" : ", ") + batch_;
+            lastPrinted_ = batch_;
+        }
+        title_ = jobs_++ == 0 ? job.title : batches_;
+        job.form.insert(0, several_ ? batch_ + ": " : "");
+        pdf_->Add(job);
+        return true;
+    }
+    void Finish() override {
+        if (pdf_->HasPages()) {
+            RemoveLeftovers(PathOf(file_).parent_path());
+            Write(*pdf_, title_, file_);
+        }
+    }
+
+  private:
+    const std::string file_;
+    const bool several_;  // batches
+    const std::unique_ptr<PdfWriter> pdf_ = context_.platform.NewPdf();
+    std::string batch_;
+    std::string lastPrinted_;
+    std::string batches_;  // of which there is a job
+    std::string title_;    // of the document: its only job's, or its batches'
+    std::size_t jobs_ = 0;
+};
+
+class FileForEach : public Output {
+  public:
+    FileForEach(Context& context, std::string directory, bool several)
+        : Output(context), directory_(std::move(directory)), several_(several) {}
+
+    void Begin(const std::string& batch) override {
+        folder_ = several_ ? PathOf(directory_) / PathOf(batch) : PathOf(directory_);
+        files_.clear();
+    }
+    bool Take(PrintJob job) override {
+        if (files_.empty()) {
+            if (!MakeFolder(context_, folder_)) {
+                return false;
+            }
+            RemoveLeftovers(folder_);
+        }
+        const std::string stem = UntakenName(FileNameForTitle(job.title), files_);
+        const auto pdf = context_.platform.NewPdf();
+        pdf->Add(job);
+        Write(*pdf, job.title, TextOf(folder_ / PathOf(stem + ".pdf")));
+        return true;
+    }
+
+  private:
+    const std::string directory_;
+    const bool several_;  // batches
+    fs::path folder_;
+    std::set<std::string> files_;  // of the batch
+};
+
+class OnPrinter : public Output {
+  public:
+    OnPrinter(Context& context, std::string printer)
+        : Output(context), printer_(std::move(printer)) {}
+
+    void Begin(const std::string& /*batch*/) override {}
+    bool Take(PrintJob job) override {
+        if (const auto reason = context_.platform.PrintOnQueue(job, printer_)) {
+            context_.Complain() << job.title << " could not be printed: " << *reason << '\n';
+        }
+        return true;
+    }
+
+  private:
+    const std::string printer_;
+};
+
+// Records the jobs of the forms that are not refused and hands each over, in the order in which they
+// print.
+void PrintBatch(Context& context, NamedBatch batch, const PackageChoice& choice, Output& output) {
     context.prefix = batch.prefix;
     const std::vector<PackageWork> dueJobs = PlanPackage(batch.saved.Batch, choice);
     const std::optional<Message> limitsNote = batch.saved.LimitsNote;
     HeadlessHost host(std::move(batch.saved), context.platform.Metrics(), context);
-    std::vector<PrintJob> jobs;
     for (const PackageWork& dueJob : dueJobs) {
         if (context.IsEnding()) {
             break;
@@ -131,14 +230,17 @@ std::vector<PrintJob> Record(Context& context, NamedBatch batch, const PackageCh
         if (limitsNote && dueJob.form->entry == EntryDialog::kRecoveryRanges) {
             context.Show(*limitsNote);
         }
-        if (auto job = PrintWork(host, dueJob)) {
-            jobs.push_back(*std::move(job));
+        auto job = PrintWork(host, dueJob);
+        if (const auto boxes = context.platform.TakeBoxesNote()) {
+            context.Show(*boxes);
+        }
+        if (job && !output.Take(*std::move(job))) {
+            break;
         }
     }
     // A page that was printed with a message is not to pass for one without.
     context.Fail(context.anyMessages ? kIncomplete : kDone);
     context.prefix.clear();
-    return jobs;
 }
 
 void Print(const Arguments& arguments, Context& context) {
@@ -172,45 +274,24 @@ void Print(const Arguments& arguments, Context& context) {
         return;
     }
 
-    std::set<std::string> taken;
     const bool several = names.size() > 1;
-    std::vector<PrintJob> document;
-    std::string title;
-    for (std::size_t i = 0; i < batches.size(); ++i) {
-        const std::string name =
-            UntakenName(Visible(TextOf(PathOf(batches[i].name).stem())), taken);
-        const fs::path folder = several ? PathOf(directory) / PathOf(name) : PathOf(directory);
-        choice.samples = chosen[i];
-        std::vector<PrintJob> jobs = Record(context, std::move(batches[i]), choice);
-        if (context.IsEnding() || jobs.empty() ||
-            (!directory.empty() && !MakeFolder(context, folder))) {
-            continue;
+    const std::unique_ptr<Output> output = [&]() -> std::unique_ptr<Output> {
+        if (!printer.empty()) {
+            return std::make_unique<OnPrinter>(context, printer);
         }
-        title += (title.empty() ? "" : ", ") + name;
         if (!directory.empty()) {
-            RemoveLeftovers(folder);
+            return std::make_unique<FileForEach>(context, directory, several);
         }
-        std::set<std::string> files;
-        for (PrintJob& job : jobs) {
-            if (context.IsEnding()) {
-                break;
-            }
-            if (!printer.empty()) {
-                if (const auto reason = context.platform.PrintOnQueue(job, printer)) {
-                    context.Complain() << job.title << " could not be printed: " << *reason << '\n';
-                }
-            } else if (!directory.empty()) {
-                const auto stem = UntakenName(context.platform.FileNameForTitle(job.title), files);
-                WriteJobs(context, {job}, job.title, TextOf(folder / PathOf(stem + ".pdf")));
-            } else {
-                job.form.insert(0, several ? name + ": " : "");
-                document.push_back(std::move(job));
-            }
-        }
+        return std::make_unique<OneDocument>(context, file, several);
+    }();
+    std::set<std::string> taken;
+    for (std::size_t i = 0; i < batches.size(); ++i) {
+        output->Begin(UntakenName(Visible(TextOf(PathOf(batches[i].name).stem())), taken));
+        choice.samples = chosen[i];
+        PrintBatch(context, std::move(batches[i]), choice, *output);
     }
-    if (!document.empty() && !context.IsEnding()) {
-        RemoveLeftovers(PathOf(file).parent_path());
-        WriteJobs(context, document, document.size() == 1 ? document.front().title : title, file);
+    if (!context.IsEnding()) {
+        output->Finish();
     }
 }
 

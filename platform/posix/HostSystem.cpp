@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <charconv>
 #include <csignal>
+#include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <thread>
@@ -72,6 +73,19 @@ std::optional<int> OwnOpenFile(fs::path name) {
 
 std::vector<std::string> ProgramArguments(int argc, const char* const* argv) {
     return argc > 0 ? std::vector<std::string>(argv + 1, argv + argc) : std::vector<std::string>();
+}
+
+ModuleFunction FindInModule(const std::string& module, const char* function, std::string& reason) {
+    std::error_code error;
+    const fs::path file =
+        fs::read_symlink("/proc/self/exe", error).parent_path() / (module + ".so");
+    void* const loaded = ::dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
+    void* const found = loaded != nullptr ? ::dlsym(loaded, function) : nullptr;
+    if (found == nullptr) {
+        const char* const text = ::dlerror();
+        reason = text != nullptr ? text : file.string() + " could not be loaded.";
+    }
+    return reinterpret_cast<ModuleFunction>(found);
 }
 
 bool IsWritable(const fs::path& folder) {

@@ -5,6 +5,7 @@
 
 #include <QApplication>
 
+#include "platform/pdf/PdfFile.h"
 #include "platform/qt/PreviewWindow.h"
 #include "platform/qt/PrinterQueue.h"
 #include "platform/qt/WaitCursor.h"
@@ -15,11 +16,11 @@ namespace {
 
 class QueuePackage : public JobPackage {
   public:
-    QueuePackage(std::string printer, FormFonts& fonts)
-        : printer_(std::move(printer)), fonts_(fonts) {}
+    QueuePackage(std::string printer, Typeface& typeface)
+        : printer_(std::move(printer)), typeface_(typeface) {}
 
     std::optional<Message> Take(PrintJob job) override {
-        if (const auto reason = PrintOnQueue(job, printer_, fonts_)) {
+        if (const auto reason = PrintOnQueue(job, printer_, typeface_)) {
             return CouldNotBePrinted(job.title, printer_, *reason);
         }
         ++printed_;
@@ -30,15 +31,43 @@ class QueuePackage : public JobPackage {
 
   private:
     const std::string printer_;
-    FormFonts& fonts_;
+    Typeface& typeface_;
+    std::size_t printed_ = 0;
+};
+
+// Keeps the pages of the jobs until all of them can be written.
+class PdfPackage : public JobPackage {
+  public:
+    PdfPackage(std::string file, std::string title, Typeface& typeface, PdfSaver& saver)
+        : file_(std::move(file)), title_(std::move(title)), pdf_(typeface), saver_(saver) {}
+
+    std::optional<Message> Take(PrintJob job) override {
+        pdf_.Add(job);
+        ++taken_;
+        return std::nullopt;
+    }
+    void Finish() override {
+        const WaitCursor wait;
+        if (pdf_.HasPages() && saver_.Write(pdf_, title_, file_)) {
+            printed_ = taken_;
+        }
+    }
+    std::size_t Printed() const override { return printed_; }
+
+  private:
+    const std::string file_;
+    const std::string title_;
+    PdfFile pdf_;
+    PdfSaver& saver_;
+    std::size_t taken_ = 0;
     std::size_t printed_ = 0;
 };
 
 // Keeps the jobs until all of them can be shown together.
-class JoinedPackage : public JobPackage {
+class PreviewPackage : public JobPackage {
   public:
-    // `show` gets the jobs, unless there is none: true when they have reached the user.
-    explicit JoinedPackage(std::function<bool(std::vector<PrintJob> jobs)> show)
+    // `show` gets the jobs, unless there is none.
+    explicit PreviewPackage(std::function<void(std::vector<PrintJob> jobs)> show)
         : show_(std::move(show)) {}
 
     std::optional<Message> Take(PrintJob job) override {
@@ -46,15 +75,15 @@ class JoinedPackage : public JobPackage {
         return std::nullopt;
     }
     void Finish() override {
-        const std::size_t count = jobs_.size();
-        if (count > 0 && show_(std::exchange(jobs_, {}))) {
-            printed_ = count;
+        printed_ = jobs_.size();
+        if (printed_ > 0) {
+            show_(std::exchange(jobs_, {}));
         }
     }
     std::size_t Printed() const override { return printed_; }
 
   private:
-    std::function<bool(std::vector<PrintJob> jobs)> show_;
+    std::function<void(std::vector<PrintJob> jobs)> show_;
     std::vector<PrintJob> jobs_;
     std::size_t printed_ = 0;
 };
@@ -93,25 +122,21 @@ void DesktopSink::TakeJob(int /*printerIndex*/, PrintJob job) {
 std::unique_ptr<JobPackage> DesktopSink::BeginPackage(int printerIndex, const std::string& title) {
     const std::string& printer = PrinterAt(printerIndex);
     if (printer == kPreviewPrinter) {
-        return std::make_unique<JoinedPackage>([this, title](std::vector<PrintJob> jobs) {
-            PreviewWindow preview(std::move(jobs), title, fonts_, pdfSaver_, messages_,
+        return std::make_unique<PreviewPackage>([this, title](std::vector<PrintJob> jobs) {
+            PreviewWindow preview(std::move(jobs), title, typeface_, pdfSaver_, messages_,
                                   QApplication::activeWindow());
             const AskingCursor asking;
             preview.exec();
-            return true;
         });
     }
     if (printer != kPdfPrinter) {
-        return std::make_unique<QueuePackage>(printer, fonts_);
+        return std::make_unique<QueuePackage>(printer, typeface_);
     }
     const auto file = pdfSaver_.ChooseFile(title);
     if (!file) {
         return nullptr;
     }
-    return std::make_unique<JoinedPackage>([this, title, file](const std::vector<PrintJob>& jobs) {
-        const WaitCursor wait;
-        return pdfSaver_.Write(jobs, title, *file);
-    });
+    return std::make_unique<PdfPackage>(*file, title, typeface_, pdfSaver_);
 }
 
 }  // namespace qfr

@@ -8,8 +8,8 @@
 #include "platform/FileChooser.h"
 #include "platform/JobSink.h"
 #include "platform/Messages.h"
+#include "platform/pdf/Typeface.h"
 #include "platform/qt/PdfSaver.h"
-#include "platform/qt/QtTextMetrics.h"
 
 namespace qfr {
 
@@ -18,8 +18,8 @@ inline const std::string kPreviewPrinter = "Screen preview";
 
 class DesktopSink : public JobSink, public PackageSink {
   public:
-    DesktopSink(FormFonts& fonts, FileChooser& chooser, Messages& messages)
-        : fonts_(fonts), messages_(messages), pdfSaver_(fonts, chooser, messages) {}
+    DesktopSink(Typeface& typeface, FileChooser& chooser, Messages& messages)
+        : typeface_(typeface), messages_(messages), pdfSaver_(chooser, messages) {}
 
     // Installed printers, then "PDF file", then "Screen preview". Indexes of the jobs refer to it,
     // so it stays the same for the run.
@@ -34,7 +34,7 @@ class DesktopSink : public JobSink, public PackageSink {
   private:
     const std::string& PrinterAt(int index);
 
-    FormFonts& fonts_;
+    Typeface& typeface_;
     Messages& messages_;
     PdfSaver pdfSaver_;
     std::vector<std::string> printers_;

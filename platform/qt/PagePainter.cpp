@@ -1,109 +1,117 @@
 #include "platform/qt/PagePainter.h"
 
-#include <algorithm>
+#include <string_view>
 #include <vector>
 
-#include <QGlyphRun>
 #include <QPen>
+
+#include "platform/PaintOrder.h"
+#include "platform/Text.h"
 
 namespace qfr {
 
 namespace {
 
-// Pixels; right and bottom lie outside.
-struct Box {
-    double left = 0;
-    double top = 0;
-    double right = 0;
-    double bottom = 0;
-
-    bool Empty() const { return left >= right || top >= bottom; }
-    bool Overlaps(const Box& other) const {
-        return left < other.right && other.left < right && top < other.bottom && other.top < bottom;
-    }
-    bool Covers(const Box& other) const {
-        return left <= other.left && other.right <= right && top <= other.top &&
-               other.bottom <= bottom;
-    }
-};
-
-struct Placed {
-    Box cell;  // that a text paints white
-    Box ink;   // that the item may blacken, a little generous
-    bool hidden = false;
-    bool overEarlier = false;
-};
-
-Placed Place(const PageItem& item) {
-    if (const auto* text = std::get_if<TextItem>(&item)) {
-        const double left = text->x;
-        const double top = text->y;
-        const double right = left + text->width;
-        const double bottom = top + text->height;
-        // Letters like "f" and "j" reach out of their cell by less than this.
-        const double overhang = text->height / 8.0;
-        return {.cell = {left, top, right, bottom},
-                .ink = {left - overhang, top, right + overhang, bottom}};
-    }
-    const auto& rule = std::get<RuleItem>(item);
-    const double half = rule.penWidth / 2.0 + 1;
-    return {.cell = {},
-            .ink = {std::min(rule.x1, rule.x2) - half, std::min(rule.y1, rule.y2) - half,
-                    std::max(rule.x1, rule.x2) + half, std::max(rule.y1, rule.y2) + half}};
-}
-
-// Nearly no text of a form lies over anything, and each white cell costs a PDF file three lines.
-std::vector<Placed> PlaceAll(const std::vector<PageItem>& items) {
-    std::vector<Placed> placed;
-    placed.reserve(items.size());
-    for (const PageItem& item : items) {
-        Placed next = Place(item);
-        if (!next.cell.Empty()) {
-            for (Placed& earlier : placed) {
-                if (!earlier.hidden && next.cell.Overlaps(earlier.ink)) {
-                    next.overEarlier = true;
-                    earlier.hidden = !earlier.cell.Empty() && next.cell.Covers(earlier.cell);
-                }
-            }
+QPainterPath PathOf(const Outline& outline) {
+    QPainterPath path;
+    path.setFillRule(Qt::WindingFill);
+    for (const auto& [step, points] : outline.parts) {
+        const auto point = [&at = points](std::size_t i) { return QPointF(at[i], -at[i + 1]); };
+        switch (step) {
+            case Outline::Step::kMove:
+                path.moveTo(point(0));
+                break;
+            case Outline::Step::kLine:
+                path.lineTo(point(0));
+                break;
+            case Outline::Step::kCurve:
+                path.cubicTo(point(0), point(2), point(4));
+                break;
+            case Outline::Step::kClose:
+                path.closeSubpath();
+                break;
         }
-        placed.push_back(next);
     }
-    return placed;
+    return path;
 }
 
 }  // namespace
 
-void PaintPage(QPainter& painter, const JobPage& page, FormFonts& fonts) {
-    const std::vector<Placed> placed = PlaceAll(page.items);
+PagePainter::PagePainter(Typeface& typeface) : typeface_(typeface) {
+    // Of a file with several faces, Qt takes the first.
+    if (typeface.File().face == 0) {
+        font_ = QRawFont(QString::fromStdString(typeface.File().path), typeface.UnitsPerEm(),
+                         QFont::PreferNoHinting);
+    }
+}
+
+const QRawFont& PagePainter::FontAt(int points) {
+    const auto [known, isNew] = sizes_.try_emplace(points, font_);
+    if (isNew && font_.isValid()) {
+        known->second.setPixelSize(typeface_.PixelsPerUnit(points) * typeface_.UnitsPerEm());
+    }
+    return known->second;
+}
+
+const QPainterPath& PagePainter::ShapeOf(char32_t character) {
+    const auto [known, isNew] = shapes_.try_emplace(character);
+    if (isNew) {
+        known->second = PathOf(typeface_.OutlineOf(typeface_.Of(character)));
+    }
+    return known->second;
+}
+
+void PagePainter::PaintText(QPainter& painter, const TextItem& text) {
+    const QRawFont& font = FontAt(text.size);
+    const double pixelsPerUnit = typeface_.PixelsPerUnit(text.size);
+    const double pixelsPerEm = pixelsPerUnit * typeface_.UnitsPerEm();
+    const QPointF start(text.x, text.y + typeface_.Ascent(text.size));
+    QList<quint32> indexes;
+    QList<QPointF> places;
+    double units = 0;
+    for (std::string_view rest = text.text; !rest.empty();) {
+        const char32_t character = TakeCharacter(rest);
+        const Typeface::Glyph& glyph = typeface_.Of(character);
+        const QPointF place(units * pixelsPerUnit, 0);
+        if (glyph.source == Typeface::Source::kOwn && font.isValid()) {
+            indexes.append(glyph.index);
+            places.append(place);
+        } else {
+            painter.save();
+            painter.translate(start + place);
+            painter.scale(pixelsPerEm, pixelsPerEm);
+            painter.fillPath(ShapeOf(character), Qt::black);
+            painter.restore();
+        }
+        units += glyph.advance;
+    }
+    QGlyphRun run;
+    run.setRawFont(font);
+    run.setGlyphIndexes(indexes);
+    run.setPositions(places);
+    painter.drawGlyphRun(start, run);
+}
+
+void PagePainter::Paint(QPainter& painter, const JobPage& page) {
+    const std::vector<PaintedItem> painted = PaintOrderOf(page);
     painter.save();
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
     QPen pen(Qt::black, 1, Qt::SolidLine, Qt::RoundCap);
     painter.setPen(pen);
-    QGlyphRun run;
-    QList<quint32> glyphs;
-    QList<QPointF> positions;
-    for (std::size_t i = 0; i < placed.size(); ++i) {
+    for (std::size_t i = 0; i < painted.size(); ++i) {
         if (const auto* rule = std::get_if<RuleItem>(&page.items[i])) {
             if (pen.width() != rule->penWidth) {
                 pen.setWidth(rule->penWidth);
                 painter.setPen(pen);
             }
             painter.drawLine(rule->x1, rule->y1, rule->x2, rule->y2);
-            continue;
+        } else if (!painted[i].hidden) {
+            const auto& text = std::get<TextItem>(page.items[i]);
+            if (painted[i].coversEarlier) {
+                painter.fillRect(QRect(text.x, text.y, text.width, text.height), Qt::white);
+            }
+            PaintText(painter, text);
         }
-        if (placed[i].hidden) {
-            continue;
-        }
-        const auto& text = std::get<TextItem>(page.items[i]);
-        if (placed[i].overEarlier) {
-            painter.fillRect(QRect(text.x, text.y, text.width, text.height), Qt::white);
-        }
-        const FormFont& font = fonts.At(text.size);
-        font.Lay(text.text, glyphs, positions);
-        run.setRawFont(font.Raw());
-        run.setGlyphIndexes(glyphs);
-        run.setPositions(positions);
-        painter.drawGlyphRun(QPointF(text.x, text.y + font.Ascent()), run);
     }
     painter.restore();
 }

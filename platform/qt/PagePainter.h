@@ -1,32 +1,48 @@
-// How a recorded page is replayed: on a printer, into a PDF file, in the preview.
+// How a recorded page is painted with Qt: in the preview, and on printers where there is no CUPS.
 #pragma once
 
+#include <map>
+#include <unordered_map>
+
+#include <QGlyphRun>
 #include <QPageLayout>
 #include <QPageSize>
 #include <QPainter>
+#include <QPainterPath>
+#include <QRawFont>
 
 #include "platform/PrintJob.h"
-#include "platform/qt/QtTextMetrics.h"
+#include "platform/pdf/Typeface.h"
 
 namespace qfr {
 
-// Paints the page on a painter whose logical coordinates are pixels at kResolution with the paper's
-// top-left corner at the origin. Texts that a later text's cell covers whole are left out, so that
-// they cannot be found in the text of a PDF file either.
-void PaintPage(QPainter& painter, const JobPage& page, FormFonts& fonts);
+class PagePainter {
+  public:
+    // The typeface outlives the painter.
+    explicit PagePainter(Typeface& typeface);
+    PagePainter(const PagePainter&) = delete;
+    PagePainter& operator=(const PagePainter&) = delete;
+
+    // Paints the page on a painter whose logical coordinates are pixels at kResolution with the
+    // paper's top-left corner at the origin.
+    void Paint(QPainter& painter, const JobPage& page);
+
+  private:
+    void PaintText(QPainter& painter, const TextItem& text);
+    // The typeface at a size; invalid where Qt cannot take it from its file.
+    const QRawFont& FontAt(int points);
+    const QPainterPath& ShapeOf(char32_t character);
+
+    Typeface& typeface_;
+    QRawFont font_;
+    std::map<int, QRawFont> sizes_;
+    std::unordered_map<char32_t, QPainterPath> shapes_;  // in ems, downwards from the baseline
+};
 
 inline QPageSize PageSizeOf(const Paper& paper) {
     // A standard size where the measures are one's, so that printers know the tray by its name.
     return QPageSize(QSizeF(paper.width, paper.height), QPageSize::Inch,
                      QString::fromStdString(paper.name), QPageSize::FuzzyMatch);
-}
-
-// Full page, without margins.
-inline QPageLayout LayoutOf(const Paper& paper, PageOrientation orientation) {
-    return QPageLayout(
-        PageSizeOf(paper),
-        orientation == PageOrientation::kLandscape ? QPageLayout::Landscape : QPageLayout::Portrait,
-        QMarginsF());
 }
 
 }  // namespace qfr

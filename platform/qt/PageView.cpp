@@ -8,8 +8,6 @@
 #include <QScrollBar>
 #include <QWheelEvent>
 
-#include "platform/qt/PagePainter.h"
-
 namespace qfr {
 
 namespace {
@@ -21,8 +19,8 @@ constexpr double kMinScale = 0.01;
 
 }  // namespace
 
-PageView::PageView(std::vector<const JobPage*> pages, FormFonts& fonts, QWidget* parent)
-    : QAbstractScrollArea(parent), pages_(std::move(pages)), fonts_(fonts) {
+PageView::PageView(std::vector<const JobPage*> pages, Typeface& typeface, QWidget* parent)
+    : QAbstractScrollArea(parent), pages_(std::move(pages)), painter_(typeface) {
     for (const JobPage* const page : pages_) {
         widest_ = std::max(widest_, static_cast<double>(page->width));
         tallest_ = std::max(tallest_, static_cast<double>(page->height));
@@ -122,7 +120,7 @@ void PageView::paintEvent(QPaintEvent* event) {
         painter.setClipRect(paper);
         painter.translate(paper.topLeft());
         painter.scale(scale_, scale_);
-        PaintPage(painter, *pages_[i], fonts_);
+        painter_.Paint(painter, *pages_[i]);
         painter.restore();
     }
 }

@@ -6,7 +6,7 @@
 #include <QAbstractScrollArea>
 
 #include "platform/PrintJob.h"
-#include "platform/qt/QtTextMetrics.h"
+#include "platform/qt/PagePainter.h"
 
 namespace qfr {
 
@@ -17,7 +17,7 @@ class PageView : public QAbstractScrollArea {
     enum class Fit { kWidth, kPage, kNone };
 
     // The pages outlive the view.
-    PageView(std::vector<const JobPage*> pages, FormFonts& fonts, QWidget* parent);
+    PageView(std::vector<const JobPage*> pages, Typeface& typeface, QWidget* parent);
 
     // Pages count from 0.
     int CurrentPage() const { return current_; }
@@ -48,7 +48,7 @@ class PageView : public QAbstractScrollArea {
     int MostVisible() const;
 
     const std::vector<const JobPage*> pages_;
-    FormFonts& fonts_;
+    PagePainter painter_;
     Fit fit_ = Fit::kWidth;
     double scale_ = 0.1;        // logical pixels for one of kResolution
     std::vector<double> tops_;  // of the pages, logical pixels at this scale; one more at the end

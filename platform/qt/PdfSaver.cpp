@@ -9,7 +9,6 @@
 
 #include "platform/FileLookup.h"
 #include "platform/Text.h"
-#include "platform/qt/PdfFile.h"
 
 namespace qfr {
 
@@ -37,29 +36,12 @@ std::optional<std::string> PdfSaver::ChooseFile(const std::string& title) {
     return chosen->files.front();
 }
 
-bool PdfSaver::Write(const std::vector<PrintJob>& jobs, const std::string& title,
-                     const std::string& file) {
-    if (WritePdf(jobs, title, file, fonts_, ReadOnlyFile::kIsReplaced)) {
+bool PdfSaver::Write(PdfWriter& pdf, const std::string& title, const std::string& file) {
+    if (pdf.Write(title, file, ReadOnlyFile::kIsReplaced)) {
         messages_.Show(CouldNotBeWritten(file));
         return false;
     }
     return true;
-}
-
-std::string FileNameForTitle(const std::string& title) {
-    static constexpr std::string_view kRefused = "\\/:*?\"<>|";
-    constexpr std::size_t kMaxCharacters = 60;  // of four bytes, with room for an extension
-    std::string name(FirstCharacters(Trim(title), kMaxCharacters));
-    std::ranges::replace_if(
-        name, [](char c) { return kRefused.find(c) != std::string_view::npos; }, '-');
-    name = Visible(name);
-    if (std::filesystem::path::preferred_separator == '\\') {
-        std::ranges::replace(name, '?', '-');
-    }
-    // Windows drops blanks and dots at the end, and a leading dot hides a file elsewhere.
-    name.erase(name.find_last_not_of(" .") + 1);
-    name.erase(0, name.find_first_not_of(" ."));
-    return name.empty() ? "Form" : name;
 }
 
 }  // namespace qfr

@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "platform/WindowServices.h"
+#include "platform/pdf/PdfFile.h"
 #include "platform/qt/ControlRow.h"
 #include "platform/qt/PrinterQueue.h"
 #include "platform/qt/WaitCursor.h"
@@ -47,16 +48,16 @@ QStringList PrinterNames() {
 
 }  // namespace
 
-PreviewWindow::PreviewWindow(std::vector<PrintJob> jobs, const std::string& title, FormFonts& fonts,
+PreviewWindow::PreviewWindow(std::vector<PrintJob> jobs, const std::string& title, Typeface& typeface,
                              PdfSaver& pdfSaver, Messages& messages, QWidget* parent)
     : QDialog(parent, Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                           Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
       jobs_(std::move(jobs)),
       title_(title),
-      fonts_(fonts),
+      typeface_(typeface),
       pdfSaver_(pdfSaver),
       messages_(messages),
-      view_(new PageView(PagesOf(jobs_), fonts, this)),
+      view_(new PageView(PagesOf(jobs_), typeface, this)),
       pageEdit_(new QSpinBox),
       zoomCombo_(new QComboBox),
       formCombo_(new QComboBox(this)) {
@@ -184,7 +185,7 @@ void PreviewWindow::Print() {
     for (const PrintJob& job : jobs_) {
         const auto reason = [&] {
             const WaitCursor wait;
-            return PrintOnQueue(job, printer.toStdString(), fonts_);
+            return PrintOnQueue(job, printer.toStdString(), typeface_);
         }();
         if (reason) {
             // The next ones would fail for the same reason.
@@ -197,7 +198,11 @@ void PreviewWindow::Print() {
 void PreviewWindow::SaveAsPdf() {
     if (const auto file = pdfSaver_.ChooseFile(title_)) {
         const WaitCursor wait;
-        pdfSaver_.Write(jobs_, title_, *file);
+        PdfFile pdf(typeface_);
+        for (const PrintJob& job : jobs_) {
+            pdf.Add(job);
+        }
+        pdfSaver_.Write(pdf, title_, *file);
     }
 }
 

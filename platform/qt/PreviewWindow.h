@@ -13,7 +13,6 @@
 #include "platform/PrintJob.h"
 #include "platform/qt/PageView.h"
 #include "platform/qt/PdfSaver.h"
-#include "platform/qt/QtTextMetrics.h"
 
 namespace qfr {
 
@@ -23,7 +22,7 @@ class PreviewWindow : public QDialog {
 
   public:
     // `title` is what the jobs are called together. At least one job; none is without pages.
-    PreviewWindow(std::vector<PrintJob> jobs, const std::string& title, FormFonts& fonts,
+    PreviewWindow(std::vector<PrintJob> jobs, const std::string& title, Typeface& typeface,
                   PdfSaver& pdfSaver, Messages& messages, QWidget* parent);
 
   private:
@@ -38,7 +37,7 @@ class PreviewWindow : public QDialog {
     std::vector<int> firstPages_;  // of the jobs, from 0
     int pageCount_ = 0;
     const std::string title_;
-    FormFonts& fonts_;
+    Typeface& typeface_;
     PdfSaver& pdfSaver_;
     Messages& messages_;
     PageView* view_;

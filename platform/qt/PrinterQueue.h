@@ -7,7 +7,7 @@
 
 #include "platform/Messages.h"
 #include "platform/PrintJob.h"
-#include "platform/qt/QtTextMetrics.h"
+#include "platform/pdf/Typeface.h"
 
 namespace qfr {
 
@@ -17,9 +17,9 @@ std::vector<std::string> InstalledPrinters();
 // Sends the job, full page, with its title, paper and orientation. The reason of a failure, a
 // sentence, absent on success.
 std::optional<std::string> PrintOnQueue(const PrintJob& job, const std::string& printer,
-                                        FormFonts& fonts);
+                                        Typeface& typeface);
 
-// Name and version of the library that does it; empty where that is the toolkit.
+// Name and version of the library that does it; empty where that is the system itself.
 std::string PrintingLibrary();
 
 // Tells the user of such a failure.

@@ -24,7 +24,7 @@ std::vector<std::string> InstalledPrinters() {
 }
 
 std::optional<std::string> PrintOnQueue(const PrintJob& job, const std::string& printer,
-                                        FormFonts& fonts) {
+                                        Typeface& typeface) {
     if (job.pages.empty()) {
         return "There is no page to print.";
     }
@@ -44,6 +44,7 @@ std::optional<std::string> PrintOnQueue(const PrintJob& job, const std::string& 
         return "The printer does not answer.";
     }
     QPainter painter;
+    PagePainter pages(typeface);
     for (const JobPage& page : job.pages) {
         device.setPageSize(PageSizeOf(job.paper));
         device.setPageOrientation(page.orientation == PageOrientation::kLandscape
@@ -56,7 +57,7 @@ std::optional<std::string> PrintOnQueue(const PrintJob& job, const std::string& 
         painter.save();
         painter.scale(device.logicalDpiX() / double{kResolution},
                       device.logicalDpiY() / double{kResolution});
-        PaintPage(painter, page, fonts);
+        pages.Paint(painter, page);
         painter.restore();
     }
     const bool ended = painter.end();

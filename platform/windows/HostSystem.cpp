@@ -30,6 +30,19 @@ std::vector<std::string> ProgramArguments(int, const char* const*) {
     return arguments;
 }
 
+ModuleFunction FindInModule(const std::string& module, const char* function, std::string& reason) {
+    std::wstring program(32768, L'\0');
+    program.resize(
+        ::GetModuleFileNameW(nullptr, program.data(), static_cast<DWORD>(program.size())));
+    const fs::path file = fs::path(program).parent_path() / (module + ".dll");
+    HMODULE const loaded = ::LoadLibraryW(file.c_str());
+    const FARPROC found = loaded != nullptr ? ::GetProcAddress(loaded, function) : nullptr;
+    if (found == nullptr) {
+        reason = TextOf(file) + " could not be loaded.";
+    }
+    return reinterpret_cast<ModuleFunction>(found);
+}
+
 bool IsWritable(const fs::path& folder) {
     std::error_code error;
     if (!fs::is_directory(folder, error)) {
