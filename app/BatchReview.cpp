@@ -25,7 +25,8 @@ class MessageList : public Messages {
 }  // namespace
 
 std::vector<Finding> ReviewAsPrinted(SavedBatch saved, int levelCount, TextMetrics& metrics,
-                                     const ReviewLimits& limits) {
+                                     const ReviewLimits& limits,
+                                     const std::function<std::optional<Message>()>& takeNote) {
     PackageChoice choice{.samples = std::vector<bool>(SamplesOf(saved.Batch).size(), true)};
     choice.forms.assign(kForms.size(), true);
     const std::vector<PackageWork> works = PlanPackage(saved.Batch, choice);
@@ -34,15 +35,23 @@ std::vector<Finding> ReviewAsPrinted(SavedBatch saved, int levelCount, TextMetri
     HeadlessHost host(std::move(saved), metrics, messages);
     host.LevelCount() = levelCount;
 
-    std::vector<RecordedForm> forms;
-    for (const PackageWork& work : works) {
+    auto next = works.begin();
+    const auto printNext = [&]() -> std::optional<RecordedForm> {
+        if (next == works.end()) {
+            return std::nullopt;
+        }
+        const PackageWork& work = *next++;
         if (limitsNote && work.form->entry == EntryDialog::kRecoveryRanges) {
             messages.Show(*limitsNote);
         }
         std::optional<PrintJob> job = PrintWork(host, work);
-        forms.push_back({work.form->name, work.record, std::move(job), messages.Take()});
-    }
-    return ReviewBatch({host.Batch(), host.Entries(), host.Flags(), host.Reports(), forms, limits});
+        if (const auto note = takeNote()) {
+            messages.Show(*note);
+        }
+        return RecordedForm{work.form->name, work.record, std::move(job), messages.Take()};
+    };
+    return ReviewBatch(
+        {host.Batch(), host.Entries(), host.Flags(), host.Reports(), printNext, limits});
 }
 
 }  // namespace qfr

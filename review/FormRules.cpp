@@ -2,7 +2,6 @@
 // on the recorded pages.
 #include <algorithm>
 #include <cstdlib>
-#include <unordered_map>
 
 #include "data/EntryTables.h"
 #include "forms/FormList.h"
@@ -33,52 +32,32 @@ MendPlace FilesOf(std::string_view form) {
                          : SampleFilesPlace();
 }
 
-// ---- Where a printed text comes from
-
-struct TextOrigin {
-    std::optional<std::size_t> Record;
-    MendPlace Place;
-};
-
-class TextOrigins {
-  public:
-    explicit TextOrigins(const Reviewed& batch) : batch_(batch) {
-        for (std::size_t record = 0; record < batch.Samples.size(); ++record) {
-            for (int number = 1; number <= SampleHeader::kCount; ++number) {
-                const HeaderField field = HeaderFieldAt(number);
-                headers_.try_emplace(batch.Header(record, field), record, field);
+std::optional<MendPlace> PlaceInDialog(const Reviewed& batch, EntryDialog dialog,
+                                       const std::string& text) {
+    for (const EntryField& field : TableOf(dialog).Fields) {
+        for (std::size_t item = 0; item < ItemCount(field, batch.Saved); ++item) {
+            if (field.Kind != EntryKind::kChoice && field.Texts.Get(batch.Saved, item) == text) {
+                return EntryPlace(dialog, field.Control, item);
             }
         }
     }
+    return std::nullopt;
+}
 
-    TextOrigin Of(const RecordedForm& form, const std::string& text) const {
-        const std::optional<EntryDialog> dialog = FormNamed(form.Form).entry;
-        if (const auto place = dialog ? InDialog(*dialog, text) : std::nullopt) {
-            return {form.Record, *place};
-        }
-        if (const auto header = headers_.find(text); header != headers_.end()) {
-            const auto& [record, field] = header->second;
-            return {form.Record ? *form.Record : record, HeaderPlace(field)};
-        }
-        return {form.Record, FilesOf(form.Form)};
+// Adds what is wrong with a text of the form, to be mended where it was typed, or else in the
+// form's files.
+void AddText(const Reviewed& batch, const RecordedForm& form, const std::string& text,
+             const std::string& sentence, Findings& findings) {
+    const std::optional<EntryDialog> dialog = FormNamed(form.Form).entry;
+    const auto typed = dialog ? PlaceInDialog(batch, *dialog, text) : std::nullopt;
+    const auto header = batch.HeaderTexts.find(text);
+    if (typed || header == batch.HeaderTexts.end()) {
+        findings.Add(form.Record, "", sentence, typed ? *typed : FilesOf(form.Form), form.Form);
+        return;
     }
-
-  private:
-    std::optional<MendPlace> InDialog(EntryDialog dialog, const std::string& text) const {
-        for (const EntryField& field : TableOf(dialog).Fields) {
-            for (std::size_t item = 0; item < ItemCount(field, batch_.Saved); ++item) {
-                if (field.Kind != EntryKind::kChoice &&
-                    field.Texts.Get(batch_.Saved, item) == text) {
-                    return EntryPlace(dialog, field.Control, item);
-                }
-            }
-        }
-        return std::nullopt;
-    }
-
-    const Reviewed& batch_;
-    std::unordered_map<std::string_view, std::pair<std::size_t, HeaderField>> headers_;
-};
+    const auto& [record, field] = header->second;
+    findings.Add(form.Record ? form.Record : record, "", sentence, HeaderPlace(field), form.Form);
+}
 
 // ---- What stands on a page
 
@@ -136,15 +115,19 @@ bool Crosses(const TextItem& text, const RuleItem& line) {
            middle < std::max(line.y1, line.y2);
 }
 
-template <typename Look>
-void ForPages(const Reviewed& batch, Look look) {
-    for (const RecordedForm& form : batch.Forms) {
-        if (form.Job) {
-            for (const JobPage& page : form.Job->pages) {
-                look(form, page);
-            }
+std::vector<RuleItem> VerticalLines(const JobPage& page) {
+    std::vector<RuleItem> lines;
+    for (const PageItem& item : page.items) {
+        const auto* line = std::get_if<RuleItem>(&item);
+        if (line != nullptr && line->x1 == line->x2) {
+            lines.push_back(*line);
         }
     }
+    return lines;
+}
+
+std::span<const JobPage> PagesOf(const RecordedForm& form) {
+    return form.Job ? std::span(form.Job->pages) : std::span<const JobPage>();
 }
 
 template <typename Look>
@@ -155,12 +138,6 @@ void ForTexts(const JobPage& page, Look look) {
             look(*text);
         }
     }
-}
-
-void AddText(const RecordedForm& form, const TextOrigins& origins, const std::string& text,
-             const std::string& sentence, Findings& findings) {
-    const TextOrigin origin = origins.Of(form, text);
-    findings.Add(origin.Record, "", sentence, origin.Place, form.Form);
 }
 
 // "Page 1 of 2"
@@ -178,10 +155,6 @@ std::optional<PageNumber> PageNumberIn(std::string_view text) {
     const auto page = ParseInteger(text.substr(kPage.size(), of - kPage.size()));
     const auto count = ParseInteger(text.substr(of + kOf.size()));
     return page && count ? std::optional(PageNumber{*page, *count}) : std::nullopt;
-}
-
-std::string Counted(std::size_t count, const std::string& noun) {
-    return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
 }
 
 // What the dialog of a form finds missing or wrong; absent where that is not why it is refused.
@@ -238,113 +211,98 @@ bool IsToldElsewhere(const Message& message) {
 
 }  // namespace
 
-void Prints(const Reviewed& batch, Findings& findings) {
-    for (const RecordedForm& form : batch.Forms) {
-        if (form.Job) {
-            const auto pages = static_cast<std::size_t>(std::ranges::count_if(
-                form.Job->pages, [](const JobPage& page) { return !page.items.empty(); }));
-            findings.Add(form.Record, "", "Prints " + Counted(pages, "page") + ".", {}, form.Form);
+void Prints(const Reviewed& /*batch*/, const RecordedForm& form, Findings& findings) {
+    if (form.Job) {
+        const auto pages = std::ranges::count_if(
+            PagesOf(form), [](const JobPage& page) { return !page.items.empty(); });
+        findings.Add(form.Record, "",
+                     "Prints " + std::to_string(pages) + (pages == 1 ? " page." : " pages."), {},
+                     form.Form);
+    }
+}
+
+void Refused(const Reviewed& batch, const RecordedForm& form, Findings& findings) {
+    // Without the sample's report, that is what is told.
+    if (form.Job || (form.Record && !batch.Quant[*form.Record])) {
+        return;
+    }
+    std::string sentence = "Does not print:";
+    for (const Message& message : form.Messages) {
+        sentence += " " + AsLine(message);
+    }
+    findings.Add(form.Record, "", sentence, PlaceOfRefusal(batch, form), form.Form);
+}
+
+void PrintsWithMessage(const Reviewed& /*batch*/, const RecordedForm& form, Findings& findings) {
+    const std::optional<EntryDialog> dialog = FormNamed(form.Form).entry;
+    const MendPlace place =
+        dialog ? EntryPlace(*dialog, TableOf(*dialog).Fields.front().Control) : FilesOf(form.Form);
+    for (const Message& message : form.Messages) {
+        if (form.Job && !IsToldElsewhere(message)) {
+            findings.Add(form.Record, "", AsLine(message), place, form.Form);
         }
     }
 }
 
-void Refused(const Reviewed& batch, Findings& findings) {
-    for (const RecordedForm& form : batch.Forms) {
-        // Without the sample's report, that is what is told.
-        if (!form.Job && (!form.Record || batch.Quant[*form.Record])) {
-            std::string sentence = "Does not print:";
-            for (const Message& message : form.Messages) {
-                sentence += " " + AsLine(message);
-            }
-            findings.Add(form.Record, "", sentence, PlaceOfRefusal(batch, form), form.Form);
-        }
+void PageCounts(const Reviewed& /*batch*/, const RecordedForm& form, Findings& findings) {
+    PageNumber last;
+    for (const JobPage& page : PagesOf(form)) {
+        ForTexts(page, [&](const TextItem& text) {
+            const auto number = PageNumberIn(text.text);
+            last = number && number->Page > last.Page ? *number : last;
+        });
+    }
+    if (last.Page != last.Of) {
+        findings.Add(form.Record, "",
+                     "The last page is \"Page " + std::to_string(last.Page) + " of " +
+                         std::to_string(last.Of) + "\".",
+                     FilesOf(form.Form), form.Form);
     }
 }
 
-void PrintsWithMessage(const Reviewed& batch, Findings& findings) {
-    for (const RecordedForm& form : batch.Forms) {
-        for (const Message& message : form.Messages) {
-            if (form.Job && !IsToldElsewhere(message)) {
-                const std::optional<EntryDialog> dialog = FormNamed(form.Form).entry;
-                findings.Add(form.Record, "", AsLine(message),
-                             dialog ? EntryPlace(*dialog, TableOf(*dialog).Fields.front().Control)
-                                    : FilesOf(form.Form),
-                             form.Form);
-            }
-        }
-    }
-}
-
-void PageCounts(const Reviewed& batch, Findings& findings) {
-    for (const RecordedForm& form : batch.Forms) {
-        PageNumber last;
-        for (const JobPage& page : form.Job ? form.Job->pages : std::vector<JobPage>()) {
-            ForTexts(page, [&](const TextItem& text) {
-                const auto number = PageNumberIn(text.text);
-                last = number && number->Page > last.Page ? *number : last;
-            });
-        }
-        if (last.Page != last.Of) {
-            findings.Add(form.Record, "",
-                         "The last page is \"Page " + std::to_string(last.Page) + " of " +
-                             std::to_string(last.Of) + "\".",
-                         FilesOf(form.Form), form.Form);
-        }
-    }
-}
-
-void WideValues(const Reviewed& batch, Findings& findings) {
-    const TextOrigins origins(batch);
-    ForPages(batch, [&](const RecordedForm& form, const JobPage& page) {
+void WideValues(const Reviewed& batch, const RecordedForm& form, Findings& findings) {
+    for (const JobPage& page : PagesOf(form)) {
         for (const PrintedField& field : FieldsOf(page)) {
             const std::string& text = field.Value->text;
             const int room = field.Line->x2 - field.Line->x1;
             // The lists' own values are wider than the lines of some forms.
             if (field.Value->width > room + 3 && !IsListedChoice(text)) {
-                AddText(form, origins, text,
+                AddText(batch, form, text,
                         (field.Label != nullptr ? field.Label->text + " " : "") + Quoted(text) +
                             " is " + InInches(field.Value->width) + " wide, and its line " +
                             InInches(room) + ".",
                         findings);
             }
         }
-    });
+    }
 }
 
-void TextOverLine(const Reviewed& batch, Findings& findings) {
-    const TextOrigins origins(batch);
-    ForPages(batch, [&](const RecordedForm& form, const JobPage& page) {
-        std::vector<RuleItem> lines;
-        for (const PageItem& item : page.items) {
-            const auto* line = std::get_if<RuleItem>(&item);
-            if (line != nullptr && line->x1 == line->x2) {
-                lines.push_back(*line);
-            }
-        }
+void TextOverLine(const Reviewed& batch, const RecordedForm& form, Findings& findings) {
+    for (const JobPage& page : PagesOf(form)) {
+        const std::vector<RuleItem> lines = VerticalLines(page);
         ForTexts(page, [&](const TextItem& text) {
             const auto crossed = std::ranges::find_if(lines, [&](const RuleItem& line) {
                 return Crosses(text, line) && !IsMeantToCross(form.Form, text, line);
             });
             if (crossed != lines.end()) {
-                AddText(form, origins, text.text,
+                AddText(batch, form, text.text,
                         Quoted(text.text) + " runs over the line at " + InInches(crossed->x1) + ".",
                         findings);
             }
         });
-    });
+    }
 }
 
-void TextOffPage(const Reviewed& batch, Findings& findings) {
-    const TextOrigins origins(batch);
-    ForPages(batch, [&](const RecordedForm& form, const JobPage& page) {
+void TextOffPage(const Reviewed& batch, const RecordedForm& form, Findings& findings) {
+    for (const JobPage& page : PagesOf(form)) {
         ForTexts(page, [&](const TextItem& text) {
             if (text.x < 0 || text.y < 0 || text.x + text.width > page.width ||
                 text.y + text.height > page.height) {
-                AddText(form, origins, text.text, Quoted(text.text) + " runs off the page.",
+                AddText(batch, form, text.text, Quoted(text.text) + " runs off the page.",
                         findings);
             }
         });
-    });
+    }
 }
 
 }  // namespace qfr

@@ -172,17 +172,19 @@ constexpr Rule kRules[] = {
 
     // ---- Forms
     {"form.refused", kError, "1", "Form does not print",
-     "A package without one of its forms is incomplete.", Refused},
+     "A package without one of its forms is incomplete.", nullptr, Refused},
     {"form.message", kWarning, "1", "Form prints with a message",
-     "What the program says while it prints is not on the page.", PrintsWithMessage},
+     "What the program says while it prints is not on the page.", nullptr, PrintsWithMessage},
     {"form.page-count", kWarning, "1", "Pages unlike their count",
-     "A reviewer looks for the page that is missing.", PageCounts},
+     "A reviewer looks for the page that is missing.", nullptr, PageCounts},
     {"form.wide-value", kWarning, "1", "Value wider than its line",
-     "A value beyond its line runs into the next field.", WideValues},
+     "A value beyond its line runs into the next field.", nullptr, WideValues},
     {"form.text-over-line", kWarning, "1", "Text over a line",
-     "A text that runs into the next column may hide what stands there.", TextOverLine},
-    {"form.text-off-page", kError, "1", "Text off the page", "It is not printed.", TextOffPage},
-    {"form.prints", kNote, "1", "Form prints", "So many pages belong to the package.", Prints},
+     "A text that runs into the next column may hide what stands there.", nullptr, TextOverLine},
+    {"form.text-off-page", kError, "1", "Text off the page", "It is not printed.", nullptr,
+     TextOffPage},
+    {"form.prints", kNote, "1", "Form prints", "So many pages belong to the package.", nullptr,
+     Prints},
 };
 
 // A header value under its name on Form I, and its control in the Form 1 header dialog. By number.
@@ -284,11 +286,23 @@ std::string FindingLine(const Finding& finding, const Batch& batch) {
 
 std::vector<Finding> ReviewBatch(const ReviewInput& input) {
     const Reviewed batch(input);
-    std::vector<Finding> all;
+    std::vector<Findings> findings;
     for (const Rule& rule : kRules) {
-        Findings findings(rule);
-        rule.Look(batch, findings);
-        std::ranges::move(findings.Take(), std::back_inserter(all));
+        findings.emplace_back(rule);
+        if (rule.Look != nullptr) {
+            rule.Look(batch, findings.back());
+        }
+    }
+    while (const auto form = input.NextForm()) {
+        for (std::size_t i = 0; i < std::size(kRules); ++i) {
+            if (kRules[i].LookAtForm != nullptr) {
+                kRules[i].LookAtForm(batch, *form, findings[i]);
+            }
+        }
+    }
+    std::vector<Finding> all;
+    for (Findings& ofRule : findings) {
+        std::ranges::move(ofRule.Take(), std::back_inserter(all));
     }
     std::ranges::stable_sort(all, {}, [](const Finding& finding) {
         return std::pair(FormIndex(finding.Form),

@@ -9,6 +9,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -31,6 +32,14 @@ enum class Severity {
 };
 std::string_view SeverityName(Severity severity);  // "error", "warning", "note"
 
+// What came of printing a form, for each sample or once for the batch.
+struct RecordedForm {
+    std::string_view Form;              // a name of kForms
+    std::optional<std::size_t> Record;  // of SampleList
+    std::optional<PrintJob> Job;        // absent: the form was refused
+    std::vector<Message> Messages;      // what was said meanwhile
+};
+
 struct Reviewed;
 class Findings;
 
@@ -40,7 +49,10 @@ struct Rule {
     std::string_view Form;   // what it is about, unless a finding says otherwise: a name of kForms
     std::string_view Title;  // what it looks for
     std::string_view Why;    // one sentence: why a reviewer looks at this
-    void (*Look)(const Reviewed& batch, Findings& findings);
+    // One of the two: looks at the batch once, or at each of its forms.
+    void (*Look)(const Reviewed& batch, Findings& findings) = nullptr;
+    void (*LookAtForm)(const Reviewed& batch, const RecordedForm& form,
+                       Findings& findings) = nullptr;
 };
 // In the order of their subjects: headers, times, entries, tune, calibration, samples, forms.
 std::span<const Rule> ReviewRules();
@@ -75,20 +87,14 @@ std::string SubjectText(const Finding& finding, const Batch& batch);
 // "warning calibration.rsd: form 6: acetone: ... [Load Files, Calib. File]"
 std::string FindingLine(const Finding& finding, const Batch& batch);
 
-// What came of printing a form, for each sample or once for the batch.
-struct RecordedForm {
-    std::string_view Form;              // a name of kForms
-    std::optional<std::size_t> Record;  // of SampleList
-    std::optional<PrintJob> Job;        // absent: the form was refused
-    std::vector<Message> Messages;      // what was said meanwhile
-};
-
 struct ReviewInput {
     const qfr::Batch& Batch;
     const qfr::Entries& Entries;  // as they are saved
     const BatchFlags& Flags;
     qfr::Reports& Reports;
-    std::span<const RecordedForm> Forms;  // in the order in which they print
+    // Prints the next form, in the order in which they print; absent behind the last one. Each is
+    // looked at and forgotten.
+    std::function<std::optional<RecordedForm>()> NextForm;
     ReviewLimits Limits = {};
 };
 

@@ -30,7 +30,6 @@ std::optional<std::size_t> FirstCompleteRecord(std::span<const SampleRecord> sam
 Reviewed::Reviewed(const ReviewInput& input)
     : Batch(input.Batch),
       Samples(SamplesOf(input.Batch)),
-      Forms(input.Forms),
       Limits(input.Limits),
       Saved(input.Entries) {
     ReadSamples(input);
@@ -44,6 +43,10 @@ void Reviewed::ReadSamples(const ReviewInput& input) {
     for (std::size_t record = 0; record < Samples.size(); ++record) {
         Quant.push_back(input.Reports.Read<QuantReport>(Samples[record].FileName, Batch.Folder));
         DataSheets.push_back(BuildForm1VoaContent(Batch, record, input.Reports, messages));
+        for (int number = 1; number <= SampleHeader::kCount; ++number) {
+            const HeaderField field = HeaderFieldAt(number);
+            HeaderTexts.try_emplace(Header(record, field), record, field);
+        }
     }
 }
 

@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 #include <tuple>
+#include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "data/CalibrationTables.h"
@@ -28,7 +30,6 @@ struct Reviewed {
 
     const qfr::Batch& Batch;
     std::span<const SampleRecord> Samples;
-    std::span<const RecordedForm> Forms;
     const ReviewLimits& Limits;
     const Entries& Saved;
 
@@ -54,6 +55,9 @@ struct Reviewed {
     std::optional<Form6Content> InitialCalibration;
     std::optional<Form7Content> ContinuingCalibration;
     std::optional<Form8Content> InternalStandards;
+
+    // The first sample with a header value, and which value that is.
+    std::unordered_map<std::string_view, std::pair<std::size_t, HeaderField>> HeaderTexts;
 
     const std::string& Header(std::size_t record, HeaderField field) const {
         return Samples[record].Header[field];
@@ -139,6 +143,9 @@ RuleFunction ReportsMissing, ReportsChanged, RecoveryOutside, RecoveryWithoutRan
     StandardOutside, StandardMissing, StandardWithoutNumber, AboveCalibration, BlankFlagWithoutHit,
     BlankHitWithoutFlag, RowOrder, IncompleteTics, NoTics, RepeatedTics;
 
-RuleFunction Prints, Refused, PrintsWithMessage, PageCounts, WideValues, TextOverLine, TextOffPage;
+using FormRuleFunction = void(const Reviewed& batch, const RecordedForm& form, Findings& findings);
+
+FormRuleFunction Prints, Refused, PrintsWithMessage, PageCounts, WideValues, TextOverLine,
+    TextOffPage;
 
 }  // namespace qfr
