@@ -326,8 +326,8 @@ void Findings::Add(std::optional<std::size_t> record, const std::string& subject
 std::vector<Finding> Findings::Take() {
     for (Finding& finding : found_) {
         std::ranges::sort(finding.Records);
-        const auto same = std::ranges::unique(finding.Records);
-        finding.Records.erase(same.begin(), same.end());
+        finding.Records.erase(std::unique(finding.Records.begin(), finding.Records.end()),
+                              finding.Records.end());
     }
     return std::move(found_);
 }
