@@ -52,25 +52,6 @@ bool IsSame(HeaderField field, std::string_view one, std::string_view other) {
            (field == kDateAnalyzed && IsSameMinute(DateTimeIn(one), DateTimeIn(other)));
 }
 
-// Calls `look` for each value of a sample that its report contradicts.
-template <typename Look>
-void ForContradictions(const Reviewed& batch, std::span<const HeaderField> fields, Look look) {
-    for (std::size_t record = 0; record < batch.Samples.size(); ++record) {
-        if (!batch.Quant[record]) {
-            continue;
-        }
-        SampleRecord stated;
-        ReadSampleHeader(*batch.Quant[record], stated);
-        for (const HeaderField field : fields) {
-            const std::string& shown = batch.Header(record, field);
-            if (!IsUnfilled(shown) && !stated.Header[field].empty() &&
-                !IsSame(field, shown, stated.Header[field])) {
-                look(record, field, shown, stated.Header[field]);
-            }
-        }
-    }
-}
-
 // How many samples have each value of the field.
 using ValueCounts = std::unordered_map<std::string, std::size_t>;
 ValueCounts CountValues(const Reviewed& batch, HeaderField field) {
@@ -79,6 +60,35 @@ ValueCounts CountValues(const Reviewed& batch, HeaderField field) {
         ++counts[Trim(sample.Header[field])];
     }
     return counts;
+}
+
+// A value of a sample that its report contradicts.
+struct Contradiction {
+    std::size_t Record;
+    HeaderField Field;
+    const std::string& Shown;
+    const std::string& Stated;
+    std::size_t Samples;  // that show this value
+};
+
+template <typename Look>
+void ForContradictions(const Reviewed& batch, Look look) {
+    // Two analyses of a sample may share their lab sample ID.
+    for (const HeaderField field : {kZovSampleNo, kLabFileId, kDateAnalyzed}) {
+        ValueCounts counts = CountValues(batch, field);
+        for (std::size_t record = 0; record < batch.Samples.size(); ++record) {
+            if (!batch.Quant[record]) {
+                continue;
+            }
+            SampleRecord report;
+            ReadSampleHeader(*batch.Quant[record], report);
+            const std::string& stated = report.Header[field];
+            const std::string& shown = batch.Header(record, field);
+            if (!IsUnfilled(shown) && !stated.empty() && !IsSame(field, shown, stated)) {
+                look(Contradiction{record, field, shown, stated, counts[Trim(shown)]});
+            }
+        }
+    }
 }
 
 // Samples whose value is not that of most samples.
@@ -144,40 +154,26 @@ void Placeholders(const Reviewed& batch, Findings& findings) {
 }
 
 void CarriedOver(const Reviewed& batch, Findings& findings) {
-    constexpr HeaderField kFields[] = {kZovSampleNo, kLabSampleId, kLabFileId, kDateAnalyzed};
-    std::unordered_map<HeaderField, ValueCounts> counts;
-    for (const HeaderField field : kFields) {
-        counts[field] = CountValues(batch, field);
-    }
-    ForContradictions(batch, kFields,
-                      [&](std::size_t record, HeaderField field, const std::string& shown,
-                          const std::string& stated) {
-                          if (counts[field][Trim(shown)] > 1) {
-                              findings.AddSample(record,
-                                                 Is(field, shown) +
-                                                     " like another sample's; the report has " +
-                                                     Quoted(stated) + ".",
-                                                 HeaderPlace(field));
-                          }
-                      });
+    ForContradictions(batch, [&](const Contradiction& found) {
+        if (found.Samples > 1) {
+            findings.AddSample(found.Record,
+                               Is(found.Field, found.Shown) +
+                                   " like another sample's; the report has " +
+                                   Quoted(found.Stated) + ".",
+                               HeaderPlace(found.Field));
+        }
+    });
 }
 
 void OtherThanReport(const Reviewed& batch, Findings& findings) {
-    constexpr HeaderField kFields[] = {kZovSampleNo, kLabFileId, kDateAnalyzed};
-    std::unordered_map<HeaderField, ValueCounts> counts;
-    for (const HeaderField field : kFields) {
-        counts[field] = CountValues(batch, field);
-    }
-    ForContradictions(batch, kFields,
-                      [&](std::size_t record, HeaderField field, const std::string& shown,
-                          const std::string& stated) {
-                          if (counts[field][Trim(shown)] == 1) {
-                              findings.AddSample(
-                                  record,
-                                  Is(field, shown) + "; the report has " + Quoted(stated) + ".",
-                                  HeaderPlace(field));
-                          }
-                      });
+    ForContradictions(batch, [&](const Contradiction& found) {
+        if (found.Samples == 1) {
+            findings.AddSample(
+                found.Record,
+                Is(found.Field, found.Shown) + "; the report has " + Quoted(found.Stated) + ".",
+                HeaderPlace(found.Field));
+        }
+    });
 }
 
 void UnlistedChoices(const Reviewed& batch, Findings& findings) {

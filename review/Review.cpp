@@ -159,6 +159,8 @@ constexpr Rule kRules[] = {
     {"sample.recovery", kWarning, "2", "Recovery outside its range",
      "A monitoring compound that is lost or found twice puts the sample's results in doubt.",
      RecoveryOutside},
+    {"sample.recovery-number", kWarning, "2", "Recovery that is no number",
+     "What cannot be compared to its range is never flagged.", RecoveryWithoutNumber},
     {"sample.recovery-range", kWarning, "2", "Monitoring compound without a range",
      "Without a range no recovery is flagged.", RecoveryWithoutRange},
     {"sample.recovery-order", kError, "2", "Monitoring compounds unlike the other samples'",

@@ -139,9 +139,10 @@ RuleFunction LargeRsd, FewLevels, UnusedLevels, RfsWithoutNumber, RoundedRsd, Rs
     LevelHeads, LevelFilesMissing, LevelFileIds, CheckHead, CheckMeanRfs, CheckPercentD,
     CheckAboveMaximum, CheckBelowMinimum, CheckWithoutCriteria, CheckOrder;
 
-RuleFunction ReportsMissing, ReportsChanged, RecoveryOutside, RecoveryWithoutRange, RecoveryOrder,
-    StandardOutside, StandardMissing, StandardWithoutNumber, AboveCalibration, BlankFlagWithoutHit,
-    BlankHitWithoutFlag, RowOrder, IncompleteTics, NoTics, RepeatedTics;
+RuleFunction ReportsMissing, ReportsChanged, RecoveryOutside, RecoveryWithoutNumber,
+    RecoveryWithoutRange, RecoveryOrder, StandardOutside, StandardMissing, StandardWithoutNumber,
+    AboveCalibration, BlankFlagWithoutHit, BlankHitWithoutFlag, RowOrder, IncompleteTics, NoTics,
+    RepeatedTics;
 
 using FormRuleFunction = void(const Reviewed& batch, const RecordedForm& form, Findings& findings);
 

@@ -143,6 +143,29 @@ void ForPeaks(const Reviewed& batch, Look look) {
     }
 }
 
+template <typename Look>
+void ForRecoveries(const Reviewed& batch, Look look) {
+    if (!batch.Recoveries) {
+        return;
+    }
+    const auto& compounds = batch.Recoveries->Compounds;
+    for (const auto& [record, sample] : RowsBySample(batch, batch.Recoveries->Samples)) {
+        for (std::size_t i = 0; i < std::min(sample->Recoveries.size(), compounds.size()); ++i) {
+            look(record, sample->Recoveries[i], compounds[i]);
+        }
+    }
+}
+
+// The areas and retention times of the 12-hour standard.
+template <typename Look>
+void ForStandard(const Reviewed& batch, Look look) {
+    for (std::size_t i = 0; batch.InternalStandards && i < InternalStandardNames.size(); ++i) {
+        const StandardISRecord& standard = batch.InternalStandards->Standard[i];
+        look("area", standard.Area, std::string(InternalStandardNames[i]));
+        look("retention time", standard.RT, std::string(InternalStandardNames[i]));
+    }
+}
+
 }  // namespace
 
 // ---- Reports
@@ -273,21 +296,27 @@ void RepeatedTics(const Reviewed& batch, Findings& findings) {
 // ---- Form II
 
 void RecoveryOutside(const Reviewed& batch, Findings& findings) {
-    if (!batch.Recoveries) {
-        return;
-    }
-    const auto& compounds = batch.Recoveries->Compounds;
-    for (const auto& [record, sample] : RowsBySample(batch, batch.Recoveries->Samples)) {
-        for (std::size_t i = 0; i < std::min(sample->Recoveries.size(), compounds.size()); ++i) {
-            const Form2Content::Recovery& recovery = sample->Recoveries[i];
-            if (!recovery.Flag.empty()) {
-                findings.AddSample(record,
-                                   "The recovery is " + Trim(recovery.Percent) + "%, outside " +
-                                       compounds[i].Limits + ".",
-                                   ReportPlace(batch, record), compounds[i].Name);
-            }
+    ForRecoveries(batch, [&](std::size_t record, const Form2Content::Recovery& recovery,
+                             const Form2Content::Compound& compound) {
+        if (!recovery.Flag.empty()) {
+            findings.AddSample(
+                record,
+                "The recovery is " + Trim(recovery.Percent) + "%, outside " + compound.Limits + ".",
+                ReportPlace(batch, record), compound.Name);
         }
-    }
+    });
+}
+
+void RecoveryWithoutNumber(const Reviewed& batch, Findings& findings) {
+    ForRecoveries(batch, [&](std::size_t record, const Form2Content::Recovery& recovery,
+                             const Form2Content::Compound& compound) {
+        if (!ParseNumber(recovery.Percent)) {
+            findings.AddSample(record,
+                               "The recovery " + Quoted(Trim(recovery.Percent)) +
+                                   " is no number and cannot be compared.",
+                               ReportPlace(batch, record), compound.Name);
+        }
+    });
 }
 
 void RecoveryWithoutRange(const Reviewed& batch, Findings& findings) {
@@ -317,6 +346,12 @@ void StandardOutside(const Reviewed& batch, Findings& findings) {
 }
 
 void StandardMissing(const Reviewed& batch, Findings& findings) {
+    ForStandard(batch, [&](const std::string& kind, const std::string& text,
+                           const std::string& name) {
+        if (IsBlank(text)) {
+            findings.AddBatch("The 12 hour standard has no " + kind + ".", CheckFilePlace(), name);
+        }
+    });
     ForPeaks(batch, [&](std::size_t record, const PeakValue& value, const std::string& name) {
         if (IsBlank(value.Text)) {
             findings.AddSample(record, "The report has no " + std::string(value.Kind) + ".",
@@ -326,8 +361,19 @@ void StandardMissing(const Reviewed& batch, Findings& findings) {
 }
 
 void StandardWithoutNumber(const Reviewed& batch, Findings& findings) {
+    const auto isNoNumber = [](const std::string& text) {
+        return !IsBlank(text) && !ParseNumber(text);
+    };
+    ForStandard(batch,
+                [&](const std::string& kind, const std::string& text, const std::string& name) {
+                    if (isNoNumber(text)) {
+                        findings.AddBatch("The 12 hour standard's " + kind + " " + Quoted(text) +
+                                              " is no number and gives no limits.",
+                                          CheckFilePlace(), name);
+                    }
+                });
     ForPeaks(batch, [&](std::size_t record, const PeakValue& value, const std::string& name) {
-        if (!IsBlank(value.Text) && !ParseNumber(value.Text)) {
+        if (isNoNumber(value.Text)) {
             findings.AddSample(record,
                                "The " + std::string(value.Kind) + " " + Quoted(value.Text) +
                                    " is no number and cannot be compared.",

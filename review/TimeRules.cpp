@@ -1,7 +1,7 @@
 // When things happened: receipt, analyses, the tune, the blank and the standards; and entries of
 // the calibration forms that contradict each other.
 #include <algorithm>
-#include <array>
+#include <cmath>
 #include <functional>
 
 #include "data/TuneRules.h"
@@ -19,6 +19,11 @@ using enum HeaderField;
 
 constexpr double kDay = 24.0 * 3600;  // seconds
 
+// Without a time, of which nobody knows the hour.
+bool IsDateAlone(std::string_view text) {
+    return !Contains(text, ":");
+}
+
 // ---- Samples
 
 struct Received {
@@ -34,8 +39,8 @@ std::vector<Received> ReceivedSamples(const Reviewed& batch) {
         const auto received = DateTimeIn(text);
         const auto analyzed = batch.Analyzed(record);
         if (received && analyzed) {
-            samples.push_back({record,
-                               static_cast<double>(analyzed->seconds - received->seconds) / kDay,
+            const double days = static_cast<double>(analyzed->seconds - received->seconds) / kDay;
+            samples.push_back({record, IsDateAlone(text) ? std::floor(days) : days,
                                "Received " + Trim(text) + " and analyzed " +
                                    Trim(batch.Header(record, kDateAnalyzed))});
         }
@@ -120,16 +125,13 @@ void LookForContradictions(const std::string& subject, const std::vector<Stateme
     }
 }
 
-// Of a date alone only the date counts.
 bool IsSameTime(const std::string& one, const std::string& other) {
-    constexpr std::size_t kDateLength = 10;
-    const std::string first = Trim(one);
-    const std::string second = Trim(other);
-    const bool onlyDate = std::min(first.size(), second.size()) <= kDateLength;
-    const auto part = [&](const std::string& text) {
-        return ParseDateTime(onlyDate ? CharacterRange(text, 1, kDateLength) : text);
+    const bool onlyDates = IsDateAlone(one) || IsDateAlone(other);
+    const auto part = [onlyDates](const std::string& text) {
+        const std::string trimmed = Trim(text);
+        return ParseDateTime(onlyDates ? trimmed.substr(0, trimmed.find(' ')) : trimmed);
     };
-    return IsSameMinute(part(first), part(second));
+    return IsSameMinute(part(one), part(other));
 }
 
 bool IsSameInAnyCase(const std::string& one, const std::string& other) {

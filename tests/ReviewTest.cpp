@@ -304,7 +304,8 @@ std::vector<RuleCase> Cases() {
         {"time.holding", Header(kDateReceived, "05/04/2005 00:00"),
          "form 1: S1: Received 05/04/2005 00:00 and analyzed 05/18/2005 10:00, 14.4 days later; "
          "the limit is 14. [Form 1 Header, Date Received]",
-         Header(kDateReceived, "05/04/2005 10:00")},
+         Both(Header(kDateReceived, "05/04/2005 10:00"),
+              Header(kDateReceived, "05/04/2005   :  ", {2}))},
         {"time.before-tune", Header(kDateAnalyzed, "05/18/2005 07:59"),
          "form 5: S1: Analyzed 05/18/2005 07:59, before the BFB injection at 05/18/2005 08:00. "
          "[Form 1 Header, Date Analyzed]",
@@ -491,6 +492,10 @@ std::vector<RuleCase> Cases() {
          "form 2: S1, toluene-d8: The recovery is 121%, outside (80-120). [Load Files, Quant. "
          "Files]",
          Edit("s1.prn", "100.0", "120.4")},
+        {"sample.recovery-number", Edit("s1.prn", "100.0", "n/a"),
+         "form 2: S1, toluene-d8: The recovery \"n/a\" is no number and cannot be compared. [Load "
+         "Files, Quant. Files]",
+         Edit("s1.prn", "100.0", " 80 ")},
         {"sample.recovery-range", Edit("ranges.txt", "Toluene-d8", "Toluene"),
          "form 2: toluene-d8: The recovery ranges file has no range for it. [Recovery ranges (Form "
          "II), Ranges file]",
@@ -504,12 +509,18 @@ std::vector<RuleCase> Cases() {
          "form 8: S1, chlorobenzene-d5: The area is 2001, outside 500 to 2000. [Load Files, Quant. "
          "Files]",
          Edit("s1.prn", ";1000.0;", ";2000.9;")},
-        {"sample.standard-missing", Edit("s1.prn", "chlorobenzene-d5;1000.0", "chlorobenzene-d5;"),
-         "form 8: S1, chlorobenzene-d5: The report has no area. [Load Files, Quant. Files]",
+        {"sample.standard-missing",
+         Both(Edit("s1.prn", "chlorobenzene-d5;1000.0", "chlorobenzene-d5;"),
+              Edit("run.check", ";1000.0;", ";;")),
+         "form 8: chlorobenzene-d5: The 12 hour standard has no area. [Load Files, Continuing "
+         "Cal]\nform 8: S1, chlorobenzene-d5: The report has no area. [Load Files, Quant. Files]",
          Edit("s1.prn", ";1000.0;", ";0;")},
-        {"sample.standard-number", Edit("s1.prn", ";7.25", ";7,25"),
-         "form 8: S1, chlorobenzene-d5: The retention time \"7,25\" is no number and cannot be "
-         "compared. [Load Files, Quant. Files]",
+        {"sample.standard-number",
+         Both(Edit("s1.prn", ";7.25", ";7,25"), Edit("run.check", ";7.25", ";7,25")),
+         "form 8: chlorobenzene-d5: The 12 hour standard's retention time \"7,25\" is no number "
+         "and "
+         "gives no limits. [Load Files, Continuing Cal]\nform 8: S1, chlorobenzene-d5: The "
+         "retention time \"7,25\" is no number and cannot be compared. [Load Files, Quant. Files]",
          Edit("s1.prn", ";7.25", ";7.75")},
 
         {"form.refused", [](Lab& lab) { lab.entries.Tune.LabFileId = " "; },
