@@ -203,6 +203,14 @@ MendPlace PlaceOfRefusal(const Reviewed& batch, const RecordedForm& form) {
                                                                      : FilesOf(form.Form);
 }
 
+// Comments without room and limits that came back otherwise are typed; the rest is about files.
+MendPlace PlaceOfMessage(const RecordedForm& form, const Message& message) {
+    return form.Form == "4" ? EntryPlace(EntryDialog::kBlankComments, "RichEdit1")
+           : form.Form == "2" && message.title == "Warning"
+               ? EntryPlace(EntryDialog::kRecoveryRanges, "FileEdit")
+               : FilesOf(form.Form);
+}
+
 // What other rules say in more detail.
 bool IsToldElsewhere(const Message& message) {
     return message.title == "Quantitation Report Changed" ||
@@ -234,12 +242,10 @@ void Refused(const Reviewed& batch, const RecordedForm& form, Findings& findings
 }
 
 void PrintsWithMessage(const Reviewed& /*batch*/, const RecordedForm& form, Findings& findings) {
-    const std::optional<EntryDialog> dialog = FormNamed(form.Form).entry;
-    const MendPlace place =
-        dialog ? EntryPlace(*dialog, TableOf(*dialog).Fields.front().Control) : FilesOf(form.Form);
     for (const Message& message : form.Messages) {
         if (form.Job && !IsToldElsewhere(message)) {
-            findings.Add(form.Record, "", AsLine(message), place, form.Form);
+            findings.Add(form.Record, "", AsLine(message), PlaceOfMessage(form, message),
+                         form.Form);
         }
     }
 }
