@@ -286,6 +286,18 @@ std::string FindingLine(const Finding& finding, const Batch& batch) {
            finding.Sentence + mend;
 }
 
+std::size_t CountFindings(std::span<const Finding> findings, Severity severity) {
+    return static_cast<std::size_t>(std::ranges::count_if(
+        findings,
+        [severity](const Finding& finding) { return finding.Rule->Severity == severity; }));
+}
+
+std::string CountText(std::span<const Finding> findings, Severity severity) {
+    const std::size_t count = CountFindings(findings, severity);
+    return std::to_string(count) + " " + std::string(SeverityName(severity)) +
+           (count == 1 ? "" : "s");
+}
+
 std::vector<Finding> ReviewBatch(const ReviewInput& input) {
     const Reviewed batch(input);
     std::vector<Findings> findings;

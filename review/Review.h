@@ -87,6 +87,10 @@ std::string SubjectText(const Finding& finding, const Batch& batch);
 // "warning calibration.rsd: form 6: acetone: ... [Load Files, Calib. File]"
 std::string FindingLine(const Finding& finding, const Batch& batch);
 
+std::size_t CountFindings(std::span<const Finding> findings, Severity severity);
+// "1 error", "2 warnings"
+std::string CountText(std::span<const Finding> findings, Severity severity);
+
 struct ReviewInput {
     const qfr::Batch& Batch;
     const qfr::Entries& Entries;  // as they are saved

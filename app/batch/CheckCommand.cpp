@@ -20,18 +20,6 @@ struct Arguments {
 
 using Json = nlohmann::ordered_json;
 
-std::size_t Count(const std::vector<Finding>& findings, Severity severity) {
-    return static_cast<std::size_t>(std::ranges::count_if(
-        findings,
-        [severity](const Finding& finding) { return finding.Rule->Severity == severity; }));
-}
-
-std::string CountText(const std::vector<Finding>& findings, Severity severity) {
-    const std::size_t count = Count(findings, severity);
-    return std::to_string(count) + " " + std::string(SeverityName(severity)) +
-           (count == 1 ? "" : "s");
-}
-
 void WriteText(std::ostream& out, const NamedBatch& batch, const std::vector<Finding>& findings) {
     for (const Finding& finding : findings) {
         out << Visible(batch.prefix + OneLine(FindingLine(finding, batch.saved.Batch))) << '\n';
@@ -65,9 +53,9 @@ Json JsonOf(const NamedBatch& batch, const std::vector<Finding>& findings) {
         list.push_back(JsonOf(finding, batch.saved.Batch));
     }
     return {{"batch", batch.name},
-            {"errors", Count(findings, Severity::kError)},
-            {"warnings", Count(findings, Severity::kWarning)},
-            {"notes", Count(findings, Severity::kNote)},
+            {"errors", CountFindings(findings, Severity::kError)},
+            {"warnings", CountFindings(findings, Severity::kWarning)},
+            {"notes", CountFindings(findings, Severity::kNote)},
             {"findings", list}};
 }
 
@@ -111,7 +99,7 @@ void Check(const Arguments& arguments, Context& context) {
         const std::vector<Finding> findings =
             ReviewAsPrinted(batch.saved, 0, context.platform.Metrics(), *limits,
                             [&context] { return context.platform.TakeBoxesNote(); });
-        context.Fail(Count(findings, Severity::kError) > 0 ? kIncomplete : kDone);
+        context.Fail(CountFindings(findings, Severity::kError) > 0 ? kIncomplete : kDone);
         if (asJson) {
             document["batches"].push_back(JsonOf(batch, findings));
         } else {
