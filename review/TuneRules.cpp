@@ -5,7 +5,6 @@
 #include <iterator>
 #include <string>
 
-#include "forms/Form5Content.h"
 #include "platform/Numbers.h"
 #include "platform/Text.h"
 #include "review/Rules.h"
@@ -43,9 +42,9 @@ constexpr IonOfBase kIonsOfBase[] = {
 }  // namespace
 
 void IonRanges(const Reviewed& batch, Findings& findings) {
-    const auto printed = FlagTuneValues(batch.Saved.Tune);
-    for (std::size_t ion = 0; ion < printed.size(); ++ion) {
-        if (EndsWith(printed[ion], "*")) {
+    for (std::size_t ion = 0; ion < kTuneIons.size(); ++ion) {
+        const auto abundance = Abundance(batch, ion);
+        if (abundance && !kTuneIons[ion].Accepts(*abundance)) {
             findings.AddBatch(MassIs(batch, ion) + ", outside " +
                                   std::string(kTuneIons[ion].FormCriterion()) + ".",
                               IonPlace(ion));
