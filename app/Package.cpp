@@ -22,6 +22,25 @@ class MessageKeeper : public Messages {
     std::vector<std::string> kept_;
 };
 
+// The record is 0 for a form that prints once for the batch.
+void RunAlone(HeadlessHost& host, const PackageWork& work,
+              const std::function<void(std::size_t record)>& run) {
+    host.Reports().BeginJob();
+    // The dialogs take values over from each other when they show, and a form empties what a
+    // missing file leaves open. The next form must not find any of it.
+    const Entries entries = host.Entries();
+    const BatchFlags flags = host.Flags();
+    const int levelCount = host.LevelCount();
+    if (work.form->printBatch || work.record) {
+        run(work.record.value_or(0));
+    } else {
+        host.Show({std::string(kSpecifyFiles), kFilesNotSpecifiedTitle});
+    }
+    host.Entries() = entries;
+    host.Flags() = flags;
+    host.LevelCount() = levelCount;
+}
+
 }  // namespace
 
 std::vector<PackageWork> PlanPackage(const Batch& batch, const PackageChoice& choice) {
@@ -46,31 +65,22 @@ std::vector<PackageWork> PlanPackage(const Batch& batch, const PackageChoice& ch
 }
 
 std::optional<PrintJob> PrintWork(HeadlessHost& host, const PackageWork& work) {
-    host.Reports().BeginJob();
-    // The dialogs take values over from each other when they show, and a form empties what a
-    // missing file leaves open. The next form must not find any of it.
-    const Entries entries = host.Entries();
-    const BatchFlags flags = host.Flags();
-    const int levelCount = host.LevelCount();
     const FormRow& form = *work.form;
-    std::string sample;
-    if (form.printBatch) {
-        form.printBatch(host);
-    } else if (work.record) {
-        sample = SampleName((*host.Batch().SampleList)[*work.record]);
-        form.printSample(host, *work.record);
-    } else {
-        host.Show({std::string(kSpecifyFiles), kFilesNotSpecifiedTitle});
-    }
-    host.Entries() = entries;
-    host.Flags() = flags;
-    host.LevelCount() = levelCount;
+    RunAlone(host, work, [&](std::size_t record) {
+        form.printBatch ? form.printBatch(host) : form.printSample(host, record);
+    });
     std::optional<PrintJob> job = host.CollectJob();
     if (job) {
         job->form = form.caption;
-        job->sample = std::move(sample);
+        job->sample = work.record ? SampleName((*host.Batch().SampleList)[*work.record]) : "";
     }
     return job;
+}
+
+std::optional<AnyFormContent> PrepareWork(HeadlessHost& host, const PackageWork& work) {
+    std::optional<AnyFormContent> content;
+    RunAlone(host, work, [&](std::size_t record) { content = work.form->prepare(host, record); });
+    return content;
 }
 
 PackageOutcome PrintPackage(FormHost& program, TextMetrics& metrics,
