@@ -10,7 +10,7 @@ packagesFor() {
     case "$1" in
         build)
             echo cmake ninja-build g++ ccache qt6-base-dev libcups2-dev libqpdf-dev libchm-dev \
-                libcli11-dev fp-utils fonts-dejavu-core fonts-liberation ;;
+                libcli11-dev nlohmann-json3-dev fp-utils fonts-dejavu-core fonts-liberation ;;
         test)
             echo libgtest-dev libgmock-dev poppler-utils qpdf cups printer-driver-cups-pdf xvfb \
                 openbox dbus at-spi2-core python3-pyatspi imagemagick ;;

@@ -166,6 +166,7 @@ int RunBatchCommand(const std::vector<std::string>& arguments, std::ostream& out
     AddLoadCommand(program, context);
     AddPrintCommand(program, context);
     AddShowCommand(program, context);
+    AddExportCommand(program, context);
     program.footer(kExitStatus);
 
     std::string name = "qfrbatch";

@@ -115,6 +115,7 @@ struct Context : Messages {
 
 // Each declares its command, which runs as soon as its arguments are parsed.
 void AddLoadCommand(CLI::App& program, Context& context);
+void AddExportCommand(CLI::App& program, Context& context);
 void AddPrintCommand(CLI::App& program, Context& context);
 void AddShowCommand(CLI::App& program, Context& context);
 
