@@ -160,13 +160,15 @@ TEST_F(BatchCommand, AnswersAsApproved) {
                                           HasSubstr(";" + std::string(400, 'y') + ";")));
     EXPECT_THAT(Run("load -o no/x.qff a.prn"),
                 StartsWith("File Error: x.qff could not be written.\nqfrbatch: "));
+    EXPECT_THAT(Run("export oil.qff --format csv -o short.txt"),
+                AllOf(HasSubstr(" oil limits "), HasSubstr("short.txt could not be written.\n")));
     EXPECT_THAT(Print("day.qff --forms 1 --output-dir a.prn"),
                 StartsWith("File Error: a.prn could not be written.\n"));
 }
 
 TEST_F(BatchCommand, Helps) {
     EXPECT_THAT(Run(""), HasSubstr("Exit status:"));
-    for (const std::string command : {"", " load", " print", " show"}) {
+    for (const std::string command : {"", " load", " print", " show", " export"}) {
         EXPECT_THAT(
             Run(command + (command.empty() ? "" : " --nonsense") + " --help"),
             AllOf(StartsWith("[0]"), HasSubstr("Usage: qfrbatch" + command + " [OPTIONS]")));
