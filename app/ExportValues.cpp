@@ -21,13 +21,19 @@ std::vector<NewFile> CsvFiles(const std::vector<FormValues>& forms, const fs::pa
         std::vector<FormValues> ofForm;
         std::ranges::copy_if(forms, std::back_inserter(ofForm),
                              [&](const FormValues& form) { return form.Form == row.name; });
-        files.push_back(
-            {folder / PathOf("form-" + std::string(row.name) + ".csv"), CsvText(ofForm)});
+        files.push_back({folder / CsvName(row), CsvText(ofForm)});
     }
     return files;
 }
 
 }  // namespace
+
+std::vector<PackageWork> PlanExport(const Batch& batch) {
+    PackageChoice choice;
+    choice.forms.assign(choice.forms.size(), true);
+    choice.samples.assign(SamplesOf(batch).size(), true);
+    return PlanPackage(batch, choice);
+}
 
 std::optional<FormValues> ValuesOfWork(HeadlessHost& host, const PackageWork& work) {
     const auto content = PrepareWork(host, work);
@@ -42,6 +48,31 @@ std::optional<FormValues> ValuesOfWork(HeadlessHost& host, const PackageWork& wo
         values.Report = FileNameOnly(sample.FileName);
     }
     return values;
+}
+
+CollectedValues CollectValues(FormHost& program, TextMetrics& metrics) {
+    KeptMessages messages;
+    // On copies, as a package is printed.
+    HeadlessHost host({program.Batch(), program.Entries(), program.Flags()}, metrics, messages);
+    host.LevelCount() = program.LevelCount();
+    CollectedValues collected;
+    for (const PackageWork& work : PlanExport(host.Batch())) {
+        auto values = ValuesOfWork(host, work);
+        for (const std::string& text : messages.Take()) {
+            const std::string sample =
+                work.record ? ", " + SampleName((*host.Batch().SampleList)[*work.record]) : "";
+            collected.Notes.push_back(std::string(work.form->caption) + sample +
+                                      (values ? ": " : ", left out: ") + text);
+        }
+        if (values) {
+            collected.Forms.push_back(*std::move(values));
+        }
+    }
+    return collected;
+}
+
+std::string CsvName(const FormRow& form) {
+    return "form-" + std::string(form.name) + ".csv";
 }
 
 std::optional<WriteFailure> WriteValues(const std::vector<FormValues>& forms, ExportFormat format,

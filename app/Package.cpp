@@ -8,20 +8,6 @@ namespace qfr {
 
 namespace {
 
-// Keeps messages until somebody asks for them.
-class MessageKeeper : public Messages {
-  public:
-    void Show(const Message& message) override { kept_.push_back(AsLine(message)); }
-    bool AskYesNo(const Message& question) override {
-        Show(question);
-        return false;
-    }
-    std::vector<std::string> Take() { return std::exchange(kept_, {}); }
-
-  private:
-    std::vector<std::string> kept_;
-};
-
 // The record is 0 for a form that prints once for the batch.
 void RunAlone(HeadlessHost& host, const PackageWork& work,
               const std::function<void(std::size_t record)>& run) {
@@ -86,7 +72,7 @@ std::optional<AnyFormContent> PrepareWork(HeadlessHost& host, const PackageWork&
 PackageOutcome PrintPackage(FormHost& program, TextMetrics& metrics,
                             const std::vector<PackageWork>& dueJobs, JobPackage& package,
                             const std::function<bool(std::size_t job)>& shouldContinue) {
-    MessageKeeper messages;
+    KeptMessages messages;
     // On copies: nobody has seen here what the forms and dialogs take over from each other, so none
     // of it may stay. What they have left in the program goes along: the milestones of the batch
     // and the number of calibration levels.

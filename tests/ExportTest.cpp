@@ -33,9 +33,7 @@ struct ExportedForm {
 std::vector<ExportedForm> ExportBatch(const fs::path& file) {
     SavedBatch saved =
         std::get<SavedBatch>(RestoreBatch(LineReader::Open(file).value(), TextOf(file)));
-    PackageChoice choice{.samples = std::vector<bool>(SamplesOf(saved.Batch).size(), true)};
-    choice.forms.assign(kForms.size(), true);
-    const std::vector<PackageWork> works = PlanPackage(saved.Batch, choice);
+    const std::vector<PackageWork> works = PlanExport(saved.Batch);
     TimesMetrics metrics;
     MessageLog messages;
     HeadlessHost host(std::move(saved), metrics, messages);

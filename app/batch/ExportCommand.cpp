@@ -28,10 +28,7 @@ ExportFormat ParseFormat(const std::string& name) {
 
 // Of the forms that are not refused, in the order in which they print.
 std::vector<FormValues> Collect(Context& context, SavedBatch saved) {
-    const std::vector<bool> all(SamplesOf(saved.Batch).size(), true);
-    PackageChoice choice{.samples = all};
-    choice.forms.assign(kForms.size(), true);
-    const std::vector<PackageWork> dueWork = PlanPackage(saved.Batch, choice);
+    const std::vector<PackageWork> dueWork = PlanExport(saved.Batch);
     const std::optional<Message> limitsNote = saved.LimitsNote;
     HeadlessHost host(std::move(saved), context.platform.Metrics(), context);
     std::vector<FormValues> forms;

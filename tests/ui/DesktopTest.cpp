@@ -123,7 +123,8 @@ TEST_F(FileChooserTest, AddsTheExtensionOfTheKindToANameWithoutOne) {
     const std::tuple<SaveKind, std::string, const char*> kinds[] = {
         {SaveKind::kBatch, "|QFR Forms (*.qff)|Form 1", ".qff"},
         {SaveKind::kLaboratoryFile, "|Text Files (*.qff;*.txt)|Form 1", ".txt"},
-        {SaveKind::kPdf, "|PDF Files (*.pdf)|Form 1", ".pdf"}};
+        {SaveKind::kPdf, "|PDF Files (*.pdf)|Form 1", ".pdf"},
+        {SaveKind::kValues, "|JSON Documents (*.json)|Form 1", ".json"}};
     for (const auto& [kind, first, ending] : kinds) {
         const SaveRequest request{kind, TextOf(dir.Path()), "Form 1"};
         EXPECT_EQ(Chosen(&QtFileChooser::Save, request, "kept\r"), "/kept" + std::string(ending));
