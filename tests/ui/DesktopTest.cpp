@@ -171,6 +171,19 @@ TEST_F(FileChooserTest, OpensOnTheFilterAndTellsTheOneItEndedWith) {
               "Text Files (*.txt) (*.txt)|All Files (*.*) (*)");
 }
 
+TEST_F(FileChooserTest, TakesAFolderThatIsThere) {
+    std::filesystem::create_directory(dir.Path() / "tables");
+    for (const auto& [keys, folder] : {std::pair("tables\r", TextOf(dir.Path() / "tables")),
+                                       std::pair("tables\33", std::string())}) {
+        QTimer::singleShot(0, [keys = keys] {
+            WindowUser user;
+            user.Face(*QApplication::activeModalWidget());
+            user.Enter("fileNameEdit", keys);
+        });
+        EXPECT_EQ(QtFileChooser(log).Folder(TextOf(dir.Path())).value_or(""), folder);
+    }
+}
+
 using namespace ::testing;
 
 PrintJob JobOf(const std::vector<PageItem>& items, bool turned = false) {
