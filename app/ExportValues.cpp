@@ -59,10 +59,12 @@ CollectedValues CollectValues(FormHost& program, TextMetrics& metrics) {
     for (const PackageWork& work : PlanExport(host.Batch())) {
         auto values = ValuesOfWork(host, work);
         for (const std::string& text : messages.Take()) {
-            const std::string sample =
-                work.record ? ", " + SampleName((*host.Batch().SampleList)[*work.record]) : "";
-            collected.Notes.push_back(std::string(work.form->caption) + sample +
-                                      (values ? ": " : ", left out: ") + text);
+            std::string note(work.form->caption);
+            if (work.record) {
+                note += ", " + SampleName((*host.Batch().SampleList)[*work.record]);
+            }
+            note += values ? ": " : ", left out: ";
+            collected.Notes.push_back(note + text);
         }
         if (values) {
             collected.Forms.push_back(*std::move(values));

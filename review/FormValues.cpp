@@ -242,13 +242,14 @@ FormValues Describe(const Form1VoaContent& content) {
 
 FormValues Describe(const Form1TicContent& content) {
     FormValues values = FieldsOf(content, kForm1Header, kSampleNo<Form1TicContent>);
-    ValueTable& compounds = values.Tables.emplace_back("compounds");
+    ValueTable compounds{"compounds", {}, {}};
     for (const HeaderName& cell : kTicCells) {
         compounds.Columns.push_back({std::string(cell.name), cell.isNumber});
     }
     for (const TicEntry& entry : content.Entries) {
         compounds.Rows.emplace_back(entry.cells.begin(), entry.cells.end());
     }
+    values.Tables = {std::move(compounds)};
     return values;
 }
 
