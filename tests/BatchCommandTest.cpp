@@ -251,6 +251,9 @@ TEST_F(BatchCommand, EndsBetweenTwoJobsWhenItIsAskedTo) {
     const std::string ended = "qfrbatch: ended before all was done\n[1]";
     platform_.worksFor = 1;
     EXPECT_EQ(Print("day.qff --forms 1 -o x.pdf"), ended);
+    platform_.worksFor = 1;
+    EXPECT_THAT(Run("export day.qff --format csv -o new"), testing::EndsWith(ended));
+    EXPECT_FALSE(fs::exists("new"));
     platform_.worksFor = 4 + 1 + 2;  // the jobs, the folder, and two files
     EXPECT_EQ(Run("print day.qff --forms 1 --output-dir new"), ended);
     EXPECT_EQ(std::distance(fs::directory_iterator("new"), {}), 2);

@@ -190,6 +190,9 @@ TEST(Export, HasEachTextUnderItsName) {
         {"tic", "compounds[1].estimatedConcentration", "9.2=9.2"},
         {"2", "compounds[11].number", "VMC11"},
         {"2", "compounds[1].limits", "(65-131)"},
+        {"2", "samples[1].vmc12", "94=94.0"},
+        {"2", "samples[4].vmc1", "58=58.0"},
+        {"2", "samples[4].vmc1Flag", "*"},
         {"4", "samples[5].labSampleId", "F0505118-03DL"},
         {"4", "samples[5].analyzed", "05/18/2005 21:47"},
         {"4", "samples[5].flag", "*"},
@@ -210,6 +213,7 @@ TEST(Export, HasEachTextUnderItsName) {
         {"8", "standard[2].rtLowerLimit", "5.51=5.51"},
         {"8", "samples[1].is2Rt", "5.99=5.99"},
         {"8", "samples[1].is3Area", "686134=686134.0"},
+        {"8", "samples[8].is3AreaFlag", "*"},
     };
     for (const auto& [name, path, text] : values) {
         const auto form = std::ranges::find(document["forms"], name, [](const Json& each) {
