@@ -117,6 +117,18 @@ void TFilesDlg::ShowFileSet() {
     }
 }
 
+void TFilesDlg::OpenAt(const std::string& control, const std::string& report) {
+    ui_->QFilesList->clearSelection();
+    for (QListWidgetItem* const item :
+         ui_->QFilesList->findItems(QString::fromStdString(report), Qt::MatchExactly)) {
+        ui_->QFilesList->setCurrentItem(item);
+    }
+    show();
+    if (auto* const place = findChild<QWidget*>(QString::fromStdString(control))) {
+        place->setFocus();
+    }
+}
+
 void TFilesDlg::OpenFiles(FileKind kind, TakeReports& take) {
     if (const auto chosen = services_.ChooseFiles(kind, take == AddQuantReports)) {
         Take(take, chosen->files);

@@ -36,6 +36,8 @@ class TFilesDlg : public QDialog {
     qfr::Batch& Batch() { return batch_; }
     // Shows what the batch holds after it was replaced from outside.
     void ShowFileSet();
+    // Shows the dialog with the focus in a control, and a report chosen in the list of reports.
+    void OpenAt(const std::string& control, const std::string& report);
 
     // Escape and the window manager's close: the dialog has no Cancel.
     void reject() override { OkButtonClick(); }
