@@ -84,7 +84,7 @@ constexpr Rule kRules[] = {
      "The raw data of the standard are found by its lab file ID.", StandardFileIds},
     {"entry.standard-sample", kError, "7", "Sample numbers of the continuing standard differ",
      "Forms VII and VIII state the same continuing calibration standard.", StandardSampleNos},
-    {"entry.letter-case", kWarning, "8", "Continuing standard in two letter cases",
+    {"entry.letter-case", kWarning, "7", "Continuing standard in two letter cases",
      "One name that is written in two ways looks like two standards.", LetterCase},
 
     // ---- Tune

@@ -295,16 +295,17 @@ void LetterCase(const Reviewed& batch, Findings& findings) {
     const auto sameOrOther = [](const std::string& one, const std::string& other) {
         return Trim(one) == Trim(other) || !IsSameInAnyCase(one, other);
     };
-    LookForContradictions(
-        "the sample number of the standard",
-        {{kContinuing, batch.Continuing.SampleNo, {}, "7"},
-         {kSummary, batch.Summary.SampleNo, EntryPlace(kStandardSummary, "SampleEdit"), "8"}},
-        sameOrOther, findings);
-    LookForContradictions(
-        "the lab file ID of the standard",
-        {{kContinuing, batch.Continuing.LabFileId, {}, "7"},
-         {kSummary, batch.Summary.LabFileId, EntryPlace(kStandardSummary, "LabFileEdit"), "8"}},
-        sameOrOther, findings);
+    // Form VIII takes over from Form VII what its dialog shows.
+    LookForContradictions("the sample number of the standard",
+                          {{kSummary, batch.Summary.SampleNo, {}, "8"},
+                           {kContinuing, batch.Continuing.SampleNo,
+                            EntryPlace(kContinuingCalibration, "ZOV_IDEdit"), "7"}},
+                          sameOrOther, findings);
+    LookForContradictions("the lab file ID of the standard",
+                          {{kSummary, batch.Summary.LabFileId, {}, "8"},
+                           {kContinuing, batch.Continuing.LabFileId,
+                            EntryPlace(kContinuingCalibration, "LabFileEdit"), "7"}},
+                          sameOrOther, findings);
 }
 
 }  // namespace qfr

@@ -359,8 +359,8 @@ std::vector<RuleCase> Cases() {
          "vstd050b. [Internal standards (Form VIII), Sample no.]",
          Typed(&Continuing::SampleNo, "VSTD050A")},
         {"entry.letter-case", Typed(&Continuing::SampleNo, "VSTD050A"),
-         "form 8: Form VIII has VSTD050A for the sample number of the standard, and Form VII "
-         "vstd050a. [Internal standards (Form VIII), Sample no.]",
+         "form 7: Form VII has vstd050a for the sample number of the standard, and Form VIII "
+         "VSTD050A. [Continuing calibration (Form VII), Sample no.]",
          Typed(&Continuing::SampleNo, "vstd050b ")},
 
         {"tune.ion-range", Ion(0, "40.1"),
