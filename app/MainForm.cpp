@@ -17,6 +17,7 @@
 
 #include "app/AboutBox.h"
 #include "app/BatchFile.h"
+#include "app/ExportMenu.h"
 #include "app/PrintAll.h"
 #include "dialogs/EntryFormDialog.h"
 #include "platform/FileLookup.h"
@@ -160,6 +161,15 @@ void TQFRForm::AddMenus() {
     AddCommand(reports, "Select &Printer", "Ctrl+P", [this] { page_.getPrinter(); });
     AddCommand(reports, "Print &All Forms...", "Ctrl+Shift+P",
                [this] { PrintAll(*this, services_.Metrics, services_.Packages); });
+    QMenu& values = *reports.addMenu("&Export Values");
+    const auto exportAs = [this](ExportFormat format) {
+        return [this, format] {
+            ExportFromMenu(*this, services_.Metrics, services_.Chooser, format,
+                           paths_.ReadPath(FileKind::kBatch));
+        };
+    };
+    AddCommand(values, "&CSV Tables...", "", exportAs(ExportFormat::kCsv));
+    AddCommand(values, "&JSON Document...", "", exportAs(ExportFormat::kJson));
     AddCommand(*menuBar(), "&Help", "F1", [this] { ShowHelp(kHelpTopic); });
     AddCommand(*menuBar(), "&About", "", [this] { aboutBox_->exec(); });
     AddCommand(*menuBar(), "E&xit", "Ctrl+Q", [this] { OnExit(); });

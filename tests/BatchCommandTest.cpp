@@ -169,13 +169,16 @@ TEST_F(BatchCommand, AnswersAsApproved) {
                                           HasSubstr(";" + std::string(400, 'y') + ";")));
     EXPECT_THAT(Run("load -o no/x.qff a.prn"),
                 StartsWith("File Error: x.qff could not be written.\nqfrbatch: "));
+    EXPECT_THAT(Run("export oil.qff --format csv -o short.txt"),
+                AllOf(HasSubstr(" oil limits "), HasSubstr("short.txt could not be written.\n")));
     EXPECT_THAT(Print("day.qff --forms 1 --output-dir a.prn"),
                 StartsWith("File Error: a.prn could not be written.\n"));
 }
 
 TEST_F(BatchCommand, Helps) {
     EXPECT_THAT(Run(""), HasSubstr("Exit status:"));
-    for (const std::string command : {"", " load", " print", " show", " check"}) {
+    for (const std::string command :
+         {"", " load", " print", " show", " check", " export"}) {
         EXPECT_THAT(
             Run(command + (command.empty() ? "" : " --nonsense") + " --help"),
             AllOf(StartsWith("[0]"), HasSubstr("Usage: qfrbatch" + command + " [OPTIONS]")));
@@ -281,6 +284,9 @@ TEST_F(BatchCommand, EndsBetweenTwoJobsWhenItIsAskedTo) {
     const std::string ended = "qfrbatch: ended before all was done\n[1]";
     platform_.worksFor = 1;
     EXPECT_EQ(Print("day.qff --forms 1 -o x.pdf"), ended);
+    platform_.worksFor = 1;
+    EXPECT_THAT(Run("export day.qff --format csv -o new"), testing::EndsWith(ended));
+    EXPECT_FALSE(fs::exists("new"));
     platform_.worksFor = 2;  // files
     EXPECT_EQ(Run("print day.qff --forms 1 --output-dir new"), ended);
     EXPECT_EQ(std::distance(fs::directory_iterator("new"), {}), 2);

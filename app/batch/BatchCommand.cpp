@@ -167,6 +167,7 @@ int RunBatchCommand(const std::vector<std::string>& arguments, std::ostream& out
     AddPrintCommand(program, context);
     AddShowCommand(program, context);
     AddCheckCommand(program, context);
+    AddExportCommand(program, context);
     program.footer(kExitStatus);
 
     std::string name = "qfrbatch";
