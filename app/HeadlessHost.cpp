@@ -7,6 +7,7 @@ namespace qfr {
 HeadlessHost::HeadlessHost(SavedBatch saved, TextMetrics& metrics, Messages& messages)
     : saved_(std::move(saved)),
       flags_(saved_.Flags),
+      metrics_(metrics),
       messages_(messages),
       printer_(metrics, *this),
       page_(printer_, [] { return true; }) {}
@@ -14,6 +15,13 @@ HeadlessHost::HeadlessHost(SavedBatch saved, TextMetrics& metrics, Messages& mes
 bool HeadlessHost::AskYesNo(const Message& question) {
     messages_.Show(question);
     return false;
+}
+
+void HeadlessHost::TakeJob(int, PrintJob job) {
+    if (const auto boxes = metrics_.TakeBoxesNote()) {
+        messages_.Show(*boxes);
+    }
+    job_ = std::move(job);
 }
 
 bool HeadlessHost::ShowEntryDialog(EntryDialog dialog, std::size_t headerRecord) {

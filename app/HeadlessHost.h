@@ -33,10 +33,11 @@ class HeadlessHost : public FormHost, private JobSink {
 
   private:
     bool BeginJob(int, const std::string&) override { return true; }
-    void TakeJob(int, PrintJob job) override { job_ = std::move(job); }
+    void TakeJob(int, PrintJob job) override;
 
     SavedBatch saved_;
     BatchFlags flags_;
+    TextMetrics& metrics_;
     Messages& messages_;
     std::optional<PrintJob> job_;
     TPrinter printer_;

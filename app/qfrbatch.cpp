@@ -36,7 +36,6 @@ class Platform : public qfr::BatchPlatform {
     }
     qfr::TextMetrics& Metrics() override { return pdf_->Metrics(); }
     std::unique_ptr<qfr::PdfWriter> NewPdf() override { return pdf_->NewPdf(); }
-    std::optional<qfr::Message> TakeBoxesNote() override { return pdf_->TakeBoxesNote(); }
     std::vector<std::string> Printers() override {
         std::string reason;
         if (const auto make = queues_ ? nullptr : MakerOf<qfr::QueueModule>(reason)) {
@@ -55,7 +54,6 @@ class Platform : public qfr::BatchPlatform {
     void RequestEnd() { endRequested_ = true; }
 
   private:
-
     std::unique_ptr<qfr::PdfModule> pdf_;       // from Start on
     std::unique_ptr<qfr::QueueModule> queues_;  // when printers have been asked for
     std::atomic<bool> endRequested_ = false;

@@ -1,24 +1,26 @@
-// Speed of loading reports and of printing Form I. Run it in a release build; the README shows the
-// numbers as ratios and counts.
+// Speed of loading reports and of printing Form I, beside that of two libraries that paint the same
+// pages. Run it in a release build; the README shows the numbers as ratios and counts.
 #include <benchmark/benchmark.h>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
+#include <memory>
 #include <stdlib.h>
 #include <string>
+#include <string_view>
 #include <vector>
 
-#include <QBuffer>
 #include <QGuiApplication>
-#include <QPainter>
-#include <QPdfWriter>
 
+#include "app/HeadlessHost.h"
+#include "bench/CairoPdf.h"
+#include "bench/QtPdf.h"
 #include "data/LoadFiles.h"
 #include "data/QuantReport.h"
 #include "forms/Form1VoaContent.h"
-#include "forms/FormHost.h"
 #include "platform/FileLookup.h"
-#include "platform/qt/PdfFile.h"
-#include "platform/qt/QtTextMetrics.h"
+#include "platform/pdf/PdfFile.h"
+#include "platform/pdf/Typeface.h"
 
 namespace qfr {
 namespace {
@@ -113,38 +115,6 @@ void AddReportsToBatch(benchmark::State& state) {
 }
 BENCHMARK(AddReportsToBatch)->Arg(200)->Arg(2000)->Unit(benchmark::kMillisecond);
 
-class KeepJob : public JobSink {
-  public:
-    bool BeginJob(int /*printerIndex*/, const std::string& /*title*/) override { return true; }
-    void TakeJob(int /*printerIndex*/, PrintJob job) override { last = std::move(job); }
-    PrintJob last;
-};
-
-class BenchHost : public FormHost {
-  public:
-    explicit BenchHost(FormFonts& fonts) : metrics_(fonts) { page_.testPrinter(); }
-    qfr::Page& Page() override { return page_; }
-    qfr::Batch& Batch() override { return batch_; }
-    qfr::Entries& Entries() override { return entries_; }
-    BatchFlags& Flags() override { return flags_; }
-    bool ShowEntryDialog(EntryDialog /*dialog*/, std::size_t /*headerRecord*/) override {
-        return true;
-    }
-    void SetPendingFocus(HeaderField /*field*/) override {}
-    void Show(const Message& /*message*/) override {}
-    bool AskYesNo(const Message& /*question*/) override { return false; }
-    PrintJob& LastJob() { return sink_.last; }
-
-  private:
-    QtTextMetrics metrics_;
-    KeepJob sink_;
-    TPrinter printer_{metrics_, sink_};
-    qfr::Page page_{printer_, [] { return true; }};
-    qfr::Batch batch_;
-    qfr::Entries entries_;
-    BatchFlags flags_;
-};
-
 constexpr int kSheets = 20;
 
 struct FormIJobs {
@@ -158,86 +128,65 @@ struct FormIJobs {
         std::vector<PrintJob> jobs;
         for (int i = 0; i < kSheets; ++i) {
             PrintFormIVoa(host, 0);
-            jobs.push_back(std::move(host.LastJob()));
+            jobs.push_back(*host.CollectJob());
         }
         return jobs;
     }
     ReportFiles reports;
-    FormFonts fonts;
-    BenchHost host{fonts};
+    std::unique_ptr<Typeface> typeface = Typeface::Load();
+    NoMessages messages;
+    HeadlessHost host{{}, *typeface, messages};
 };
 
-std::int64_t PagesOf(const std::vector<PrintJob>& jobs) {
+// Records the form again and again and makes one document of all its sheets each time.
+template <typename Make>
+void Print(benchmark::State& state, FormIJobs& forms, const Make& makeDocument) {
     std::int64_t pages = 0;
-    for (const PrintJob& job : jobs) {
-        pages += static_cast<std::int64_t>(job.pages.size());
+    std::size_t bytes = 0;
+    for (auto _ : state) {
+        const std::vector<PrintJob> jobs = forms.Record();
+        const auto document = makeDocument(jobs);
+        bytes += static_cast<std::size_t>(document.size());
+        for (const PrintJob& job : jobs) {
+            pages += static_cast<std::int64_t>(job.pages.size());
+        }
     }
-    return pages;
+    state.SetItemsProcessed(pages);
+    state.counters["bytes_a_page"] = static_cast<double>(bytes) / static_cast<double>(pages);
 }
 
 void RecordFormI(benchmark::State& state) {
     FormIJobs forms;
-    std::int64_t pages = 0;
-    for (auto _ : state) {
-        pages += PagesOf(forms.Record());
-    }
-    state.SetItemsProcessed(pages);
+    Print(state, forms, [](const std::vector<PrintJob>& /*jobs*/) { return std::string_view(); });
 }
 BENCHMARK(RecordFormI)->Unit(benchmark::kMillisecond);
 
 void RecordFormIAndWritePdf(benchmark::State& state) {
     FormIJobs forms;
-    std::int64_t pages = 0;
-    for (auto _ : state) {
-        const std::vector<PrintJob> jobs = forms.Record();
-        benchmark::DoNotOptimize(RenderPdf(jobs, "bench", forms.fonts));
-        pages += PagesOf(jobs);
-    }
-    state.SetItemsProcessed(pages);
+    Print(state, forms, [&](const std::vector<PrintJob>& jobs) {
+        PdfFile pdf(*forms.typeface);
+        for (const PrintJob& job : jobs) {
+            pdf.Add(job);
+        }
+        std::string reason;
+        return pdf.Content("bench", reason);
+    });
 }
 BENCHMARK(RecordFormIAndWritePdf)->Unit(benchmark::kMillisecond);
 
-// The yardstick: the same texts and rules, painted by hand.
-void PaintStraightOnPdfWriter(benchmark::State& state) {
+void RecordFormIAndPaintWithCairo(benchmark::State& state) {
     FormIJobs forms;
-    const std::vector<PrintJob> jobs = forms.Record();
-    std::int64_t pages = 0;
-    for (auto _ : state) {
-        QByteArray bytes;
-        QBuffer buffer(&bytes);
-        buffer.open(QIODevice::WriteOnly);
-        QPdfWriter writer(&buffer);
-        writer.setResolution(kResolution);
-        writer.setPageLayout(
-            QPageLayout(QPageSize(QPageSize::Letter), QPageLayout::Portrait, QMarginsF()));
-        QPainter painter(&writer);
-        bool first = true;
-        for (const PrintJob& job : jobs) {
-            for (const JobPage& page : job.pages) {
-                if (!first) {
-                    writer.newPage();
-                }
-                first = false;
-                for (const PageItem& item : page.items) {
-                    if (const auto* text = std::get_if<TextItem>(&item)) {
-                        painter.setFont(QFont("Liberation Serif", text->size));
-                        painter.drawText(text->x, text->y + text->height * 8 / 10,
-                                         QString::fromStdString(text->text));
-                    } else {
-                        const auto& rule = std::get<RuleItem>(item);
-                        painter.setPen(QPen(Qt::black, rule.penWidth));
-                        painter.drawLine(rule.x1, rule.y1, rule.x2, rule.y2);
-                    }
-                }
-            }
-        }
-        painter.end();
-        benchmark::DoNotOptimize(bytes);
-        pages += PagesOf(jobs);
-    }
-    state.SetItemsProcessed(pages);
+    CairoPdf cairo(*forms.typeface);
+    Print(state, forms, [&](const std::vector<PrintJob>& jobs) { return cairo.Document(jobs); });
 }
-BENCHMARK(PaintStraightOnPdfWriter)->Unit(benchmark::kMillisecond);
+BENCHMARK(RecordFormIAndPaintWithCairo)->Unit(benchmark::kMillisecond);
+
+void RecordFormIAndPaintOnQPdfWriter(benchmark::State& state) {
+    FormIJobs forms;
+    QtPdf qt(*forms.typeface);
+    Print(state, forms, [&](const std::vector<PrintJob>& jobs) { return qt.Document(jobs); });
+}
+BENCHMARK(RecordFormIAndPaintOnQPdfWriter)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace qfr

@@ -213,6 +213,8 @@ QuantReport QuantReport::Read(LineReader file) {
         report.TextsCut |= CutText(peak.Area);
         report.TextsCut |= CutText(peak.RetentionTime);
     }
+    // A run keeps the reports of all its samples.
+    report.Rows.shrink_to_fit();
     return report;
 }
 

@@ -1,25 +1,27 @@
 #!/bin/sh
 # Installs what is missing of the Debian packages that a task needs: "build" the programs, "test" them,
-# "check" the sources, make the "package", build the core for "windows", measure with "bench". Asks for
-# nothing, and needs neither root nor the network when nothing is missing.
+# "check" the sources, make the "package", build the core for "windows", measure with "bench", test the
+# server "image". Asks for nothing, and needs neither root nor the network when nothing is missing.
 #
-#     packaging/install-packages.sh build [test] [check] [package] [windows] [bench]
+#     packaging/install-packages.sh build [test] [check] [package] [windows] [bench] [image]
 set -eu
 
 packagesFor() {
     case "$1" in
         build)
-            echo cmake ninja-build g++ ccache qt6-base-dev libcups2-dev libqpdf-dev libchm-dev \
-                libcli11-dev nlohmann-json3-dev fp-utils fonts-dejavu-core fonts-liberation ;;
+            echo cmake ninja-build g++ ccache qt6-base-dev libcups2-dev libqpdf-dev zlib1g-dev \
+                libharfbuzz-dev libfontconfig-dev pkgconf libchm-dev libcli11-dev nlohmann-json3-dev \
+                fp-utils fonts-dejavu-core fonts-liberation ;;
         test)
             echo libgtest-dev libgmock-dev poppler-utils qpdf cups printer-driver-cups-pdf xvfb \
-                openbox dbus at-spi2-core python3-pyatspi imagemagick ;;
+                openbox dbus at-spi2-core python3-pyatspi imagemagick parallel ;;
         check) echo git clang clang-format clang-tidy libclang-rt-14-dev ;;
         package)
             echo dpkg-dev file fakeroot lintian desktop-file-utils appstream shared-mime-info \
                 libglib2.0-bin man-db poppler-utils ;;
         windows) echo g++-mingw-w64-x86-64-posix googletest ;;
-        bench) echo libbenchmark-dev ;;
+        bench) echo libbenchmark-dev libcairo2-dev ;;
+        image) echo debootstrap ;;
         *)
             echo "$0: no such task: $1" >&2
             exit 2

@@ -7,7 +7,6 @@
 #include <system_error>
 
 #include "platform/FileLookup.h"
-#include "platform/HostSystem.h"
 #include "platform/Text.h"
 
 namespace qfr {
@@ -58,7 +57,7 @@ class Replacement {
     Replacement& operator=(const Replacement&) = delete;
 
     // To the disk, beside the target; a device is written to at once. The reason of a failure.
-    std::optional<std::string> Write(const fs::path& target, std::string_view content,
+    std::optional<std::string> Write(const fs::path& target, const ContentPieces& content,
                                      ReadOnlyFile readOnly);
     std::optional<std::string> TakePlace();
 
@@ -69,7 +68,7 @@ class Replacement {
     fs::path temporary_;  // empty: there is none
 };
 
-std::optional<std::string> Replacement::Write(const fs::path& target, std::string_view content,
+std::optional<std::string> Replacement::Write(const fs::path& target, const ContentPieces& content,
                                               ReadOnlyFile readOnly) {
     std::error_code error;
     std::optional<std::error_code> written = WriteThrough(target, content);
@@ -95,6 +94,10 @@ std::optional<std::string> Replacement::Write(const fs::path& target, std::strin
     temporary_ = Folder() / TemporaryName();
     error = WriteNewFile(temporary_, file_, content);
     return error ? std::optional(error.message()) : std::nullopt;
+}
+
+ContentPieces Whole(std::string_view content) {
+    return [content](const PutPiece& put) { return put(content); };
 }
 
 std::optional<std::string> Replacement::TakePlace() {
@@ -137,6 +140,11 @@ bool AgreesToReplace(const fs::path& target, Messages& messages) {
 
 std::optional<std::string> ReplaceFile(const fs::path& target, std::string_view content,
                                        ReadOnlyFile readOnly) {
+    return ReplaceFile(target, Whole(content), readOnly);
+}
+
+std::optional<std::string> ReplaceFile(const fs::path& target, const ContentPieces& content,
+                                       ReadOnlyFile readOnly) {
     Replacement replacement;
     const auto failure = replacement.Write(target, content, readOnly);
     return failure ? failure : replacement.TakePlace();
@@ -145,7 +153,8 @@ std::optional<std::string> ReplaceFile(const fs::path& target, std::string_view 
 std::optional<WriteFailure> ReplaceFiles(const std::vector<NewFile>& files, ReadOnlyFile readOnly) {
     std::vector<Replacement> replacements(files.size());
     for (std::size_t i = 0; i < files.size(); ++i) {
-        if (auto failure = replacements[i].Write(files[i].Target, files[i].Content, readOnly)) {
+        if (auto failure =
+                replacements[i].Write(files[i].Target, Whole(files[i].Content), readOnly)) {
             return WriteFailure{files[i].Target, *std::move(failure)};
         }
     }

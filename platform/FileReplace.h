@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/HostSystem.h"
 #include "platform/Messages.h"
 
 namespace qfr {
@@ -29,6 +30,10 @@ enum class ReadOnlyFile { kStays, kIsReplaced };
 // Writes the content to a new file beside `target` and renames it over the target when it is whole
 // and on disk; a device has nothing to be replaced and is written to. On failure the old file is
 // untouched, the new one is removed, and the system's reason is returned; absent means success.
+// The content is asked for at most once.
+std::optional<std::string> ReplaceFile(const std::filesystem::path& target,
+                                       const ContentPieces& content,
+                                       ReadOnlyFile readOnly = ReadOnlyFile::kStays);
 std::optional<std::string> ReplaceFile(const std::filesystem::path& target,
                                        std::string_view content,
                                        ReadOnlyFile readOnly = ReadOnlyFile::kStays);

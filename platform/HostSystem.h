@@ -34,17 +34,22 @@ bool IsReadOnly(const std::filesystem::path& file);
 // lies in a folder to which others may write, but where they may not remove what is not theirs.
 bool MayFollow(const std::filesystem::path& link);
 
+// What a file is to hold, piece by piece. Both return what has failed; after a failure no piece
+// follows.
+using PutPiece = std::function<std::error_code(std::string_view piece)>;
+using ContentPieces = std::function<std::error_code(const PutPiece& put)>;
+
 // Writes to a device, or to one of the program's own open files by its name, as "/dev/stdout", or a
 // link to it. Absent when the name is that of neither; a link to a device is none.
 std::optional<std::error_code> WriteThrough(const std::filesystem::path& device,
-                                            std::string_view content);
+                                            const ContentPieces& content);
 
 // Writes a file that is not there yet and brings it to the disk. Where files have owners and
 // permissions, owner, group and permissions of the file that it is to replace (it need not exist)
 // are taken over, each as far as the user may set it. After a failure the caller removes what there
 // is of the file.
 std::error_code WriteNewFile(const std::filesystem::path& file,
-                             const std::filesystem::path& replaced, std::string_view content);
+                             const std::filesystem::path& replaced, const ContentPieces& content);
 
 // Makes a rename in the folder last. The files are whole either way, so a file system that cannot
 // do it is no failure.

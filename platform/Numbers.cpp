@@ -83,8 +83,8 @@ std::string FormatFixed(double value, int decimals) {
     std::string text(kLongestWhole + static_cast<std::size_t>(decimals), '\0');
     const auto written = std::to_chars(text.data(), text.data() + text.size(), value,
                                        std::chars_format::fixed, decimals);
-    text.resize(static_cast<std::size_t>(written.ptr - text.data()));
-    return text;
+    // A copy: nearly all numbers are short, and forms keep many of them.
+    return std::string(text.data(), written.ptr);
 }
 
 std::string RoundToWhole(std::string_view text) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <span>
 
 namespace qfr {
 
@@ -53,16 +54,34 @@ std::vector<PaintedItem> PaintOrderOf(const JobPage& page) {
     std::vector<PaintedItem> painted(page.items.size());
     std::vector<Box> inks;
     inks.reserve(page.items.size());
+    // What may lie under a cell is looked for in the bands of the page that the cell touches.
+    constexpr int kBand = 128;  // pixels high
+    std::vector<std::vector<std::size_t>> bands(
+        static_cast<std::size_t>(std::max(page.height, 0) / kBand + 1));
+    const auto bandsOf = [&bands](const Box& box) {
+        const auto bandAt = [last = static_cast<int>(bands.size()) - 1](int y) {
+            return static_cast<std::size_t>(std::clamp(y / kBand, 0, last));
+        };
+        return std::span(bands).subspan(bandAt(box.top), bandAt(box.bottom) - bandAt(box.top) + 1);
+    };
     for (std::size_t i = 0; i < page.items.size(); ++i) {
         const Box cell = CellOf(page.items[i]);
-        for (std::size_t earlier = 0; earlier < i && !cell.Empty(); ++earlier) {
-            if (cell.Overlaps(inks[earlier]) && !painted[earlier].hidden) {
-                painted[i].coversEarlier = true;
-                const Box under = CellOf(page.items[earlier]);
-                painted[earlier].hidden = !under.Empty() && cell.Covers(under);
+        if (!cell.Empty()) {
+            for (std::vector<std::size_t>& band : bandsOf(cell)) {
+                std::erase_if(band, [&](std::size_t earlier) {
+                    if (!painted[earlier].hidden && cell.Overlaps(inks[earlier])) {
+                        painted[i].coversEarlier = true;
+                        const Box under = CellOf(page.items[earlier]);
+                        painted[earlier].hidden = !under.Empty() && cell.Covers(under);
+                    }
+                    return painted[earlier].hidden;
+                });
             }
         }
         inks.push_back(InkOf(page.items[i]));
+        for (std::vector<std::size_t>& band : bandsOf(inks.back())) {
+            band.push_back(i);
+        }
     }
     return painted;
 }

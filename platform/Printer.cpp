@@ -1,5 +1,6 @@
 #include "platform/Printer.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -9,24 +10,34 @@ int TFont::Height() const {
     return -static_cast<int>(std::lround(Size * kResolution / 72.0));
 }
 
+namespace {
+
+TPoint Bounded(int x, int y) {
+    return {std::clamp(x, -kFarthest, kFarthest), std::clamp(y, -kFarthest, kFarthest)};
+}
+
+}  // namespace
+
 void TCanvas::MoveTo(int x, int y) {
-    penPos_ = {x, y};
+    penPos_ = Bounded(x, y);
 }
 
 void TCanvas::LineTo(int x, int y) {
+    const TPoint end = Bounded(x, y);
     if (page_ != nullptr) {
-        page_->items.emplace_back(RuleItem{penPos_.x, penPos_.y, x, y, Pen.Width});
+        page_->items.emplace_back(RuleItem{penPos_.x, penPos_.y, end.x, end.y, Pen.Width});
     }
-    penPos_ = {x, y};
+    penPos_ = end;
 }
 
 void TCanvas::TextOut(int x, int y, std::string_view text) {
-    const int width = TextWidth(text);
+    const int width = std::min(TextWidth(text), kFarthest);
+    const TPoint start = Bounded(x, y);
     if (page_ != nullptr && !text.empty()) {
         page_->items.emplace_back(
-            TextItem{x, y, width, TextHeight(text), Font.Size, std::string(text)});
+            TextItem{start.x, start.y, width, TextHeight(text), Font.Size, std::string(text)});
     }
-    penPos_ = {x + width, y};
+    penPos_ = Bounded(start.x + width, start.y);
 }
 
 int TCanvas::TextWidth(std::string_view text) const {

@@ -5,7 +5,6 @@
 #include <map>
 #include <sstream>
 
-#include "app/Package.h"
 #include "platform/FileLookup.h"
 #include "platform/Numbers.h"
 #include "tests/Support.h"
@@ -14,14 +13,6 @@ namespace qfr::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-struct PagesBatch {
-    const char* name;  // of its folder in tests/pages
-    fs::path file;
-    std::size_t samples;  // of the forms that print for each sample, only the first so many
-    // Without its continuing calibration report, which a batch file cannot do without.
-    bool uncheckedCalibration = false;
-};
 
 // In inches; a pixel more or less shows.
 std::string Inches(int pixels) {
@@ -56,41 +47,24 @@ std::string Dump(const PrintJob& job) {
     return dump.str();
 }
 
-// Prints the batch as the companion command does. The pages of each job by the name of their file,
-// and what the forms had to say.
-std::map<std::string, std::string> PrintedPages(const PagesBatch& batch) {
-    SavedBatch saved = std::get<SavedBatch>(
-        RestoreBatch(LineReader::Open(batch.file).value(), TextOf(batch.file)));
-    if (batch.uncheckedCalibration) {
-        saved.Batch.Files.CheckCal.clear();
-    }
-    PackageChoice choice{.samples = std::vector<bool>(batch.samples, true)};
-    choice.forms.assign(kForms.size(), true);
-    const std::vector<PackageWork> works = PlanPackage(saved.Batch, choice);
-    TimesMetrics metrics;
-    MessageLog messages;
-    HeadlessHost host(std::move(saved), metrics, messages);
+// The pages of each job by the name of their file, and what the forms had to say.
+std::map<std::string, std::string> PrintedPages(const ApprovedBatch& batch) {
     std::map<std::string, std::string> pages;
-    for (const PackageWork& work : works) {
-        const std::string form = "form-" + std::string(work.form->name);
-        if (const auto job = PrintWork(host, work)) {
+    TimesMetrics metrics;
+    PrintApproved(batch, metrics, [&](const FormRow& row, const auto& job, const auto& messages) {
+        const std::string form = "form-" + std::string(row.name);
+        if (job) {
             pages[form + (job->sample.empty() ? "" : "-" + job->sample) + ".txt"] = Dump(*job);
         }
-        for (const Message& message : std::exchange(messages.shown, {})) {
+        for (const Message& message : messages) {
             pages["messages.txt"] += form + ": " + AsLine(message) + "\n";
         }
-    }
+    });
     return pages;
 }
 
 TEST(Pages, AreTheApprovedOnes) {
-    const PagesBatch batches[] = {
-        {"example", ExampleDir() / "example.qff", 4},
-        {"wrapped", TestData("wrapped/wrapped.qff"), 4},
-        {"landscape", TestData("landscape/landscape.qff"), 3, true},
-        {"damaged", TestData("damaged/damaged.qff"), 4},
-    };
-    for (const PagesBatch& batch : batches) {
+    for (const ApprovedBatch& batch : ApprovedBatches()) {
         const fs::path folder = fs::path(QFR_SOURCE_DIR) / "tests/pages" / batch.name;
         auto printed = PrintedPages(batch);
         if (std::getenv("QFR_RENEW_PAGES") != nullptr) {

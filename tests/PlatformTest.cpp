@@ -82,6 +82,19 @@ TEST(FileReplace, WritesNewFilesAndReplacesOldOnes) {
     EXPECT_EQ(std::distance(fs::directory_iterator(dir.Path()), {}), 1);
 }
 
+TEST(FileReplace, LeavesEverythingAsItWasWhenTheContentFailsHalfWay) {
+    const TempDir dir;
+    const fs::path file = dir.Write("old", "old");
+    for (const fs::path& target : {file, dir.Path() / "new"}) {
+        const auto reason = ReplaceFile(target, [](const PutPiece& put) {
+            return put("half") ? std::error_code() : make_error_code(std::errc::io_error);
+        });
+        EXPECT_EQ(reason, make_error_code(std::errc::io_error).message());
+    }
+    EXPECT_EQ(ReadAll(file), "old");
+    EXPECT_EQ(std::distance(fs::directory_iterator(dir.Path()), {}), 1);
+}
+
 class Paths : public testing::Test {
   protected:
     void Write(const std::string& content) { dir_.Write("QFRpaths.txt", content); }

@@ -7,7 +7,10 @@
 #include <random>
 #include <sstream>
 
+#include "app/BatchFile.h"
+#include "forms/FormList.h"
 #include "platform/FileLookup.h"
+#include "platform/LineReader.h"
 #include "platform/PrintJob.h"
 
 namespace qfr::test {
@@ -135,6 +138,32 @@ int TimesMetrics::TextWidth(std::string_view utf8, int points) {
 int TimesMetrics::TextHeight(int points) {
     return static_cast<int>(std::lround(kAscent * PixelsPerUnit(points)) +
                             std::lround(kDescent * PixelsPerUnit(points)));
+}
+
+std::vector<ApprovedBatch> ApprovedBatches() {
+    return {{"example", ExampleDir() / "example.qff", 4},
+            {"wrapped", TestData("wrapped/wrapped.qff"), 4},
+            {"landscape", TestData("landscape/landscape.qff"), 3, true},
+            {"damaged", TestData("damaged/damaged.qff"), 4}};
+}
+
+void PrintApproved(const ApprovedBatch& batch, TextMetrics& metrics,
+                   const std::function<void(const FormRow& form, const std::optional<PrintJob>& job,
+                                            const std::vector<Message>& messages)>& take) {
+    SavedBatch saved = std::get<SavedBatch>(
+        RestoreBatch(LineReader::Open(batch.file).value(), TextOf(batch.file)));
+    if (batch.uncheckedCalibration) {
+        saved.Batch.Files.CheckCal.clear();
+    }
+    PackageChoice choice{.samples = std::vector<bool>(batch.samples, true)};
+    choice.forms.assign(kForms.size(), true);
+    const std::vector<PackageWork> works = PlanPackage(saved.Batch, choice);
+    MessageLog messages;
+    HeadlessHost host(std::move(saved), metrics, messages);
+    for (const PackageWork& work : works) {
+        const auto job = PrintWork(host, work);
+        take(*work.form, job, std::exchange(messages.shown, {}));
+    }
 }
 
 ScriptedHost::ScriptedHost() {

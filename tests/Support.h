@@ -130,6 +130,21 @@ class JobLog : public JobSink, public PackageSink {
     };
 };
 
+// A batch whose pages stand approved in tests/pages.
+struct ApprovedBatch {
+    const char* name;  // of its folder in tests/pages
+    std::filesystem::path file;
+    std::size_t samples;  // of the forms that print for each sample, only the first so many
+    // Without its continuing calibration report, which a batch file cannot do without.
+    bool uncheckedCalibration = false;
+};
+std::vector<ApprovedBatch> ApprovedBatches();
+// Prints all forms of the batch as the companion command does; `take` gets each with its job, if
+// there is one, and what it had to say.
+void PrintApproved(const ApprovedBatch& batch, TextMetrics& metrics,
+                   const std::function<void(const FormRow& form, const std::optional<PrintJob>& job,
+                                            const std::vector<Message>& messages)>& take);
+
 // Closes every entry dialog with the same button.
 class ScriptedHost : public FormHost {
   public:

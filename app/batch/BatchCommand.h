@@ -35,9 +35,6 @@ class BatchPlatform {
     virtual std::optional<std::string> Start() = 0;
     virtual TextMetrics& Metrics() = 0;
     virtual std::unique_ptr<PdfWriter> NewPdf() = 0;
-    // About characters that no installed font has, of the texts measured since the last call;
-    // absent without any.
-    virtual std::optional<Message> TakeBoxesNote() { return std::nullopt; }
     virtual std::vector<std::string> Printers() = 0;
     // Whether the system wants the command to end before its work is done.
     virtual bool EndRequested() const { return false; }

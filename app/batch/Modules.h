@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "platform/JobSink.h"
-#include "platform/Messages.h"
 #include "platform/PrintJob.h"
 #include "platform/Printer.h"
 
@@ -17,13 +16,13 @@ namespace qfr {
 // The module "qfr-pdf".
 class PdfModule {
   public:
-    // The function that makes it, of the type below; null where the forms' typeface is not installed.
+    // The function that makes it, of the type below; null where the forms' typeface is not
+    // installed.
     static constexpr char kFile[] = "qfr-pdf";
     static constexpr char kFunction[] = "QfrPdfModule";
 
     virtual ~PdfModule() = default;
     virtual TextMetrics& Metrics() = 0;
-    virtual std::optional<Message> TakeBoxesNote() = 0;
     virtual std::unique_ptr<PdfWriter> NewPdf() = 0;
     // The job as its pages lie on the paper in a printer. Empty after a failure, whose reason is in
     // `reason`.

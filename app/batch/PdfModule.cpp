@@ -11,7 +11,6 @@ class Module : public PdfModule {
     explicit Module(std::unique_ptr<Typeface> typeface) : typeface_(std::move(typeface)) {}
 
     TextMetrics& Metrics() override { return *typeface_; }
-    std::optional<Message> TakeBoxesNote() override { return typeface_->TakeBoxesNote(); }
     std::unique_ptr<PdfWriter> NewPdf() override { return std::make_unique<PdfFile>(*typeface_); }
     std::string PdfForQueue(const PrintJob& job, std::string& reason) override {
         return qfr::PdfForQueue(job, *typeface_, reason);

@@ -216,8 +216,19 @@ class OnPrinter : public Output {
     const std::string printer_;
 };
 
-// Records the jobs of the forms that are not refused and hands each over, in the order in which they
-// print.
+std::unique_ptr<Output> MakeOutput(Context& context, const Arguments& arguments) {
+    const bool several = arguments.Batches.size() > 1;
+    if (!arguments.Printer.empty()) {
+        return std::make_unique<OnPrinter>(context, arguments.Printer);
+    }
+    if (!arguments.Directory.empty()) {
+        return std::make_unique<FileForEach>(context, arguments.Directory, several);
+    }
+    return std::make_unique<OneDocument>(context, arguments.File, several);
+}
+
+// Records the jobs of the forms that are not refused and hands each over, in the order in which
+// they print.
 void PrintBatch(Context& context, NamedBatch batch, const PackageChoice& choice, Output& output) {
     context.prefix = batch.prefix;
     const std::vector<PackageWork> dueJobs = PlanPackage(batch.saved.Batch, choice);
@@ -231,9 +242,6 @@ void PrintBatch(Context& context, NamedBatch batch, const PackageChoice& choice,
             context.Show(*limitsNote);
         }
         auto job = PrintWork(host, dueJob);
-        if (const auto boxes = context.platform.TakeBoxesNote()) {
-            context.Show(*boxes);
-        }
         if (job && !output.Take(*std::move(job))) {
             break;
         }
@@ -274,16 +282,7 @@ void Print(const Arguments& arguments, Context& context) {
         return;
     }
 
-    const bool several = names.size() > 1;
-    const std::unique_ptr<Output> output = [&]() -> std::unique_ptr<Output> {
-        if (!printer.empty()) {
-            return std::make_unique<OnPrinter>(context, printer);
-        }
-        if (!directory.empty()) {
-            return std::make_unique<FileForEach>(context, directory, several);
-        }
-        return std::make_unique<OneDocument>(context, file, several);
-    }();
+    const std::unique_ptr<Output> output = MakeOutput(context, arguments);
     std::set<std::string> taken;
     for (std::size_t i = 0; i < batches.size(); ++i) {
         output->Begin(UntakenName(Visible(TextOf(PathOf(batches[i].name).stem())), taken));

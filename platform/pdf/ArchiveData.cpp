@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <cstdlib>
 #include <ctime>
-#include <qpdf/QPDFObjectHandle.hh>
 #include <string_view>
 
 #include "platform/Text.h"
@@ -106,8 +105,8 @@ std::string Metadata(const DocumentData& data, const Time& time) {
            " xmlns:pdf=\"http://ns.adobe.com/pdf/1.3/\">\n" +
            XmlElement("pdfaid:part", "2") + XmlElement("pdfaid:conformance", "U") +
            XmlElement("dc:format", "application/pdf") +
-           XmlElement("dc:title", "<rdf:Alt><rdf:li xml:lang=\"x-default\">" +
-                                      XmlText(data.title) + "</rdf:li></rdf:Alt>") +
+           XmlElement("dc:title", "<rdf:Alt><rdf:li xml:lang=\"x-default\">" + XmlText(data.title) +
+                                      "</rdf:li></rdf:Alt>") +
            (subjects.empty() ? ""
                              : XmlElement("dc:subject", XmlElement("rdf:Bag", "\n" + subjects))) +
            XmlElement("xmp:CreatorTool", kCreator) + XmlElement("xmp:CreateDate", date) +
@@ -201,12 +200,12 @@ void AddArchiveData(QPDF& document, const DocumentData& data) {
 
     Object profile = document.newStream(GreyProfile());
     profile.getDict().replaceKey("/N", Object::newInteger(1));
-    const Object intent = Object::newDictionary(
-        {{"/Type", Object::newName("/OutputIntent")},
-         {"/S", Object::newName("/GTS_PDFA1")},
-         {"/OutputConditionIdentifier", Object::newString("Grey, gamma 2.2")},
-         {"/Info", Object::newString("Grey, gamma 2.2")},
-         {"/DestOutputProfile", profile}});
+    const Object intent =
+        Object::newDictionary({{"/Type", Object::newName("/OutputIntent")},
+                               {"/S", Object::newName("/GTS_PDFA1")},
+                               {"/OutputConditionIdentifier", Object::newString("Grey, gamma 2.2")},
+                               {"/Info", Object::newString("Grey, gamma 2.2")},
+                               {"/DestOutputProfile", profile}});
     root.replaceKey("/OutputIntents", Object::newArray(std::vector<Object>{intent}));
 
     const Object date = Object::newString(PdfDate(time));

@@ -2,9 +2,10 @@
 // words that archives read, and what its black is.
 #pragma once
 
-#include <qpdf/QPDF.hh>
 #include <set>
 #include <string>
+
+#include "platform/pdf/Qpdf.h"
 
 namespace qfr {
 

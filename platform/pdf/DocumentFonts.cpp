@@ -89,6 +89,14 @@ std::string TagOf(const std::set<char32_t>& characters) {
     return tag + '+';
 }
 
+Object BoxOf(const Typeface::Measures& measures) {
+    Object box = Object::newArray();
+    for (const int edge : measures.box) {
+        box.appendItem(Object::newInteger(edge));
+    }
+    return box;
+}
+
 struct Glyph {
     std::string procedure;
     double width = 0;  // thousandths of an em
@@ -144,8 +152,8 @@ FontCode DocumentFonts::CodeOf(char32_t character) {
         } else {
             const std::size_t place = drawn_.size();
             drawn_.push_back(character);
-            known->second = {static_cast<unsigned>(kFirstDrawn + place / kCodes),
-                             static_cast<unsigned>(place % kCodes), false};
+            known->second = {static_cast<unsigned>(kFirstDrawn + place / kDrawnCodes),
+                             static_cast<unsigned>(place % kDrawnCodes + 1), false};
         }
     }
     return known->second;
@@ -154,7 +162,8 @@ FontCode DocumentFonts::CodeOf(char32_t character) {
 std::set<char32_t> DocumentFonts::Used() const {
     std::set<char32_t> used = {U' '};
     used.insert(wide_.begin(), wide_.end());
-    std::ranges::copy_if(latin_, std::inserter(used, used.end()), [](char32_t c) { return c != 0; });
+    std::ranges::copy_if(latin_, std::inserter(used, used.end()),
+                         [](char32_t c) { return c != 0; });
     return used;
 }
 
@@ -168,10 +177,7 @@ bool DocumentFonts::AddTo(QPDF& document, QPDFObjectHandle resources) const {
     const Typeface::Measures measures = typeface_.Measure();
     Object file = Stream(document, subset.file);
     file.getDict().replaceKey("/Length1", Integer(subset.file.size()));
-    Object box = Object::newArray();
-    for (const int edge : measures.box) {
-        box.appendItem(Object::newInteger(edge));
-    }
+    const Object box = BoxOf(measures);
     const auto describe = [&](int flags) {
         constexpr int kStemWidth = 80;
         return document.makeIndirectObject(
@@ -195,8 +201,8 @@ bool DocumentFonts::AddTo(QPDF& document, QPDFObjectHandle resources) const {
     if (!wide_.empty()) {
         fonts.replaceKey(NameOf(kWide), WideFont(document, describe(kSerif | kSymbolic), subset));
     }
-    for (std::size_t first = 0; first < drawn_.size(); first += kCodes) {
-        fonts.replaceKey(NameOf(static_cast<unsigned>(kFirstDrawn + first / kCodes)),
+    for (std::size_t first = 0; first < drawn_.size(); first += kDrawnCodes) {
+        fonts.replaceKey(NameOf(static_cast<unsigned>(kFirstDrawn + first / kDrawnCodes)),
                          DrawnFont(document, first));
     }
     resources.replaceKey("/Font", fonts);
@@ -205,7 +211,8 @@ bool DocumentFonts::AddTo(QPDF& document, QPDFObjectHandle resources) const {
 
 QPDFObjectHandle DocumentFonts::LatinFont(QPDF& document, QPDFObjectHandle descriptor) const {
     const auto isUsed = [](char32_t c) { return c != 0; };
-    const auto first = static_cast<std::size_t>(std::ranges::find_if(latin_, isUsed) - latin_.begin());
+    const auto first =
+        static_cast<std::size_t>(std::ranges::find_if(latin_, isUsed) - latin_.begin());
     const auto last = static_cast<std::size_t>(
         kCodes - 1 -
         static_cast<std::size_t>(std::find_if(latin_.rbegin(), latin_.rend(), isUsed) -
@@ -214,9 +221,9 @@ QPDFObjectHandle DocumentFonts::LatinFont(QPDF& document, QPDFObjectHandle descr
     std::map<unsigned, char32_t> characters;
     for (std::size_t code = first; code <= last; ++code) {
         const char32_t character = latin_[code];
-        widths.appendItem(character != 0 ? Width(typeface_.Of(character).advance,
-                                                 typeface_.UnitsPerEm())
-                                         : Object::newInteger(0));
+        widths.appendItem(character != 0
+                              ? Width(typeface_.Of(character).advance, typeface_.UnitsPerEm())
+                              : Object::newInteger(0));
         if (character != 0) {
             characters[static_cast<unsigned>(code)] = character;
         }
@@ -267,13 +274,17 @@ QPDFObjectHandle DocumentFonts::WideFont(QPDF& document, QPDFObjectHandle descri
 }
 
 QPDFObjectHandle DocumentFonts::DrawnFont(QPDF& document, std::size_t first) const {
-    const std::size_t count = std::min(drawn_.size() - first, kCodes);
-    Object names = Object::newArray(std::vector<Object>{Object::newInteger(0)});
-    Object procedures = Object::newDictionary();
-    Object widths = Object::newArray();
+    const std::size_t count = std::min(drawn_.size() - first, kDrawnCodes);
+    // Programs that look for texts take the size of a drawn font from the width of its "m", where
+    // the characters themselves do not tell. Code 0 is one that no page uses.
+    constexpr double kUsualWidth = 600;
+    Object names = Object::newArray(std::vector<Object>{Object::newInteger(0), Name("/m")});
+    Object procedures =
+        Object::newDictionary({{"/m", Stream(document, Draw({}, kUsualWidth).procedure)}});
+    Object widths = Object::newArray(std::vector<Object>{Width(kUsualWidth, 1000)});
     std::map<unsigned, char32_t> characters;
-    for (unsigned code = 0; code < count; ++code) {
-        const char32_t character = drawn_[first + code];
+    for (unsigned code = 1; code <= count; ++code) {
+        const char32_t character = drawn_[first + code - 1];
         const Typeface::Glyph& known = typeface_.Of(character);
         const Glyph glyph =
             Draw(typeface_.OutlineOf(known), known.advance * 1000 / typeface_.UnitsPerEm());
@@ -293,13 +304,13 @@ QPDFObjectHandle DocumentFonts::DrawnFont(QPDF& document, std::size_t first) con
     return document.makeIndirectObject(Object::newDictionary(
         {{"/Type", Name("/Font")},
          {"/Subtype", Name("/Type3")},
-         {"/FontBBox", numbers(std::array{"0", "0", "0", "0"})},
+         {"/FontBBox", BoxOf(typeface_.Measure())},
          {"/FontMatrix", numbers(std::array{"0.001", "0", "0", "0.001", "0", "0"})},
          {"/CharProcs", procedures},
-         {"/Encoding", Object::newDictionary(
-                           {{"/Type", Name("/Encoding")}, {"/Differences", names}})},
+         {"/Encoding",
+          Object::newDictionary({{"/Type", Name("/Encoding")}, {"/Differences", names}})},
          {"/FirstChar", Object::newInteger(0)},
-         {"/LastChar", Integer(count - 1)},
+         {"/LastChar", Integer(count)},
          {"/Widths", widths},
          {"/Resources", Object::newDictionary()},
          {"/ToUnicode", MapToUnicode(document, characters, 2)}}));

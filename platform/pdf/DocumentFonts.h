@@ -4,13 +4,12 @@
 
 #include <array>
 #include <cstdint>
-#include <qpdf/QPDF.hh>
-#include <qpdf/QPDFObjectHandle.hh>
 #include <set>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
+#include "platform/pdf/Qpdf.h"
 #include "platform/pdf/Typeface.h"
 
 namespace qfr {
@@ -34,13 +33,14 @@ class DocumentFonts {
     bool AddTo(QPDF& document, QPDFObjectHandle resources) const;
 
   private:
-    // Nearly all that a form prints is Windows-1252, whose codes are its bytes. The typeface's other
-    // characters have codes of two bytes, in the order of their use; those of other fonts, and
-    // boxes, become drawn characters, 256 to a font.
+    // Nearly all that a form prints is Windows-1252, whose codes are its bytes. The typeface's
+    // other characters have codes of two bytes, in the order of their use; those of other fonts,
+    // and boxes, become drawn characters, as many to a font as there are codes of one byte but 0.
     static constexpr unsigned kLatin = 0;
     static constexpr unsigned kWide = 1;
     static constexpr unsigned kFirstDrawn = 2;
     static constexpr std::size_t kCodes = 256;
+    static constexpr std::size_t kDrawnCodes = kCodes - 1;
 
     QPDFObjectHandle LatinFont(QPDF& document, QPDFObjectHandle descriptor) const;
     QPDFObjectHandle WideFont(QPDF& document, QPDFObjectHandle descriptor,
@@ -51,7 +51,7 @@ class DocumentFonts {
     Typeface& typeface_;
     std::array<char32_t, kCodes> latin_{};  // by code; 0: not used
     std::vector<char32_t> wide_;            // by code less 1: code 0 would be no character
-    std::vector<char32_t> drawn_;           // by code, all such fonts together
+    std::vector<char32_t> drawn_;           // by code less 1, all such fonts together
     std::unordered_map<char32_t, FontCode> others_;
 };
 

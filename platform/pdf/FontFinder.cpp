@@ -7,6 +7,7 @@ namespace qfr {
 namespace {
 
 struct Release {
+    void operator()(FcConfig* config) const { FcConfigDestroy(config); }
     void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
     void operator()(FcFontSet* fonts) const { FcFontSetDestroy(fonts); }
 };
@@ -14,17 +15,6 @@ using Pattern = std::unique_ptr<FcPattern, Release>;
 
 const FcChar8* Chars(const std::string& text) {
     return reinterpret_cast<const FcChar8*>(text.c_str());
-}
-
-Pattern RegularFaceOf(const std::string& family) {
-    Pattern pattern(FcPatternCreate());
-    FcPatternAddString(pattern.get(), FC_FAMILY, Chars(family));
-    FcPatternAddInteger(pattern.get(), FC_WEIGHT, FC_WEIGHT_REGULAR);
-    FcPatternAddInteger(pattern.get(), FC_SLANT, FC_SLANT_ROMAN);
-    FcPatternAddBool(pattern.get(), FC_OUTLINE, FcTrue);
-    FcConfigSubstitute(nullptr, pattern.get(), FcMatchPattern);
-    FcDefaultSubstitute(pattern.get());
-    return pattern;
 }
 
 bool Is(const FcPattern* font, const char* property) {
@@ -45,9 +35,29 @@ std::optional<FontFile> FileOf(const FcPattern* font) {
 
 }  // namespace
 
-std::optional<FontFile> FindFamily(const std::string& family) {
+struct FontFinder::Fonts {
+    std::unique_ptr<FcConfig, Release> config{FcInitLoadConfigAndFonts()};
+    std::unique_ptr<FcFontSet, Release> others;  // sorted; from the first character on
+
+    Pattern RegularFaceOf(const std::string& family) const {
+        Pattern pattern(FcPatternCreate());
+        FcPatternAddString(pattern.get(), FC_FAMILY, Chars(family));
+        FcPatternAddInteger(pattern.get(), FC_WEIGHT, FC_WEIGHT_REGULAR);
+        FcPatternAddInteger(pattern.get(), FC_SLANT, FC_SLANT_ROMAN);
+        FcPatternAddBool(pattern.get(), FC_OUTLINE, FcTrue);
+        FcConfigSubstitute(config.get(), pattern.get(), FcMatchPattern);
+        FcDefaultSubstitute(pattern.get());
+        return pattern;
+    }
+};
+
+FontFinder::FontFinder() : fonts_(std::make_unique<Fonts>()) {}
+FontFinder::~FontFinder() = default;
+
+std::optional<FontFile> FontFinder::Family(const std::string& family) const {
     FcResult result{};
-    const Pattern found(FcFontMatch(nullptr, RegularFaceOf(family).get(), &result));
+    const Pattern found(
+        FcFontMatch(fonts_->config.get(), fonts_->RegularFaceOf(family).get(), &result));
     FcChar8* name = nullptr;
     for (int i = 0; found && FcPatternGetString(found.get(), FC_FAMILY, i, &name) == FcResultMatch;
          ++i) {
@@ -58,21 +68,15 @@ std::optional<FontFile> FindFamily(const std::string& family) {
     return std::nullopt;
 }
 
-struct OtherFonts::List {
-    std::unique_ptr<FcFontSet, Release> fonts;
-};
-
-OtherFonts::OtherFonts(const std::string& family) : list_(std::make_unique<List>()) {
-    FcResult result{};
-    list_->fonts.reset(
-        FcFontSort(nullptr, RegularFaceOf(family).get(), FcFalse, nullptr, &result));
-}
-
-OtherFonts::~OtherFonts() = default;
-
-std::optional<FontFile> OtherFonts::With(char32_t character) const {
-    for (int i = 0; list_->fonts && i < list_->fonts->nfont; ++i) {
-        const FcPattern* const font = list_->fonts->fonts[i];
+std::optional<FontFile> FontFinder::With(char32_t character, const std::string& family) {
+    auto& others = fonts_->others;
+    if (!others) {
+        FcResult result{};
+        others.reset(FcFontSort(fonts_->config.get(), fonts_->RegularFaceOf(family).get(), FcFalse,
+                                nullptr, &result));
+    }
+    for (int i = 0; others && i < others->nfont; ++i) {
+        const FcPattern* const font = others->fonts[i];
         FcCharSet* characters = nullptr;
         if (Is(font, FC_OUTLINE) && !Is(font, FC_COLOR) &&
             FcPatternGetCharSet(font, FC_CHARSET, 0, &characters) == FcResultMatch &&

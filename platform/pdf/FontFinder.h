@@ -4,34 +4,32 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace qfr {
 
 struct FontFile {
-    std::string path;  // as the system names it
+    std::string path;   // as the system names it
     unsigned face = 0;  // of a file that holds several, from 0
     bool operator==(const FontFile&) const = default;
 };
 
-// The regular face of the family, in outlines; absent when the family is not installed. A likeness
-// that the system offers in its place does not count.
-std::optional<FontFile> FindFamily(const std::string& family);
-
-// The other installed fonts, those most like a family first.
-class OtherFonts {
+class FontFinder {
   public:
-    explicit OtherFonts(const std::string& family);
-    ~OtherFonts();
-    OtherFonts(const OtherFonts&) = delete;
-    OtherFonts& operator=(const OtherFonts&) = delete;
+    FontFinder();
+    ~FontFinder();
+    FontFinder(const FontFinder&) = delete;
+    FontFinder& operator=(const FontFinder&) = delete;
 
-    // The first font of one colour, in outlines, that has the character; absent without one.
-    std::optional<FontFile> With(char32_t character) const;
+    // The regular face of the family, in outlines; absent when the family is not installed. A
+    // likeness that the system offers in its place does not count.
+    std::optional<FontFile> Family(const std::string& family) const;
+    // Of the other fonts, those most like the family first, the first one of one colour, in
+    // outlines, that has the character; absent without one.
+    std::optional<FontFile> With(char32_t character, const std::string& family);
 
   private:
-    struct List;
-    std::unique_ptr<List> list_;
+    struct Fonts;
+    std::unique_ptr<Fonts> fonts_;
 };
 
 }  // namespace qfr

@@ -16,8 +16,8 @@ namespace {
 constexpr double kPointsPerInch = 72;
 constexpr double kPointsPerPixel = kPointsPerInch / kResolution;
 
-// Writes operators. Numbers are pixels at kResolution, upwards from the page's lower edge; font, pen
-// and place are written when they change only.
+// Writes operators. Numbers are pixels at kResolution, upwards from the page's lower edge; font,
+// pen and place are written when they change only.
 class ContentWriter {
   public:
     ContentWriter(int pageHeight, Typeface& typeface, DocumentFonts& fonts)

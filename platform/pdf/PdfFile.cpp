@@ -4,20 +4,18 @@
 #include <cstddef>
 #include <exception>
 #include <hb.h>
-#include <qpdf/Buffer.hh>
-#include <qpdf/Pl_Flate.hh>
-#include <qpdf/Pl_String.hh>
-#include <qpdf/QPDF.hh>
-#include <qpdf/QPDFObjectHandle.hh>
-#include <qpdf/QPDFWriter.hh>
+#include <new>
+#include <system_error>
 #include <utility>
 #include <vector>
+#include <zlib.h>
 
 #include "platform/FileLookup.h"
 #include "platform/Text.h"
 #include "platform/pdf/ArchiveData.h"
 #include "platform/pdf/DocumentFonts.h"
 #include "platform/pdf/PdfNumbers.h"
+#include "platform/pdf/Qpdf.h"
 
 namespace qfr {
 
@@ -25,139 +23,254 @@ namespace {
 
 using Object = QPDFObjectHandle;
 
-constexpr char kNoPages[] = "There is no page to print.";
-
 Object Points(int pixels) {
     std::string text;
     AppendNumber(text, pixels * 72.0 / kResolution);
     return Object::newReal(text);
 }
 
-std::string Compressed(const std::string& content) {
-    std::string compressed;
-    Pl_String last("page", nullptr, compressed);
-    Pl_Flate flate("page", &last, Pl_Flate::a_deflate);
-    flate.writeString(content);
-    flate.finish();
-    return compressed;
-}
+// Compresses the pages of a document one after another; what that takes is by far larger than a
+// page, and used again.
+class Compressor {
+  public:
+    Compressor() {
+        if (deflateInit(&state_, Z_DEFAULT_COMPRESSION) != Z_OK) {
+            throw std::bad_alloc();
+        }
+    }
+    ~Compressor() { deflateEnd(&state_); }
+    Compressor(const Compressor&) = delete;
+    Compressor& operator=(const Compressor&) = delete;
+
+    std::string Compress(std::string content) {
+        deflateReset(&state_);
+        space_.resize(deflateBound(&state_, content.size()));
+        state_.next_in = reinterpret_cast<Bytef*>(content.data());
+        state_.avail_in = static_cast<uInt>(content.size());
+        state_.next_out = reinterpret_cast<Bytef*>(space_.data());
+        state_.avail_out = static_cast<uInt>(space_.size());
+        // There is space for all of it.
+        deflate(&state_, Z_FINISH);
+        return space_.substr(0, state_.total_out);
+    }
+
+  private:
+    z_stream state_{};
+    std::string space_;
+};
+
+// Passes a document on to a file as it is written.
+class Pieces : public Pipeline {
+  public:
+    explicit Pieces(const PutPiece& put) : Pipeline("file", nullptr), put_(put) {}
+
+    void write(const unsigned char* data, std::size_t size) override {
+        waiting_.append(reinterpret_cast<const char*>(data), size);
+        constexpr std::size_t kAtOnce = 1 << 16;
+        if (waiting_.size() >= kAtOnce) {
+            finish();
+        }
+    }
+    void finish() override {
+        error_ = error_ ? error_ : put_(waiting_);
+        waiting_.clear();
+    }
+    std::error_code Error() const { return error_; }
+
+  private:
+    const PutPiece& put_;
+    std::string waiting_;
+    std::error_code error_;
+};
+
+// What is kept of a page until the document is written.
+struct Page {
+    int width = 0;        // pixels, as it lies
+    int height = 0;       // pixels, as it lies
+    std::string content;  // compressed
+};
 
 // An entry of the outline, and those below it.
 struct Entry {
     std::string title;
-    Object page;
-    Object top;  // of the page, points
+    std::size_t page = 0;  // of the document, from 0
     std::vector<Entry> below;
 };
 
-// Links the entries to each other and to what they stand below.
-void Link(QPDF& document, Object above, const std::vector<Entry>& entries) {
-    Object last = Object::newNull();
-    for (const Entry& entry : entries) {
-        // The page's top edge, at the size at which the reader reads.
-        const Object place =
-            Object::newArray(std::vector<Object>{entry.page, Object::newName("/XYZ"),
-                                                 Object::newInteger(0), entry.top,
-                                                 Object::newNull()});
-        Object item = document.makeIndirectObject(
-            Object::newDictionary({{"/Title", Object::newUnicodeString(entry.title)},
-                                   {"/Parent", above},
-                                   {"/Dest", place}}));
-        if (last.isNull()) {
-            above.replaceKey("/First", item);
-        } else {
-            item.replaceKey("/Prev", last);
-            last.replaceKey("/Next", item);
-        }
-        last = item;
-        if (!entry.below.empty()) {
-            Link(document, item, entry.below);
-            // Folded, so that all forms are in sight however many samples there are.
-            item.replaceKey("/Count", Object::newInteger(-std::ssize(entry.below)));
-        }
-    }
-    above.replaceKey("/Last", last);
+Object BoxOf(const Page& page) {
+    const Object zero = Object::newInteger(0);
+    return Object::newArray(
+        std::vector<Object>{zero, zero, Points(page.width), Points(page.height)});
 }
+
+// The document as the library has it.
+class Assembly {
+  public:
+    Assembly() { pdf_.emptyPDF(); }
+
+    QPDF& Pdf() { return pdf_; }
+
+    // The jobs become branches of the page tree. A large document consists of little else than
+    // pages: what they have in common is there once, and `jobs` has lost their contents. Archives
+    // want each page to name its resources itself.
+    void AddPages(std::vector<std::vector<Page>>& jobs, const Object& resources) {
+        Object tree = pdf_.getRoot().getKey("/Pages");
+        Object branches = Object::newArray();
+        const Object type = Object::newName("/Page");
+        const Object filter = Object::newName("/FlateDecode");
+        const Object none = Object::newNull();
+        for (std::vector<Page>& pages : jobs) {
+            const Page& first = pages.front();
+            Object leaves = Object::newArray();
+            const Object branch = pdf_.makeIndirectObject(
+                Object::newDictionary({{"/Type", Object::newName("/Pages")},
+                                       {"/Parent", tree},
+                                       {"/MediaBox", BoxOf(first)},
+                                       {"/Count", Object::newInteger(std::ssize(pages))},
+                                       {"/Kids", leaves}}));
+            for (Page& page : pages) {
+                Object content = pdf_.newStream();
+                content.replaceStreamData(std::exchange(page.content, {}), filter, none);
+                Object leaf =
+                    pdf_.makeIndirectObject(Object::newDictionary({{"/Type", type},
+                                                                   {"/Parent", branch},
+                                                                   {"/Resources", resources},
+                                                                   {"/Contents", content}}));
+                if (page.width != first.width || page.height != first.height) {
+                    leaf.replaceKey("/MediaBox", BoxOf(page));
+                }
+                leaves.appendItem(leaf);
+                pages_.emplace_back(leaf, Points(page.height));
+            }
+            branches.appendItem(branch);
+        }
+        tree.replaceKey("/Kids", branches);
+        tree.replaceKey("/Count", Object::newInteger(std::ssize(pages_)));
+    }
+
+    void AddOutline(const std::vector<Entry>& entries) {
+        Object list = pdf_.makeIndirectObject(
+            Object::newDictionary({{"/Type", Object::newName("/Outlines")},
+                                   {"/Count", Object::newInteger(std::ssize(entries))}}));
+        Link(list, entries);
+        Object root = pdf_.getRoot();
+        root.replaceKey("/Outlines", list);
+        root.replaceKey("/PageMode", Object::newName("/UseOutlines"));
+    }
+
+    void WriteTo(Pipeline& out) {
+        QPDFWriter writer(pdf_);
+        writer.setOutputPipeline(&out);
+        writer.setMinimumPDFVersion("1.7");
+        writer.setObjectStreamMode(qpdf_o_generate);
+        writer.setDeterministicID(true);
+        writer.write();
+    }
+
+  private:
+    // Links the entries to each other and to what they stand below.
+    void Link(Object above, const std::vector<Entry>& entries) {
+        Object last = Object::newNull();
+        for (const Entry& entry : entries) {
+            // The page's top edge, at the size at which the reader reads.
+            const auto& [page, top] = pages_[entry.page];
+            const Object place = Object::newArray(std::vector<Object>{
+                page, Object::newName("/XYZ"), Object::newInteger(0), top, Object::newNull()});
+            Object item = pdf_.makeIndirectObject(
+                Object::newDictionary({{"/Title", Object::newUnicodeString(entry.title)},
+                                       {"/Parent", above},
+                                       {"/Dest", place}}));
+            if (last.isNull()) {
+                above.replaceKey("/First", item);
+            } else {
+                item.replaceKey("/Prev", last);
+                last.replaceKey("/Next", item);
+            }
+            last = item;
+            if (!entry.below.empty()) {
+                Link(item, entry.below);
+                // Folded, so that all forms are in sight however many samples there are.
+                item.replaceKey("/Count", Object::newInteger(-std::ssize(entry.below)));
+            }
+        }
+        above.replaceKey("/Last", last);
+    }
+
+    QPDF pdf_;
+    std::vector<std::pair<Object, Object>> pages_;  // with their tops, points
+};
 
 }  // namespace
 
 struct PdfFile::Document {
-    Document(Typeface& forms, Landscape lying)
-        : typeface(forms), landscape(lying), fonts(forms) {
-        pdf.emptyPDF();
-        pageTree = pdf.getRoot().getKey("/Pages");
-        resources = pdf.makeIndirectObject(Object::newDictionary());
-    }
+    Document(Typeface& forms, Landscape lying) : typeface(forms), landscape(lying), fonts(forms) {}
 
-    // A page of the job, below the job's node.
-    Object AddPage(const JobPage& page, const Object& node) {
-        const bool turned = landscape == Landscape::kTurnedOntoPaper &&
-                            page.orientation == PageOrientation::kLandscape;
-        Object content = pdf.newStream();
-        content.replaceStreamData(Compressed(PageContent(page, landscape, typeface, fonts)),
-                                  Object::newName("/FlateDecode"), Object::newNull());
-        const Object zero = Object::newInteger(0);
-        const Object box = Object::newArray(
-            std::vector<Object>{zero, zero, Points(turned ? page.height : page.width),
-                                Points(turned ? page.width : page.height)});
-        return pdf.makeIndirectObject(
-            Object::newDictionary({{"/Type", Object::newName("/Page")},
-                                   {"/Parent", node},
-                                   {"/MediaBox", box},
-                                   {"/Resources", resources},
-                                   {"/Contents", content}}));
+    void Add(const PrintJob& job) {
+        List(job);
+        std::vector<Page>& pages = jobs.emplace_back();
+        for (const JobPage& page : job.pages) {
+            const bool turned = landscape == Landscape::kTurnedOntoPaper &&
+                                page.orientation == PageOrientation::kLandscape;
+            pages.push_back({turned ? page.height : page.width, turned ? page.width : page.height,
+                             compressor.Compress(PageContent(page, landscape, typeface, fonts))});
+        }
+        pageCount += job.pages.size();
+        for (const std::string& subject : {job.form.empty() ? job.title : job.form, job.sample}) {
+            if (!subject.empty()) {
+                data.subjects.insert(subject);
+            }
+        }
     }
 
     // Where a reader of the outline is led to: the first page that shows something. A form may open
-    // with an empty page, which is no sight.
-    void List(const PrintJob& job, Object pages) {
-        const auto shown = std::ranges::find_if(job.pages,
-                                                [](const JobPage& p) { return !p.items.empty(); });
+    // with an empty page, which is no sight. Comes before the job's pages are added.
+    void List(const PrintJob& job) {
+        const auto shown =
+            std::ranges::find_if(job.pages, [](const JobPage& p) { return !p.items.empty(); });
         if (shown == job.pages.end()) {
             return;
         }
-        const Object page = pages.getArrayItem(static_cast<int>(shown - job.pages.begin()));
-        const Object top = Points(shown->height);
+        const std::size_t page = pageCount + static_cast<std::size_t>(shown - job.pages.begin());
         const std::string form = Visible(job.form.empty() ? job.title : job.form);
         if (job.sample.empty() || outline.empty() || outline.back().title != form) {
-            outline.push_back({form, page, top, {}});
+            outline.push_back({form, page, {}});
         }
         if (!job.sample.empty()) {
-            outline.back().below.push_back({Visible(job.sample), page, top, {}});
+            outline.back().below.push_back({Visible(job.sample), page, {}});
         }
     }
 
-    // False when the typeface does not yield what the pages use.
-    bool Complete(const std::string& title) {
-        if (!fonts.AddTo(pdf, resources)) {
-            return false;
+    // Comes last. The reason of a failure, empty on success.
+    std::string WriteTo(Pipeline& out, const std::string& title) {
+        if (jobs.empty()) {
+            return "There is no page to print.";
         }
-        Object root = pdf.getRoot();
-        root.replaceKey("/Pages", pageTree);
-        pageTree.replaceKey("/Kids", jobNodes);
-        pageTree.replaceKey("/Count", Object::newInteger(pageCount));
-        if (jobCount > 1 && !outline.empty()) {
-            Object list = pdf.makeIndirectObject(
-                Object::newDictionary({{"/Type", Object::newName("/Outlines")},
-                                       {"/Count", Object::newInteger(std::ssize(outline))}}));
-            Link(pdf, list, outline);
-            root.replaceKey("/Outlines", list);
-            root.replaceKey("/PageMode", Object::newName("/UseOutlines"));
+        // The library throws where it fails, which is not to cross this border.
+        try {
+            Assembly assembly;
+            const Object resources = assembly.Pdf().makeIndirectObject(Object::newDictionary());
+            if (!fonts.AddTo(assembly.Pdf(), resources)) {
+                return "The typeface's file could not be used.";
+            }
+            assembly.AddPages(jobs, resources);
+            if (jobs.size() > 1 && !outline.empty()) {
+                assembly.AddOutline(outline);
+            }
+            data.title = title;
+            AddArchiveData(assembly.Pdf(), data);
+            assembly.WriteTo(out);
+            return {};
+        } catch (const std::exception& failure) {
+            return std::string("The PDF file could not be made. ") + failure.what();
         }
-        data.title = title;
-        AddArchiveData(pdf, data);
-        return true;
     }
 
     Typeface& typeface;
     Landscape landscape;
-    QPDF pdf;
     DocumentFonts fonts;
-    Object resources;  // of all pages; filled when all characters are known
-    Object pageTree;
-    Object jobNodes = Object::newArray();  // of the page tree, a branch for each job
-    long long pageCount = 0;
-    std::size_t jobCount = 0;
+    Compressor compressor;
+    std::vector<std::vector<Page>> jobs;
+    std::size_t pageCount = 0;
     std::vector<Entry> outline;
     DocumentData data;
 };
@@ -167,65 +280,34 @@ PdfFile::PdfFile(Typeface& typeface, Landscape landscape)
 PdfFile::~PdfFile() = default;
 
 void PdfFile::Add(const PrintJob& job) {
-    if (job.pages.empty()) {
-        return;
-    }
-    Document& document = *document_;
-    Object pages = Object::newArray();
-    Object node = document.pdf.makeIndirectObject(
-        Object::newDictionary({{"/Type", Object::newName("/Pages")},
-                               {"/Parent", document.pageTree},
-                               {"/Count", Object::newInteger(std::ssize(job.pages))},
-                               {"/Kids", pages}}));
-    for (const JobPage& page : job.pages) {
-        pages.appendItem(document.AddPage(page, node));
-    }
-    document.jobNodes.appendItem(node);
-    document.pageCount += std::ssize(job.pages);
-    ++document.jobCount;
-    document.List(job, pages);
-    for (const std::string& subject : {job.form, job.sample}) {
-        if (!subject.empty()) {
-            document.data.subjects.insert(subject);
-        }
+    if (!job.pages.empty()) {
+        document_->Add(job);
     }
 }
 
 bool PdfFile::HasPages() const {
-    return document_->pageCount > 0;
+    return !document_->jobs.empty();
 }
 
 std::string PdfFile::Content(const std::string& title, std::string& reason) {
-    if (!HasPages()) {
-        reason = kNoPages;
-        return {};
-    }
-    // The library throws where it fails, which is not to cross this border.
-    try {
-        if (!document_->Complete(title)) {
-            reason = "The typeface's file could not be used.";
-            return {};
-        }
-        std::string content;
-        Pl_String out("document", nullptr, content);
-        QPDFWriter writer(document_->pdf);
-        writer.setOutputPipeline(&out);
-        writer.setMinimumPDFVersion("1.7");
-        writer.setObjectStreamMode(qpdf_o_generate);
-        writer.setDeterministicID(true);
-        writer.write();
-        return content;
-    } catch (const std::exception& failure) {
-        reason = std::string("The PDF file could not be made. ") + failure.what();
-        return {};
-    }
+    std::string content;
+    Pl_String out("document", nullptr, content);
+    reason = document_->WriteTo(out, title);
+    return reason.empty() ? content : "";
 }
 
 std::optional<std::string> PdfFile::Write(const std::string& title, const std::string& fileName,
                                           ReadOnlyFile readOnly) {
     std::string reason;
-    const std::string content = Content(title, reason);
-    return content.empty() ? reason : ReplaceFile(PathOf(fileName), content, readOnly);
+    const auto failure = ReplaceFile(
+        PathOf(fileName),
+        [&](const PutPiece& put) {
+            Pieces out(put);
+            reason = document_->WriteTo(out, title);
+            return reason.empty() ? out.Error() : std::make_error_code(std::errc::io_error);
+        },
+        readOnly);
+    return reason.empty() ? failure : reason;
 }
 
 std::string PdfForQueue(const PrintJob& job, Typeface& typeface, std::string& reason) {

@@ -25,8 +25,8 @@ class PdfFile : public PdfWriter {
     bool HasPages() const override;
 
     // The whole document, once; nothing can be added behind it. Of several jobs it has an outline,
-    // form, then sample, each leading to its first page that shows something. Empty after a failure,
-    // whose reason is in `reason`.
+    // form, then sample, each leading to its first page that shows something. Empty after a
+    // failure, whose reason is in `reason`.
     std::string Content(const std::string& title, std::string& reason);
     std::optional<std::string> Write(const std::string& title, const std::string& fileName,
                                      ReadOnlyFile readOnly = ReadOnlyFile::kStays) override;

@@ -14,6 +14,7 @@ namespace qfr {
 namespace {
 
 constexpr double kPointsPerInch = 72;
+constexpr char kFreeFamily[] = "Liberation Serif";
 
 struct Release {
     void operator()(hb_blob_t* blob) const { hb_blob_destroy(blob); }
@@ -57,7 +58,8 @@ std::string PostScriptNameOf(const Font& font) {
     std::string text(name.data());
     // What a PDF name cannot hold as it stands.
     std::erase_if(text, [](char c) {
-        return c <= ' ' || c > '~' || std::string_view("()<>[]{}/%#").find(c) != std::string_view::npos;
+        return c <= ' ' || c > '~' ||
+               std::string_view("()<>[]{}/%#").find(c) != std::string_view::npos;
     });
     return text;
 }
@@ -114,11 +116,12 @@ Owned<hb_draw_funcs_t> DrawWithPen() {
 
 struct Typeface::Fonts {
     Font own;
-    std::unique_ptr<OtherFonts> installed;  // from the first character that the typeface lacks
+    std::unique_ptr<FontFinder> finder;
     std::vector<std::pair<FontFile, Font>> others;
     Owned<hb_draw_funcs_t> draw = DrawWithPen();
 
-    explicit Fonts(const FontFile& file) : own(file) {}
+    Fonts(const FontFile& file, std::unique_ptr<FontFinder> fonts)
+        : own(file), finder(std::move(fonts)) {}
 
     const Font& Of(const Glyph& glyph) const {
         return glyph.source == Source::kOther ? others[glyph.other].second : own;
@@ -126,12 +129,14 @@ struct Typeface::Fonts {
 };
 
 std::unique_ptr<Typeface> Typeface::Load() {
-    for (const char* const family : {"Times New Roman", "Liberation Serif"}) {
-        if (const auto file = FindFamily(family)) {
-            auto fonts = std::make_unique<Fonts>(*file);
+    auto finder = std::make_unique<FontFinder>();
+    for (const char* const family : {"Times New Roman", kFreeFamily}) {
+        if (const auto file = finder->Family(family)) {
+            auto fonts = std::make_unique<Fonts>(*file, std::move(finder));
             if (fonts->own.GlyphOf(U' ')) {
                 return std::unique_ptr<Typeface>(new Typeface(*file, std::move(fonts)));
             }
+            finder = std::move(fonts->finder);
         }
     }
     return nullptr;
@@ -193,11 +198,8 @@ Typeface::Glyph Typeface::Look(char32_t character) {
     if (const auto glyph = own.GlyphOf(character)) {
         return {Source::kOwn, *glyph, 0, own.AdvanceOf(*glyph)};
     }
-    if (!fonts_->installed) {
-        fonts_->installed = std::make_unique<OtherFonts>("Liberation Serif");
-    }
     auto& others = fonts_->others;
-    if (const auto file = fonts_->installed->With(character)) {
+    if (const auto file = fonts_->finder->With(character, kFreeFamily)) {
         auto known = std::ranges::find(others, *file, &std::pair<FontFile, Font>::first);
         if (known == others.end()) {
             known = others.emplace(others.end(), *file, Font(*file));
@@ -254,7 +256,8 @@ FontSubset Typeface::Subset(const std::set<char32_t>& characters) const {
     hb_subset_input_set_flags(input.get(), HB_SUBSET_FLAGS_NO_HINTING);
     // A document sets each glyph by itself; what arranges and names glyphs is of no use in it.
     hb_set_t* const dropped = hb_subset_input_set(input.get(), HB_SUBSET_SETS_DROP_TABLE_TAG);
-    for (const char* const table : {"GSUB", "GPOS", "GDEF", "kern", "name", "post", "OS/2", "gasp"}) {
+    for (const char* const table :
+         {"GSUB", "GPOS", "GDEF", "kern", "name", "post", "OS/2", "gasp"}) {
         hb_set_add(dropped, hb_tag_from_string(table, -1));
     }
     const Owned<hb_subset_plan_t> plan(
@@ -292,11 +295,12 @@ std::optional<Message> Typeface::TakeBoxesNote() {
         names.push_back(std::to_string(boxes_.size() - kNamed) + " more");
     }
     const bool one = std::exchange(boxes_, {}).size() == 1;
-    return Message{.text = "No installed font has the character" + std::string(one ? " " : "s ") +
-                           Enumerated(names) + ".\n" +
-                           (one ? "A box is printed in its place." : "Boxes are printed in their place."),
-                   .title = "Print",
-                   .icon = MessageIcon::kWarning};
+    return Message{
+        .text = "No installed font has the character" + std::string(one ? " " : "s ") +
+                Enumerated(names) + ".\n" +
+                (one ? "A box is printed in its place." : "Boxes are printed in their place."),
+        .title = "Print",
+        .icon = MessageIcon::kWarning};
 }
 
 }  // namespace qfr

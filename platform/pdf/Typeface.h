@@ -63,7 +63,8 @@ class Typeface : public TextMetrics {
     double PixelsPerUnit(int points) const;
 
     const Glyph& Of(char32_t character);
-    // A blank for those that have no ink of their own (line breaks, tabs), whose glyph is a blank's.
+    // A blank for those that have no ink of their own (line breaks, tabs), whose glyph is a
+    // blank's.
     static char32_t Shown(char32_t character);
     Outline OutlineOf(const Glyph& glyph) const;
 
@@ -82,8 +83,7 @@ class Typeface : public TextMetrics {
     // Empty when it cannot be made.
     FontSubset Subset(const std::set<char32_t>& characters) const;
 
-    // About the characters printed as boxes that no call has told of yet; absent without any.
-    std::optional<Message> TakeBoxesNote();
+    std::optional<Message> TakeBoxesNote() override;
 
   private:
     struct Fonts;

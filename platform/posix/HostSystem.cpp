@@ -39,15 +39,17 @@ class Descriptor {
     int value_;
 };
 
-std::error_code WriteAll(const Descriptor& out, std::string_view content) {
-    while (!content.empty()) {
-        const ssize_t written = ::write(out.Value(), content.data(), content.size());
-        if (written < 0 && errno != EINTR) {
-            return LastError();
+std::error_code WriteAll(const Descriptor& out, const ContentPieces& content) {
+    return content([&out](std::string_view piece) {
+        while (!piece.empty()) {
+            const ssize_t written = ::write(out.Value(), piece.data(), piece.size());
+            if (written < 0 && errno != EINTR) {
+                return LastError();
+            }
+            piece.remove_prefix(written > 0 ? static_cast<std::size_t>(written) : 0);
         }
-        content.remove_prefix(written > 0 ? static_cast<std::size_t>(written) : 0);
-    }
-    return {};
+        return std::error_code();
+    });
 }
 
 // The program's own open file that the name, or a link behind it, stands for; absent without one.
@@ -116,7 +118,7 @@ bool MayFollow(const fs::path& link) {
            ((above.st_mode & S_ISVTX) == 0 || found.st_uid == ::geteuid());
 }
 
-std::optional<std::error_code> WriteThrough(const fs::path& device, std::string_view content) {
+std::optional<std::error_code> WriteThrough(const fs::path& device, const ContentPieces& content) {
     struct stat found {};
     const std::optional<int> own = OwnOpenFile(device);
     if (!own && (::lstat(device.c_str(), &found) != 0 ||
@@ -129,7 +131,7 @@ std::optional<std::error_code> WriteThrough(const fs::path& device, std::string_
 }
 
 std::error_code WriteNewFile(const fs::path& file, const fs::path& replaced,
-                             std::string_view content) {
+                             const ContentPieces& content) {
     struct stat old {};
     const bool replaces = ::stat(replaced.c_str(), &old) == 0;
     constexpr mode_t kPermissions = 0777;

@@ -113,6 +113,9 @@ bool DesktopSink::BeginJob(int printerIndex, const std::string& title) {
 
 void DesktopSink::TakeJob(int /*printerIndex*/, PrintJob job) {
     const std::unique_ptr<JobPackage> package = std::move(job_);
+    if (const auto boxes = typeface_.TakeBoxesNote()) {
+        messages_.Show(*boxes);
+    }
     if (const auto failure = package->Take(std::move(job))) {
         messages_.Show(*failure);
     }

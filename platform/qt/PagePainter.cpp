@@ -108,7 +108,10 @@ void PagePainter::Paint(QPainter& painter, const JobPage& page) {
         } else if (!painted[i].hidden) {
             const auto& text = std::get<TextItem>(page.items[i]);
             if (painted[i].coversEarlier) {
+                // On whole dots, as other programs do it: what it covers leaves no grey edge.
+                painter.setRenderHint(QPainter::Antialiasing, false);
                 painter.fillRect(QRect(text.x, text.y, text.width, text.height), Qt::white);
+                painter.setRenderHint(QPainter::Antialiasing);
             }
             PaintText(painter, text);
         }

@@ -12,8 +12,7 @@ namespace qfr {
 
 class PdfSaver {
   public:
-    PdfSaver(FileChooser& chooser, Messages& messages)
-        : chooser_(chooser), messages_(messages) {}
+    PdfSaver(FileChooser& chooser, Messages& messages) : chooser_(chooser), messages_(messages) {}
 
     // Proposes a name made of the title. The full path (UTF-8), absent when the user
     // cancelled.

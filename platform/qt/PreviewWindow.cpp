@@ -48,8 +48,9 @@ QStringList PrinterNames() {
 
 }  // namespace
 
-PreviewWindow::PreviewWindow(std::vector<PrintJob> jobs, const std::string& title, Typeface& typeface,
-                             PdfSaver& pdfSaver, Messages& messages, QWidget* parent)
+PreviewWindow::PreviewWindow(std::vector<PrintJob> jobs, const std::string& title,
+                             Typeface& typeface, PdfSaver& pdfSaver, Messages& messages,
+                             QWidget* parent)
     : QDialog(parent, Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                           Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
       jobs_(std::move(jobs)),

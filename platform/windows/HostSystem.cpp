@@ -50,7 +50,8 @@ bool IsWritable(const fs::path& folder) {
     }
     // Access lists decide, and only an attempt tells.
     const fs::path probe = folder / "qfr-probe.tmp";
-    const bool written = !WriteNewFile(probe, fs::path(), "");
+    const bool written =
+        !WriteNewFile(probe, fs::path(), [](const PutPiece&) { return std::error_code(); });
     fs::remove(probe, error);
     return written;
 }
@@ -70,26 +71,31 @@ bool MayFollow(const fs::path&) {
     return true;
 }
 
-std::optional<std::error_code> WriteThrough(const fs::path&, std::string_view) {
+std::optional<std::error_code> WriteThrough(const fs::path&, const ContentPieces&) {
     return std::nullopt;
 }
 
-std::error_code WriteNewFile(const fs::path& file, const fs::path&, std::string_view content) {
+std::error_code WriteNewFile(const fs::path& file, const fs::path&, const ContentPieces& content) {
     const int out =
         ::_wopen(file.c_str(), _O_WRONLY | _O_CREAT | _O_EXCL | _O_BINARY, _S_IREAD | _S_IWRITE);
     if (out < 0) {
         return {errno, std::generic_category()};
     }
-    bool whole = true;
-    while (whole && !content.empty()) {
-        constexpr std::size_t kAtOnce = 1 << 20;
-        const int written =
-            ::_write(out, content.data(), static_cast<unsigned>(std::min(content.size(), kAtOnce)));
-        whole = written > 0;
-        content.remove_prefix(whole ? static_cast<std::size_t>(written) : 0);
+    std::error_code error = content([out](std::string_view piece) {
+        while (!piece.empty()) {
+            constexpr std::size_t kAtOnce = 1 << 20;
+            const int written =
+                ::_write(out, piece.data(), static_cast<unsigned>(std::min(piece.size(), kAtOnce)));
+            if (written <= 0) {
+                return std::error_code(errno, std::generic_category());
+            }
+            piece.remove_prefix(static_cast<std::size_t>(written));
+        }
+        return std::error_code();
+    });
+    if (!error && ::_commit(out) != 0) {
+        error.assign(errno, std::generic_category());
     }
-    whole = whole && ::_commit(out) == 0;
-    const std::error_code error(whole ? 0 : errno, std::generic_category());
     return ::_close(out) == 0 || error ? error : std::make_error_code(std::errc::io_error);
 }
 

@@ -2,43 +2,17 @@
 #include <cups/cups.h>
 
 #include <QDir>
-#include <QImage>
+#include <QProcess>
 
 #include "app/HeadlessHost.h"
 #include "forms/Form5Content.h"
 #include "forms/Form6Content.h"
 #include "platform/qt/DesktopSink.h"
-#include "platform/qt/PdfFile.h"
-#include "tests/ui/PdfSupport.h"
+#include "tests/pdf/PdfSupport.h"
 #include "tests/ui/WindowRig.h"
 
 namespace qfr::test {
 namespace {
-
-std::vector<QImage> Raster(const std::string& pdf) {
-    const QByteArray all = DescribedBy("pdftoppm", {"-gray", "-r", "150"}, pdf);
-    const qsizetype size = all.size() / PagesOf(pdf);
-    std::vector<QImage> pages;
-    for (qsizetype at = 0; at < all.size(); at += size) {
-        pages.push_back(QImage::fromData(all.mid(at, size)));
-    }
-    return pages;
-}
-
-// Dots of a page that have none of the other's within 1/75 inch: a printer's driver rounds places
-// and the thickness of rules to its own dots.
-int StrayDots(const QImage& page, const QImage& other) {
-    int count = 0;
-    for (int dot = 0; dot < page.width() * page.height(); ++dot) {
-        const auto [y, x] = std::div(dot, page.width());
-        bool stray = qGray(page.pixel(x, y)) < 128;
-        for (int near = 0; near < 25 && stray; ++near) {
-            stray = qGray(other.pixel(x + near % 5 - 2, y + near / 5 - 2)) >= 128;
-        }
-        count += stray ? 1 : 0;
-    }
-    return count;
-}
 
 // Titles of what the queue printed so far, when it has nothing more to print.
 std::string Printed(const std::string& queue) {
@@ -72,12 +46,10 @@ struct QueueTest : testing::Test {
     CalibratedRun run{7, 30};
     SavedBatch saved{run.host.batch, run.host.entries};
     std::string batch = run.dir.Write("run.qff", SaveBatch(saved.Batch, saved.Entries));
-    FormFonts fonts;
-    QtTextMetrics metrics{fonts};
     MessageLog messages;
-    HeadlessHost host{saved, metrics, messages};
+    HeadlessHost host{saved, FormsTypeface(), messages};
     ChooserScript chooser;
-    DesktopSink sink{fonts, chooser, messages};
+    DesktopSink sink{FormsTypeface(), chooser, messages};
 
     void Print(int printer, const PrintJob& job) {
         EXPECT_TRUE(sink.BeginJob(printer, job.title));
@@ -91,7 +63,7 @@ TEST_F(QueueTest, PagesLieOnThePaperAsTheirPdfFileShowsThem) {
     for (auto* const driver : {Form5IPCClick, Form6CIDClick}) {
         driver(host);
         const PrintJob job = host.CollectJob().value();
-        const auto own = Raster(RenderPdf({job}, job.title, fonts).toStdString());
+        const auto own = Raster(PdfOf({job}, job.title));
         Print(kLab, job);
         EXPECT_EQ(PrintInBatch(job, "Lab"), std::pair(0, std::string()));
         EXPECT_EQ(Printed("Lab"), titles += job.title + job.title);
@@ -101,10 +73,8 @@ TEST_F(QueueTest, PagesLieOnThePaperAsTheirPdfFileShowsThem) {
             QFile::remove(file.filePath());
             ASSERT_EQ(printed.size(), own.size());
             for (std::size_t i = 0; i < own.size(); ++i) {
-                const QImage lying =
-                    own[i].transformed(QTransform().rotate(driver == Form6CIDClick ? -90 : 0));
-                // A full stop has six dots.
-                EXPECT_LE(StrayDots(lying, printed[i]) + StrayDots(printed[i], lying), 5);
+                const Picture lying = driver == Form6CIDClick ? own[i].Turned() : own[i];
+                EXPECT_LE(StrayDots(lying, printed[i]), 5);
             }
         }
     }

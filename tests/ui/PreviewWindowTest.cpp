@@ -2,7 +2,7 @@
 
 #include "platform/qt/PreviewWindow.h"
 #include "platform/qt/PrinterQueue.h"
-#include "tests/ui/PdfSupport.h"
+#include "tests/pdf/PdfSupport.h"
 #include "tests/ui/WindowRig.h"
 
 namespace qfr {
@@ -21,7 +21,7 @@ std::vector<std::string> InstalledPrinters() {
     return {"Lab", "Stopped"};
 }
 std::optional<std::string> PrintOnQueue(const PrintJob& job, const std::string& printer,
-                                        FormFonts& /*fonts*/) {
+                                        Typeface& /*typeface*/) {
     SentJobs().push_back(printer + ": " + job.title);
     return printer == "Lab" ? std::nullopt : std::optional<std::string>("It is stopped.");
 }
@@ -49,9 +49,13 @@ class Preview : public testing::Test, protected WindowRig {
         emit combo.activated(combo.currentIndex());
     }
 
-    PdfSaver saver_{fonts, chooser, log};
-    PreviewWindow preview_{
-        {Job("Form 5 BFB01", 2), Job("Form 6", 18)}, "Data Package", fonts, saver_, log, nullptr};
+    PdfSaver saver_{chooser, log};
+    PreviewWindow preview_{{Job("Form 5 BFB01", 2), Job("Form 6", 18)},
+                           "Data Package",
+                           FormsTypeface(),
+                           saver_,
+                           log,
+                           nullptr};
     PageView& view_ = *preview_.findChild<PageView*>("PageView");
 };
 
@@ -97,7 +101,7 @@ TEST_F(Preview, PrintsAndSavesAllItsForms) {
     EXPECT_EQ(chooser.saved.at(0).fileName, "Data Package.pdf");
     const std::string pdf = Read("all.pdf");
     EXPECT_EQ(OutlineOf(pdf), "Form 5 BFB01 1 Form 6 3 ");
-    EXPECT_EQ(PagesOf(pdf), 20);
+    EXPECT_EQ(PagesOf(pdf), 20U);
 }
 
 }  // namespace

@@ -21,7 +21,6 @@
 
 #include "app/MainForm.h"
 #include "platform/FileLookup.h"
-#include "platform/qt/QtTextMetrics.h"
 #include "tests/Support.h"
 
 namespace qfr::test {
@@ -191,8 +190,7 @@ struct WindowRig : WindowUser {
     TempDir dir;
     MessageLog log;
     ChooserScript chooser;
-    FormFonts fonts;
-    QtTextMetrics metrics{fonts};
+    TimesMetrics metrics;
     JobLog sink;
     SettingsDir settings{dir.Path(), dir.Path()};
     int quits = 0;
