@@ -32,7 +32,9 @@ void FocusControl(QWidget& window, const std::string& name, int row) {
 
 void EntryWindow::TakePendingFocus() {
     const Place place = std::exchange(pending_, {});
-    FocusControl(*this, place.Control, place.Row);
+    if (!place.Control.empty()) {
+        FocusControl(*this, place.Control, place.Row);
+    }
 }
 
 bool ShowFault(FormHost& host, QDialog& dialog, const std::optional<EntryFault>& fault) {
