@@ -319,22 +319,21 @@ void TQFRForm::ShowReview() {
     }
 }
 
-void TQFRForm::GoTo(const MendPlace& place, std::size_t record) {
+void TQFRForm::GoTo(const MendPlace& place, std::optional<std::size_t> record) {
     const std::span<const SampleRecord> samples = SamplesOf(Batch());
     switch (place.Window) {
         case MendWindow::kLoadFiles:
             hide();
-            filesDlg_->OpenAt(place.Control,
-                              record < samples.size() ? samples[record].FileName : "");
+            filesDlg_->OpenAt(place.Control, record);
             return;
         case MendWindow::kForm1Header:
             hide();
             form1Header_->SetPendingFocus(*place.Field);
-            form1Header_->Open(kFormIVoa, record);
+            form1Header_->Open(kFormIVoa, record.value_or(0));
             return;
         case MendWindow::kTics:
-            if (record < samples.size()) {
-                ticForm_->Run(record, samples[record].Header[HeaderField::kZovSampleNo],
+            if (record && *record < samples.size()) {
+                ticForm_->Run(*record, samples[*record].Header[HeaderField::kZovSampleNo],
                               std::max(place.Row, 1));
             }
             break;
@@ -343,7 +342,7 @@ void TQFRForm::GoTo(const MendPlace& place, std::size_t record) {
             const QScopedValueRollback mending(mending_, true);
             entryDialogs_.at(*place.Dialog)->SetPendingFocus(place.Control, place.Row);
             BeginRun();
-            FormOf(*place.Dialog).prepare(*this, record);
+            FormOf(*place.Dialog).prepare(*this, 0);
             break;
         }
     }

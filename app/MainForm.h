@@ -65,8 +65,8 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
     // Shows those findings; without a batch, only a message.
     void ShowReview();
     // Opens the window where a finding is mended, with the focus there. `record`: the sample that
-    // it is about, as an index of SampleList.
-    void GoTo(const MendPlace& place, std::size_t record);
+    // it is about, as an index of SampleList; absent for the whole batch.
+    void GoTo(const MendPlace& place, std::optional<std::size_t> record);
 
     // FormHost
     void Show(const Message& message) override;

@@ -183,7 +183,8 @@ void ReviewDialog::GoTo() {
     const Finding finding = model_.At(row);
     ledAway_ = true;
     hide();
-    window_.GoTo(finding.Mend, finding.Records.empty() ? 0 : finding.Records.front());
+    window_.GoTo(finding.Mend,
+                 finding.Records.empty() ? std::nullopt : std::optional(finding.Records.front()));
 }
 
 // All that show, with their heads, as a spreadsheet takes them.

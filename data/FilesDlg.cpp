@@ -117,11 +117,11 @@ void TFilesDlg::ShowFileSet() {
     }
 }
 
-void TFilesDlg::OpenAt(const std::string& control, const std::string& report) {
+void TFilesDlg::OpenAt(const std::string& control, std::optional<std::size_t> record) {
+    const std::size_t blanks = LabBlankRecords(batch_);
     ui_->QFilesList->clearSelection();
-    for (QListWidgetItem* const item :
-         ui_->QFilesList->findItems(QString::fromStdString(report), Qt::MatchExactly)) {
-        ui_->QFilesList->setCurrentItem(item);
+    if (record && *record >= blanks) {
+        ui_->QFilesList->setCurrentRow(static_cast<int>(*record - blanks));
     }
     show();
     if (auto* const place = findChild<QWidget*>(QString::fromStdString(control))) {
