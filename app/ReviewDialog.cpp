@@ -36,9 +36,9 @@ const std::array<SeverityChoice, 5>& SeverityChoices() {
 }
 
 constexpr int kWhyLines = 4;
-constexpr int kLettersOf[] = {9, 5, 26, 60};  // of the columns; the last one takes the rest
+constexpr int kLettersOf[] = {12, 7, 30, 66};  // of the columns; the last one takes the rest
 constexpr int kSampleLetters = 16;
-constexpr int kLettersAcross = 130;  // of the window
+constexpr int kLettersAcross = 158;  // of the window
 
 }  // namespace
 
@@ -168,9 +168,11 @@ void ReviewDialog::ShowSelected() {
     QString why;
     if (row >= 0) {
         const Finding& finding = model_.At(row);
+        const std::string place = OneLine(MendText(finding.Mend));
         why = QString::fromStdString(
             OneLine(finding.Sentence) + "\n" + std::string(finding.Rule->Title) + ": " +
-            std::string(finding.Rule->Why) + " (" + std::string(finding.Rule->Id) + ")");
+            std::string(finding.Rule->Why) + " (" + std::string(finding.Rule->Id) + ")" +
+            (finding.Mend.Control.empty() ? "" : "\nTo be mended in " + place + "."));
     }
     ui_->WhyEdit->setPlainText(why);
 }

@@ -66,9 +66,12 @@ TEST(Review, ShowsWhatIsFoundAndWhy) {
     rig.Review();
     EXPECT_EQ(rig.Count(), "0 errors, 14 warnings, 9 notes. Shown: 14.");
     EXPECT_EQ(rig.Focus(), "FindingsTable");
-    EXPECT_THAT(rig.Why(), testing::AllOf(testing::StartsWith("The recovery is 58%"),
-                                          testing::HasSubstr("puts the sample's results in doubt"),
-                                          testing::EndsWith("(sample.recovery)")));
+    EXPECT_THAT(
+        rig.Why(),
+        testing::AllOf(
+            testing::StartsWith("The recovery is 58%"),
+            testing::HasSubstr("puts the sample's results in doubt"),
+            testing::EndsWith("(sample.recovery)\nTo be mended in Load Files, Quant. Files.")));
     rig.Press(Qt::Key_F1);
     EXPECT_EQ(rig.topics.back(), kReviewHelpTopic);
 
