@@ -1,5 +1,6 @@
 #include "app/BatchReview.h"
 
+#include <optional>
 #include <utility>
 
 #include "app/HeadlessHost.h"
@@ -25,8 +26,7 @@ class MessageList : public Messages {
 }  // namespace
 
 std::vector<Finding> ReviewAsPrinted(SavedBatch saved, int levelCount, TextMetrics& metrics,
-                                     const ReviewLimits& limits,
-                                     const std::function<std::optional<Message>()>& takeNote) {
+                                     const ReviewLimits& limits) {
     PackageChoice choice{.samples = std::vector<bool>(SamplesOf(saved.Batch).size(), true)};
     choice.forms.assign(kForms.size(), true);
     const std::vector<PackageWork> works = PlanPackage(saved.Batch, choice);
@@ -45,9 +45,6 @@ std::vector<Finding> ReviewAsPrinted(SavedBatch saved, int levelCount, TextMetri
             messages.Show(*limitsNote);
         }
         std::optional<PrintJob> job = PrintWork(host, work);
-        if (const auto note = takeNote()) {
-            messages.Show(*note);
-        }
         return RecordedForm{work.form->name, work.record, std::move(job), messages.Take()};
     };
     return ReviewBatch(

@@ -97,8 +97,7 @@ void Check(const Arguments& arguments, Context& context) {
             break;
         }
         const std::vector<Finding> findings =
-            ReviewAsPrinted(batch.saved, 0, context.platform.Metrics(), *limits,
-                            [&context] { return context.platform.TakeBoxesNote(); });
+            ReviewAsPrinted(batch.saved, 0, context.platform.Metrics(), *limits);
         context.Fail(CountFindings(findings, Severity::kError) > 0 ? kIncomplete : kDone);
         if (asJson) {
             document["batches"].push_back(JsonOf(batch, findings));
