@@ -1,5 +1,6 @@
 #include "app/BatchReview.h"
 
+#include <optional>
 #include <utility>
 
 #include "app/HeadlessHost.h"
