@@ -11,13 +11,17 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QStatusBar>
 #include <QStyle>
 
 #include "app/AboutBox.h"
 #include "app/BatchFile.h"
+#include "app/BatchReview.h"
+#include "app/ExportMenu.h"
 #include "app/PrintAll.h"
+#include "app/ReviewDialog.h"
 #include "dialogs/EntryFormDialog.h"
 #include "platform/FileLookup.h"
 #include "platform/FileReplace.h"
@@ -110,7 +114,8 @@ TQFRForm::TQFRForm(const DesktopServices& services)
       filesDlg_(std::make_unique<TFilesDlg>(*this, *this, *this)),
       form1Header_(std::make_unique<TForm1Header>(*this, *this)),
       ticForm_(std::make_unique<TTICForm>(*this, *this, form1Header_.get())),
-      aboutBox_(MakeAboutBox(this)) {
+      aboutBox_(MakeAboutBox(this)),
+      review_(std::make_unique<ReviewDialog>(*this)) {
     for (const FormRow& form : kForms) {
         if (form.entry) {
             entryDialogs_[*form.entry] = MakeEntryDialog(*form.entry, *this, *this, this);
@@ -160,6 +165,16 @@ void TQFRForm::AddMenus() {
     AddCommand(reports, "Select &Printer", "Ctrl+P", [this] { page_.getPrinter(); });
     AddCommand(reports, "Print &All Forms...", "Ctrl+Shift+P",
                [this] { PrintAll(*this, services_.Metrics, services_.Packages); });
+    AddCommand(reports, "&Review Batch...", "Ctrl+Shift+R", [this] { ShowReview(); });
+    QMenu& values = *reports.addMenu("&Export Values");
+    const auto exportAs = [this](ExportFormat format) {
+        return [this, format] {
+            ExportFromMenu(*this, services_.Metrics, services_.Chooser, format,
+                           paths_.ReadPath(FileKind::kBatch));
+        };
+    };
+    AddCommand(values, "&CSV Tables...", "", exportAs(ExportFormat::kCsv));
+    AddCommand(values, "&JSON Document...", "", exportAs(ExportFormat::kJson));
     AddCommand(*menuBar(), "&Help", "F1", [this] { ShowHelp(kHelpTopic); });
     AddCommand(*menuBar(), "&About", "", [this] { aboutBox_->exec(); });
     AddCommand(*menuBar(), "E&xit", "Ctrl+Q", [this] { OnExit(); });
@@ -291,6 +306,49 @@ void TQFRForm::FormClick(const FormRow& form) {
     }
 }
 
+std::vector<Finding> TQFRForm::Review() {
+    const WaitCursor wait;
+    return ReviewAsPrinted({Batch(), Entries(), Flags()}, LevelCount(), services_.Metrics, {});
+}
+
+void TQFRForm::ShowReview() {
+    if (FilesSpecified(Batch())) {
+        review_->Open();
+    } else {
+        Show({std::string(kSpecifyFiles), kFilesNotSpecifiedTitle});
+    }
+}
+
+void TQFRForm::GoTo(const MendPlace& place, std::optional<std::size_t> record) {
+    const std::span<const SampleRecord> samples = SamplesOf(Batch());
+    switch (place.Window) {
+        case MendWindow::kLoadFiles:
+            hide();
+            filesDlg_->OpenAt(place.Control, record);
+            return;
+        case MendWindow::kForm1Header:
+            hide();
+            form1Header_->SetPendingFocus(*place.Field);
+            form1Header_->Open(kFormIVoa, record.value_or(0));
+            return;
+        case MendWindow::kTics:
+            if (record && *record < samples.size()) {
+                ticForm_->Run(*record, samples[*record].Header[HeaderField::kZovSampleNo],
+                              std::max(place.Row, 1));
+            }
+            break;
+        case MendWindow::kEntry: {
+            // The form asks what it always asks before its dialog; it is not printed.
+            const QScopedValueRollback mending(mending_, true);
+            entryDialogs_.at(*place.Dialog)->SetPendingFocus(place.Control, place.Row);
+            BeginRun();
+            FormOf(*place.Dialog).prepare(*this, 0);
+            break;
+        }
+    }
+    ShowMainWindow();
+}
+
 void TQFRForm::OnExit() {
     // The toolkit closes the windows once more when it ends.
     if (std::exchange(exiting_, true)) {
@@ -333,7 +391,7 @@ bool TQFRForm::ShowEntryDialog(EntryDialog dialog, std::size_t headerRecord) {
     const bool accepted = entryDialogs_.at(dialog)->Run(headerRecord);
     // While it was open, files may have been mended.
     BeginRun();
-    return accepted;
+    return accepted && !mending_;
 }
 
 void TQFRForm::EnterTics(std::size_t record, const std::string& sampleNo) {
@@ -380,6 +438,7 @@ void TQFRForm::ShowHelp(int topic) {
 void TQFRForm::ShowMainWindow() {
     ShowBatchState();
     show();
+    review_->ComeBack();
 }
 
 void TQFRForm::ShowBatchState() {

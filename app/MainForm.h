@@ -23,6 +23,7 @@
 #include "platform/Printer.h"
 #include "platform/SettingsDir.h"
 #include "platform/WindowServices.h"
+#include "review/Review.h"
 
 namespace qfr {
 
@@ -42,6 +43,8 @@ struct DesktopServices {
     std::function<bool(int topic)> OpenHelp;
 };
 
+class ReviewDialog;
+
 class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, public WindowServices {
     Q_OBJECT
 
@@ -56,6 +59,14 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
     // Replaces the batch by a saved one; a file that cannot be restored changes nothing, is
     // reported, and the result is false.
     bool RestoreFile(const std::string& fileName);
+
+    // What a reviewer would flag if the batch were printed now.
+    std::vector<Finding> Review();
+    // Shows those findings; without a batch, only a message.
+    void ShowReview();
+    // Opens the window where a finding is mended, with the focus there. `record`: the sample that
+    // it is about, as an index of SampleList; absent for the whole batch.
+    void GoTo(const MendPlace& place, std::optional<std::size_t> record);
 
     // FormHost
     void Show(const Message& message) override;
@@ -117,7 +128,9 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
     // Dialogs above this one or above the Form 1 header.
     std::unique_ptr<TTICForm> ticForm_;
     std::map<EntryDialog, std::unique_ptr<EntryWindow>> entryDialogs_;
+    bool mending_ = false;  // an entry dialog is not opened for printing
     std::unique_ptr<QDialog> aboutBox_;
+    std::unique_ptr<ReviewDialog> review_;
 };
 
 }  // namespace qfr

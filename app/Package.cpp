@@ -8,19 +8,24 @@ namespace qfr {
 
 namespace {
 
-// Keeps messages until somebody asks for them.
-class MessageKeeper : public Messages {
-  public:
-    void Show(const Message& message) override { kept_.push_back(AsLine(message)); }
-    bool AskYesNo(const Message& question) override {
-        Show(question);
-        return false;
+// The record is 0 for a form that prints once for the batch.
+void RunAlone(HeadlessHost& host, const PackageWork& work,
+              const std::function<void(std::size_t record)>& run) {
+    host.Reports().BeginJob();
+    // The dialogs take values over from each other when they show, and a form empties what a
+    // missing file leaves open. The next form must not find any of it.
+    const Entries entries = host.Entries();
+    const BatchFlags flags = host.Flags();
+    const int levelCount = host.LevelCount();
+    if (work.form->printBatch || work.record) {
+        run(work.record.value_or(0));
+    } else {
+        host.Show({std::string(kSpecifyFiles), kFilesNotSpecifiedTitle});
     }
-    std::vector<std::string> Take() { return std::exchange(kept_, {}); }
-
-  private:
-    std::vector<std::string> kept_;
-};
+    host.Entries() = entries;
+    host.Flags() = flags;
+    host.LevelCount() = levelCount;
+}
 
 }  // namespace
 
@@ -46,37 +51,28 @@ std::vector<PackageWork> PlanPackage(const Batch& batch, const PackageChoice& ch
 }
 
 std::optional<PrintJob> PrintWork(HeadlessHost& host, const PackageWork& work) {
-    host.Reports().BeginJob();
-    // The dialogs take values over from each other when they show, and a form empties what a
-    // missing file leaves open. The next form must not find any of it.
-    const Entries entries = host.Entries();
-    const BatchFlags flags = host.Flags();
-    const int levelCount = host.LevelCount();
     const FormRow& form = *work.form;
-    std::string sample;
-    if (form.printBatch) {
-        form.printBatch(host);
-    } else if (work.record) {
-        sample = SampleName((*host.Batch().SampleList)[*work.record]);
-        form.printSample(host, *work.record);
-    } else {
-        host.Show({std::string(kSpecifyFiles), kFilesNotSpecifiedTitle});
-    }
-    host.Entries() = entries;
-    host.Flags() = flags;
-    host.LevelCount() = levelCount;
+    RunAlone(host, work, [&](std::size_t record) {
+        form.printBatch ? form.printBatch(host) : form.printSample(host, record);
+    });
     std::optional<PrintJob> job = host.CollectJob();
     if (job) {
         job->form = form.caption;
-        job->sample = std::move(sample);
+        job->sample = work.record ? SampleName((*host.Batch().SampleList)[*work.record]) : "";
     }
     return job;
+}
+
+std::optional<AnyFormContent> PrepareWork(HeadlessHost& host, const PackageWork& work) {
+    std::optional<AnyFormContent> content;
+    RunAlone(host, work, [&](std::size_t record) { content = work.form->prepare(host, record); });
+    return content;
 }
 
 PackageOutcome PrintPackage(FormHost& program, TextMetrics& metrics,
                             const std::vector<PackageWork>& dueJobs, JobPackage& package,
                             const std::function<bool(std::size_t job)>& shouldContinue) {
-    MessageKeeper messages;
+    KeptMessages messages;
     // On copies: nobody has seen here what the forms and dialogs take over from each other, so none
     // of it may stay. What they have left in the program goes along: the milestones of the batch
     // and the number of calibration levels.

@@ -44,6 +44,9 @@ std::vector<PackageWork> PlanPackage(const Batch& batch, const PackageChoice& ch
 // levels, so that a form prints the same alone and among others, in any order.
 std::optional<PrintJob> PrintWork(HeadlessHost& host, const PackageWork& work);
 
+// The same as far as the content that would print, of which nothing is drawn.
+std::optional<AnyFormContent> PrepareWork(HeadlessHost& host, const PackageWork& work);
+
 // What a form had to say while it was printed, or why it was not.
 struct PackageNote {
     const PackageWork* work = nullptr;

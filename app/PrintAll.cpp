@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -22,8 +23,9 @@ namespace qfr {
 namespace {
 
 const char* const kTitle = "Print All Forms";
-constexpr int kProgressDelay = 250;  // ms; what is done sooner shows no progress
-constexpr int kClosingNote = 8000;   // ms
+constexpr int kReviewAsked = QDialog::Accepted + 1;  // how the dialog ends
+constexpr int kProgressDelay = 250;                  // ms; what is done sooner shows no progress
+constexpr int kClosingNote = 8000;                   // ms
 
 void AddChecked(QListWidget& list, const std::string& text) {
     auto* const item = new QListWidgetItem(QString::fromStdString(text), &list);
@@ -53,8 +55,9 @@ std::string FormLine(const FormRow& form) {
 class PrintAllDialog : public QDialog {
   public:
     // Everything is checked. `printer` is the name of the chosen one, empty while there is none.
-    PrintAllDialog(const Batch& batch, const std::string& printer, WindowServices& services,
-                   QWidget* parent);
+    // It ends with kReviewAsked when the findings are to be seen first.
+    PrintAllDialog(const Batch& batch, const std::string& printer,
+                   std::span<const Finding> findings, WindowServices& services, QWidget* parent);
 
     // The jobs that are due for what is checked.
     std::vector<PackageWork> DueJobs() const;
@@ -68,7 +71,8 @@ class PrintAllDialog : public QDialog {
 };
 
 PrintAllDialog::PrintAllDialog(const Batch& batch, const std::string& printer,
-                               WindowServices& services, QWidget* parent)
+                               std::span<const Finding> findings, WindowServices& services,
+                               QWidget* parent)
     : QDialog(parent), batch_(batch), printer_(printer) {
     ui_.setupUi(this);
     for (const FormRow& form : kForms) {
@@ -89,6 +93,10 @@ PrintAllDialog::PrintAllDialog(const Batch& batch, const std::string& printer,
     };
     connectList(*ui_.FormsList, *ui_.AllFormsButton, *ui_.NoFormsButton);
     connectList(*ui_.SamplesList, *ui_.AllSamplesButton, *ui_.NoSamplesButton);
+    ui_.ReviewLabel->setText(
+        QString::fromStdString("A reviewer would find " + CountText(findings, Severity::kError) +
+                               " and " + CountText(findings, Severity::kWarning) + "."));
+    connect(ui_.ReviewButton, &QPushButton::clicked, this, [this] { done(kReviewAsked); });
     connect(ui_.PrintButton, &QPushButton::clicked, this, &QDialog::accept);
     connect(ui_.CancelButton, &QPushButton::clicked, this, &QDialog::reject);
     ConnectHelp(*this, services, kPrintAllHelpTopic, ui_.HelpButton);
@@ -213,8 +221,13 @@ void PrintAll(TQFRForm& window, TextMetrics& metrics, PackageSink& sink) {
         return;
     }
     Page& page = window.Page();
-    PrintAllDialog dialog(batch, ChosenPrinter(page, page.Printer()), window, &window);
-    if (dialog.exec() != QDialog::Accepted) {
+    PrintAllDialog dialog(batch, ChosenPrinter(page, page.Printer()), window.Review(), window,
+                          &window);
+    const int end = dialog.exec();
+    if (end == kReviewAsked) {
+        window.ShowReview();
+    }
+    if (end != QDialog::Accepted) {
         return;
     }
     if (!page.testPrinter()) {

@@ -46,6 +46,7 @@ foreach(package qfrforms qfrbatch)
   install(FILES ${CMAKE_BINARY_DIR}/overrides/${package} DESTINATION share/lintian/overrides
           COMPONENT ${package})
 endforeach()
+install(FILES packaging/qfrforms-values.schema.json DESTINATION share/doc/qfrbatch COMPONENT qfrbatch)
 get_property(compressedFiles GLOBAL PROPERTY QFR_COMPRESSED)
 add_custom_target(qfr_compressed ALL DEPENDS ${compressedFiles})
 

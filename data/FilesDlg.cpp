@@ -117,6 +117,18 @@ void TFilesDlg::ShowFileSet() {
     }
 }
 
+void TFilesDlg::OpenAt(const std::string& control, std::optional<std::size_t> record) {
+    const std::size_t blanks = LabBlankRecords(batch_);
+    ui_->QFilesList->clearSelection();
+    if (record && *record >= blanks) {
+        ui_->QFilesList->setCurrentRow(static_cast<int>(*record - blanks));
+    }
+    show();
+    if (auto* const place = findChild<QWidget*>(QString::fromStdString(control))) {
+        place->setFocus();
+    }
+}
+
 void TFilesDlg::OpenFiles(FileKind kind, TakeReports& take) {
     if (const auto chosen = services_.ChooseFiles(kind, take == AddQuantReports)) {
         Take(take, chosen->files);

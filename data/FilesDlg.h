@@ -1,7 +1,9 @@
 // The Load Files dialog, where a batch is put together. It holds the batch for the whole run.
 #pragma once
 
+#include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -36,6 +38,9 @@ class TFilesDlg : public QDialog {
     qfr::Batch& Batch() { return batch_; }
     // Shows what the batch holds after it was replaced from outside.
     void ShowFileSet();
+    // Shows the dialog with the focus in a control, and the report of a record of SampleList chosen
+    // in the list of reports.
+    void OpenAt(const std::string& control, std::optional<std::size_t> record);
 
     // Escape and the window manager's close: the dialog has no Cancel.
     void reject() override { OkButtonClick(); }

@@ -14,26 +14,36 @@
 
 namespace qfr {
 
+void FocusControl(QWidget& window, const std::string& name, int row) {
+    auto* const control = window.findChild<QWidget*>(QString::fromStdString(name));
+    if (control == nullptr) {
+        return;
+    }
+    control->setFocus();
+    if (auto* const grid = qobject_cast<QTableWidget*>(control); grid != nullptr && row > 0) {
+        grid->setCurrentCell(row - 1, std::max(grid->currentColumn(), 0));
+        if (grid->isVisible() && grid->indexWidget(grid->currentIndex()) == nullptr) {
+            grid->edit(grid->currentIndex());
+        }
+    } else if (auto* const edit = qobject_cast<QLineEdit*>(control)) {
+        edit->selectAll();
+    }
+}
+
+void EntryWindow::TakePendingFocus() {
+    const Place place = std::exchange(pending_, {});
+    if (!place.Control.empty()) {
+        FocusControl(*this, place.Control, place.Row);
+    }
+}
+
 bool ShowFault(FormHost& host, QDialog& dialog, const std::optional<EntryFault>& fault) {
     if (!fault) {
         return false;
     }
     // The message comes first: a box that opens would close a cell that is being edited.
     host.Show(fault->Message);
-    auto* const control = dialog.findChild<QWidget*>(QString::fromStdString(fault->Control));
-    if (control == nullptr) {
-        return true;
-    }
-    control->setFocus();
-    if (auto* const grid = qobject_cast<QTableWidget*>(control);
-        grid != nullptr && fault->Row > 0) {
-        grid->setCurrentCell(fault->Row - 1, std::max(grid->currentColumn(), 0));
-        if (grid->indexWidget(grid->currentIndex()) == nullptr) {
-            grid->edit(grid->currentIndex());
-        }
-    } else if (auto* const edit = qobject_cast<QLineEdit*>(control)) {
-        edit->selectAll();
-    }
+    FocusControl(dialog, fault->Control, fault->Row);
     return true;
 }
 

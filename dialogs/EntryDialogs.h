@@ -29,7 +29,26 @@ class EntryWindow : public QDialog {
     // Shows what was entered and stores what the dialog holds when it closes. `headerRecord` is the
     // index in SampleList of the record whose header the form prints. True when it closed with OK.
     virtual bool Run(std::size_t headerRecord) = 0;
+
+    // The control that has the focus when the dialog is next shown, in a grid the cell of this row
+    // (from 1) in the current column.
+    void SetPendingFocus(const std::string& control, int row) { pending_ = {control, row}; }
+
+  protected:
+    // Comes when the dialog has set its own.
+    void TakePendingFocus();
+
+  private:
+    struct Place {
+        std::string Control;
+        int Row = 0;
+    };
+    Place pending_;
 };
+
+// Focuses the control of that name, if the window has it, ready to be typed over; in a grid the
+// cell of the row, from 1, in the current column.
+void FocusControl(QWidget& window, const std::string& control, int row);
 
 // Shows the fault's message and focuses the dialog's control, in a grid the cell of its row in the
 // current column. False when there is no fault.

@@ -266,6 +266,7 @@ bool EntryFormDialog::Run(std::size_t headerRecord) {
     if (parts_.firstFocus) {
         Find(*this, parts_.firstFocus)->setFocus();
     }
+    TakePendingFocus();
     const bool accepted = exec() == Accepted;
     FinishEditing();
     StoreEntries();

@@ -111,31 +111,34 @@ void TForm1Header::Connect(QAbstractButton* button, void (TForm1Header::*handler
     });
 }
 
-void TForm1Header::Open(int mode) {
+void TForm1Header::Open(int mode, std::size_t record) {
     const bool tic = mode != kFormIVoa;
     setWindowTitle(tic ? "Form 1 TIC Header" : "Form 1 Header");
     ui_->EnterButton->setEnabled(tic);
     ui_->EnterButton->setVisible(tic);
-    OnShow();
+    OnShow(record);
     show();
 }
 
-void TForm1Header::OnShow() {
+void TForm1Header::OnShow(std::size_t record) {
     const QScopedValueRollback loading(loading_, true);
     for (QComboBox* const box : {ui_->ZOVComboBox, ui_->LabComboBox, ui_->FileComboBox}) {
         box->clear();
     }
     if (const auto& samples = host_.Batch().SampleList) {
-        for (const SampleRecord& record : *samples) {
-            const auto text = [&record](HeaderField field) {
-                return QString::fromStdString(record.Header[field]);
+        for (const SampleRecord& sample : *samples) {
+            const auto text = [&sample](HeaderField field) {
+                return QString::fromStdString(sample.Header[field]);
             };
             ui_->ZOVComboBox->addItem(text(HeaderField::kZovSampleNo));
             ui_->LabComboBox->addItem(text(HeaderField::kLabSampleId));
-            ui_->FileComboBox->addItem(QString::fromStdString(FileNameOnly(record.FileName)));
+            ui_->FileComboBox->addItem(QString::fromStdString(FileNameOnly(sample.FileName)));
         }
     }
     ShowRecord(0);
+    if (record > 0 && record < SamplesOf(host_.Batch()).size()) {
+        ShowRecord(record);
+    }
     (pendingFocus_ != nullptr ? pendingFocus_ : ui_->Edit1)->setFocus();
     pendingFocus_ = nullptr;
 }

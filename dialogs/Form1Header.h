@@ -38,8 +38,8 @@ class TForm1Header : public QDialog {
     TForm1Header(FormHost& host, WindowServices& services);
     ~TForm1Header() override;
 
-    // Shows the dialog on the first record.
-    void Open(int mode);
+    // Shows the dialog on a record: the first one, or as if it were chosen then.
+    void Open(int mode, std::size_t record = 0);
     // Empties every value and the file selector, for a batch that is cleared.
     void Reset();
     // The field that has the focus when the dialog is next shown.
@@ -54,7 +54,7 @@ class TForm1Header : public QDialog {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
-    void OnShow();
+    void OnShow(std::size_t record);
     void OnSelect(int record);
     void ShowRecord(std::size_t record);
     void SelectInDropDowns(std::size_t record);

@@ -56,6 +56,7 @@ bool TMBSHeader::Run(std::size_t /*headerRecord*/) {
     ui_->RichEdit1->moveCursor(QTextCursor::End);
     ui_->RichEdit1->horizontalScrollBar()->setValue(0);
     ui_->RichEdit1->setFocus();
+    TakePendingFocus();
     const bool accepted = exec() == Accepted;
     entry = Lines();
     return accepted;

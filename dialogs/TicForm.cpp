@@ -42,13 +42,16 @@ TTICForm::TTICForm(FormHost& host, WindowServices& services, QWidget* parent)
 
 TTICForm::~TTICForm() = default;
 
-bool TTICForm::Run(std::size_t record, const std::string& sampleNo) {
+bool TTICForm::Run(std::size_t record, const std::string& sampleNo, int row) {
     auto& samples = host_.Batch().SampleList;
     if (!samples || record >= samples->size()) {
         return false;
     }
     record_ = record;
     OnShow((*samples)[record], sampleNo);
+    if (row > 0) {
+        ui_->StringGrid1->setCurrentCell(row - 1, 0);
+    }
     return exec() == Accepted;
 }
 

@@ -25,8 +25,8 @@ class TTICForm : public QDialog {
     ~TTICForm() override;
 
     // Edits the list of the sample at this index in SampleList, shown under its number. True when
-    // OK has stored it; Cancel discards what was typed.
-    bool Run(std::size_t record, const std::string& sampleNo);
+    // OK has stored it; Cancel discards what was typed. `row`, from 1, has the focus.
+    bool Run(std::size_t record, const std::string& sampleNo, int row = 1);
 
   private:
     void OnShow(const SampleRecord& sample, const std::string& sampleNo);

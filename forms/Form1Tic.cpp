@@ -140,16 +140,21 @@ bool PrintPage(Page& page, const Form1TicContent& content, std::size_t& entry) {
 
 }  // namespace
 
-void PrintFormITic(FormHost& host, std::size_t record) {
+std::optional<Form1TicContent> PrepareForm1Tic(FormHost& host, std::size_t record) {
     const SampleRecord& sample = (*host.Batch().SampleList)[record];
     if (!sample.TicList) {
         host.Show(
             {"There are no TIC compounds listed\nfor this sample.", "TIC Compounds Not Entered"});
-        return;
+        return std::nullopt;
     }
-    const Form1TicContent content = BuildForm1TicContent(sample);
-    host.Page().SetupPage();
-    host.Page().PrintDocument("Form 1 TIC " + content.SampleNo, content, PrintPage);
+    return BuildForm1TicContent(sample);
+}
+
+void PrintFormITic(FormHost& host, std::size_t record) {
+    if (const auto content = PrepareForm1Tic(host, record)) {
+        host.Page().SetupPage();
+        host.Page().PrintDocument("Form 1 TIC " + content->SampleNo, *content, PrintPage);
+    }
 }
 
 }  // namespace qfr

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 
 #include "forms/FormContent.h"
 
@@ -17,7 +18,11 @@ inline Form1TicContent BuildForm1TicContent(const SampleRecord& sample) {
             *sample.TicList};
 }
 
-// Prints it for the record at this index of SampleList, or says that it has no TIC list.
+// What it would print for the record at this index of SampleList; absent after the message that
+// this has no TIC list.
+std::optional<Form1TicContent> PrepareForm1Tic(FormHost& host, std::size_t record);
+
+// Prints it.
 void PrintFormITic(FormHost& host, std::size_t record);
 
 }  // namespace qfr

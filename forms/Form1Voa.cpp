@@ -88,12 +88,14 @@ bool PrintPage(Page& page, const Form1VoaContent& content, std::size_t& row) {
 
 }  // namespace
 
+std::optional<Form1VoaContent> PrepareForm1Voa(FormHost& host, std::size_t record) {
+    return BuildForm1VoaContent(host.Batch(), record, host.Reports(), host);
+}
+
 void PrintFormIVoa(FormHost& host, std::size_t record) {
-    const auto content = BuildForm1VoaContent(host.Batch(), record, host.Reports(), host);
-    if (!content) {
-        return;
+    if (const auto content = PrepareForm1Voa(host, record)) {
+        host.Page().PrintDocument("Form 1 " + content->SampleNo, *content, PrintPage);
     }
-    host.Page().PrintDocument("Form 1 " + content->SampleNo, *content, PrintPage);
 }
 
 void PrintFormIVoaHeader(Page& page, const FormContent& content) {

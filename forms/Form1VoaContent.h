@@ -36,7 +36,10 @@ VoaRow ReadVoaRow(const CompoundRow& row, bool inBlank);
 // "1234" gives "1200", "5.04" gives "5.0", "0.053" gives "0.1". Other texts come back unchanged.
 std::string ToSignificantFigures(std::string_view text, int n);
 
-// Prints it for the record at this index of SampleList.
+// What it would print for the record at this index of SampleList; absent after a message.
+std::optional<Form1VoaContent> PrepareForm1Voa(FormHost& host, std::size_t record);
+
+// Prints it.
 void PrintFormIVoa(FormHost& host, std::size_t record);
 
 }  // namespace qfr

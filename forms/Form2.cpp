@@ -122,17 +122,18 @@ bool PrintPage(Page& page, const Form2Content& content, std::size_t& index) {
 
 }  // namespace
 
-void Form2MCRClick(FormHost& host) {
+std::optional<Form2Content> PrepareForm2(FormHost& host) {
     const auto record = CheckAndAsk(host, "Form 2", EntryDialog::kRecoveryRanges);
     if (!record) {
-        return;
+        return std::nullopt;
     }
-    const auto content =
-        BuildForm2Content(host.Batch(), *record, host.Entries().Ranges, host.Reports(), host);
-    if (!content) {
-        return;
+    return BuildForm2Content(host.Batch(), *record, host.Entries().Ranges, host.Reports(), host);
+}
+
+void Form2MCRClick(FormHost& host) {
+    if (const auto content = PrepareForm2(host)) {
+        host.Page().PrintDocument("Form 2", *content, PrintPage);
     }
-    host.Page().PrintDocument("Form 2", *content, PrintPage);
 }
 
 }  // namespace qfr

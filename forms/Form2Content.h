@@ -49,7 +49,11 @@ std::string CompoundNumber(std::size_t compound);
 // no number.
 std::string RecoveryFlag(const RecoveryRange* range, std::string_view recovery);
 
-// The driver: asks for what the form needs and prints it for the batch.
+// Asks for what the form needs: what it would print for the batch; absent after a message, or when
+// the dialog was cancelled.
+std::optional<Form2Content> PrepareForm2(FormHost& host);
+
+// The driver: prints that.
 void Form2MCRClick(FormHost& host);
 
 }  // namespace qfr

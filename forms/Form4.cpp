@@ -160,22 +160,27 @@ std::optional<Message> CommentsNotPrinted(Page& page, const std::vector<std::str
                    "Comments Too Long"};
 }
 
-void Form4MBSClick(FormHost& host) {
+std::optional<Form4Content> PrepareForm4(FormHost& host) {
     if (!LabBlankSpecified(host)) {
-        return;
+        return std::nullopt;
     }
     const auto& samples = host.Batch().SampleList;
     // Files that were named but not loaded yet are for the preconditions to report.
     const std::optional<DateTime> blankTime = samples ? BlankTime(host) : std::nullopt;
     if (samples && !blankTime) {
-        return;
+        return std::nullopt;
     }
     if (!CheckAndAsk(host, "Form 4", EntryDialog::kBlankComments) ||
         !AnalysisDatesReadable(host, 1)) {
-        return;
+        return std::nullopt;
     }
-    const Form4Content content = BuildForm4Content(*samples, *blankTime, host.Entries().Comments);
-    host.Page().PrintDocument("Form 4 " + content.SampleNo, content, PrintPage);
+    return BuildForm4Content(*samples, *blankTime, host.Entries().Comments);
+}
+
+void Form4MBSClick(FormHost& host) {
+    if (const auto content = PrepareForm4(host)) {
+        host.Page().PrintDocument("Form 4 " + content->SampleNo, *content, PrintPage);
+    }
 }
 
 }  // namespace qfr

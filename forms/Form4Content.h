@@ -39,7 +39,11 @@ std::vector<std::size_t> CommentsOnForm(Page& page, const std::vector<std::strin
 // That not all of the comments stand on the form, and what does not; absent when all do.
 std::optional<Message> CommentsNotPrinted(Page& page, const std::vector<std::string>& lines);
 
-// The driver: asks for what the form needs and prints it for the batch.
+// Asks for what the form needs: what it would print for the batch; absent after a message, or when
+// the dialog was cancelled.
+std::optional<Form4Content> PrepareForm4(FormHost& host);
+
+// The driver: prints that.
 void Form4MBSClick(FormHost& host);
 
 }  // namespace qfr

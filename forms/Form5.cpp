@@ -72,8 +72,9 @@ void PrintIonHeads(Page& page) {
     page.TextOutCentred("ABUNDANCE", 6.475, y + h);
 }
 
-void PrintIonValue(Page& page, char footnote, const std::string& value, double y) {
+void PrintIonValue(Page& page, char footnote, const Form5Content::Abundance& abundance, double y) {
     const double right = 7.4;
+    const std::string value = abundance.Percent + (abundance.Flag.empty() ? "    " : "  *");
     const std::string tail = "   )";
     if (footnote == ' ') {
         // Its digits stand above those of the values in parentheses.
@@ -84,7 +85,7 @@ void PrintIonValue(Page& page, char footnote, const std::string& value, double y
 }
 
 // Returns the bottom of the table.
-double PrintIonAbundanceTable(Page& page, const std::array<std::string, TuneEntry::kIons>& values) {
+double PrintIonAbundanceTable(Page& page, const Form5Content::AbundanceList& values) {
     PrintIonHeads(page);
     const double h = page.TextHeightInch();
     const double gap = 0.0125;
@@ -123,8 +124,8 @@ void PrintSample(Page& page, const ListedSample& sample, double y) {
     page.TextOutInch(sample.SampleNo, 1.35, textY);
     page.TextOutInch(sample.LabSampleId, 2.6, textY);
     page.TextOutInch(sample.LabFileId, 3.85, textY);
-    page.TextOutInch(CharacterRange(sample.Analyzed, 1, 10), 5.1, textY);
-    page.TextOutInch(CharacterRange(sample.Analyzed, 12, 27), 6.35, textY);
+    page.TextOutInch(sample.DateAnalyzed, 5.1, textY);
+    page.TextOutInch(sample.TimeAnalyzed, 6.35, textY);
     page.TextOutInch(sample.Flag, 7.05, y + 0.04);
 }
 
@@ -147,26 +148,30 @@ bool PrintPage(Page& page, const Form5Content& content, std::size_t& row) {
 
 }  // namespace
 
-void Form5IPCClick(FormHost& host) {
+std::optional<Form5Content> PrepareForm5(FormHost& host) {
     if (!LabBlankSpecified(host)) {
-        return;
+        return std::nullopt;
     }
     const auto record = CheckAndAsk(host, "Form 5", EntryDialog::kTune);
     if (!record) {
-        return;
+        return std::nullopt;
     }
     const TuneEntry& tune = host.Entries().Tune;
     const std::optional<DateTime> injection = InjectionDateTime(tune);
     if (!injection) {
         host.Show(DateTimeFormatMessage());
-        return;
+        return std::nullopt;
     }
     if (!AnalysisDatesReadable(host, 0)) {
-        return;
+        return std::nullopt;
     }
-    const Form5Content content =
-        BuildForm5Content(*host.Batch().SampleList, *record, tune, *injection);
-    host.Page().PrintDocument("Form 5 " + content.SampleNo, content, PrintPage);
+    return BuildForm5Content(*host.Batch().SampleList, *record, tune, *injection);
+}
+
+void Form5IPCClick(FormHost& host) {
+    if (const auto content = PrepareForm5(host)) {
+        host.Page().PrintDocument("Form 5 " + content->SampleNo, *content, PrintPage);
+    }
 }
 
 }  // namespace qfr

@@ -20,12 +20,12 @@ Form5Content BuildForm5Content(const SampleListType& samples, std::size_t header
     return content;
 }
 
-std::array<std::string, TuneEntry::kIons> FlagTuneValues(const TuneEntry& tune) {
-    std::array<std::string, TuneEntry::kIons> values;
+Form5Content::AbundanceList FlagTuneValues(const TuneEntry& tune) {
+    Form5Content::AbundanceList values;
     for (std::size_t i = 0; i < values.size(); ++i) {
         const std::optional<double> abundance = ParseNumber(tune.Abundances[i]);
         const bool outside = abundance && !kTuneIons[i].Accepts(*abundance);
-        values[i] = tune.Abundances[i] + (outside ? "  *" : "    ");
+        values[i] = {tune.Abundances[i], outside ? "*" : ""};
     }
     return values;
 }

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -13,10 +14,16 @@ namespace qfr {
 
 // The sample number is the tune's.
 struct Form5Content : FormContent {
+    struct Abundance {
+        std::string Percent;  // as typed
+        std::string Flag;     // "*": outside the ion's range
+        bool operator==(const Abundance&) const = default;
+    };
+    using AbundanceList = std::array<Abundance, TuneEntry::kIons>;  // in the order of kTuneIons
     std::string LabFileId;
     std::string InjectionDate;
     std::string InjectionTime;
-    std::array<std::string, TuneEntry::kIons> Abundances;  // flagged, in the order of kTuneIons
+    AbundanceList Abundances;
     std::vector<ListedSample> Samples;
 };
 
@@ -24,11 +31,14 @@ struct Form5Content : FormContent {
 Form5Content BuildForm5Content(const SampleListType& samples, std::size_t headerRecord,
                                const TuneEntry& tune, DateTime injection);
 
-// The tune's abundances as they print: "  *" follows one that is outside its ion's range, four
-// blanks follow the others.
-std::array<std::string, TuneEntry::kIons> FlagTuneValues(const TuneEntry& tune);
+// The tune's abundances, with those that are outside their ion's range flagged.
+Form5Content::AbundanceList FlagTuneValues(const TuneEntry& tune);
 
-// The driver: asks for what the form needs and prints it for the batch.
+// Asks for what the form needs: what it would print for the batch; absent after a message, or when
+// the dialog was cancelled.
+std::optional<Form5Content> PrepareForm5(FormHost& host);
+
+// The driver: prints that.
 void Form5IPCClick(FormHost& host);
 
 }  // namespace qfr

@@ -189,34 +189,40 @@ bool PrintPage(Page& page, const Form6Content& content, std::size_t& row) {
 
 }  // namespace
 
-void Form6CIDClick(FormHost& host) {
+std::optional<Form6Content> PrepareForm6(FormHost& host) {
     const Batch& batch = host.Batch();
     const std::string name = Trim(batch.Files.Calib);
     if (name.empty()) {
         host.Show({"Please use Data Files|Load Files menu option and specify a calibration file.",
                    kCalibrationNotSpecifiedTitle});
-        return;
+        return std::nullopt;
     }
     const auto report = OpenCalibration<CalibrationReport>(
         host, name,
         "Please use Data Files|Load Files menu option and verify the calibration file.");
     if (!report) {
-        return;
+        return std::nullopt;
     }
     InitialCalibrationEntry& entry = host.Entries().InitialCalibration;
     host.LevelCount() =
         ReadCalibrationDataFiles(report, host.Reports(), host.Flags().InitCalEntered, entry, host);
     const auto record = CheckAndAsk(host, "Form 6", EntryDialog::kInitialCalibration);
     if (!record) {
-        return;
+        return std::nullopt;
     }
-    const auto content = BuildForm6Content((*batch.SampleList)[*record].Header, *report,
-                                           host.LevelCount(), entry, host);
+    auto content = BuildForm6Content((*batch.SampleList)[*record].Header, *report,
+                                     host.LevelCount(), entry, host);
     if (!content) {
-        return;
+        return std::nullopt;
     }
     TellOfDamage(*report, name, host);
-    host.Page().PrintDocument("Form 6", *content, PrintPage, IsLandscape(*content));
+    return content;
+}
+
+void Form6CIDClick(FormHost& host) {
+    if (const auto content = PrepareForm6(host)) {
+        host.Page().PrintDocument("Form 6", *content, PrintPage, IsLandscape(*content));
+    }
 }
 
 }  // namespace qfr

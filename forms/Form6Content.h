@@ -32,7 +32,11 @@ std::optional<Form6Content> BuildForm6Content(const SampleHeader& header,
                                               const InitialCalibrationEntry& entry,
                                               Messages& messages);
 
-// The driver: asks for what the form needs and prints it for the batch.
+// Asks for what the form needs: what it would print for the batch; absent after a message, or when
+// the dialog was cancelled.
+std::optional<Form6Content> PrepareForm6(FormHost& host);
+
+// The driver: prints that.
 void Form6CIDClick(FormHost& host);
 
 }  // namespace qfr

@@ -130,7 +130,7 @@ std::optional<Form7Content> ReadContent(FormHost& host, const SampleHeader& head
 
 }  // namespace
 
-void Form7CCDClick(FormHost& host) {
+std::optional<Form7Content> PrepareForm7(FormHost& host) {
     const Batch& batch = host.Batch();
     const std::string calibrationName = Trim(batch.Files.Calib);
     const std::string checkName = Trim(batch.Files.CheckCal);
@@ -139,7 +139,7 @@ void Form7CCDClick(FormHost& host) {
             {"Please use Data Files|Load Files menu option to specify\nan initial calibration "
              "file and a continuing\ncalibration file.",
              kCalibrationNotSpecifiedTitle});
-        return;
+        return std::nullopt;
     }
     const auto openCheck = [&host, &checkName](bool onceMore) {
         return OpenCalibration<CheckReport>(host, checkName,
@@ -149,7 +149,7 @@ void Form7CCDClick(FormHost& host) {
     };
     const auto standardCheck = openCheck(false);
     if (!standardCheck) {
-        return;
+        return std::nullopt;
     }
     ReadCheckStandardInfo(standardCheck, host.Reports(), host.Entries().ContinuingCalibration);
     const auto calibration = OpenCalibration<CalibrationReport>(
@@ -157,7 +157,7 @@ void Form7CCDClick(FormHost& host) {
         "Please use Data Files|Load Files menu option to specify\nan initial calibration "
         "file.  Print Form 6\nbefore 7 to obtain calibration times");
     if (!calibration) {
-        return;
+        return std::nullopt;
     }
     // On purpose: the raw data files of the initial calibration are not read here. Its dates are
     // those that Form VI left or that the user typed, even when there are none yet.
@@ -165,14 +165,15 @@ void Form7CCDClick(FormHost& host) {
     // The dialog may have asked to recreate the report.
     const auto check = record ? openCheck(true) : FileContent<CheckReport>();
     if (!check) {
-        return;
+        return std::nullopt;
     }
-    const auto content =
-        ReadContent(host, (*batch.SampleList)[*record].Header, *calibration, *check);
-    if (!content) {
-        return;
+    return ReadContent(host, (*batch.SampleList)[*record].Header, *calibration, *check);
+}
+
+void Form7CCDClick(FormHost& host) {
+    if (const auto content = PrepareForm7(host)) {
+        host.Page().PrintDocument("Form 7 " + Trim(content->SampleNo), *content, PrintPage);
     }
-    host.Page().PrintDocument("Form 7 " + Trim(content->SampleNo), *content, PrintPage);
 }
 
 }  // namespace qfr

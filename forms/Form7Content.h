@@ -2,6 +2,7 @@
 // keep.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -39,7 +40,11 @@ Form7Content BuildForm7Content(const SampleHeader& header,
                                const CheckReport& check, const std::vector<RFCriterion>& criteria,
                                const ContinuingCalibrationEntry& entry);
 
-// The driver: asks for what the form needs and prints it for the batch.
+// Asks for what the form needs: what it would print for the batch; absent after a message, or when
+// the dialog was cancelled.
+std::optional<Form7Content> PrepareForm7(FormHost& host);
+
+// The driver: prints that.
 void Form7CCDClick(FormHost& host);
 
 }  // namespace qfr

@@ -140,14 +140,14 @@ constexpr char kNotOpened[] =
 
 }  // namespace
 
-void Form8ARTClick(FormHost& host) {
+std::optional<Form8Content> PrepareForm8(FormHost& host) {
     const Batch& batch = host.Batch();
     if (!FilesSpecified(batch)) {
         host.Show(
             {"Please use the Data Files|Load menu options to specify\na lab blank and "
              "quantitation files.",
              "Required Files Missing"});
-        return;
+        return std::nullopt;
     }
     const std::string calibrationName = Trim(batch.Files.Calib);
     const std::string checkName = Trim(batch.Files.CheckCal);
@@ -156,14 +156,14 @@ void Form8ARTClick(FormHost& host) {
             {"Please use Data Files|Load menu option to specify\nan initial calibration file "
              "and a continuing\ncalibration file.",
              kCalibrationNotSpecifiedTitle});
-        return;
+        return std::nullopt;
     }
     Reports& reports = host.Reports();
     FileContent<CalibrationReport> calibration;
     if (!calibrationName.empty()) {
         calibration = OpenCalibration<CalibrationReport>(host, calibrationName, kNotOpened);
         if (!calibration) {
-            return;
+            return std::nullopt;
         }
         host.LevelCount() =
             ReadCalibrationDataFiles(calibration, reports, host.Flags().InitCalEntered,
@@ -173,24 +173,30 @@ void Form8ARTClick(FormHost& host) {
     if (!checkName.empty()) {
         check = OpenCalibration<CheckReport>(host, checkName, kNotOpened);
         if (!check) {
-            return;
+            return std::nullopt;
         }
     }
     const auto record = CheckAndAsk(host, "Form 8", EntryDialog::kStandardSummary);
     if (!record) {
-        return;
+        return std::nullopt;
     }
-    const auto content = BuildForm8Content(batch, *record, check ? &*check : nullptr,
-                                           calibration ? &*calibration : nullptr, host.LevelCount(),
-                                           host.Entries().StandardSummary, reports, host);
+    auto content = BuildForm8Content(batch, *record, check ? &*check : nullptr,
+                                     calibration ? &*calibration : nullptr, host.LevelCount(),
+                                     host.Entries().StandardSummary, reports, host);
     if (!content) {
-        return;
+        return std::nullopt;
     }
     if (!check) {
         TellOfDamage(*calibration, calibrationName, host);
     }
     host.Flags().Form8DataReady = true;
-    host.Page().PrintDocument("Form 8 " + content->SampleNo, *content, PrintPage);
+    return content;
+}
+
+void Form8ARTClick(FormHost& host) {
+    if (const auto content = PrepareForm8(host)) {
+        host.Page().PrintDocument("Form 8 " + content->SampleNo, *content, PrintPage);
+    }
 }
 
 }  // namespace qfr

@@ -67,7 +67,11 @@ std::string ShiftText(std::string_view text, double offset, int decimals);
 // be compared because one of the three is empty or no number.
 bool OutsideLimits(std::string_view value, std::string_view lower, std::string_view upper);
 
-// The driver: asks for what the form needs and prints it for the batch.
+// Asks for what the form needs: what it would print for the batch; absent after a message, or when
+// the dialog was cancelled.
+std::optional<Form8Content> PrepareForm8(FormHost& host);
+
+// The driver: prints that.
 void Form8ARTClick(FormHost& host);
 
 }  // namespace qfr

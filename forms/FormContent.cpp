@@ -66,9 +66,10 @@ std::vector<ListedSample> ListSamples(const SampleListType& samples, std::size_t
     for (std::size_t i = first; i < samples.size(); ++i) {
         const SampleHeader& sample = samples[i].Header;
         const std::string& analyzed = sample[HeaderField::kDateAnalyzed];
+        const std::string printed = PrintableDate(analyzed);
         listed.push_back({sample[HeaderField::kZovSampleNo], sample[HeaderField::kLabSampleId],
-                          sample[HeaderField::kLabFileId], PrintableDate(analyzed),
-                          TwelveHourFlag(analyzed, start)});
+                          sample[HeaderField::kLabFileId], printed, CharacterRange(printed, 1, 10),
+                          CharacterRange(printed, 12, 27), TwelveHourFlag(analyzed, start)});
     }
     return listed;
 }

@@ -34,6 +34,8 @@ struct ListedSample {
     std::string LabSampleId;
     std::string LabFileId;
     std::string Analyzed;
+    std::string DateAnalyzed;  // the two parts of it
+    std::string TimeAnalyzed;
     std::string Flag;  // of the twelve hours within which it has to be analysed
 };
 // The samples from index `first` on; their twelve hours begin at `start`.

@@ -1,18 +1,11 @@
 #include "forms/FormList.h"
 
 #include <algorithm>
+#include <type_traits>
 
 #include "data/CalibrationEntryRules.h"
 #include "data/EntryTables.h"
 #include "data/TuneRules.h"
-#include "forms/Form1TicContent.h"
-#include "forms/Form1VoaContent.h"
-#include "forms/Form2Content.h"
-#include "forms/Form4Content.h"
-#include "forms/Form5Content.h"
-#include "forms/Form6Content.h"
-#include "forms/Form7Content.h"
-#include "forms/Form8Content.h"
 
 namespace qfr {
 
@@ -72,27 +65,42 @@ std::optional<EntryFault> OnOkSummary(FormHost& host) {
     return AcceptStandardSummary(host.Entries(), host.Batch(), host.Reports(), host);
 }
 
+template <auto prepare>
+std::optional<AnyFormContent> Prepare(FormHost& host, std::size_t record) {
+    if constexpr (std::is_invocable_v<decltype(prepare), FormHost&>) {
+        return prepare(host);
+    } else {
+        return prepare(host, record);
+    }
+}
+
 constexpr FormRow kRows[] = {
-    {"1", "Form I VOA", "Form &1 Volatile Organics Analysis", "Ctrl+1", PrintFormIVoa, nullptr},
+    {"1", "Form I VOA", "Form &1 Volatile Organics Analysis", "Ctrl+1", PrintFormIVoa, nullptr,
+     Prepare<PrepareForm1Voa>},
     {"tic", "Form I VOA-TIC", "Form 1 &Tentative Identified Compounds", "Ctrl+T", PrintFormITic,
-     nullptr, true},
+     nullptr, Prepare<PrepareForm1Tic>, true},
     {"2", "Form II, monitoring compound recovery", "Form &2 Monitoring Compound Recovery", "Ctrl+2",
-     nullptr, Form2MCRClick, false, kRecoveryRanges, ShowAsItIs, Check<kRecoveryRanges>},
+     nullptr, Form2MCRClick, Prepare<PrepareForm2>, false, kRecoveryRanges, ShowAsItIs,
+     Check<kRecoveryRanges>},
     {"4", "Form IV, method blank summary", "Form &4 Method Blank Summary", "Ctrl+4", nullptr,
-     Form4MBSClick, false, kBlankComments, ShowAsItIs, OnOkComments},
+     Form4MBSClick, Prepare<PrepareForm4>, false, kBlankComments, ShowAsItIs, OnOkComments},
     {"5", "Form V, instrument performance check", "Form &5 Instrument Performance Check", "Ctrl+5",
-     nullptr, Form5IPCClick, false, kTune, OnShowTune, Check<kTune>},
+     nullptr, Form5IPCClick, Prepare<PrepareForm5>, false, kTune, OnShowTune, Check<kTune>},
     {"6", "Form VI, initial calibration data", "Form &6 Initial Calibration Data", "Ctrl+6",
-     nullptr, Form6CIDClick, false, kInitialCalibration, OnShowInitial, OnOkInitial},
+     nullptr, Form6CIDClick, Prepare<PrepareForm6>, false, kInitialCalibration, OnShowInitial,
+     OnOkInitial},
     {"7", "Form VII, continuing calibration data", "Form &7 Cont. Cal. Data", "Ctrl+7", nullptr,
-     Form7CCDClick, false, kContinuingCalibration, OnShowContinuing, OnOkContinuing},
+     Form7CCDClick, Prepare<PrepareForm7>, false, kContinuingCalibration, OnShowContinuing,
+     OnOkContinuing},
     {"8", "Form VIII, internal standard summary", "Form &8 Internal Standard Summary", "Ctrl+8",
-     nullptr, Form8ARTClick, false, kStandardSummary, OnShowSummary, OnOkSummary},
+     nullptr, Form8ARTClick, Prepare<PrepareForm8>, false, kStandardSummary, OnShowSummary,
+     OnOkSummary},
 };
 
 constexpr bool IsWhole(const FormRow& form) {
     const bool hasEntry = form.entry.has_value();
-    return (form.printSample == nullptr) != (form.printBatch == nullptr) &&
+    return form.prepare != nullptr &&
+           (form.printSample == nullptr) != (form.printBatch == nullptr) &&
            hasEntry == (form.printBatch != nullptr) && hasEntry == (form.onShow != nullptr) &&
            hasEntry == (form.onOk != nullptr);
 }

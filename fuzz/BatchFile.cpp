@@ -1,4 +1,5 @@
-// A batch file: what can be restored can be printed, and what is saved of it restores to the same.
+// A batch file: what can be restored can be printed and reviewed, and what is saved of it restores
+// to the same.
 
 #include "app/BatchFile.h"
 
@@ -18,6 +19,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
     }
     laboratory.Print(*batch, qfr::fuzz::AllForms());
+    laboratory.Review(*batch);
     // A file cut short is restored with names missing, and is not restored once it is saved so.
     const std::string saved = SaveBatch(batch->Batch, batch->Entries);
     const auto again = restore(saved);

@@ -5,6 +5,7 @@
 #include <utility>
 #include <variant>
 
+#include "app/BatchReview.h"
 #include "app/HeadlessHost.h"
 #include "forms/Form1TicContent.h"
 #include "forms/Form1VoaContent.h"
@@ -78,6 +79,13 @@ void Laboratory::Print(const SavedBatch& batch, const std::vector<FormDriver>& f
     HeadlessHost host(batch, metrics, silence);
     for (const FormDriver form : forms) {
         form(host);
+    }
+}
+
+void Laboratory::Review(const SavedBatch& batch) {
+    BlockMetrics metrics;
+    for (const Finding& finding : ReviewAsPrinted(batch, 0, metrics, {})) {
+        FindingLine(finding, batch.Batch);
     }
 }
 

@@ -51,6 +51,8 @@ class Laboratory {
     // Prints forms of the batch with the rules of the entry dialogs.
     static void Print(const SavedBatch& batch, const std::vector<FormDriver>& forms);
     void Print(const std::vector<FormDriver>& forms) const { Print(example_, forms); }
+    // Reviews the batch, which prints all its forms.
+    static void Review(const SavedBatch& batch);
 
   private:
     std::filesystem::path directory_;

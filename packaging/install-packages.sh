@@ -10,8 +10,8 @@ packagesFor() {
     case "$1" in
         build)
             echo cmake ninja-build g++ ccache qt6-base-dev libcups2-dev libqpdf-dev zlib1g-dev \
-                libharfbuzz-dev libfontconfig-dev pkgconf libchm-dev libcli11-dev fp-utils \
-                fonts-dejavu-core fonts-liberation ;;
+                libharfbuzz-dev libfontconfig-dev pkgconf libchm-dev libcli11-dev nlohmann-json3-dev \
+                fp-utils fonts-dejavu-core fonts-liberation ;;
         test)
             echo libgtest-dev libgmock-dev poppler-utils qpdf cups printer-driver-cups-pdf xvfb \
                 openbox dbus at-spi2-core python3-pyatspi imagemagick parallel ;;

@@ -97,7 +97,7 @@ for command in qfrforms qfrbatch; do
     warnings=$(man --warnings --encoding=UTF-8 --local-file "$page" 2>&1 >"$work/$command.txt")
     [ -z "$warnings" ] || fail "$warnings"
 done
-for command in load print show; do
+for command in load print show check export; do
     "$tree/usr/bin/qfrbatch" "$command" --help | grep -oE '(^| )--?[a-z-]+' | sort -u >"$work/options"
     while read -r option; do
         grep -q -e "$option" "$work/qfrbatch.txt" || fail "qfrbatch(1) lacks $option of $command"

@@ -59,7 +59,7 @@ struct OpenRequest {
     bool multiSelect = false;
 };
 
-enum class SaveKind { kBatch, kLaboratoryFile, kPdf };
+enum class SaveKind { kBatch, kLaboratoryFile, kPdf, kValues };
 
 struct SaveRequest {
     SaveKind kind = SaveKind::kBatch;
@@ -80,8 +80,11 @@ class FileChooser {
     virtual std::optional<ChosenFiles> Open(const OpenRequest& request) = 0;
     // Absent when the user cancelled. The user has agreed to replace a file that exists, and once
     // more where it is read-only; the kind's
-    // extension (".qff", ".txt", ".pdf") is added to a name that has none.
+    // extension (".qff", ".txt", ".pdf", ".json") is added to a name that has none.
     virtual std::optional<ChosenFiles> Save(const SaveRequest& request) = 0;
+    // A folder that exists, maybe since a moment ago, to put files into; its full path. Absent when
+    // the user cancelled. `directory`: to start in.
+    virtual std::optional<std::string> Folder(const std::string& directory) = 0;
 };
 
 }  // namespace qfr

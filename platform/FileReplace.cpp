@@ -43,6 +43,77 @@ fs::path LinkTarget(fs::path path, std::error_code& error) {
     return path;
 }
 
+// One file on its way to its target. What has not taken its place goes with this.
+class Replacement {
+  public:
+    Replacement() = default;
+    ~Replacement() {
+        if (!temporary_.empty()) {
+            std::error_code ignored;
+            fs::remove(temporary_, ignored);
+        }
+    }
+    Replacement(const Replacement&) = delete;
+    Replacement& operator=(const Replacement&) = delete;
+
+    // To the disk, beside the target; a device is written to at once. The reason of a failure.
+    std::optional<std::string> Write(const fs::path& target, const ContentPieces& content,
+                                     ReadOnlyFile readOnly);
+    std::optional<std::string> TakePlace();
+
+  private:
+    fs::path Folder() const { return file_.has_parent_path() ? file_.parent_path() : "."; }
+
+    fs::path file_;
+    fs::path temporary_;  // empty: there is none
+};
+
+std::optional<std::string> Replacement::Write(const fs::path& target, const ContentPieces& content,
+                                              ReadOnlyFile readOnly) {
+    std::error_code error;
+    std::optional<std::error_code> written = WriteThrough(target, content);
+    file_ = written ? target : LinkTarget(target, error);
+    if (!written && !error) {
+        written = WriteThrough(file_, content);
+    }
+    error = written.value_or(error);
+    if (written || error) {
+        return error ? std::optional(error.message()) : std::nullopt;
+    }
+    if (readOnly == ReadOnlyFile::kStays && IsReadOnly(file_)) {
+        return "The file is read-only.";
+    }
+    std::error_code ignored;
+    const fs::file_status status = fs::status(file_, ignored);
+    if (fs::exists(status) && !fs::is_regular_file(status)) {
+        // A rename would put a plain file in the place of a device.
+        const auto reason = fs::is_directory(status) ? std::errc::is_a_directory
+                                                     : std::errc::operation_not_supported;
+        return std::make_error_code(reason).message();
+    }
+    temporary_ = Folder() / TemporaryName();
+    error = WriteNewFile(temporary_, file_, content);
+    return error ? std::optional(error.message()) : std::nullopt;
+}
+
+ContentPieces Whole(std::string_view content) {
+    return [content](const PutPiece& put) { return put(content); };
+}
+
+std::optional<std::string> Replacement::TakePlace() {
+    if (temporary_.empty()) {
+        return std::nullopt;
+    }
+    std::error_code error;
+    fs::rename(temporary_, file_, error);
+    if (error) {
+        return error.message();
+    }
+    temporary_.clear();
+    FlushFolder(Folder());
+    return std::nullopt;
+}
+
 }  // namespace
 
 void RemoveLeftovers(const fs::path& folder) {
@@ -69,44 +140,29 @@ bool AgreesToReplace(const fs::path& target, Messages& messages) {
 
 std::optional<std::string> ReplaceFile(const fs::path& target, std::string_view content,
                                        ReadOnlyFile readOnly) {
-    return ReplaceFile(
-        target, [content](const PutPiece& put) { return put(content); }, readOnly);
+    return ReplaceFile(target, Whole(content), readOnly);
 }
 
 std::optional<std::string> ReplaceFile(const fs::path& target, const ContentPieces& content,
                                        ReadOnlyFile readOnly) {
-    std::error_code error;
-    std::optional<std::error_code> written = WriteThrough(target, content);
-    const fs::path file = written ? target : LinkTarget(target, error);
-    if (!written && !error) {
-        written = WriteThrough(file, content);
+    Replacement replacement;
+    const auto failure = replacement.Write(target, content, readOnly);
+    return failure ? failure : replacement.TakePlace();
+}
+
+std::optional<WriteFailure> ReplaceFiles(const std::vector<NewFile>& files, ReadOnlyFile readOnly) {
+    std::vector<Replacement> replacements(files.size());
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        if (auto failure =
+                replacements[i].Write(files[i].Target, Whole(files[i].Content), readOnly)) {
+            return WriteFailure{files[i].Target, *std::move(failure)};
+        }
     }
-    error = written.value_or(error);
-    if (written || error) {
-        return error ? std::optional(error.message()) : std::nullopt;
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        if (auto failure = replacements[i].TakePlace()) {
+            return WriteFailure{files[i].Target, *std::move(failure)};
+        }
     }
-    if (readOnly == ReadOnlyFile::kStays && IsReadOnly(file)) {
-        return "The file is read-only.";
-    }
-    std::error_code ignored;
-    const fs::file_status status = fs::status(file, ignored);
-    if (fs::exists(status) && !fs::is_regular_file(status)) {
-        // A rename would put a plain file in the place of a device.
-        const auto reason = fs::is_directory(status) ? std::errc::is_a_directory
-                                                     : std::errc::operation_not_supported;
-        return std::make_error_code(reason).message();
-    }
-    const fs::path folder = file.has_parent_path() ? file.parent_path() : fs::path(".");
-    const fs::path temporary = folder / TemporaryName();
-    error = WriteNewFile(temporary, file, content);
-    if (!error) {
-        fs::rename(temporary, file, error);
-    }
-    if (error) {
-        fs::remove(temporary, ignored);
-        return error.message();
-    }
-    FlushFolder(folder);
     return std::nullopt;
 }
 

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/HostSystem.h"
 #include "platform/Messages.h"
@@ -36,5 +37,18 @@ std::optional<std::string> ReplaceFile(const std::filesystem::path& target,
 std::optional<std::string> ReplaceFile(const std::filesystem::path& target,
                                        std::string_view content,
                                        ReadOnlyFile readOnly = ReadOnlyFile::kStays);
+
+struct NewFile {
+    std::filesystem::path Target;
+    std::string Content;
+};
+struct WriteFailure {
+    std::filesystem::path Target;
+    std::string Reason;
+};
+
+// The same for files that belong together: none takes its place before all of them are on disk.
+std::optional<WriteFailure> ReplaceFiles(const std::vector<NewFile>& files,
+                                         ReadOnlyFile readOnly = ReadOnlyFile::kStays);
 
 }  // namespace qfr

@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace qfr {
@@ -46,6 +47,20 @@ class Messages {
     virtual void Show(const Message& message) = 0;
     // Asks with Yes and No buttons; true for Yes.
     virtual bool AskYesNo(const Message& question) = 0;
+};
+
+// Keeps what is said, a line each, until somebody asks for it. Nobody answers a question: No.
+class KeptMessages : public Messages {
+  public:
+    void Show(const Message& message) override { kept_.push_back(AsLine(message)); }
+    bool AskYesNo(const Message& question) override {
+        Show(question);
+        return false;
+    }
+    std::vector<std::string> Take() { return std::exchange(kept_, {}); }
+
+  private:
+    std::vector<std::string> kept_;
 };
 
 }  // namespace qfr

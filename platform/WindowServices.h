@@ -14,6 +14,7 @@ namespace qfr {
 inline constexpr const char* kHelpTopicProperty = "helpTopic";
 inline constexpr int kPrintAllHelpTopic = 170;
 inline constexpr int kPrintingHelpTopic = 180;
+inline constexpr int kReviewHelpTopic = 190;
 
 class WindowServices {
   public:

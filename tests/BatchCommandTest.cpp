@@ -138,6 +138,7 @@ TEST_F(BatchCommand, AnswersAsApproved) {
     dir_.Write("a;b.prn", "");
     dir_.Write("short.txt", std::string(12, '\n'));
     dir_.Write("semicolon.txt", "Lab; Inc." + std::string(13, '\n'));
+    dir_.Write("limits.txt", "# ours\nmin-levels = 0\n");
     dir_.Write("empty.qff", "QFRForms\n\n\n\n/b.prn\n0\n/d.cal\n/d.check\n0\n0\n\n;1;\n");
     const auto odd = [this](const std::string& name, const std::string& header) {
         dir_.Write(name, ReportText{.header = header}.Text());
@@ -168,17 +169,43 @@ TEST_F(BatchCommand, AnswersAsApproved) {
                                           HasSubstr(";" + std::string(400, 'y') + ";")));
     EXPECT_THAT(Run("load -o no/x.qff a.prn"),
                 StartsWith("File Error: x.qff could not be written.\nqfrbatch: "));
+    EXPECT_THAT(Run("export oil.qff --format csv -o short.txt"),
+                AllOf(HasSubstr(" oil limits "), HasSubstr("short.txt could not be written.\n")));
     EXPECT_THAT(Print("day.qff --forms 1 --output-dir a.prn"),
                 StartsWith("File Error: a.prn could not be written.\n"));
 }
 
 TEST_F(BatchCommand, Helps) {
     EXPECT_THAT(Run(""), HasSubstr("Exit status:"));
-    for (const std::string command : {"", " load", " print", " show"}) {
+    for (const std::string command :
+         {"", " load", " print", " show", " check", " export"}) {
         EXPECT_THAT(
             Run(command + (command.empty() ? "" : " --nonsense") + " --help"),
             AllOf(StartsWith("[0]"), HasSubstr("Usage: qfrbatch" + command + " [OPTIONS]")));
     }
+}
+
+TEST_F(BatchCommand, WritesFindingsAsJson) {
+    EXPECT_THAT(Run("check day.qff --format json"),
+                AllOf(StartsWith("[1]{\n  \"batches\": [\n    {\n      \"batch\": \"day.qff\",\n"),
+                      HasSubstr(R"(        {
+          "rule": "header.sample-twice",
+          "severity": "error",
+          "form": "1",
+          "samples": [
+            "S1"
+          ],
+          "subject": "",
+          "sentence": "c.prn has the sample number of b.prn.",
+          "why": "Samples are told from each other by their number alone.",
+          "mend": {
+            "where": "Form 1 Header, ZOV Sample No.",
+            "control": "ZOVComboBox",
+            "row": 0
+          }
+        },)")));
+    platform_.startFailure = "no typeface";
+    EXPECT_EQ(Run("check day.qff"), "qfrbatch: no typeface\n[2]");
 }
 
 TEST_F(BatchCommand, NamesTheBatchOfSeveral) {
@@ -257,6 +284,9 @@ TEST_F(BatchCommand, EndsBetweenTwoJobsWhenItIsAskedTo) {
     const std::string ended = "qfrbatch: ended before all was done\n[1]";
     platform_.worksFor = 1;
     EXPECT_EQ(Print("day.qff --forms 1 -o x.pdf"), ended);
+    platform_.worksFor = 1;
+    EXPECT_THAT(Run("export day.qff --format csv -o new"), testing::EndsWith(ended));
+    EXPECT_FALSE(fs::exists("new"));
     platform_.worksFor = 2;  // files
     EXPECT_EQ(Run("print day.qff --forms 1 --output-dir new"), ended);
     EXPECT_EQ(std::distance(fs::directory_iterator("new"), {}), 2);

@@ -19,7 +19,7 @@ Exit status:
   1  something was left out, because a report was rejected, a form was refused, a file
      could not be written, or a new batch lacks a report that it cannot be restored
      without; the rest was done. Or a form was printed, and a message says what is
-     wrong with it
+     wrong with it. Or check has found errors
   2  wrong usage, or a batch that cannot be restored; further batches were done
 Messages go to standard error.)";
 
@@ -166,6 +166,8 @@ int RunBatchCommand(const std::vector<std::string>& arguments, std::ostream& out
     AddLoadCommand(program, context);
     AddPrintCommand(program, context);
     AddShowCommand(program, context);
+    AddCheckCommand(program, context);
+    AddExportCommand(program, context);
     program.footer(kExitStatus);
 
     std::string name = "qfrbatch";

@@ -112,7 +112,9 @@ struct Context : Messages {
 };
 
 // Each declares its command, which runs as soon as its arguments are parsed.
+void AddCheckCommand(CLI::App& program, Context& context);
 void AddLoadCommand(CLI::App& program, Context& context);
+void AddExportCommand(CLI::App& program, Context& context);
 void AddPrintCommand(CLI::App& program, Context& context);
 void AddShowCommand(CLI::App& program, Context& context);
 

@@ -18,6 +18,8 @@ namespace qfr {
 namespace {
 
 constexpr std::array<FileFilter, 2> kPdfFilters = {{{"PDF Files (*.pdf)"}, {"All Files (*.*)"}}};
+constexpr std::array<FileFilter, 2> kValueFilters = {
+    {{"JSON Documents (*.json)"}, {"All Files (*.*)"}}};
 
 struct SaveShape {
     std::span<const FileFilter> filters;
@@ -30,6 +32,7 @@ constexpr SaveShape kSaveShapes[] = {
     {kSaveFilters, 0, "qff"},
     {kSaveFilters, 1, "txt"},
     {kPdfFilters, 0, "pdf"},
+    {kValueFilters, 0, "json"},
 };
 
 QString TextOf(std::string_view utf8) {
@@ -73,14 +76,16 @@ void NameLists(const QFileDialog& dialog) {
     }
 }
 
-// What the user chose; absent when he cancelled.
+// What the user chose; absent when he cancelled. A dialog for folders has no filters.
 std::optional<ChosenFiles> Run(QFileDialog& dialog, const QStringList& filters,
                                std::size_t filter) {
     // One dialog everywhere: it sorts, filters and asks alike on every desktop.
     dialog.setOption(QFileDialog::DontUseNativeDialog);
     dialog.setOption(QFileDialog::HideNameFilterDetails);
-    dialog.setNameFilters(filters);
-    dialog.selectNameFilter(filters[static_cast<qsizetype>(filter)]);
+    if (!filters.isEmpty()) {
+        dialog.setNameFilters(filters);
+        dialog.selectNameFilter(filters[static_cast<qsizetype>(filter)]);
+    }
     NameLists(dialog);
     const AskingCursor asking;
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
@@ -133,6 +138,15 @@ std::optional<ChosenFiles> QtFileChooser::Save(const SaveRequest& request) {
         RemoveLeftovers(PathOf(chosen->files.front()).parent_path());
     }
     return chosen;
+}
+
+std::optional<std::string> QtFileChooser::Folder(const std::string& directory) {
+    QFileDialog dialog(QApplication::activeWindow(), QStringLiteral("Choose Folder"),
+                       StartIn(directory));
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    const auto chosen = Run(dialog, {}, 0);
+    return chosen ? std::optional(chosen->files.front()) : std::nullopt;
 }
 
 }  // namespace qfr

@@ -12,6 +12,7 @@ class QtFileChooser : public FileChooser {
 
     std::optional<ChosenFiles> Open(const OpenRequest& request) override;
     std::optional<ChosenFiles> Save(const SaveRequest& request) override;
+    std::optional<std::string> Folder(const std::string& directory) override;
 
   private:
     Messages& messages_;

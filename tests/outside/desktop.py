@@ -2,13 +2,16 @@
 
 import contextlib
 import os
+import pathlib
 import shutil
 import signal
 import subprocess
 import sys
+import tempfile
 import time
 
 DEADLINE = 60  # seconds, for anything that is waited for; only a fault needs them all
+CONTROL_KEY = 37  # its code on every X server's keyboard
 SCALE = float(os.environ.get("QT_SCALE_FACTOR", "1"))
 
 
@@ -105,6 +108,37 @@ class Desktop:
         print("See also", self._pictures / "fault.png", self._log.name, file=sys.stderr)
 
 
+@contextlib.contextmanager
+def fresh_program(programs, pictures):
+    """The program, running, and its directory; both as freshly installed, in a home of its own."""
+    shutil.rmtree(pictures, ignore_errors=True)
+    pictures.mkdir(parents=True)
+    with tempfile.TemporaryDirectory() as temporary:
+        home = pathlib.Path(temporary)
+        fresh = shutil.copytree(programs, home / "program", ignore=shutil.ignore_patterns("*_tests"))
+        shutil.copy(pathlib.Path(__file__).parents[2] / "packaging" / "QFRpaths.txt", fresh)
+        desktop = Desktop(home, pictures)
+        try:
+            desktop.start()
+            yield Program(desktop, fresh / "qfrforms"), fresh
+        except (Unavailable, ImportError):
+            raise
+        except Exception:
+            desktop.report()
+            raise
+        finally:
+            desktop.end()
+
+
+def run_main(main):
+    signal.signal(signal.SIGTERM, lambda *_: sys.exit("Ended from outside"))
+    try:
+        main(*map(pathlib.Path, sys.argv[1:]))
+    except (Unavailable, ImportError) as reason:
+        print(f"Skipped, because there can be no desktop here: {reason}")
+        sys.exit(77)  # skipped, for ctest
+
+
 class Program:
     """The program, as assistive technology sees it."""
 
@@ -140,9 +174,9 @@ class Program:
         """The window, when the window manager has put it in its place and made it the active one."""
         return wait_for(f"{title} as active window", lambda: self._window(title, self._atspi.STATE_ACTIVE))
 
-    def window(self, title):
+    def window(self, title, picture=None):
         found = self._active(title)
-        self._desktop.picture(title)
+        self._desktop.picture(picture or title)
         return found
 
     def gone(self, title):
@@ -152,6 +186,13 @@ class Program:
         for caption in captions:
             self._active("QFR Forms")  # a click before would miss it
             self._click(self.find("menu item", caption))
+
+    def restore(self, batch):
+        self.menu("Data Files", "Restore Batch")
+        dialog = self.window("Open")
+        self.enter("File name:", batch, dialog)
+        self.press("Open", dialog)
+        self.find("label", "Headers complete: 10 of 10")
 
     def press(self, caption, window):
         self._act(self.find("push button", caption, window), "Press")
@@ -167,6 +208,19 @@ class Program:
 
     def enter(self, caption, text, window):
         self.find("text", caption, window).queryEditableText().setTextContents(text)
+
+    def has(self, role, name):
+        return self._look(role, name, self._root) is not None
+
+    def type(self, text):
+        """Over what the control that has the focus holds."""
+        send, events = self._atspi.Registry.generateKeyboardEvent, self._atspi
+        send(CONTROL_KEY, None, events.KEY_PRESS)
+        send(ord("a"), None, events.KEY_SYM)
+        send(CONTROL_KEY, None, events.KEY_RELEASE)
+        for character in text:
+            send(ord(character), None, events.KEY_SYM)
+            time.sleep(0.02)  # the next one may need another keyboard mapping
 
     def ended(self):
         return self._process.wait(timeout=DEADLINE)

@@ -2,14 +2,9 @@
 
 Everything is found by what a screen reader says of it, and the forms must be those that qfrbatch prints."""
 
-import pathlib
-import shutil
-import signal
 import subprocess
-import sys
-import tempfile
 
-from desktop import Desktop, Program, Unavailable
+from desktop import fresh_program, run_main
 
 # Menu command, its dialog, and what the form's file is called; a sample where one is chosen.
 FORMS = [
@@ -22,14 +17,6 @@ FORMS = [
     ("Form 7 Cont. Cal. Data", "Continuing Calibration Data Input", "Form 7 vstd050cc"),
     ("Form 8 Internal Standard Summary", "Internal Standard Summary Input", "Form 8 vstd050cc"),
 ]
-
-
-def restore_example(program):
-    program.menu("Data Files", "Restore Batch")
-    dialog = program.window("Open")
-    program.enter("File name:", "example.qff", dialog)
-    program.press("Open", dialog)
-    program.find("label", "Headers complete: 10 of 10")
 
 
 def choose_printer(program, printer):
@@ -81,28 +68,12 @@ def seen(pdf):
 
 
 def main(programs, pictures):
-    shutil.rmtree(pictures, ignore_errors=True)
-    pictures.mkdir(parents=True)
-    with tempfile.TemporaryDirectory() as temporary:
-        home = pathlib.Path(temporary)
-        # As freshly installed: nothing is remembered from other runs.
-        fresh = shutil.copytree(programs, home / "program", ignore=shutil.ignore_patterns("*_tests"))
-        shutil.copy(pathlib.Path(__file__).parents[2] / "packaging" / "QFRpaths.txt", fresh)
-        desktop = Desktop(home, pictures)
-        try:
-            desktop.start()
-            program = Program(desktop, fresh / "qfrforms")
-            restore_example(program)
-            for form in FORMS:
-                print_form(program, home, *form)
-            look_around(program)
-        except (Unavailable, ImportError):
-            raise
-        except Exception:
-            desktop.report()
-            raise
-        finally:
-            desktop.end()
+    with fresh_program(programs, pictures) as (program, fresh):
+        home = fresh.parent
+        program.restore("example.qff")
+        for form in FORMS:
+            print_form(program, home, *form)
+        look_around(program)
         subprocess.run([fresh / "qfrbatch", "print", fresh / "example" / "example.qff",
                         "--output-dir", home / "expected"], check=True)
         for _, _, name, *_ in FORMS:
@@ -110,9 +81,4 @@ def main(programs, pictures):
 
 
 if __name__ == "__main__":
-    signal.signal(signal.SIGTERM, lambda *_: sys.exit("Ended from outside"))
-    try:
-        main(*map(pathlib.Path, sys.argv[1:]))
-    except (Unavailable, ImportError) as reason:
-        print(f"Skipped, because there can be no desktop here: {reason}")
-        sys.exit(77)  # skipped, for ctest
+    run_main(main)

@@ -131,7 +131,8 @@ TEST_F(FileChooserTest, AddsTheExtensionOfTheKindToANameWithoutOne) {
     const std::tuple<SaveKind, std::string, const char*> kinds[] = {
         {SaveKind::kBatch, "|QFR Forms (*.qff)|Form 1", ".qff"},
         {SaveKind::kLaboratoryFile, "|Text Files (*.qff;*.txt)|Form 1", ".txt"},
-        {SaveKind::kPdf, "|PDF Files (*.pdf)|Form 1", ".pdf"}};
+        {SaveKind::kPdf, "|PDF Files (*.pdf)|Form 1", ".pdf"},
+        {SaveKind::kValues, "|JSON Documents (*.json)|Form 1", ".json"}};
     for (const auto& [kind, first, ending] : kinds) {
         const SaveRequest request{kind, TextOf(dir.Path()), "Form 1"};
         EXPECT_EQ(Chosen(&QtFileChooser::Save, request, "kept\r"), "/kept" + std::string(ending));
@@ -176,6 +177,19 @@ TEST_F(FileChooserTest, OpensOnTheFilterAndTellsTheOneItEndedWith) {
               "Quantitation Files (*.prn) (*.prn)|Calibration Files (*.cal) (*.cal)|"
               "Check Calib. Files (*.check) (*.check)|QFRForm File (*.qff) (*.qff)|"
               "Text Files (*.txt) (*.txt)|All Files (*.*) (*)");
+}
+
+TEST_F(FileChooserTest, TakesAFolderThatIsThere) {
+    std::filesystem::create_directory(dir.Path() / "tables");
+    for (const auto& [keys, folder] : {std::pair("tables\r", TextOf(dir.Path() / "tables")),
+                                       std::pair("tables\33", std::string())}) {
+        QTimer::singleShot(0, [keys = keys] {
+            WindowUser user;
+            user.Face(*QApplication::activeModalWidget());
+            user.Enter("fileNameEdit", keys);
+        });
+        EXPECT_EQ(QtFileChooser(log).Folder(TextOf(dir.Path())).value_or(""), folder);
+    }
 }
 
 using namespace ::testing;

@@ -128,6 +128,10 @@ class ChooserScript : public FileChooser {
         saved.push_back(request);
         return Answer(FileKind::kBatch);
     }
+    std::optional<std::string> Folder(const std::string& directory) override {
+        const auto chosen = Save({SaveKind::kValues, directory, "folder"});
+        return chosen ? std::optional(chosen->files.front()) : std::nullopt;
+    }
 
     std::deque<std::vector<std::string>> answers;
     std::vector<OpenRequest> opened;
