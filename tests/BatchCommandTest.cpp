@@ -43,7 +43,9 @@ class FakePlatform : public BatchPlatform {
     std::optional<std::string> Start() override { return startFailure; }
     TextMetrics& Metrics() override { return metrics_; }
     std::unique_ptr<PdfWriter> NewPdf() override { return std::make_unique<FakePdf>(forms); }
-    std::vector<std::string> Printers(std::string& /*reason*/) override { return {"Office", "Lab"}; }
+    std::vector<std::string> Printers(std::string& /*reason*/) override {
+        return {"Office", "Lab"};
+    }
     std::optional<std::string> PrintOnQueue(const PrintJob& job,
                                             const std::string& printer) override {
         printed.push_back(printer + ": " + job.title);
@@ -177,8 +179,7 @@ TEST_F(BatchCommand, AnswersAsApproved) {
 
 TEST_F(BatchCommand, Helps) {
     EXPECT_THAT(Run(""), HasSubstr("Exit status:"));
-    for (const std::string command :
-         {"", " load", " print", " show", " check", " export"}) {
+    for (const std::string command : {"", " load", " print", " show", " check", " export"}) {
         EXPECT_THAT(
             Run(command + (command.empty() ? "" : " --nonsense") + " --help"),
             AllOf(StartsWith("[0]"), HasSubstr("Usage: qfrbatch" + command + " [OPTIONS]")));
