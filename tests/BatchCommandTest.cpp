@@ -177,8 +177,7 @@ TEST_F(BatchCommand, AnswersAsApproved) {
 
 TEST_F(BatchCommand, Helps) {
     EXPECT_THAT(Run(""), HasSubstr("Exit status:"));
-    for (const std::string command :
-         {"", " load", " print", " show", " check", " export"}) {
+    for (const std::string command : {"", " load", " print", " show", " check", " export"}) {
         EXPECT_THAT(
             Run(command + (command.empty() ? "" : " --nonsense") + " --help"),
             AllOf(StartsWith("[0]"), HasSubstr("Usage: qfrbatch" + command + " [OPTIONS]")));
