@@ -313,7 +313,7 @@ std::vector<Finding> TQFRForm::Review() {
 
 void TQFRForm::ShowReview() {
     if (FilesSpecified(Batch())) {
-        review_->Open();
+        review_->ShowFindings();
     } else {
         Show({std::string(kSpecifyFiles), kFilesNotSpecifiedTitle});
     }

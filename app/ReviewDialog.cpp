@@ -85,7 +85,7 @@ ReviewDialog::ReviewDialog(TQFRForm& window)
 
 ReviewDialog::~ReviewDialog() = default;
 
-void ReviewDialog::Open() {
+void ReviewDialog::ShowFindings() {
     ui_->SeverityBox->setCurrentIndex(0);
     ui_->FormBox->setCurrentIndex(0);
     ui_->SampleBox->setCurrentIndex(0);

@@ -22,7 +22,7 @@ class ReviewDialog : public QDialog {
     ~ReviewDialog() override;
 
     // Reviews the batch and shows what was found.
-    void Open();
+    void ShowFindings();
     // The window to which it has led is closed: shows what is found now. Does nothing when it has
     // led to none.
     void ComeBack();

@@ -48,7 +48,7 @@ class EntryWindow : public QDialog {
 
 // Focuses the control of that name, if the window has it, ready to be typed over; in a grid the
 // cell of the row, from 1, in the current column.
-void FocusControl(QWidget& window, const std::string& control, int row);
+void FocusControl(QWidget& window, const std::string& name, int row);
 
 // Shows the fault's message and focuses the dialog's control, in a grid the cell of its row in the
 // current column. False when there is no fault.
