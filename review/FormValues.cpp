@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <span>
 #include <type_traits>
 #include <utility>
@@ -247,7 +248,7 @@ FormValues Describe(const Form1TicContent& content) {
         compounds.Columns.push_back({std::string(cell.name), cell.isNumber});
     }
     for (const TicEntry& entry : content.Entries) {
-        compounds.Rows.emplace_back(entry.cells.begin(), entry.cells.end());
+        std::ranges::copy(entry.cells, std::back_inserter(compounds.Rows.emplace_back()));
     }
     values.Tables = {std::move(compounds)};
     return values;
