@@ -26,7 +26,8 @@ std::optional<std::string> ChoosePlace(FormHost& window, FileChooser& chooser, E
     }
     auto folder = chooser.Folder(directory);
     const auto isThere = [&](const FormRow& form) {
-        return std::filesystem::exists(PathOf(*folder) / CsvName(form));
+        std::error_code unknown;
+        return std::filesystem::exists(PathOf(*folder) / CsvName(form), unknown);
     };
     if (folder && std::ranges::any_of(kForms, isThere) &&
         !window.AskYesNo({FileNameOnly(*folder) + " already holds exported values.\nReplace them?",

@@ -84,7 +84,8 @@ std::optional<WriteFailure> WriteValues(const std::vector<FormValues>& forms, Ex
     std::error_code failed;
     if (isFolder) {
         fs::create_directories(target, failed);
-        if (failed && !fs::is_directory(target)) {
+        std::error_code unknown;
+        if (failed && !fs::is_directory(target, unknown)) {
             return WriteFailure{target, failed.message()};
         }
     }

@@ -343,6 +343,8 @@ void TQFRForm::GoTo(const MendPlace& place, std::optional<std::size_t> record) {
             entryDialogs_.at(*place.Dialog)->SetPendingFocus(place.Control, place.Row);
             BeginRun();
             FormOf(*place.Dialog).prepare(*this, 0);
+            // Where the form has refused before, the next opening is not the review's.
+            entryDialogs_.at(*place.Dialog)->SetPendingFocus("", 0);
             break;
         }
     }

@@ -122,12 +122,16 @@ void ReviewDialog::OfferFilters() {
     QComboBox& box = *ui_->SampleBox;
     const QSignalBlocker blocker(box);
     const QString chosen = box.currentText();
+    const int index = box.currentIndex();
     box.clear();
     box.addItem("All samples");
     for (const SampleRecord& sample : SamplesOf(window_.Batch())) {
         box.addItem(QString::fromStdString(SampleName(sample)));
     }
-    box.setCurrentIndex(std::max(box.findText(chosen, Qt::MatchExactly), 0));
+    // Two samples may have the same number.
+    box.setCurrentIndex(index > 0 && box.itemText(index) == chosen
+                            ? index
+                            : std::max(box.findText(chosen, Qt::MatchExactly), 0));
 }
 
 void ReviewDialog::ShowFiltered() {

@@ -300,11 +300,17 @@ void CheckBelowMinimum(const Reviewed& batch, Findings& findings) {
 }
 
 void CheckWithoutCriteria(const Reviewed& batch, Findings& findings) {
+    const MendPlace place = EntryPlace(EntryDialog::kContinuingCalibration, "LimitEdit");
     for (const Form7Content::Compound& row : CheckedCompounds(batch)) {
         if (!row.Name.empty() && IsBlank(row.MinimumRF) && IsBlank(row.MaximumPercentD)) {
-            findings.AddBatch("The RF criteria file has no limits for it.",
-                              EntryPlace(EntryDialog::kContinuingCalibration, "LimitEdit"),
-                              row.Name);
+            findings.AddBatch("The RF criteria file has no limits for it.", place, row.Name);
+        }
+        for (const std::string& limit : {row.MinimumRF, row.MaximumPercentD}) {
+            if (!IsBlank(limit) && !ParseNumber(limit)) {
+                findings.AddBatch(
+                    "The limit " + Quoted(Trim(limit)) + " of the RF criteria file is no number.",
+                    place, row.Name);
+            }
         }
     }
 }

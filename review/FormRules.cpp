@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "data/EntryChecks.h"
 #include "data/EntryTables.h"
 #include "forms/FormList.h"
 #include "platform/Numbers.h"
@@ -193,14 +194,37 @@ MendPlace PlaceOfRefusal(const Reviewed& batch, const RecordedForm& form) {
         return HeaderPlace(
             FirstEmptyField(batch.Samples.front().Header).value_or(HeaderField::kLabName));
     }
-    if (title == "Analysis Date Not Specified") {
+    if (title == "Analysis Date Not Specified" || title == kIncorrectTimeFormat) {
         return HeaderPlace(HeaderField::kDateAnalyzed);  // of the lab blank, the first sample
     }
     if (title == "Lab Blank Not Specified") {
         return LabBlankPlace();
     }
-    return title.starts_with("Calibration File") && form.Form == "8" ? CalibrationFilePlace()
-                                                                     : FilesOf(form.Form);
+    // What is not there.
+    if (form.Form == "2" && !batch.Samples.empty()) {
+        return EntryPlace(EntryDialog::kRecoveryRanges, "FileEdit");
+    }
+    if (form.Form == "7" && batch.Check) {
+        return batch.Calibration ? EntryPlace(EntryDialog::kContinuingCalibration, "LimitEdit")
+                                 : CalibrationFilePlace();
+    }
+    if (form.Form == "8" && !(batch.Calibration && batch.Check)) {
+        return batch.Calibration ? CheckFilePlace() : CalibrationFilePlace();
+    }
+    return form.Form == "8" && !batch.Quant.empty() && !batch.Quant.front() ? LabBlankPlace()
+                                                                            : FilesOf(form.Form);
+}
+
+// The sample that a form is refused for; absent where it is not one.
+std::optional<std::size_t> SampleOfRefusal(const Reviewed& batch, const RecordedForm& form) {
+    if (!form.Messages.empty() && form.Messages.back().title == kIncorrectTimeFormat) {
+        for (std::size_t record = 0; record < batch.Samples.size(); ++record) {
+            if (!IsDateTimeText(batch.Header(record, HeaderField::kDateAnalyzed))) {
+                return record;
+            }
+        }
+    }
+    return form.Record;
 }
 
 // Comments without room and limits that came back otherwise are typed; the rest is about files.
@@ -208,7 +232,8 @@ MendPlace PlaceOfMessage(const RecordedForm& form, const Message& message) {
     return form.Form == "4" ? EntryPlace(EntryDialog::kBlankComments, "RichEdit1")
            : form.Form == "2" && message.title == "Warning"
                ? EntryPlace(EntryDialog::kRecoveryRanges, "FileEdit")
-               : FilesOf(form.Form);
+           : form.Form == "8" && message.title.starts_with("Calibration") ? CalibrationFilePlace()
+                                                                          : FilesOf(form.Form);
 }
 
 // What other rules say in more detail.
@@ -235,10 +260,15 @@ void Refused(const Reviewed& batch, const RecordedForm& form, Findings& findings
         return;
     }
     std::string sentence = "Does not print:";
-    for (const Message& message : form.Messages) {
-        sentence += " " + AsLine(message);
+    constexpr std::size_t kTold = 3;
+    for (std::size_t i = 0; i < std::min(form.Messages.size(), kTold); ++i) {
+        sentence += " " + AsLine(form.Messages[i]);
     }
-    findings.Add(form.Record, "", sentence, PlaceOfRefusal(batch, form), form.Form);
+    if (form.Messages.size() > kTold) {
+        sentence += " And " + std::to_string(form.Messages.size() - kTold) + " more messages.";
+    }
+    findings.Add(SampleOfRefusal(batch, form), "", sentence, PlaceOfRefusal(batch, form),
+                 form.Form);
 }
 
 void PrintsWithMessage(const Reviewed& /*batch*/, const RecordedForm& form, Findings& findings) {

@@ -263,7 +263,9 @@ void UnreadableDates(const Reviewed& batch, Findings& findings) {
     constexpr HeaderField kDates[] = {kDateReceived, kDateAnalyzed};
     for (std::size_t record = 0; record < batch.Samples.size(); ++record) {
         for (const HeaderField field : kDates) {
-            const std::string value = WithoutUnfilledTime(batch.Header(record, field));
+            // Only of the receipt the hour may be unknown.
+            const std::string& text = batch.Header(record, field);
+            const std::string value = field == kDateReceived ? WithoutUnfilledTime(text) : text;
             if (!IsUnfilled(value) && !DateTimeIn(value)) {
                 findings.AddSample(record, Is(field, value) + ", which is no date.",
                                    HeaderPlace(field));
@@ -297,7 +299,8 @@ void SampleTwice(const Reviewed& batch, Findings& findings) {
 
 void BlankAsSample(const Reviewed& batch, Findings& findings) {
     for (std::size_t record = 1; batch.Blanks() > 0 && record < batch.Samples.size(); ++record) {
-        if (batch.Samples[record].FileName == batch.Samples.front().FileName) {
+        if (LowerCase(batch.Samples[record].FileName) ==
+            LowerCase(batch.Samples.front().FileName)) {
             findings.AddSample(record,
                                "The lab blank's report " +
                                    FileNameOnly(batch.Samples[record].FileName) +

@@ -326,7 +326,11 @@ std::vector<Finding> ReviewBatch(const ReviewInput& input) {
 }
 
 void Findings::Add(std::optional<std::size_t> record, const std::string& subject,
-                   const std::string& sentence, const MendPlace& mend, std::string_view form) {
+                   const std::string& words, const MendPlace& mend, std::string_view form) {
+    // A message may list thousands of samples.
+    constexpr std::size_t kLongest = 1000;
+    const std::string_view kept = FirstCharacters(words, kLongest);
+    const std::string sentence = std::string(kept) + (kept.size() < words.size() ? " ..." : "");
     const auto [place, isNew] =
         places_.try_emplace({form, subject, sentence, mend.Control}, found_.size());
     if (isNew) {

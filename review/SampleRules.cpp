@@ -323,11 +323,20 @@ void RecoveryWithoutRange(const Reviewed& batch, Findings& findings) {
     if (!batch.Recoveries) {
         return;
     }
-    for (const Form2Content::Compound& compound : batch.Recoveries->Compounds) {
-        if (compound.Limits.empty()) {
+    const auto& compounds = batch.Recoveries->Compounds;
+    const auto isNamed = [](const Form2Content::Compound& compound) {
+        return !compound.Name.empty();
+    };
+    if (!compounds.empty() && std::ranges::none_of(compounds, isNamed)) {
+        findings.AddBatch(
+            "The first sample's report names no monitoring compounds: no recovery is compared.",
+            ReportPlace(batch, 0));
+        return;
+    }
+    for (const Form2Content::Compound& compound : compounds) {
+        if (isNamed(compound) && compound.Limits.empty()) {
             findings.AddBatch("The recovery ranges file has no range for it.",
-                              EntryPlace(EntryDialog::kRecoveryRanges, "FileEdit"),
-                              compound.Name.empty() ? compound.Number : compound.Name);
+                              EntryPlace(EntryDialog::kRecoveryRanges, "FileEdit"), compound.Name);
         }
     }
 }

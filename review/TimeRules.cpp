@@ -2,6 +2,7 @@
 // the calibration forms that contradict each other.
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <functional>
 
 #include "data/TuneRules.h"
@@ -26,6 +27,15 @@ bool IsDateAlone(std::string_view text) {
 
 // ---- Samples
 
+// Of a day without a time, its end.
+std::optional<DateTime> LatestAnalysis(const Reviewed& batch, std::size_t record) {
+    auto analyzed = batch.Analyzed(record);
+    if (analyzed && IsDateAlone(batch.Header(record, kDateAnalyzed))) {
+        analyzed->seconds += static_cast<std::int64_t>(kDay) - 1;
+    }
+    return analyzed;
+}
+
 struct Received {
     std::size_t Record;
     double Days;          // to the analysis; negative: received after it
@@ -37,10 +47,12 @@ std::vector<Received> ReceivedSamples(const Reviewed& batch) {
     for (std::size_t record = 0; record < batch.Samples.size(); ++record) {
         const std::string text = WithoutUnfilledTime(batch.Header(record, kDateReceived));
         const auto received = DateTimeIn(text);
-        const auto analyzed = batch.Analyzed(record);
+        const auto analyzed = LatestAnalysis(batch, record);
         if (received && analyzed) {
             const double days = static_cast<double>(analyzed->seconds - received->seconds) / kDay;
-            samples.push_back({record, IsDateAlone(text) ? std::floor(days) : days,
+            const bool onlyDays =
+                IsDateAlone(text) || IsDateAlone(batch.Header(record, kDateAnalyzed));
+            samples.push_back({record, onlyDays ? std::floor(days) : days,
                                "Received " + Trim(text) + " and analyzed " +
                                    Trim(batch.Header(record, kDateAnalyzed))});
         }
@@ -69,7 +81,7 @@ TwelveHours OfStandard(const Reviewed& batch) {
 
 void LookForSamplesBefore(const Reviewed& batch, const TwelveHours& hours, Findings& findings) {
     for (std::size_t record = hours.First; record < batch.Samples.size(); ++record) {
-        const auto analyzed = batch.Analyzed(record);
+        const auto analyzed = LatestAnalysis(batch, record);
         if (hours.Start && analyzed && *analyzed < *hours.Start) {
             findings.AddSample(record,
                                "Analyzed " + Trim(batch.Header(record, kDateAnalyzed)) +
@@ -138,9 +150,9 @@ bool IsSameInAnyCase(const std::string& one, const std::string& other) {
     return LowerCase(Trim(one)) == LowerCase(Trim(other));
 }
 
-constexpr char kInitial[] = "Form VI";
-constexpr char kContinuing[] = "Form VII";
-constexpr char kSummary[] = "Form VIII";
+constexpr char kInitial[] = "Form VI's entry";
+constexpr char kContinuing[] = "Form VII's entry";
+constexpr char kSummary[] = "Form VIII's entry";
 constexpr char kLevelFiles[] = "the levels' raw data";
 constexpr char kCheckStandard[] = "its raw data file";
 
@@ -159,7 +171,7 @@ void HoldingTime(const Reviewed& batch, Findings& findings) {
     for (const Received& sample : ReceivedSamples(batch)) {
         if (sample.Days > batch.Limits.HoldingDays) {
             findings.AddSample(sample.Record,
-                               sample.Between + ", " + FormatFixed(sample.Days, 1) +
+                               sample.Between + ", " + FormatFixed(sample.Days, 2) +
                                    " days later; the limit is " +
                                    FormatGeneral(batch.Limits.HoldingDays) + ".",
                                HeaderPlace(kDateReceived));
@@ -207,7 +219,7 @@ void CalibrationAfterSamples(const Reviewed& batch, Findings& findings) {
                           place);
     }
     for (std::size_t record = 0; record < batch.Samples.size(); ++record) {
-        const auto analyzed = batch.Analyzed(record);
+        const auto analyzed = LatestAnalysis(batch, record);
         if (analyzed && *analyzed < *last) {
             findings.AddSample(record, head + ", after this sample.", place);
         }

@@ -171,8 +171,12 @@ TEST_F(BatchCommand, AnswersAsApproved) {
                                           HasSubstr(";" + std::string(400, 'y') + ";")));
     EXPECT_THAT(Run("load -o no/x.qff a.prn"),
                 StartsWith("File Error: x.qff could not be written.\nqfrbatch: "));
-    EXPECT_THAT(Run("export oil.qff --format csv -o short.txt"),
-                AllOf(HasSubstr(" oil limits "), HasSubstr("short.txt could not be written.\n")));
+    dir_.Write("taken", "");
+    fs::create_directory_symlink("loop", "loop");
+    EXPECT_THAT(Run("export oil.qff --format csv -o loop"),
+                HasSubstr("loop could not be written.\n"));
+    EXPECT_THAT(Run("export oil.qff --format csv -o taken"),
+                AllOf(HasSubstr(" oil limits "), HasSubstr("taken could not be written.\n")));
     EXPECT_THAT(Print("day.qff --forms 1 --output-dir a.prn"),
                 StartsWith("File Error: a.prn could not be written.\n"));
 }

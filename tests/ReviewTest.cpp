@@ -163,6 +163,11 @@ Change Edit(const std::string& file, const std::string& from, const std::string&
     };
 }
 
+// The file is not there.
+Change Without(const std::string& file) {
+    return [=](Lab& lab) { lab.texts.erase(file); };
+}
+
 Change EditAll(const std::string& file, const std::string& from, const std::string& to) {
     return [=](Lab& lab) {
         std::string& text = lab.texts.at(file);
@@ -280,6 +285,11 @@ std::vector<RuleCase> Cases() {
         {"header.date", Header(kDateReceived, "10:00"),
          "form 1: S1: Date Received is \"10:00\", which is no date. [Form 1 Header, Date Received]",
          Header(kDateReceived, "05/04/2005   :  ")},
+        {"header.date", Header(kDateAnalyzed, "05/18/2005   :  "),
+         "form 1: S1: Date Analyzed is \"05/18/2005   :  \", which is no date. [Form 1 Header, "
+         "Date "
+         "Analyzed]",
+         Header(kDateAnalyzed, "05/18/2005 10:00")},
         {"header.package", Header(kSdgNo, "SDG2"),
          "form 1: S1: SDG No. is \"SDG2\"; most samples have \"SDG1\". [Form 1 Header, SDG No.]",
          Header(kSdgNo, "SDG2", {0, 1, 2})},
@@ -302,10 +312,20 @@ std::vector<RuleCase> Cases() {
          "[Form 1 Header, Date Received]",
          Header(kDateReceived, "05/18/2005 10:00")},
         {"time.holding", Header(kDateReceived, "05/04/2005 00:00"),
-         "form 1: S1: Received 05/04/2005 00:00 and analyzed 05/18/2005 10:00, 14.4 days later; "
+         "form 1: S1: Received 05/04/2005 00:00 and analyzed 05/18/2005 10:00, 14.42 days later; "
          "the limit is 14. [Form 1 Header, Date Received]",
          Both(Header(kDateReceived, "05/04/2005 10:00"),
               Header(kDateReceived, "05/04/2005   :  ", {2}))},
+        {"time.received-after-analyzed",
+         Both(Header(kDateReceived, "05/19/2005 00:00"), Header(kDateAnalyzed, "05/18/2005")),
+         "form 1: S1: Received 05/19/2005 00:00 and analyzed 05/18/2005, before it was there. "
+         "[Form "
+         "1 Header, Date Received]",
+         Both(Header(kDateReceived, "05/18/2005 23:59"), Header(kDateAnalyzed, "05/18/2005"))},
+        {"time.before-tune", Header(kDateAnalyzed, "05/17/2005"),
+         "form 5: S1: Analyzed 05/17/2005, before the BFB injection at 05/18/2005 08:00. [Form 1 "
+         "Header, Date Analyzed]",
+         Header(kDateAnalyzed, "05/18/2005")},
         {"time.before-tune", Header(kDateAnalyzed, "05/18/2005 07:59"),
          "form 5: S1: Analyzed 05/18/2005 07:59, before the BFB injection at 05/18/2005 08:00. "
          "[Form 1 Header, Date Analyzed]",
@@ -343,24 +363,29 @@ std::vector<RuleCase> Cases() {
          [](Lab& lab) { lab.entries.InitialCalibration.FirstStandard = "05/16/2005 05:00"; }},
 
         {"entry.calibration-dates", Typed(&Continuing::LastStandard, "05/16/2005 05:01"),
-         "form 7: Form VII has 05/16/2005 05:01 for the last standard, and the levels' raw data "
+         "form 7: Form VII's entry has 05/16/2005 05:01 for the last standard, and the levels' raw "
+         "data "
          "05/16/2005 05:00. [Continuing calibration (Form VII), Last standard]",
          Typed(&Continuing::LastStandard, "5/16/2005 05:00:59 AM")},
         {"entry.standard-date", Typed(&Continuing::AnalysisDateTime, "05/18/2005 08:11"),
-         "form 7: Form VII has 05/18/2005 08:11 for the analysis of the standard, and its raw data "
+         "form 7: Form VII's entry has 05/18/2005 08:11 for the analysis of the standard, and its "
+         "raw data "
          "file 05/18/2005 08:10. [Continuing calibration (Form VII), Date analyzed]",
          Typed(&Continuing::AnalysisDateTime, "  /  /       :  ")},
         {"entry.standard-file", Typed(&Continuing::LabFileId, "chk2.d"),
-         "form 7: Form VII has chk2.d for the lab file ID of the standard, and its raw data file "
+         "form 7: Form VII's entry has chk2.d for the lab file ID of the standard, and its raw "
+         "data file "
          "chk.d. [Continuing calibration (Form VII), Lab file ID]",
          Typed(&Continuing::LabFileId, "CHK.D")},
         {"entry.standard-sample", Typed(&Continuing::SampleNo, "vstd050b"),
-         "form 8: Form VIII has vstd050a for the sample number of the standard, and Form VII "
-         "vstd050b. [Internal standards (Form VIII), Sample no.]",
+         "form 8: Form VIII's entry has vstd050a for the sample number of the standard, and Form "
+         "VII's "
+         "entry vstd050b. [Internal standards (Form VIII), Sample no.]",
          Typed(&Continuing::SampleNo, "VSTD050A")},
         {"entry.letter-case", Typed(&Continuing::SampleNo, "VSTD050A"),
-         "form 7: Form VII has vstd050a for the sample number of the standard, and Form VIII "
-         "VSTD050A. [Continuing calibration (Form VII), Sample no.]",
+         "form 7: Form VII's entry has vstd050a for the sample number of the standard, and Form "
+         "VIII's "
+         "entry VSTD050A. [Continuing calibration (Form VII), Sample no.]",
          Typed(&Continuing::SampleNo, "vstd050b ")},
 
         {"tune.ion-range", Ion(0, "40.1"),
@@ -442,6 +467,10 @@ std::vector<RuleCase> Cases() {
          "(Form "
          "VII), RF criteria file]",
          Edit("criteria.txt", "Benzene;100", "benzene;")},
+        {"check.no-criteria", Edit("criteria.txt", "Benzene;100;20", "Benzene;;x20"),
+         "form 7: benzene: The limit \"x20\" of the RF criteria file is no number. [Continuing "
+         "calibration (Form VII), RF criteria file]",
+         Edit("criteria.txt", "Benzene;100;20", "Benzene;;20")},
         {"check.order", Edit("run.check", ";Benzene;", ";Benzin;"),
          "form 7: Row 1 of the check report is \"benzin\", and of the calibration report "
          "\"benzene\". [Load Files, Continuing Cal]",
@@ -527,6 +556,26 @@ std::vector<RuleCase> Cases() {
          "form 5: Does not print: All Fields Are Required: Please enter a value. [BFB tune (Form "
          "V), Lab file ID]",
          Nothing},
+        {"form.refused", Without("criteria.txt"),
+         "form 7: Does not print: File Could Not Be Opened: Please select another continuing  "
+         "calibration RF limits file. [Continuing calibration (Form VII), RF criteria file]",
+         Nothing},
+        {"form.refused", Without("run.cal"),
+         "form 6: Does not print: Calibration File Could Not Be Opened: Please use Data Files|Load "
+         "Files menu option and verify the calibration file. [Load Files, Calib. File]\n"
+         "form 7: Does not print: Calibration File Could Not Be Opened: Please use Data Files|Load "
+         "Files menu option to specify an initial calibration file.  Print Form 6 before 7 to "
+         "obtain calibration times [Load Files, Calib. File]\n"
+         "form 8: Does not print: Calibration File Could Not Be Opened: Please use Data Files|Load "
+         "menu option to specify a calibration or continuing calibration file. [Load Files, Calib. "
+         "File]",
+         Nothing},
+        {"form.refused", Header(kDateAnalyzed, "05/18/2005   :  "),
+         "form 4: S1: Does not print: Incorrect Time Format: The analysis date of sample S1, "
+         "05/18/2005   :  , is not a date and time. [Form 1 Header, Date Analyzed]\n"
+         "form 5: S1: Does not print: Incorrect Time Format: The analysis date of sample S1, "
+         "05/18/2005   :  , is not a date and time. [Form 1 Header, Date Analyzed]",
+         Nothing},
         {"form.message",
          [](Lab& lab) {
              lab.entries.Comments.Lines = {"one", "two", "three"};
@@ -587,7 +636,7 @@ TEST(Review, TellsEachRuleFromWhatIsBesideIt) {
         looked.insert(rule.Rule);
     }
     for (const Rule& rule : ReviewRules()) {
-        EXPECT_EQ(looked.count(rule.Id), 1U) << rule.Id << " has no case";
+        EXPECT_GE(looked.count(rule.Id), 1U) << rule.Id << " has no case";
     }
 }
 

@@ -106,7 +106,7 @@ void Check(const Arguments& arguments, Context& context) {
         }
     }
     if (asJson) {
-        context.out << document.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+        context.out << document.dump(2, ' ', true, Json::error_handler_t::replace) << '\n';
     }
 }
 

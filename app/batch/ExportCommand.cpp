@@ -54,8 +54,9 @@ void Export(const Arguments& arguments, Context& context) {
     if (path.empty()) {
         throw WrongUsage("-o PATH is missing");
     }
-    if (IsReportName(path) || EndsWith(path, ".qff")) {
-        throw WrongUsage(path + " is the name of a report or a batch, not of exported values");
+    if (IsReportName(path) || EndsWith(path, ".qff") || EndsWith(path, ".d") ||
+        EndsWith(path, ".txt")) {
+        throw WrongUsage(path + " has the name of what a batch is made of, not of exported values");
     }
     if (arguments.Batches.size() > 1) {
         throw WrongUsage("only one batch can be exported at a time");

@@ -87,7 +87,8 @@ std::string UntakenName(const std::string& name, std::set<std::string>& taken) {
 bool MakeFolder(Context& context, const fs::path& folder) {
     std::error_code failed;
     fs::create_directories(folder, failed);
-    if (failed && !fs::is_directory(folder)) {
+    std::error_code unknown;
+    if (failed && !fs::is_directory(folder, unknown)) {
         context.WriteFailed(TextOf(folder), failed.message());
         return false;
     }

@@ -24,10 +24,10 @@ MISTAKES = [
     ("46.9;100.0", "46.9;99.0", "m/e 95 is 99.0, and the base peak is 100.",
      "Instrument Performance Check", "100.0", "OK"),
     ("05/16/2005 09:41;05/16/2005 11:49;V", "05/16/2005 12:41;05/16/2005 11:49;V",
-     "Form VI has 05/16/2005 12:41 for the first standard, and the levels' raw data 05/16/2005 09:41.",
+     "Form VI's entry has 05/16/2005 12:41 for the first standard, and the levels' raw data 05/16/2005 09:41.",
      "Initial Calibration Data", "051620050941", "OK"),
     ("vstd050cc;vstd050c.d;05/18/2005 08:46;05/16/2005;", "vstd050xx;vstd050c.d;05/18/2005 08:46;05/16/2005;",
-     "Form VIII has vstd050xx for the sample number of the standard, and Form VII vstd050cc.",
+     "Form VIII's entry has vstd050xx for the sample number of the standard, and Form VII's entry vstd050cc.",
      "Internal Standard Summary Input", "vstd050cc", "OK"),
 ]
 
