@@ -90,7 +90,7 @@ class Findings {
         Add(std::nullopt, subject, sentence, mend, rule_.Form);
     }
     void Add(std::optional<std::size_t> record, const std::string& subject,
-             const std::string& sentence, const MendPlace& mend, std::string_view form);
+             const std::string& words, const MendPlace& mend, std::string_view form);
 
     std::vector<Finding> Take();
 
