@@ -8,29 +8,10 @@
 
 namespace qfr {
 
-namespace {
-
-class MessageList : public Messages {
-  public:
-    void Show(const Message& message) override { shown_.push_back(message); }
-    bool AskYesNo(const Message& question) override {
-        Show(question);
-        return false;
-    }
-    std::vector<Message> Take() { return std::exchange(shown_, {}); }
-
-  private:
-    std::vector<Message> shown_;
-};
-
-}  // namespace
-
 std::vector<Finding> ReviewAsPrinted(SavedBatch saved, int levelCount, TextMetrics& metrics,
                                      const ReviewLimits& limits) {
-    PackageChoice choice{.samples = std::vector<bool>(SamplesOf(saved.Batch).size(), true)};
-    choice.forms.assign(kForms.size(), true);
-    const std::vector<PackageWork> works = PlanPackage(saved.Batch, choice);
-    MessageList messages;
+    const std::vector<PackageWork> works = PlanWholePackage(saved.Batch);
+    KeptMessages messages;
     const std::optional<Message> limitsNote = saved.LimitsNote;
     HeadlessHost host(std::move(saved), metrics, messages);
     host.LevelCount() = levelCount;

@@ -28,13 +28,6 @@ std::vector<NewFile> CsvFiles(const std::vector<FormValues>& forms, const fs::pa
 
 }  // namespace
 
-std::vector<PackageWork> PlanExport(const Batch& batch) {
-    PackageChoice choice;
-    choice.forms.assign(choice.forms.size(), true);
-    choice.samples.assign(SamplesOf(batch).size(), true);
-    return PlanPackage(batch, choice);
-}
-
 std::optional<FormValues> ValuesOfWork(HeadlessHost& host, const PackageWork& work) {
     const auto content = PrepareWork(host, work);
     if (!content) {
@@ -56,15 +49,15 @@ CollectedValues CollectValues(FormHost& program, TextMetrics& metrics) {
     HeadlessHost host({program.Batch(), program.Entries(), program.Flags()}, metrics, messages);
     host.LevelCount() = program.LevelCount();
     CollectedValues collected;
-    for (const PackageWork& work : PlanExport(host.Batch())) {
+    for (const PackageWork& work : PlanWholePackage(host.Batch())) {
         auto values = ValuesOfWork(host, work);
-        for (const std::string& text : messages.Take()) {
+        for (const Message& message : messages.Take()) {
             std::string note(work.form->caption);
             if (work.record) {
                 note += ", " + SampleName((*host.Batch().SampleList)[*work.record]);
             }
             note += values ? ": " : ", left out: ";
-            collected.Notes.push_back(note + text);
+            collected.Notes.push_back(note + AsLine(message));
         }
         if (values) {
             collected.Forms.push_back(*std::move(values));

@@ -17,9 +17,6 @@ enum class ExportFormat {
     kJson,  // one document
 };
 
-// Every form, and every sample of those that print for each.
-std::vector<PackageWork> PlanExport(const Batch& batch);
-
 // Those of one form, and of one sample where it prints for each; absent when the driver refuses it
 // with a message. The host is left as PrintWork leaves it.
 std::optional<FormValues> ValuesOfWork(HeadlessHost& host, const PackageWork& work);

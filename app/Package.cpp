@@ -50,6 +50,13 @@ std::vector<PackageWork> PlanPackage(const Batch& batch, const PackageChoice& ch
     return dueJobs;
 }
 
+std::vector<PackageWork> PlanWholePackage(const Batch& batch) {
+    PackageChoice choice;
+    choice.forms.assign(choice.forms.size(), true);
+    choice.samples.assign(SamplesOf(batch).size(), true);
+    return PlanPackage(batch, choice);
+}
+
 std::optional<PrintJob> PrintWork(HeadlessHost& host, const PackageWork& work) {
     const FormRow& form = *work.form;
     RunAlone(host, work, [&](std::size_t record) {
@@ -87,8 +94,8 @@ PackageOutcome PrintPackage(FormHost& program, TextMetrics& metrics,
             return outcome;
         }
         std::optional<PrintJob> job = PrintWork(host, dueJobs[i]);
-        for (std::string& text : messages.Take()) {
-            outcome.notes.push_back({&dueJobs[i], std::move(text), job.has_value()});
+        for (const Message& message : messages.Take()) {
+            outcome.notes.push_back({&dueJobs[i], AsLine(message), job.has_value()});
         }
         if (!job) {
             continue;

@@ -38,6 +38,8 @@ struct PackageWork {
 
 // In the order in which they print: form, then sample.
 std::vector<PackageWork> PlanPackage(const Batch& batch, const PackageChoice& choice);
+// Every form, and every sample of those that print for each.
+std::vector<PackageWork> PlanWholePackage(const Batch& batch);
 
 // Runs the form's driver, which finds the dialogs answered. The job, named by form and sample;
 // absent when the driver has refused it with a message. The host keeps its entries, flags and

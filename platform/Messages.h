@@ -49,18 +49,18 @@ class Messages {
     virtual bool AskYesNo(const Message& question) = 0;
 };
 
-// Keeps what is said, a line each, until somebody asks for it. Nobody answers a question: No.
+// Keeps what is said until somebody asks for it. Nobody answers a question: No.
 class KeptMessages : public Messages {
   public:
-    void Show(const Message& message) override { kept_.push_back(AsLine(message)); }
+    void Show(const Message& message) override { kept_.push_back(message); }
     bool AskYesNo(const Message& question) override {
         Show(question);
         return false;
     }
-    std::vector<std::string> Take() { return std::exchange(kept_, {}); }
+    std::vector<Message> Take() { return std::exchange(kept_, {}); }
 
   private:
-    std::vector<std::string> kept_;
+    std::vector<Message> kept_;
 };
 
 }  // namespace qfr

@@ -20,6 +20,7 @@ inline const Paper kLetterPaper{"Letter", 8.5, 11.0};
 
 // Dots per inch of every recorded job. Sinks scale to their device.
 inline constexpr int kResolution = 600;
+inline constexpr double kPointsPerInch = 72;
 
 // No item lies farther from the page's corner, in pixels, so that sinks may add up what they hold.
 inline constexpr int kFarthest = 1'000'000;

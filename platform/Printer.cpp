@@ -7,7 +7,7 @@
 namespace qfr {
 
 int TFont::Height() const {
-    return -static_cast<int>(std::lround(Size * kResolution / 72.0));
+    return -static_cast<int>(std::lround(Size * kResolution / kPointsPerInch));
 }
 
 namespace {

@@ -33,7 +33,7 @@ struct ExportedForm {
 std::vector<ExportedForm> ExportBatch(const fs::path& file) {
     SavedBatch saved =
         std::get<SavedBatch>(RestoreBatch(LineReader::Open(file).value(), TextOf(file)));
-    const std::vector<PackageWork> works = PlanExport(saved.Batch);
+    const std::vector<PackageWork> works = PlanWholePackage(saved.Batch);
     TimesMetrics metrics;
     MessageLog messages;
     HeadlessHost host(std::move(saved), metrics, messages);

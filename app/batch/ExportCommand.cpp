@@ -28,7 +28,7 @@ ExportFormat ParseFormat(const std::string& name) {
 
 // Of the forms that are not refused, in the order in which they print.
 std::vector<FormValues> Collect(Context& context, SavedBatch saved) {
-    const std::vector<PackageWork> dueWork = PlanExport(saved.Batch);
+    const std::vector<PackageWork> dueWork = PlanWholePackage(saved.Batch);
     const std::optional<Message> limitsNote = saved.LimitsNote;
     HeadlessHost host(std::move(saved), context.platform.Metrics(), context);
     std::vector<FormValues> forms;

@@ -13,7 +13,6 @@ namespace qfr {
 
 namespace {
 
-constexpr double kPointsPerInch = 72;
 constexpr std::size_t kLongestString = 16'000;  // bytes; an archive takes no more than 32,767
 constexpr double kPointsPerPixel = kPointsPerInch / kResolution;
 

@@ -25,7 +25,7 @@ using Object = QPDFObjectHandle;
 
 Object Points(int pixels) {
     std::string text;
-    AppendNumber(text, pixels * 72.0 / kResolution);
+    AppendNumber(text, pixels * kPointsPerInch / kResolution);
     return Object::newReal(text);
 }
 

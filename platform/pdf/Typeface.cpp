@@ -13,7 +13,6 @@ namespace qfr {
 
 namespace {
 
-constexpr double kPointsPerInch = 72;
 constexpr char kFreeFamily[] = "Liberation Serif";
 
 struct Release {
