@@ -20,9 +20,11 @@
 #include "forms/FormHost.h"
 #include "forms/FormList.h"
 #include "platform/JobSink.h"
+#include "platform/PrintLog.h"
 #include "platform/Printer.h"
 #include "platform/SettingsDir.h"
 #include "platform/WindowServices.h"
+#include "platform/qt/Remembered.h"
 #include "review/Review.h"
 
 namespace qfr {
@@ -35,6 +37,8 @@ struct DesktopServices {
     JobSink& Sink;
     PackageSink& Packages;
     const SettingsDir& Settings;
+    Remembered& Memory;
+    PrintLog& Printed;
     // Lets the user change printer and paper; fills the printer's list first. False: he cancelled.
     std::function<bool(TPrinter&)> ShowPrinterSetup;
     // Ends the program.

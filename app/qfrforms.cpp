@@ -10,6 +10,7 @@
 #include "platform/FileLookup.h"
 #include "platform/FileReplace.h"
 #include "platform/HostSystem.h"
+#include "platform/PrintLog.h"
 #include "platform/SettingsDir.h"
 #include "platform/pdf/Typeface.h"
 #include "platform/qt/ControlNames.h"
@@ -20,6 +21,7 @@
 #include "platform/qt/PrinterSetupDialog.h"
 #include "platform/qt/QtFileChooser.h"
 #include "platform/qt/QtMessages.h"
+#include "platform/qt/Remembered.h"
 
 int main(int argc, char** argv) {
     const qfr::EndRequests endRequests([] {
@@ -49,7 +51,7 @@ int main(int argc, char** argv) {
           QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)}) {
         qfr::RemoveLeftovers(directory(folder));
     }
-    // The toolkit's dialogs would keep a settings file of their own; the program has only its two.
+    // The toolkit's dialogs would keep a settings file of their own; the program has only its own.
     const QTemporaryDir toolkitSettings(QDir::tempPath() + '/' + qfr::kTemporaryName);
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, toolkitSettings.path());
 
@@ -60,6 +62,8 @@ int main(int argc, char** argv) {
         return 1;
     }
     qfr::QtFileChooser chooser(messages);
+    qfr::Remembered memory(settings);
+    qfr::PrintLog printed;
     qfr::DesktopSink sink(*typeface, chooser, messages);
     qfr::HelpViewer help(qfr::PathOf(settings.ProgramDir() + "QFRHelp.chm"));
 
@@ -70,6 +74,8 @@ int main(int argc, char** argv) {
         .Sink = sink,
         .Packages = sink,
         .Settings = settings,
+        .Memory = memory,
+        .Printed = printed,
         .ShowPrinterSetup =
             [&sink](qfr::TPrinter& printer) {
                 printer.Printers = sink.Printers();

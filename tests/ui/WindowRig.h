@@ -193,6 +193,8 @@ struct WindowRig : WindowUser {
     TimesMetrics metrics;
     JobLog sink;
     SettingsDir settings{dir.Path(), dir.Path()};
+    Remembered memory{settings};
+    PrintLog printed;
     int quits = 0;
     int setups = 0;
     bool chooses = true;  // does not cancel the printer setup
@@ -203,6 +205,8 @@ struct WindowRig : WindowUser {
                    .Sink = sink,
                    .Packages = sink,
                    .Settings = settings,
+                   .Memory = memory,
+                   .Printed = printed,
                    .ShowPrinterSetup = [this](TPrinter&) { return ++setups > 0 && chooses; },
                    .Quit = [this] { ++quits; },
                    .OpenHelp = [this](int topic) { return OpenHelp(topic); }}};
