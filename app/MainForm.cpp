@@ -114,6 +114,7 @@ TQFRForm::TQFRForm(const DesktopServices& services)
       filesDlg_(std::make_unique<TFilesDlg>(*this, *this, *this)),
       form1Header_(std::make_unique<TForm1Header>(*this, *this)),
       ticForm_(std::make_unique<TTICForm>(*this, *this, form1Header_.get())),
+      headerTable_(std::make_unique<HeaderTableDialog>(*this, *this, services_.Memory, this)),
       aboutBox_(MakeAboutBox(this)),
       review_(std::make_unique<ReviewDialog>(*this)) {
     for (const FormRow& form : kForms) {
@@ -161,6 +162,8 @@ void TQFRForm::AddMenus() {
     for (const FormRow& form : kForms) {
         AddCommand(forms, form.menuCaption, form.shortcut, [this, &form] { FormClick(form); });
     }
+    forms.addSeparator();
+    AddCommand(forms, "&Edit All Headers...", "Ctrl+H", [this] { headerTable_->Open(); });
     QMenu& reports = *menuBar()->addMenu("&Reports");
     AddCommand(reports, "Select &Printer", "Ctrl+P", [this] { page_.getPrinter(); });
     AddCommand(reports, "Print &All Forms...", "Ctrl+Shift+P",

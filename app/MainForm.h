@@ -16,6 +16,7 @@
 #include "data/FilesDlg.h"
 #include "dialogs/EntryDialogs.h"
 #include "dialogs/Form1Header.h"
+#include "dialogs/HeaderTableDialog.h"
 #include "dialogs/TicForm.h"
 #include "forms/FormHost.h"
 #include "forms/FormList.h"
@@ -132,6 +133,7 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
     // Dialogs above this one or above the Form 1 header.
     std::unique_ptr<TTICForm> ticForm_;
     std::map<EntryDialog, std::unique_ptr<EntryWindow>> entryDialogs_;
+    std::unique_ptr<HeaderTableDialog> headerTable_;
     bool mending_ = false;  // an entry dialog is not opened for printing
     std::unique_ptr<QDialog> aboutBox_;
     std::unique_ptr<ReviewDialog> review_;

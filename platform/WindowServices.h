@@ -15,6 +15,7 @@ inline constexpr const char* kHelpTopicProperty = "helpTopic";
 inline constexpr int kPrintAllHelpTopic = 170;
 inline constexpr int kPrintingHelpTopic = 180;
 inline constexpr int kReviewHelpTopic = 190;
+inline constexpr int kHeadersHelpTopic = 200;
 
 class WindowServices {
   public:

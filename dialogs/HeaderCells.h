@@ -1,0 +1,39 @@
+// How the cells of the table of all headers look and are typed in.
+#pragma once
+
+#include <functional>
+
+#include <QColor>
+#include <QPalette>
+#include <QStyledItemDelegate>
+
+#include "data/HeaderSheet.h"
+
+namespace qfr {
+
+class SheetView;
+
+// The ground of cells with such a mark, for texts of the palette's colour.
+QColor ColourOf(HeaderMark mark, const QPalette& palette);
+
+class HeaderCells : public QStyledItemDelegate {
+  public:
+    // `paste` takes several cells that are pasted while one is typed in.
+    HeaderCells(SheetView& view, std::function<void()> paste);
+
+    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const override;
+    void setEditorData(QWidget* editor, const QModelIndex& index) const override;
+    void setModelData(QWidget* editor, QAbstractItemModel* model,
+                      const QModelIndex& index) const override;
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+    bool eventFilter(QObject* editor, QEvent* event) override;
+
+  private:
+    SheetView& view_;
+    std::function<void()> paste_;
+};
+
+}  // namespace qfr

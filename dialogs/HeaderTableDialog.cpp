@@ -1,0 +1,299 @@
+#include "dialogs/HeaderTableDialog.h"
+
+#include <algorithm>
+
+#include <QClipboard>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMenuBar>
+
+#include "data/HeaderFields.h"
+#include "dialogs/EntryDialogs.h"
+#include "dialogs/HeaderCells.h"
+#include "platform/Text.h"
+#include "platform/qt/WaitCursor.h"
+#include "ui_HeaderTableDialog.h"
+
+namespace qfr {
+
+namespace {
+
+const char* const kWidths = "headers/columns";
+constexpr int kRowPadding = 8;    // pixels
+constexpr int kHeadPadding = 24;  // pixels, for the widest heads
+constexpr int kLettersOfText = 12;
+constexpr int kLettersOfDate = 19;
+constexpr QSize kLetters(150, 30);  // that the window has room for
+
+int LettersIn(HeaderField field) {
+    return HeaderEntryOf(field).Kind == HeaderKind::kDate ? kLettersOfDate : kLettersOfText;
+}
+
+}  // namespace
+
+HeaderTableDialog::HeaderTableDialog(FormHost& host, WindowServices& services, Remembered& memory,
+                                     QWidget* parent)
+    : QDialog(parent),
+      host_(host),
+      services_(services),
+      memory_(memory),
+      ui_(std::make_unique<Ui::HeaderTableDialog>()) {
+    setWindowFlags(windowFlags() | Qt::WindowMaximizeButtonHint);
+    ui_->setupUi(this);
+    SetUpTable();
+    SetUpCommands();
+    ShowColours();
+    ui_->FindBar->hide();
+
+    connect(&table_, &HeaderTable::Changed, this, &HeaderTableDialog::OnChanged);
+    connect(ui_->HeadersTable->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &HeaderTableDialog::ShowState);
+    connect(ui_->FillDownButton, &QPushButton::clicked, this, &HeaderTableDialog::FillDown);
+    connect(ui_->FillEmptyButton, &QPushButton::clicked, this, &HeaderTableDialog::FillEmpty);
+    connect(ui_->NextButton, &QPushButton::clicked, this, &HeaderTableDialog::FindNext);
+    connect(ui_->PreviousButton, &QPushButton::clicked, this, &HeaderTableDialog::FindPrevious);
+    connect(ui_->FindEdit, &QLineEdit::textChanged, ui_->FoundLabel, &QLabel::clear);
+    connect(ui_->CloseButton, &QPushButton::clicked, this, &HeaderTableDialog::reject);
+    ConnectHelp(*this, services_, kHeadersHelpTopic, ui_->HelpButton);
+}
+
+HeaderTableDialog::~HeaderTableDialog() = default;
+
+void HeaderTableDialog::SetUpTable() {
+    SheetView& view = *ui_->HeadersTable;
+    view.setModel(&table_);
+    view.setItemDelegate(new HeaderCells(view, [this] { Paste(); }));
+    ensurePolished();
+    const QFontMetrics metrics = fontMetrics();
+    QHeaderView& heads = *view.horizontalHeader();
+    for (int column = 0; column < table_.columnCount(); ++column) {
+        const HeaderField field = HeaderFieldAt(column + 1);
+        const QString head = QString::fromStdString(HeaderHeading(field));
+        view.setColumnWidth(column, std::max(LettersIn(field) * metrics.averageCharWidth(),
+                                             metrics.horizontalAdvance(head) + kHeadPadding));
+    }
+    heads.restoreState(memory_.Value(kWidths).toByteArray());
+    connect(&heads, &QHeaderView::sectionResized, this,
+            [this, &heads] { memory_.Keep(kWidths, heads.saveState()); });
+    view.verticalHeader()->setDefaultSectionSize(metrics.height() + kRowPadding);
+    view.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    resize(kLetters.width() * metrics.averageCharWidth(), kLetters.height() * metrics.height());
+}
+
+void HeaderTableDialog::AddCommand(QMenu& menu, const QString& caption,
+                                   const QKeySequence& shortcut,
+                                   void (HeaderTableDialog::*handler)()) {
+    QAction* const action = menu.addAction(caption);
+    action->setShortcut(shortcut);
+    connect(action, &QAction::triggered, this, handler);
+    ui_->HeadersTable->addAction(action);
+}
+
+void HeaderTableDialog::SetUpCommands() {
+    auto* const bar = new QMenuBar(this);
+    layout()->setMenuBar(bar);
+    QMenu& menu = *bar->addMenu("&Edit");
+    QAction* const undo = table_.Steps().createUndoAction(&menu);
+    QAction* const redo = table_.Steps().createRedoAction(&menu);
+    undo->setShortcut(QKeySequence("Ctrl+Z"));
+    redo->setShortcuts({QKeySequence("Ctrl+Y"), QKeySequence("Ctrl+Shift+Z")});
+    menu.addAction(undo);
+    menu.addAction(redo);
+    menu.addSeparator();
+    AddCommand(menu, "Cu&t", QKeySequence("Ctrl+X"), &HeaderTableDialog::Cut);
+    AddCommand(menu, "&Copy", QKeySequence("Ctrl+C"), &HeaderTableDialog::Copy);
+    AddCommand(menu, "&Paste", QKeySequence("Ctrl+V"), &HeaderTableDialog::Paste);
+    AddCommand(menu, "&Empty", QKeySequence("Del"), &HeaderTableDialog::Clear);
+    AddCommand(menu, "Select &All", QKeySequence("Ctrl+A"), &HeaderTableDialog::SelectAll);
+    menu.addSeparator();
+    AddCommand(menu, "Fill &Down", QKeySequence("Ctrl+D"), &HeaderTableDialog::FillDown);
+    AddCommand(menu, "Fill E&mpty Cells", QKeySequence("Ctrl+E"), &HeaderTableDialog::FillEmpty);
+    menu.addSeparator();
+    AddCommand(menu, "&Find...", QKeySequence("Ctrl+F"), &HeaderTableDialog::OpenFindBar);
+    AddCommand(menu, "Find &Next", QKeySequence("F3"), &HeaderTableDialog::FindNext);
+    AddCommand(menu, "Find Pre&vious", QKeySequence("Shift+F3"), &HeaderTableDialog::FindPrevious);
+    ui_->HeadersTable->setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
+void HeaderTableDialog::Open() {
+    if (SamplesOf(host_.Batch()).empty()) {
+        host_.Show({std::string(kSpecifyFiles), kFilesNotSpecifiedTitle});
+        return;
+    }
+    table_.Open(host_.Batch());
+    CloseFindBar();
+    ui_->HeadersTable->Go(table_.index(0, 0));
+    ShowState();
+    open();
+}
+
+void HeaderTableDialog::reject() {
+    if (!table_.IsOpen()) {
+        return;
+    }
+    SheetView& view = *ui_->HeadersTable;
+    view.FinishEditing();
+    const auto& refused = table_.Sheet().Refused();
+    if (!refused.empty()) {
+        std::vector<std::string> lines;
+        for (const auto& [cell, text] : refused) {
+            lines.push_back(table_.Sheet().NameOf(cell) + ": " + text);
+        }
+        Message question = ListMessage("These values were not taken:", lines);
+        question.text += "\nClose without them?";
+        if (!host_.AskYesNo(question)) {
+            view.Go(table_.IndexOf(refused.begin()->first));
+            view.setFocus();
+            return;
+        }
+    }
+    QDialog::reject();
+    table_.Close();
+    services_.ShowMainWindow();
+}
+
+void HeaderTableDialog::changeEvent(QEvent* event) {
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        ShowColours();
+    }
+}
+
+// Enter looks for the next place in the find bar, and must never close the window; Escape closes
+// the bar first.
+void HeaderTableDialog::keyPressEvent(QKeyEvent* event) {
+    const bool finding = ui_->FindBar->isAncestorOf(focusWidget());
+    if (event->key() == Qt::Key_Escape && finding) {
+        CloseFindBar();
+    } else if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+        QDialog::keyPressEvent(event);
+    } else if (auto* const button = qobject_cast<QAbstractButton*>(focusWidget())) {
+        button->click();
+    } else if (finding) {
+        Find(!event->modifiers().testFlag(Qt::ShiftModifier));
+    }
+}
+
+void HeaderTableDialog::ShowColours() {
+    const auto show = [this](QLabel* label, HeaderMark mark) {
+        QPalette colours = palette();
+        colours.setColor(QPalette::Window, ColourOf(mark, colours));
+        colours.setColor(QPalette::WindowText, colours.color(QPalette::Text));
+        label->setPalette(colours);
+    };
+    show(ui_->EmptyLabel, HeaderMark::kEmpty);
+    show(ui_->DoubtfulLabel, HeaderMark::kDoubtful);
+    show(ui_->RefusedLabel, HeaderMark::kRefused);
+}
+
+void HeaderTableDialog::ShowState() {
+    if (!table_.IsOpen()) {
+        return;
+    }
+    const HeaderSheet& sheet = table_.Sheet();
+    ui_->CompleteLabel->setText(
+        QString("%1 of %2 headers complete").arg(sheet.CompleteRows()).arg(sheet.Rows()));
+    if (const QModelIndex current = ui_->HeadersTable->currentIndex(); current.isValid()) {
+        const HeaderCell cell = HeaderTable::CellAt(current);
+        const std::string note = sheet.NoteOf(cell).Text;
+        ui_->NoteLabel->setText(QString::fromStdString(
+            Visible(sheet.NameOf(cell) + (note.empty() ? "" : ": " + note))));
+    }
+}
+
+void HeaderTableDialog::OnChanged(const std::vector<HeaderChange>& changes, bool again) {
+    if (again) {
+        ui_->HeadersTable->Go(table_.IndexOf(changes.front().Cell));
+        ui_->HeadersTable->Go(table_.IndexOf(changes.back().Cell), true);
+    }
+    ShowState();
+}
+
+std::vector<HeaderCell> HeaderTableDialog::Selection() const {
+    const SheetView& view = *ui_->HeadersTable;
+    std::vector<HeaderCell> cells;
+    for (const QModelIndex& index : view.selectionModel()->selectedIndexes()) {
+        cells.push_back(HeaderTable::CellAt(index));
+    }
+    if (cells.empty()) {
+        cells.push_back(HeaderTable::CellAt(view.currentIndex()));
+    }
+    std::ranges::sort(cells);
+    return cells;
+}
+
+void HeaderTableDialog::Copy() {
+    QGuiApplication::clipboard()->setText(
+        QString::fromStdString(FormatTabSeparated(table_.Sheet().Copy(Selection()))));
+}
+
+void HeaderTableDialog::Cut() {
+    Copy();
+    table_.Enter(HeaderSheet::Clear(Selection()), "Cut");
+}
+
+void HeaderTableDialog::Clear() {
+    table_.Enter(HeaderSheet::Clear(Selection()), "Empty");
+}
+
+void HeaderTableDialog::Paste() {
+    const CellRows rows = ParseTabSeparated(QGuiApplication::clipboard()->text().toStdString());
+    PastedCells pasted = table_.Sheet().Paste(rows, Selection());
+    if (pasted.Cells.empty()) {
+        return;
+    }
+    const QModelIndex first = table_.IndexOf(pasted.Cells.front().Cell);
+    const QModelIndex last = table_.IndexOf(pasted.Cells.back().Cell);
+    {
+        const WaitCursor wait;
+        table_.Enter(std::move(pasted.Cells), "Paste");
+    }
+    ui_->HeadersTable->selectionModel()->select({first, last}, QItemSelectionModel::ClearAndSelect);
+    if (pasted.RowsLeftOut + pasted.ColumnsLeftOut > 0) {
+        host_.Show(
+            {"The clipboard has more than there is room for from here on.\nLeft out at its "
+             "end: rows: " +
+                 std::to_string(pasted.RowsLeftOut) +
+                 ", columns: " + std::to_string(pasted.ColumnsLeftOut) + ".",
+             "Edit All Headers", MessageIcon::kWarning});
+    }
+}
+
+void HeaderTableDialog::FillDown() {
+    table_.Enter(table_.Sheet().FillDown(Selection()), "Fill Down");
+}
+
+void HeaderTableDialog::FillEmpty() {
+    table_.Enter(table_.Sheet().FillEmpty(Selection()), "Fill Empty Cells");
+}
+
+void HeaderTableDialog::SelectAll() {
+    ui_->HeadersTable->selectAll();
+}
+
+void HeaderTableDialog::OpenFindBar() {
+    ui_->FindBar->show();
+    ui_->FindEdit->setFocus(Qt::ShortcutFocusReason);
+    ui_->FindEdit->selectAll();
+}
+
+void HeaderTableDialog::CloseFindBar() {
+    ui_->FindBar->hide();
+    ui_->HeadersTable->setFocus();
+}
+
+void HeaderTableDialog::Find(bool forward) {
+    if (ui_->FindEdit->text().isEmpty()) {
+        OpenFindBar();
+        return;
+    }
+    SheetView& view = *ui_->HeadersTable;
+    const auto found = table_.Sheet().Find(ui_->FindEdit->text().toStdString(),
+                                           HeaderTable::CellAt(view.currentIndex()), forward);
+    ui_->FoundLabel->setText(found ? "" : "Not found.");
+    if (found) {
+        view.Go(table_.IndexOf(*found));
+    }
+}
+
+}  // namespace qfr

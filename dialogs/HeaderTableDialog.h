@@ -1,0 +1,75 @@
+// Edit All Headers: the headers of all samples in one table. What is typed, pasted or filled in is
+// taken at once, and can be undone until the window closes; values that are refused are told of
+// then.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include <QDialog>
+
+#include "dialogs/HeaderTable.h"
+#include "forms/FormHost.h"
+#include "platform/WindowServices.h"
+#include "platform/qt/Remembered.h"
+
+class QMenu;
+
+namespace Ui {
+class HeaderTableDialog;
+}
+
+namespace qfr {
+
+class HeaderTableDialog : public QDialog {
+    Q_OBJECT
+
+  public:
+    HeaderTableDialog(FormHost& host, WindowServices& services, Remembered& memory,
+                      QWidget* parent);
+    ~HeaderTableDialog() override;
+
+    // Shows the headers of the batch; where it has no samples, only a message.
+    void Open();
+
+    // Closes, by whatever way.
+    void reject() override;
+
+  protected:
+    void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    void SetUpTable();
+    void SetUpCommands();
+    void AddCommand(QMenu& menu, const QString& caption, const QKeySequence& shortcut,
+                    void (HeaderTableDialog::*handler)());
+    void ShowColours();
+    void ShowState();
+
+    // Never empty: without a selection the current cell is meant.
+    std::vector<HeaderCell> Selection() const;
+    void Copy();
+    void Cut();
+    void Paste();
+    void Clear();
+    void FillDown();
+    void FillEmpty();
+    void SelectAll();
+    // Goes to where a step has changed something that is out of sight, perhaps.
+    void OnChanged(const std::vector<HeaderChange>& changes, bool again);
+
+    void OpenFindBar();
+    void CloseFindBar();
+    void FindNext() { Find(true); }
+    void FindPrevious() { Find(false); }
+    void Find(bool forward);
+
+    FormHost& host_;
+    WindowServices& services_;
+    Remembered& memory_;
+    std::unique_ptr<Ui::HeaderTableDialog> ui_;
+    HeaderTable table_;
+};
+
+}  // namespace qfr
