@@ -84,9 +84,13 @@ QWidget* HeaderCells::createEditor(QWidget* parent, const QStyleOptionViewItem& 
 }
 
 void HeaderCells::setEditorData(QWidget* editor, const QModelIndex& index) const {
-    QLineEdit& line = *LineOf(editor);
-    if (!line.isModified()) {
-        line.setText(index.data(Qt::EditRole).toString());
+    const QString text = index.data(Qt::EditRole).toString();
+    if (auto* const box = qobject_cast<QComboBox*>(editor)) {
+        box->setCurrentIndex(box->findText(text));
+        box->setEditText(text);
+        box->lineEdit()->selectAll();
+    } else {
+        LineOf(editor)->setText(text);
     }
 }
 

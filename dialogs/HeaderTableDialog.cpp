@@ -203,8 +203,11 @@ void HeaderTableDialog::ShowState() {
 
 void HeaderTableDialog::OnChanged(const std::vector<HeaderChange>& changes, bool again) {
     if (again) {
-        ui_->HeadersTable->Go(table_.IndexOf(changes.front().Cell));
-        ui_->HeadersTable->Go(table_.IndexOf(changes.back().Cell), true);
+        const auto [left, right] = std::ranges::minmax(
+            changes, {}, [](const HeaderChange& change) { return change.Cell.Field; });
+        const HeaderCell last{changes.back().Cell.Record, right.Cell.Field};
+        ui_->HeadersTable->Go(table_.IndexOf(last));
+        ui_->HeadersTable->Go(table_.IndexOf({changes.front().Cell.Record, left.Cell.Field}), true);
     }
     ShowState();
 }

@@ -14,7 +14,7 @@ packagesFor() {
                 fp-utils fonts-dejavu-core fonts-liberation ;;
         test)
             echo libgtest-dev libgmock-dev poppler-utils qpdf cups printer-driver-cups-pdf xvfb \
-                openbox dbus at-spi2-core python3-pyatspi imagemagick parallel ;;
+                openbox dbus at-spi2-core python3-pyatspi imagemagick parallel xclip ;;
         check) echo git clang clang-format clang-tidy libclang-rt-14-dev ;;
         package)
             echo dpkg-dev file fakeroot lintian desktop-file-utils appstream shared-mime-info \

@@ -11,7 +11,11 @@ import tempfile
 import time
 
 DEADLINE = 60  # seconds, for anything that is waited for; only a fault needs them all
-CONTROL_KEY = 37  # its code on every X server's keyboard
+# Their codes on every X server's keyboard, and the symbols of keys that type nothing.
+CONTROL_KEY = 37
+MODIFIERS = {"Ctrl": CONTROL_KEY, "Shift": 50, "Alt": 64}
+KEYS = {"Tab": 0xFF09, "Return": 0xFF0D, "Escape": 0xFF1B, "Home": 0xFF50, "Left": 0xFF51, "Up": 0xFF52,
+        "Right": 0xFF53, "Down": 0xFF54, "End": 0xFF57, "Delete": 0xFFFF}
 SCALE = float(os.environ.get("QT_SCALE_FACTOR", "1"))
 
 
@@ -187,12 +191,12 @@ class Program:
             self._active("QFR Forms")  # a click before would miss it
             self._click(self.find("menu item", caption))
 
-    def restore(self, batch):
+    def restore(self, batch, complete="10 of 10"):
         self.menu("Data Files", "Restore Batch")
         dialog = self.window("Open")
         self.enter("File name:", batch, dialog)
         self.press("Open", dialog)
-        self.find("label", "Headers complete: 10 of 10")
+        self.find("label", f"Headers complete: {complete}")
 
     def press(self, caption, window):
         self._act(self.find("push button", caption, window), "Press")
@@ -221,6 +225,19 @@ class Program:
         for character in text:
             send(ord(character), None, events.KEY_SYM)
             time.sleep(0.02)  # the next one may need another keyboard mapping
+
+    def press_keys(self, *chords):
+        """Each like "Ctrl+Shift+End"; how many keys that are."""
+        send, events = self._atspi.Registry.generateKeyboardEvent, self._atspi
+        for chord in chords:
+            *modifiers, key = chord.split("+")
+            for modifier in modifiers:
+                send(MODIFIERS[modifier], None, events.KEY_PRESS)
+            send(KEYS.get(key) or ord(key), None, events.KEY_SYM)
+            for modifier in reversed(modifiers):
+                send(MODIFIERS[modifier], None, events.KEY_RELEASE)
+            time.sleep(0.02)
+        return sum(chord.count("+") + 1 for chord in chords)
 
     def ended(self):
         return self._process.wait(timeout=DEADLINE)

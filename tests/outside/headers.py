@@ -1,0 +1,111 @@
+"""headers.py PROGRAMS PICTURES: the headers of 61 samples and a blank, from a spreadsheet, by keys alone.
+
+The keys are counted, and Form I of a sample must print what was pasted for it."""
+
+import re
+import shutil
+import subprocess
+
+from desktop import Unavailable, fresh_program, run_main, wait_for
+from first_run import choose_printer
+
+SAMPLES = 61
+MOST_KEYS = 150
+
+LABORATORY = "Fairhaven Analytical\tTQW-05-0417\tFHAV\t34417\t1284.1\tZB001"
+RECEIVED = ["", *(f"5/{10 + i % 7}/2005 {8 + i % 9}:{i % 60:02}" for i in range(SAMPLES))]
+DILUTIONS = ["1", *(str(1 + i % 5) for i in range(SAMPLES))]
+
+
+def make_batch(fresh):
+    """Of the example's reports, each some times under other names."""
+    folder = fresh / "example"
+    originals = [(folder / f"ZA10{i}.PRN").read_bytes().decode("latin-1") for i in range(1, 8)]
+    names = []
+    for i in range(SAMPLES):
+        text = originals[i % len(originals)]
+        for line, value in (("Sample ID", f"ZB{i:03}"), ("Client Sample", f"F06{i:05}"),
+                            ("Lab File ID", f"ZB{i:03}.D; Instrument: GCMS2")):
+            text = re.sub(f"{line}: [^\\r]*", f"{line}: {value}", text, count=1)
+        names.append(folder / f"ZB{i:03}.PRN")
+        names[-1].write_bytes(text.encode("latin-1"))
+    subprocess.run([fresh / "qfrbatch", "load", "--blank", folder / "VBLK01.PRN", "--cal", folder / "VOA0516.CAL",
+                    "--check", folder / "VSTD050C.CHECK", "-o", folder / "many.qff", *names], check=True)
+
+
+def copy(text):
+    """As a spreadsheet does."""
+    subprocess.run(["xclip", "-selection", "clipboard"], input=text, text=True, check=True)
+
+
+def paste_all(program):
+    keys = program.press_keys("Ctrl+h")
+    window = program.window("Edit All Headers", "Edit All Headers, empty")
+    table = program.find("table", "Headers", window).queryTable()
+    assert (table.nRows, table.nColumns) == (SAMPLES + 1, 26)
+
+    def paste(text, row, column, *ways):
+        nonlocal keys
+        keys += program.press_keys(*ways)
+        copy(text.replace("\n", "\r\n"))
+        keys += program.press_keys("Ctrl+v")
+        shown = text.rsplit("\n", maxsplit=1)[-1].split("\t", maxsplit=1)[0]
+        wait_for(shown, lambda: table.getAccessibleAt(row, column).name == shown)
+
+    def fill(*chords):
+        nonlocal keys
+        keys += program.press_keys(*chords)
+
+    last = SAMPLES
+    paste(LABORATORY, 0, 2, "Right", "Right")
+    received = [re.sub(r"^5/(\d+)/2005 (\d+):", lambda m: f"05/{m[1]}/2005 {int(m[2]):02}:", each)
+                for each in RECEIVED]
+    paste("\n".join(received), last, 13, *["Right"] * 11)
+    paste("VOCOL\t0.25", 0, 16, *["Right"] * 3)
+    paste("\n".join(DILUTIONS), last, 18, "Right", "Right")
+    paste("5.0", 0, 21, *["Right"] * 3)
+    paste("30", 0, 25, "End")
+    fill("Ctrl+a", "Ctrl+e")
+    program.find("label", f"{SAMPLES + 1} of {SAMPLES + 1} headers complete", window)
+    assert program.press_keys("Ctrl+z") == 2
+    program.find("label", f"1 of {SAMPLES + 1} headers complete", window)
+    program.press_keys("Ctrl+y")
+    program.find("label", f"{SAMPLES + 1} of {SAMPLES + 1} headers complete", window)
+    program.window("Edit All Headers", "Edit All Headers, complete")
+    fill("Alt+c")
+    program.gone("Edit All Headers")
+    return keys
+
+
+def print_sample(program, number, pdf):
+    program.menu("Forms", "Form 1 Volatile Organics Analysis")
+    dialog = program.window("Form 1 Header")
+    program.choose("ZOV Sample Number", number, dialog)
+    program.press("Print Form", dialog)
+    choose_printer(program, "PDF file")
+    save = program.window("Save As")
+    program.enter("File name:", str(pdf), save)
+    program.press("Save", save)
+    program.gone("Save As")
+    program.press("Exit", dialog)
+    program.gone("Form 1 Header")
+    return subprocess.run(["pdftotext", "-layout", pdf, "-"], capture_output=True, text=True, check=True).stdout
+
+
+def main(programs, pictures):
+    if not shutil.which("xclip"):
+        raise Unavailable("xclip not installed")
+    with fresh_program(programs, pictures) as (program, fresh):
+        make_batch(fresh)
+        program.restore("many.qff", f"0 of {SAMPLES + 1}")
+        keys = paste_all(program)
+        print("Keys:", keys)
+        assert keys <= MOST_KEYS
+        program.find("label", f"Headers complete: {SAMPLES + 1} of {SAMPLES + 1}")
+        page = print_sample(program, "ZB012", fresh.parent / "ZB012.pdf")
+        for value in ("Fairhaven Analytical", "TQW-05-0417", "05/15/2005 11:12", "VOCOL", "0.25"):
+            assert value in page, (value, page)
+
+
+if __name__ == "__main__":
+    run_main(main)

@@ -1,0 +1,257 @@
+// Edit All Headers, as somebody works in it who knows spreadsheets.
+#include <QLabel>
+#include <QScrollBar>
+
+#include "dialogs/HeaderTableDialog.h"
+#include "dialogs/SheetView.h"
+#include "tests/ui/WindowRig.h"
+
+namespace qfr::test {
+namespace {
+
+using enum HeaderField;
+
+// The table on a blank and three samples without typed values.
+struct TableRig : WindowRig {
+    TableRig() {
+        SampleListType& samples = form.Batch().SampleList.emplace(4);
+        form.Batch().Files.LabBlank = "/d/b.prn";
+        for (std::size_t i = 0; i < samples.size(); ++i) {
+            samples[i].FileName = "/d/" + std::string(1, "bxyz"[i]) + ".prn";
+            samples[i].Header[kZovSampleNo] = "Z" + std::to_string(i);
+        }
+        Open();
+    }
+    void Open() {
+        Face(form);
+        Type("^h");
+        Face(dialog);
+    }
+    // Goes to the cell by keys alone.
+    void To(int row, HeaderField field) {
+        Press(Qt::Key_Home, Qt::ControlModifier);
+        for (int i = 0; i < row; ++i) {
+            Press(Qt::Key_Down);
+        }
+        for (int column = 1; column < static_cast<int>(field); ++column) {
+            Press(Qt::Key_Right);
+        }
+    }
+    void Extend(Qt::Key key, int times) {
+        for (int i = 0; i < times; ++i) {
+            Press(key, Qt::ShiftModifier);
+        }
+    }
+    std::string At() {
+        const HeaderCell cell = HeaderTable::CellAt(view.currentIndex());
+        return std::to_string(cell.Record) + "." + std::to_string(static_cast<int>(cell.Field));
+    }
+    std::string Column(HeaderField field) {
+        std::string text;
+        for (const SampleRecord& sample : Samples()) {
+            text += sample.Header[field] + "|";
+        }
+        return text;
+    }
+    std::string Text(const char* label) { return Get<QLabel>(label).text().toStdString(); }
+
+    HeaderTableDialog& dialog = Find<HeaderTableDialog>("HeaderTableDialog");
+    SheetView& view = *dialog.findChild<SheetView*>("HeadersTable");
+};
+
+TEST(HeaderTable, IsTypedInLikeASpreadsheet) {
+    TableRig rig;
+    EXPECT_EQ(rig.At(), "0.1");
+    rig.To(0, kLabName);
+    rig.Type("A\tB\tC\r");
+    EXPECT_EQ(rig.At(), "1.3") << "below where the Tabs began";
+    EXPECT_EQ(rig.Column(kLabName) + rig.Column(kLabCode), "A||||C||||");
+    rig.Type("D;E");
+    rig.Press(Qt::Key_Down);
+    EXPECT_EQ(rig.At() + rig.Samples()[1].Header[kLabName], "2.3DE");
+    rig.Press(Qt::Key_Up);
+    rig.Press(Qt::Key_F2);
+    rig.Press(Qt::Key_Home);
+    rig.Type("x\33");
+    EXPECT_EQ(rig.Samples()[1].Header[kLabName], "DE");
+    EXPECT_TRUE(rig.dialog.isVisible()) << "Escape leaves the cell only";
+    rig.Press(Qt::Key_F2);
+    rig.Press(Qt::Key_Home);
+    rig.Type("x\r");
+    EXPECT_EQ(rig.Samples()[1].Header[kLabName], "xDE");
+    rig.Press(Qt::Key_Up);
+    rig.Press(Qt::Key_Delete);
+    EXPECT_EQ(rig.Samples()[1].Header[kLabName], "");
+    rig.Type("^z");
+    EXPECT_EQ(rig.Samples()[1].Header[kLabName], "xDE");
+
+    rig.Press(Qt::Key_End, Qt::ControlModifier);
+    EXPECT_EQ(rig.At(), "3.26");
+    rig.Press(Qt::Key_Home);
+    rig.Press(Qt::Key_Tab, Qt::ShiftModifier);
+    EXPECT_EQ(rig.At(), "2.26");
+    rig.Press(Qt::Key_Down);
+    rig.Type("\t");
+    EXPECT_EQ(rig.Focus(), "FillDownButton") << "no trap";
+}
+
+TEST(HeaderTable, TakesCellsFromTheClipboardAndGivesThem) {
+    TableRig rig;
+    rig.To(0, kLabName);
+    rig.Paste("Fair;haven\tC-17\r\n\"two\r\nlines\"\t\r\n");
+    EXPECT_EQ(rig.Column(kLabName) + rig.Column(kContract), "Fair,haven|two lines|||C-17||||");
+    EXPECT_EQ(rig.view.selectionModel()->selectedIndexes().size(), 4);
+    rig.Type("^c^z");
+    EXPECT_EQ(rig.Column(kLabName) + rig.Column(kContract), "||||||||") << "one step";
+    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "Fair,haven\tC-17\ntwo lines\t\n");
+    rig.Type("^y^x");
+    EXPECT_EQ(rig.Column(kLabName) + rig.Column(kContract), "||||||||");
+
+    rig.To(1, kLabCode);
+    rig.Extend(Qt::Key_Down, 2);
+    rig.Paste("FHAV");
+    EXPECT_EQ(rig.Column(kLabCode), "|FHAV|FHAV|FHAV|");
+    rig.To(3, kColumnLength);
+    rig.Paste("30\t1\n31");
+    EXPECT_EQ(rig.Column(kColumnLength), "|||30|");
+    EXPECT_THAT(rig.log.TakeTexts(),
+                testing::ElementsAre("The clipboard has more than there is room for from here on.\n"
+                                     "Left out at its end: rows: 1, columns: 1."));
+    // While a cell is typed in.
+    rig.To(0, kCaseNo);
+    rig.Press(Qt::Key_F2);
+    rig.Paste("1\n2");
+    EXPECT_EQ(rig.Column(kCaseNo), "1|2|||");
+}
+
+TEST(HeaderTable, FillsLaboratoryWideValues) {
+    TableRig rig;
+    rig.To(2, kLabName);
+    rig.Paste("Fair\tC\tF\t3\t1\tS");
+    rig.Type("^a^e");
+    EXPECT_EQ(rig.Column(kLabName) + rig.Column(kSdgNo), "Fair|Fair|Fair|Fair|S|S|S|S|");
+    EXPECT_EQ(rig.Column(kLabSampleId), "||||");
+    rig.To(1, kSdgNo);
+    rig.Type("T\r");
+    rig.To(1, kSdgNo);
+    rig.Extend(Qt::Key_Down, 2);
+    rig.Type("^d");
+    EXPECT_EQ(rig.Column(kSdgNo), "S|T|T|T|");
+    rig.Type("^z^z^z^z");
+    EXPECT_EQ(rig.Column(kLabName) + rig.Column(kSdgNo), "||||||||");
+}
+
+TEST(HeaderTable, TellsWhatItDoesNotTake) {
+    TableRig rig;
+    rig.To(1, kDateAnalyzed);
+    rig.Type("2/30/2005 9:00\r");
+    rig.Press(Qt::Key_Up);
+    const std::string fault = "Z1, Date Analyzed: Date Analyzed is no date. It was not taken.";
+    EXPECT_EQ(rig.Text("NoteLabel"), fault);
+    EXPECT_EQ(rig.Samples()[1].Header[kDateAnalyzed], "");
+    EXPECT_EQ(rig.view.currentIndex().data(Qt::AccessibleDescriptionRole).toString(),
+              "Date Analyzed is no date. It was not taken.");
+
+    rig.log.answers = {false, true};
+    rig.To(0, kLabName);
+    rig.Type("\33");
+    EXPECT_EQ(rig.At(), "1.15");
+    EXPECT_TRUE(rig.dialog.isVisible());
+    rig.Type("\33");
+    EXPECT_FALSE(rig.dialog.isVisible());
+    const std::string question =
+        "These values were not taken:\nZ1, Date Analyzed: 2/30/2005 9:00\nClose without them?";
+    EXPECT_THAT(rig.log.TakeTexts(), testing::ElementsAre(question, question));
+
+    rig.Open();
+    rig.To(1, kDateAnalyzed);
+    EXPECT_EQ(rig.Text("NoteLabel"), "Z1, Date Analyzed: Date Analyzed is empty.");
+    rig.Type("2/28/2005 9:00\r");
+    EXPECT_EQ(rig.Samples()[1].Header[kDateAnalyzed], "02/28/2005 09:00");
+    rig.Use("&c");
+    EXPECT_FALSE(rig.dialog.isVisible());
+}
+
+TEST(HeaderTable, OffersChoicesAndFollowsTheMatrix) {
+    TableRig rig;
+    rig.To(1, kMatrix);
+    rig.Type("so\r");
+    EXPECT_EQ(rig.Column(kMatrix), "WATER|SOIL|WATER|WATER|");
+    EXPECT_EQ(rig.Column(kPercentMoisture), "N/A|0|N/A|N/A|");
+    rig.Press(Qt::Key_F2);
+    rig.Press(Qt::Key_Up);
+    rig.Type("\t");
+    EXPECT_EQ(rig.Samples()[2].Header[kMatrix], "SED");
+    rig.Type("^z^z");
+    EXPECT_EQ(rig.Column(kMatrix) + rig.Column(kPercentMoisture),
+              "WATER|WATER|WATER|WATER|N/A|N/A|N/A|N/A|");
+    EXPECT_EQ(rig.At(), "1.9") << "where it was undone";
+}
+
+TEST(HeaderTable, CountsCompleteHeadersAndFinds) {
+    TableRig rig;
+    std::string all = "ZA1";
+    for (int number = 2; number <= SampleHeader::kCount; ++number) {
+        all += "\t";
+        all += number == 14 || number == 15 ? "" : std::to_string(number);
+    }
+    rig.To(3, kZovSampleNo);
+    EXPECT_EQ(rig.Text("CompleteLabel"), "0 of 4 headers complete");
+    rig.Paste(all);
+    EXPECT_EQ(rig.Text("CompleteLabel"), "1 of 4 headers complete");
+    EXPECT_EQ(rig.Samples()[3].Header[kDateReceived], "  /  /       :  ");
+
+    rig.To(0, kZovSampleNo);
+    rig.Type("^f");
+    EXPECT_EQ(rig.Focus(), "FindEdit");
+    rig.Type("za1\r");
+    EXPECT_EQ(rig.At(), "3.1");
+    rig.Enter("FindEdit", "2");
+    rig.Type("&n&n");
+    EXPECT_EQ(rig.At(), "3.12");
+    rig.Press(Qt::Key_F3, Qt::ShiftModifier);
+    rig.Type("&p");
+    EXPECT_EQ(rig.At(), "2.1") << "Z2";
+    rig.Enter("FindEdit", "nowhere\r");
+    EXPECT_EQ(rig.Text("FoundLabel"), "Not found.");
+    rig.Type("\33");
+    EXPECT_EQ(rig.Focus(), "HeadersTable");
+    EXPECT_TRUE(rig.dialog.isVisible());
+}
+
+TEST(HeaderTable, KeepsTheFirstColumnInSight) {
+    TableRig rig;
+    rig.dialog.resize(600, 400);
+    QTest::qWait(0);
+    rig.Press(Qt::Key_End);
+    EXPECT_GT(rig.view.horizontalScrollBar()->value(), 0);
+    const QRect first = rig.view.visualRect(rig.view.model()->index(2, 0));
+    EXPECT_EQ(first.left(), 0);
+    QTest::mouseClick(rig.view.viewport(), Qt::LeftButton, {}, first.center());
+    EXPECT_EQ(rig.At(), "2.1");
+    rig.Type("N\r");
+    EXPECT_EQ(rig.Samples()[2].Header[kZovSampleNo], "N");
+    EXPECT_GT(rig.view.horizontalScrollBar()->value(), 0) << "no need to scroll";
+    rig.To(2, kMatrix);
+    rig.Press(Qt::Key_End);
+    for (int i = 0; i < 20; ++i) {
+        rig.Press(Qt::Key_Left);
+        EXPECT_GE(rig.view.visualRect(rig.view.currentIndex()).left(), first.width());
+    }
+    // A selection that goes on under the first column.
+    rig.Extend(Qt::Key_Right, 15);
+    EXPECT_EQ(rig.view.selectionModel()->selectedIndexes().size(), 16);
+}
+
+TEST(HeaderTable, AsksForFilesAndHelps) {
+    WindowRig().Use("^h", "Please use Data Files|Load Files menu selections\nto specify files.");
+    TableRig table;
+    table.Press(Qt::Key_F1);
+    EXPECT_THAT(table.topics, testing::ElementsAre(kHeadersHelpTopic));
+    table.view.setColumnWidth(2, 321);
+    HeaderTableDialog next(table.form, table.form, table.memory, nullptr);
+    EXPECT_EQ(next.findChild<SheetView*>()->columnWidth(2), 321);
+}
+
+}  // namespace
+}  // namespace qfr::test
