@@ -1,8 +1,6 @@
 #include "data/LabFiles.h"
 
-#include <algorithm>
 #include <functional>
-#include <iterator>
 #include <utility>
 
 #include "platform/FileReplace.h"
@@ -14,15 +12,6 @@ namespace qfr {
 namespace {
 
 constexpr std::size_t kMaxDefaultLength = 29;  // characters
-
-// What a matrix has a value for.
-struct MatrixRule {
-    std::string_view matrix;
-    bool moisture;
-    bool soilVolumes;
-};
-constexpr MatrixRule kMatrixRules[] = {
-    {"WATER", false, false}, {"SOIL", true, true}, {"SED", true, false}};
 
 std::optional<std::vector<std::string>> ReadValues(
     const std::filesystem::path& file, std::size_t most,
@@ -84,23 +73,6 @@ std::optional<std::string> WriteValueLines(const std::filesystem::path& file,
         content += OneLine(value) + "\n";
     }
     return ReplaceFile(file, content, ReadOnlyFile::kIsReplaced);
-}
-
-void ApplyMatrixRules(SampleHeader& header) {
-    const auto* const rule =
-        std::ranges::find(kMatrixRules, header[HeaderField::kMatrix], &MatrixRule::matrix);
-    if (rule == std::end(kMatrixRules)) {
-        return;
-    }
-    const auto apply = [&header](HeaderField field, bool applies) {
-        const bool isApplicable = header[field] != "N/A";
-        if (applies != isApplicable) {
-            header[field] = applies ? "0" : "N/A";
-        }
-    };
-    apply(HeaderField::kPercentMoisture, rule->moisture);
-    apply(HeaderField::kSoilAliquotVolume, rule->soilVolumes);
-    apply(HeaderField::kSoilExtractVolume, rule->soilVolumes);
 }
 
 }  // namespace qfr

@@ -49,8 +49,4 @@ std::vector<Message> MakeBatchTexts(std::vector<std::string>& values, std::strin
 std::optional<std::string> WriteValueLines(const std::filesystem::path& file,
                                            const std::vector<std::string>& values);
 
-// What a change of the matrix does to % moisture and the soil volumes. Texts other than "WATER",
-// "SOIL" and "SED" change nothing.
-void ApplyMatrixRules(SampleHeader& header);
-
 }  // namespace qfr

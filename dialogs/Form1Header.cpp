@@ -1,6 +1,7 @@
 #include "dialogs/Form1Header.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include <QApplication>
 #include <QFocusEvent>
@@ -8,6 +9,7 @@
 #include <QScopedValueRollback>
 #include <QShortcut>
 
+#include "data/HeaderFields.h"
 #include "data/LabFiles.h"
 #include "dialogs/EntryDialogs.h"
 #include "forms/Form1TicContent.h"
@@ -50,15 +52,9 @@ TForm1Header::TForm1Header(FormHost& host, WindowServices& services)
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                    Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
     ui_->setupUi(this);
-    fieldControls_ = {ui_->ZOVComboBox, ui_->LabComboBox, ui_->Edit1,     ui_->Edit2,
-                      ui_->Edit4,       ui_->Edit5,       ui_->Edit6,     ui_->Edit7,
-                      ui_->ComboBox2,   ui_->Edit10,      ui_->ComboBox1, ui_->Edit9,
-                      ui_->ComboBox3,   ui_->MaskEdit1,   ui_->MaskEdit2, ui_->Edit13,
-                      ui_->Edit16,      ui_->Edit17,      ui_->Edit14,    ui_->Edit18,
-                      ui_->Edit15,      ui_->Edit19,      ui_->ComboBox4, ui_->Edit3,
-                      ui_->ComboBox5,   ui_->Edit8};
-    ui_->MaskEdit1->SetMask(kDateMask);
-    ui_->MaskEdit2->SetMask(kDateMask);
+    for (int number = 1; number <= SampleHeader::kCount; ++number) {
+        SetUpControl(HeaderFieldAt(number));
+    }
     ui_->Button1->hide();
 
     for (QWidget* const control : fieldControls_) {
@@ -100,6 +96,25 @@ TForm1Header::TForm1Header(FormHost& host, WindowServices& services)
 }
 
 TForm1Header::~TForm1Header() = default;
+
+void TForm1Header::SetUpControl(HeaderField field) {
+    const HeaderEntry& entry = HeaderEntryOf(field);
+    const auto text = [](std::string_view ascii) {
+        return QString::fromLatin1(ascii.data(), std::ssize(ascii));
+    };
+    auto* const control = findChild<QWidget*>(text(entry.Control));
+    fieldControls_.at(static_cast<std::size_t>(field) - 1) = control;
+    if (auto* const date = qobject_cast<MaskEdit*>(control)) {
+        date->SetMask(kDateMask);
+        return;
+    }
+    if (auto* const box = qobject_cast<QComboBox*>(control)) {
+        for (const std::string_view choice : entry.Choices) {
+            choice.empty() ? void() : box->addItem(text(choice));
+        }
+    }
+    SetTextOfField(field, std::string(entry.FirstText));
+}
 
 // A button that is chosen while a date is wrong does nothing: the date is complained about instead,
 // also where the choice (by a mnemonic) did not move the focus.
@@ -219,11 +234,10 @@ void TForm1Header::LoadRecord() {
 
 void TForm1Header::Save(QWidget* control) {
     SampleRecord* const record = Record();
-    const auto place = std::ranges::find(fieldControls_, control);
-    if (record == nullptr || place == fieldControls_.end()) {
+    if (record == nullptr || std::ranges::count(fieldControls_, control) == 0) {
         return;
     }
-    const auto field = HeaderFieldAt(static_cast<int>(place - fieldControls_.begin()) + 1);
+    const HeaderField field = FieldOf(control);
     record->Header[field] = TextOfField(field);
     // A value that was carried over is not yet in the list of its drop-down.
     if (control == ui_->ZOVComboBox || control == ui_->LabComboBox) {
@@ -238,17 +252,20 @@ void TForm1Header::SaveAll() {
     }
 }
 
-// The laboratory may know the day only on which it has received a sample.
-std::string TForm1Header::TextOfDate(const MaskEdit* date) const {
-    const std::string text = date->MaskText();
-    return date == ControlOf(HeaderField::kDateReceived) ? WithoutUnfilledTime(text) : text;
+HeaderField TForm1Header::FieldOf(const QWidget* control) const {
+    const auto place = std::ranges::find(fieldControls_, control);
+    return HeaderFieldAt(static_cast<int>(place - fieldControls_.begin()) + 1);
+}
+
+bool TForm1Header::IsWrong(const MaskEdit* date) const {
+    const HeaderField field = FieldOf(date);
+    return HeaderFault(field, TextOfField(field)).has_value();
 }
 
 void TForm1Header::OnDateExit(MaskEdit* date) {
-    const std::string text = TextOfDate(date);
-    if (!IsDateTimeOrUnfilled(text)) {
+    if (IsWrong(date)) {
         RefuseDate(date);
-    } else if (!IsUnfilled(text)) {
+    } else if (!IsUnfilled(TextOfField(FieldOf(date)))) {
         Save(date);
     }
 }
@@ -259,7 +276,7 @@ bool TForm1Header::DateRefused() {
         return true;
     }
     auto* const date = qobject_cast<MaskEdit*>(focusWidget());
-    if (date == nullptr || IsDateTimeOrUnfilled(TextOfDate(date))) {
+    if (date == nullptr || !IsWrong(date)) {
         return false;
     }
     RefuseDate(date);
@@ -432,12 +449,12 @@ QWidget* TForm1Header::ControlOf(HeaderField field) const {
 std::string TForm1Header::TextOfField(HeaderField field) const {
     const QWidget* const control = ControlOf(field);
     if (const auto* const date = qobject_cast<const MaskEdit*>(control)) {
-        return TextOfDate(date);
+        return HeaderText(field, date->MaskText());
     }
     if (const auto* const box = qobject_cast<const QComboBox*>(control)) {
-        return EnteredField(box->currentText().toStdString());
+        return HeaderText(field, box->currentText().toStdString());
     }
-    return EnteredIn(*static_cast<const QLineEdit*>(control));
+    return HeaderText(field, static_cast<const QLineEdit*>(control)->text().toStdString());
 }
 
 void TForm1Header::SetTextOfField(HeaderField field, const std::string& text) {

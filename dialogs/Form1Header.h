@@ -82,11 +82,14 @@ class TForm1Header : public QDialog {
     void OkButtonClick();     // "Exit"
 
     void Connect(QAbstractButton* button, void (TForm1Header::*handler)());
+    // Finds the control of the value and shows in it what it has at first.
+    void SetUpControl(HeaderField field);
     QWidget* ControlOf(HeaderField field) const;
+    HeaderField FieldOf(const QWidget* control) const;  // of the 26
+    bool IsWrong(const MaskEdit* date) const;
     std::string TextOfField(HeaderField field) const;
     void SetTextOfField(HeaderField field, const std::string& text);
     std::vector<std::string> TextsOf(std::span<const HeaderField> fields) const;
-    std::string TextOfDate(const MaskEdit* date) const;
     // Of the file of that name. False: it could not be read.
     bool TakeTexts(std::span<const HeaderField> fields,
                    std::optional<std::vector<std::string>> texts, const std::string& fileName);

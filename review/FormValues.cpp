@@ -7,6 +7,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "data/HeaderFields.h"
 #include "data/TuneRules.h"
 #include "platform/Text.h"
 
@@ -22,41 +23,6 @@ struct Value {
     std::string_view name;
     std::string Row::*text;
     bool isNumber = false;
-};
-
-struct HeaderName {
-    std::string_view name;
-    bool isNumber = false;
-};
-
-// By number, from 1.
-constexpr HeaderName kHeaderNames[SampleHeader::kCount] = {
-    {"sampleNo"},
-    {"labSampleId"},
-    {"labName"},
-    {"contract"},
-    {"labCode"},
-    {"caseNo"},
-    {"modRefNo"},
-    {"sdgNo"},
-    {"matrix"},
-    {"sampleWtVol", kNumber},
-    {"wtVolUnits"},
-    {"labFileId"},
-    {"level"},
-    {"dateReceived"},
-    {"dateAnalyzed"},
-    {"percentMoisture", kNumber},
-    {"gcColumn"},
-    {"columnId", kNumber},
-    {"dilutionFactor", kNumber},
-    {"soilExtractVolume", kNumber},
-    {"soilAliquotVolume", kNumber},
-    {"purgeVolume", kNumber},
-    {"concUnits"},
-    {"instrumentId"},
-    {"heatedPurge"},
-    {"columnLength", kNumber},
 };
 
 using enum HeaderField;
@@ -133,11 +99,15 @@ constexpr Value<VoaRow> kVoaRow[] = {
     {"qualifier", &VoaRow::Qualifier},
 };
 
-constexpr HeaderName kTicCells[TicEntry::kCount] = {{"casNumber"},
-                                                    {"compound"},
-                                                    {"retentionTime", kNumber},
-                                                    {"estimatedConcentration", kNumber},
-                                                    {"qualifier"}};
+struct TicCell {
+    std::string_view name;
+    bool isNumber = false;
+};
+constexpr TicCell kTicCells[TicEntry::kCount] = {{"casNumber"},
+                                                 {"compound"},
+                                                 {"retentionTime", kNumber},
+                                                 {"estimatedConcentration", kNumber},
+                                                 {"qualifier"}};
 
 constexpr Value<Form2Content::Compound> kMonitoringCompound[] = {
     {"number", &Form2Content::Compound::Number},
@@ -213,8 +183,8 @@ FormValues FieldsOf(const Content& content, std::span<const HeaderField> header,
     std::vector<std::string>& texts = values.Fields.Rows.emplace_back();
     for (const auto& part : {std::span<const HeaderField>(kLabRows), header}) {
         for (const HeaderField field : part) {
-            const HeaderName& name = kHeaderNames[static_cast<std::size_t>(field) - 1];
-            values.Fields.Columns.push_back({std::string(name.name), name.isNumber});
+            const HeaderEntry& entry = HeaderEntryOf(field);
+            values.Fields.Columns.push_back({std::string(entry.ExportName), entry.IsNumber});
             texts.push_back(content.Header[field]);
         }
     }
@@ -244,7 +214,7 @@ FormValues Describe(const Form1VoaContent& content) {
 FormValues Describe(const Form1TicContent& content) {
     FormValues values = FieldsOf(content, kForm1Header, kSampleNo<Form1TicContent>);
     ValueTable compounds{"compounds", {}, {}};
-    for (const HeaderName& cell : kTicCells) {
+    for (const TicCell& cell : kTicCells) {
         compounds.Columns.push_back({std::string(cell.name), cell.isNumber});
     }
     for (const TicEntry& entry : content.Entries) {

@@ -4,6 +4,7 @@
 #include <span>
 #include <unordered_map>
 
+#include "data/HeaderFields.h"
 #include "platform/Numbers.h"
 #include "platform/Text.h"
 #include "review/Rules.h"
@@ -18,25 +19,8 @@ constexpr HeaderField kPackageFields[] = {kLabName, kContract, kLabCode,
                                           kCaseNo,  kModRefNo, kSdgNo};
 constexpr HeaderField kInstrumentFields[] = {kInstrumentId, kGcColumn, kColumnId, kColumnLength};
 
-// What the Form 1 header dialog shows before anybody types.
-constexpr std::pair<HeaderField, std::string_view> kPlaceholders[] = {
-    {kLabName, "Lab"},    {kContract, "Contract#"}, {kLabCode, "XXX"},
-    {kCaseNo, "case001"}, {kModRefNo, "Mod00"},     {kSdgNo, "No123"}};
-
-struct Choices {
-    HeaderField Field;
-    std::string_view First;
-    std::string_view Second;
-    std::string_view Third = {};
-};
-constexpr Choices kChoices[] = {{kMatrix, "SOIL", "SED", "WATER"},
-                                {kLevel, "TRACE", "LOW", "MED"},
-                                {kWtVolUnits, "g", "mL"},
-                                {kConcUnits, "ug/L", "ug/kg"},
-                                {kHeatedPurge, "Y", "N"}};
-
 std::string Is(HeaderField field, std::string_view value) {
-    return std::string(HeaderLabel(field)) + " is " + Quoted(value);
+    return std::string(HeaderEntryOf(field).Label) + " is " + Quoted(value);
 }
 
 bool IsWater(const SampleHeader& header) {
@@ -50,6 +34,24 @@ bool IsKnownMatrix(const SampleHeader& header) {
 bool IsSame(HeaderField field, std::string_view one, std::string_view other) {
     return Trim(one) == Trim(other) ||
            (field == kDateAnalyzed && IsSameMinute(DateTimeIn(one), DateTimeIn(other)));
+}
+
+template <typename Look>
+void ForValues(const Reviewed& batch, Look look) {
+    for (std::size_t record = 0; record < batch.Samples.size(); ++record) {
+        for (int number = 1; number <= SampleHeader::kCount; ++number) {
+            look(record, HeaderFieldAt(number), batch.Header(record, HeaderFieldAt(number)));
+        }
+    }
+}
+
+using Doubt = std::optional<std::string>(HeaderField field, std::string_view value);
+void ForDoubts(const Reviewed& batch, Doubt* doubtOf, Findings& findings) {
+    ForValues(batch, [&](std::size_t record, HeaderField field, const std::string& value) {
+        if (const auto doubt = doubtOf(field, value)) {
+            findings.AddSample(record, *doubt, HeaderPlace(field));
+        }
+    });
 }
 
 // How many samples have each value of the field.
@@ -114,22 +116,13 @@ void LookForOthers(const Reviewed& batch, std::span<const HeaderField> fields, F
 
 }  // namespace
 
-bool IsListedChoice(std::string_view text) {
-    return std::ranges::any_of(kChoices, [text](const Choices& choices) {
-        return text == choices.First || text == choices.Second || text == choices.Third;
-    });
-}
-
 void EmptyValues(const Reviewed& batch, Findings& findings) {
-    for (std::size_t record = 0; record < batch.Samples.size(); ++record) {
-        for (int number = 1; number <= SampleHeader::kCount; ++number) {
-            const HeaderField field = HeaderFieldAt(number);
-            if (field != kDateReceived && IsUnfilled(batch.Header(record, field))) {
-                findings.AddSample(record, std::string(HeaderLabel(field)) + " is empty.",
-                                   HeaderPlace(field));
-            }
+    ForValues(batch, [&](std::size_t record, HeaderField field, const std::string& value) {
+        if (field != kDateReceived && IsUnfilled(value)) {
+            findings.AddSample(record, std::string(HeaderEntryOf(field).Label) + " is empty.",
+                               HeaderPlace(field));
         }
-    }
+    });
 }
 
 void NotReceived(const Reviewed& batch, Findings& findings) {
@@ -142,15 +135,7 @@ void NotReceived(const Reviewed& batch, Findings& findings) {
 }
 
 void Placeholders(const Reviewed& batch, Findings& findings) {
-    for (std::size_t record = 0; record < batch.Samples.size(); ++record) {
-        for (const auto& [field, placeholder] : kPlaceholders) {
-            if (LowerCase(Trim(batch.Header(record, field))) == LowerCase(placeholder)) {
-                findings.AddSample(record,
-                                   Is(field, placeholder) + ", as the dialog has it at first.",
-                                   HeaderPlace(field));
-            }
-        }
-    }
+    ForDoubts(batch, &PlaceholderDoubt, findings);
 }
 
 void CarriedOver(const Reviewed& batch, Findings& findings) {
@@ -177,20 +162,7 @@ void OtherThanReport(const Reviewed& batch, Findings& findings) {
 }
 
 void UnlistedChoices(const Reviewed& batch, Findings& findings) {
-    for (std::size_t record = 0; record < batch.Samples.size(); ++record) {
-        for (const auto& [field, first, second, third] : kChoices) {
-            const std::string value = Trim(batch.Header(record, field));
-            if (value.empty() || value == first || value == second || value == third) {
-                continue;
-            }
-            std::vector<std::string> names{std::string(first), std::string(second)};
-            if (!third.empty()) {
-                names.emplace_back(third);
-            }
-            findings.AddSample(record, Is(field, value) + ", none of " + Enumerated(names) + ".",
-                               HeaderPlace(field));
-        }
-    }
+    ForDoubts(batch, &ChoiceDoubt, findings);
 }
 
 void ForeignUnits(const Reviewed& batch, Findings& findings) {

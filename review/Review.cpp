@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "data/EntryTables.h"
+#include "data/HeaderFields.h"
 #include "forms/FormList.h"
 #include "platform/Text.h"
 #include "review/Rules.h"
@@ -189,45 +190,6 @@ constexpr Rule kRules[] = {
      Prints},
 };
 
-// A header value under its name on Form I, and its control in the Form 1 header dialog. By number.
-struct HeaderEntry {
-    std::string_view Label;
-    std::string_view Control;
-};
-constexpr HeaderEntry kHeaderEntries[] = {
-    {"ZOV Sample No.", "ZOVComboBox"},
-    {"Lab Sample ID", "LabComboBox"},
-    {"Lab Name", "Edit1"},
-    {"Contract", "Edit2"},
-    {"Lab Code", "Edit4"},
-    {"Case No.", "Edit5"},
-    {"Mod. Ref No.", "Edit6"},
-    {"SDG No.", "Edit7"},
-    {"Matrix", "ComboBox2"},
-    {"Sample wt/vol", "Edit10"},
-    {"The unit of wt/vol", "ComboBox1"},
-    {"Lab File ID", "Edit9"},
-    {"Level", "ComboBox3"},
-    {"Date Received", "MaskEdit1"},
-    {"Date Analyzed", "MaskEdit2"},
-    {"% Moisture", "Edit13"},
-    {"GC Column", "Edit16"},
-    {"Column ID", "Edit17"},
-    {"Dilution Factor", "Edit14"},
-    {"Soil Extract Volume", "Edit18"},
-    {"Soil Aliquot Volume", "Edit15"},
-    {"Purge Volume", "Edit19"},
-    {"The unit of concentration", "ComboBox4"},
-    {"Instrument ID", "Edit3"},
-    {"Heated Purge", "ComboBox5"},
-    {"Column Length", "Edit8"},
-};
-static_assert(std::size(kHeaderEntries) == SampleHeader::kCount);
-
-const HeaderEntry& EntryOf(HeaderField field) {
-    return kHeaderEntries[static_cast<std::size_t>(field) - 1];
-}
-
 std::size_t FormIndex(std::string_view name) {
     return static_cast<std::size_t>(std::ranges::find(kForms, name, &FormRow::name) -
                                     kForms.begin());
@@ -350,14 +312,10 @@ std::vector<Finding> Findings::Take() {
     return std::move(found_);
 }
 
-std::string_view HeaderLabel(HeaderField field) {
-    return EntryOf(field).Label;
-}
-
 MendPlace HeaderPlace(HeaderField field) {
     return {.Window = MendWindow::kForm1Header,
-            .Control = std::string(EntryOf(field).Control),
-            .Label = std::string(EntryOf(field).Label),
+            .Control = std::string(HeaderEntryOf(field).Control),
+            .Label = std::string(HeaderEntryOf(field).Label),
             .Field = field};
 }
 

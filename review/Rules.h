@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "data/CalibrationTables.h"
+#include "data/HeaderFields.h"
 #include "forms/Form1VoaContent.h"
 #include "forms/Form2Content.h"
 #include "forms/Form6Content.h"
@@ -103,7 +104,6 @@ class Findings {
 
 // ---- Where findings are mended
 
-std::string_view HeaderLabel(HeaderField field);
 MendPlace HeaderPlace(HeaderField field);
 MendPlace TicPlace(int row = 0);  // from 1
 // The entry with that control; `item` counts from 0 in a list or grid.
@@ -115,8 +115,6 @@ MendPlace CheckFilePlace();
 
 // ---- Small helpers
 
-// Whether the text is one of the choices that the Form 1 header dialog lists.
-bool IsListedChoice(std::string_view text);
 std::string Quoted(std::string_view text);
 // The date and time in the text; absent where it has no date.
 std::optional<DateTime> DateTimeIn(std::string_view text);

@@ -2,6 +2,7 @@
 #include "data/CalibrationEntryRules.h"
 #include "data/CalibrationTables.h"
 #include "data/EntryTables.h"
+#include "data/HeaderFields.h"
 #include "data/LabFiles.h"
 #include "forms/Form6Content.h"
 #include "forms/Form7Content.h"

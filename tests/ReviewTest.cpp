@@ -265,9 +265,8 @@ std::vector<RuleCase> Cases() {
          "form 1: S1: Level is \"low\", none of TRACE, LOW and MED. [Form 1 Header, Level]",
          Header(kLevel, "TRACE")},
         {"header.units", Header(kConcUnits, "ug/kg"),
-         "form 1: S1: The unit of concentration is \"ug/kg\" for WATER. [Form 1 Header, The unit "
-         "of "
-         "concentration]",
+         "form 1: S1: Unit of Concentration is \"ug/kg\" for WATER. [Form 1 Header, Unit of "
+         "Concentration]",
          Both(Header(kConcUnits, "ug/kg"), Both(Header(kWtVolUnits, "g"), Soil("0")))},
         {"header.moisture", Soil("101"),
          "form 1: S1: % Moisture is \"101\" for SOIL, which has a number from 0 to 100. [Form 1 "

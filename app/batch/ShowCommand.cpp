@@ -6,20 +6,14 @@
 
 #include "app/batch/BatchCommand.h"
 #include "data/EntryTables.h"
+#include "data/HeaderFields.h"
 #include "platform/DateTime.h"
 #include "platform/Text.h"
 
 namespace qfr {
 namespace {
 
-// By number.
-constexpr std::string_view kHeaderLabels =
-    "ZOV sample no.;Lab sample ID;Lab name;Contract;Lab code;Case no.;Mod. ref no.;SDG no.;"
-    "Matrix;Sample wt/vol;Wt/vol units;Lab file ID;Level;Date received;Date analyzed;"
-    "% moisture;GC column;Column ID, mm;Dilution factor;Soil extract volume;Soil aliquot vol;"
-    "Purge volume;Concentration units;Instrument ID;Heated purge;Column length, m";
-
-constexpr int kValueColumn = 22;
+constexpr int kValueColumn = 27;
 
 class BatchText {
   public:
@@ -56,7 +50,7 @@ void ShowSamples(BatchText& text, const Batch& batch) {
         text.Value("Report", record.FileName);
         text.Value("Compounds", std::to_string(record.CompoundCount));
         for (int number = 1; number <= SampleHeader::kCount; ++number) {
-            text.Value(GetField(kHeaderLabels, number), record.Header[HeaderFieldAt(number)]);
+            text.Value(HeaderHeading(HeaderFieldAt(number)), record.Header[HeaderFieldAt(number)]);
         }
         if (record.TicList) {
             std::vector<std::string> tics;

@@ -11,7 +11,7 @@ MISTAKES = [
      'Contract is "TQW-05-0471"; most samples have "TQW-05-0417".', "Form 1 Header", "TQW-05-0417", "Exit"),
     ("ZA104.D;LOW", "ZA104.D;LOUD", 'Level is "LOUD", none of TRACE, LOW and MED.', "Form 1 Header", "LOW", "Exit"),
     ("12:46;N/A;VOCOL;0.25;1;N/A;N/A;5.0;ug/L", "12:46;N/A;VOCOL;0.25;1;N/A;N/A;5.0;ug/kg",
-     'The unit of concentration is "ug/kg" for WATER.', "Form 1 Header", "ug/L", "Exit"),
+     'Unit of Concentration is "ug/kg" for WATER.', "Form 1 Header", "ug/L", "Exit"),
     ("ZA106.D;LOW;05/13/2005 14:45", "ZA106.D;LOW;05/19/2005 14:45",
      "Received 05/19/2005 14:45 and analyzed 05/18/2005 13:18, before it was there.",
      "Form 1 Header", "051320051445", "Exit"),
