@@ -54,6 +54,10 @@ void Remark(QWidget& control, const char* about, const QString& text) {
     }
 }
 
+bool HasRemark(const QWidget& control, const char* about) {
+    return !control.property(QByteArray(kRemark) + about).toString().isEmpty();
+}
+
 void TellOfNoSuchDates(QWidget& window, QLabel& label) {
     const QList<MaskEdit*> edits = window.findChildren<MaskEdit*>();
     const auto tell = [&label, edits] {

@@ -12,6 +12,8 @@ namespace qfr {
 // control's own description. There is one remark `about` each thing; an empty one takes it back.
 void Remark(QWidget& control, const char* about, const QString& text);
 
+bool HasRemark(const QWidget& control, const char* about);
+
 // While a date typed in the window does not exist, the label says so, and so does the date.
 void TellOfNoSuchDates(QWidget& window, QLabel& label);
 
