@@ -235,6 +235,28 @@ std::optional<std::string> ChoiceDoubt(HeaderField field, std::string_view value
     return Is(field, text) + ", none of " + Enumerated(names) + ".";
 }
 
+std::string CompletenessOf(const SampleHeader& header) {
+    constexpr std::size_t kNamed = 4;
+    std::vector<std::string> names;
+    std::size_t empty = 0;
+    for (int number = 1; number <= SampleHeader::kCount; ++number) {
+        if (!Trim(header[HeaderFieldAt(number)]).empty()) {
+            continue;
+        }
+        if (++empty <= kNamed) {
+            names.emplace_back(HeaderEntryOf(HeaderFieldAt(number)).Label);
+        }
+    }
+    if (empty == 0) {
+        return "Complete";
+    }
+    if (empty > kNamed) {
+        names.push_back(std::to_string(empty - kNamed) + " more");
+    }
+    return std::to_string(empty) + " of " + std::to_string(SampleHeader::kCount) +
+           (empty == 1 ? " values is empty: " : " values are empty: ") + Enumerated(names);
+}
+
 bool IsListedChoice(std::string_view value) {
     return std::ranges::any_of(
         kEntries, [value](const HeaderEntry& entry) { return IsOffered(entry, value); });

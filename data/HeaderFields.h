@@ -45,6 +45,9 @@ std::optional<std::string> HeaderFault(HeaderField field, std::string_view value
 std::optional<std::string> PlaceholderDoubt(HeaderField field, std::string_view value);
 std::optional<std::string> ChoiceDoubt(HeaderField field, std::string_view value);
 
+// "Complete", or what a form still asks for: "2 of 26 values are empty: Lab Name and Contract".
+std::string CompletenessOf(const SampleHeader& header);
+
 // Whether the value is one of those that are offered for any field.
 bool IsListedChoice(std::string_view value);
 

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <limits>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "data/Batch.h"
@@ -12,12 +14,15 @@
 
 namespace qfr {
 
+inline constexpr std::string_view kTuneBase = "95";  // m/e that most ions are a percentage of
+
 struct TuneIon {
     std::string_view Mass;              // m/e
     std::string_view DialogCriterion;   // as the dialog words it
     std::string_view PrintedCriterion;  // where the form words it otherwise, else empty
     double Low;                         // percent; both ends are inside
     double High;                        // percent
+    std::string_view Base = kTuneBase;  // m/e that it is a percentage of
 
     std::string_view FormCriterion() const {
         return PrintedCriterion.empty() ? DialogCriterion : PrintedCriterion;
@@ -33,12 +38,32 @@ inline constexpr std::array<TuneIon, TuneEntry::kIons> kTuneIons = {{
     {"75", "30.0 - 80.0% of mass 95", "", 30.0, 80.0},
     {"95", "Base peak, 100% relative abundance", "", -kUnlimited, kUnlimited},
     {"96", "5.0 - 9.0% of mass 95", "", 5.0, 9.0},
-    {"173", "Less than 2.0% of mass 174", "", -kUnlimited, 2.0},
+    {"173", "Less than 2.0% of mass 174", "", -kUnlimited, 2.0, "174"},
     {"174", "50.0 - 120.0% of mass 95", "50.0 - 120% of mass 95", 50.0, 120.0},
-    {"175", "5.0 - 9.0% of mass 174", "", 5.0, 9.0},
-    {"176", "95.0 - 101.0% of mass 174", "95 - 101% of mass 174", 95.0, 101.0},
-    {"177", "5.0 - 9.0% of mass 176", "", 5.0, 9.0},
+    {"175", "5.0 - 9.0% of mass 174", "", 5.0, 9.0, "174"},
+    {"176", "95.0 - 101.0% of mass 174", "95 - 101% of mass 174", 95.0, 101.0, "174"},
+    {"177", "5.0 - 9.0% of mass 176", "", 5.0, 9.0, "176"},
 }};
+
+using TuneAbundances = decltype(TuneEntry::Abundances);
+
+// Index of the ion in kTuneIons; their number for a mass that is none of them.
+std::size_t TuneIonOf(std::string_view mass);
+
+// The base peak that is not 100, or an ion at the very limit that its criterion excludes: the form
+// flags neither.
+bool IsAgainstCriterionUnflagged(std::size_t ion, double abundance);
+
+// Percent of its own base, of an ion that is outside its range as typed and would be inside had it
+// been typed relative to mass 95. Absent for any other.
+std::optional<double> PercentOfOwnBase(const TuneAbundances& typed, std::size_t ion);
+
+// Whether the ion is in range, and the range, in a line for who types it.
+struct TuneVerdict {
+    std::string Text;
+    bool Flagged = false;  // the form marks it
+};
+TuneVerdict VerdictOf(const TuneAbundances& typed, std::size_t ion);
 
 // Whenever the dialog is shown, the instrument is that of the form's header.
 inline void ShowTune(TuneEntry& entry, const SampleHeader& header) {

@@ -11,6 +11,7 @@
 #include <QTableWidget>
 
 #include "platform/Text.h"
+#include "platform/qt/FieldEntry.h"
 
 namespace qfr {
 
@@ -57,8 +58,7 @@ void ConnectHelp(QDialog& dialog, WindowServices& services, int topic, QAbstract
 }
 
 void ShowText(QLineEdit& edit, const std::string& text) {
-    edit.setText(QString::fromStdString(text));
-    edit.setCursorPosition(0);
+    FillEdit(edit, [&] { edit.setText(QString::fromStdString(text)); });
 }
 
 std::string EnteredIn(const QLineEdit& edit) {

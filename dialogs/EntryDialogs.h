@@ -58,7 +58,7 @@ bool ShowFault(FormHost& host, QDialog& dialog, const std::optional<EntryFault>&
 void ConnectHelp(QDialog& dialog, WindowServices& services, int topic,
                  QAbstractButton* button = nullptr);
 
-// Puts the text in, its beginning in view.
+// Puts the text in, as FillEdit does.
 void ShowText(QLineEdit& edit, const std::string& text);
 
 // What was entered there, as one field of a batch file's line.

@@ -1,12 +1,14 @@
 #include "dialogs/EntryFormDialog.h"
 
 #include <algorithm>
+#include <set>
 
 #include <QHeaderView>
 #include <QMouseEvent>
 
 #include "data/TuneRules.h"
 #include "dialogs/EntryGrid.h"
+#include "dialogs/FieldRemarks.h"
 #include "dialogs/MBSHeader.h"
 #include "platform/Numbers.h"
 #include "platform/qt/FieldEntry.h"
@@ -99,6 +101,27 @@ std::optional<std::string> EnteredItem(const QDialog& dialog, const EntryField& 
     return std::to_string(number);
 }
 
+std::string TextIn(const QWidget& control) {
+    if (const auto* const date = qobject_cast<const MaskEdit*>(&control)) {
+        return date->MaskText();
+    }
+    const auto* const edit = qobject_cast<const QLineEdit*>(&control);
+    return edit != nullptr ? EnteredIn(*edit) : "";
+}
+
+// What an entry has come from: for who hears the entry, and in the label beside it, if it has one.
+void ShowSource(const QDialog& dialog, const std::string& control, const std::string& source) {
+    const QString text = QString::fromStdString(source);
+    Remark(*Find(dialog, control), "source", text);
+    if (auto* const label = Find<QLabel>(dialog, control + "Source")) {
+        // A long name of a file must not widen the dialog.
+        constexpr int kLetters = 60;
+        const QFontMetrics metrics = label->fontMetrics();
+        label->setText(metrics.elidedText(text, Qt::ElideMiddle,
+                                          kLetters * metrics.averageCharWidth()));
+    }
+}
+
 // ---- What the dialogs have of their own
 
 void FocusChosenLimits(QDialog& dialog, FormHost& host) {
@@ -106,11 +129,23 @@ void FocusChosenLimits(QDialog& dialog, FormHost& host) {
     Find(dialog, "RadioButton" + std::to_string(chosen))->setFocus();
 }
 
+void ShowVerdicts(EntryGrid& grid) {
+    const int column = grid.columnCount() - 1;
+    TuneAbundances typed;
+    for (std::size_t ion = 0; ion < typed.size(); ++ion) {
+        typed[ion] = grid.Entered(static_cast<int>(ion), column);
+    }
+    for (std::size_t ion = 0; ion < typed.size(); ++ion) {
+        const auto [text, flagged] = VerdictOf(typed, ion);
+        grid.SetNote(static_cast<int>(ion), column, {text, flagged});
+    }
+}
+
 void SetUpTune(QDialog& dialog) {
     SetUp<Ui::TTuneForm>(dialog);
     auto& grid = *Find<EntryGrid>(dialog, "StringGrid1");
     grid.SetUp(
-        {{"m/e", 40, true}, {"ION ABUNDANCE CRITERIA", 220, true}, {"% RELATIVE ABUNDANCE", 150}},
+        {{"m/e", 40, true}, {"ION ABUNDANCE CRITERIA", 220, true}, {"% RELATIVE ABUNDANCE", 320, false, 70}},
         TuneEntry::kIons, TuneEntry::kIons);
     grid.horizontalHeader()->setStretchLastSection(true);
     int row = 0;
@@ -119,6 +154,7 @@ void SetUpTune(QDialog& dialog) {
         grid.SetCell(row, 1, std::string(ion.DialogCriterion));
         ++row;
     }
+    QObject::connect(&grid, &EntryGrid::Edited, &grid, [&grid] { ShowVerdicts(grid); });
 }
 
 void SetUpInitialCalibration(QDialog& dialog) {
@@ -187,6 +223,9 @@ struct EntryDialogParts {
     const char* okButton;
     const char* helpButton;
     int helpTopic;
+    // What its entries may have come from; null: nobody asks.
+    std::vector<EntrySource> (*sources)(const Entries& entries, const Batch& batch,
+                                        Reports& reports, int levelCount);
     // A click on Help leaves the entry, and may leave a wrong one; otherwise it leaves none, so
     // that a wrong one does not stand in its way.
     bool helpTakesFocus;
@@ -196,14 +235,15 @@ namespace {
 
 constexpr EntryDialogParts kParts[] = {
     {EntryDialog::kRecoveryRanges, SetUp<Ui::TForm2Dlg>, FocusChosenLimits, nullptr, "Button1",
-     "HelpButton", 121, true},
-    {EntryDialog::kTune, SetUpTune, nullptr, "SampleEdit", "OkButton", "HelpButton", 130, false},
+     "HelpButton", 121, nullptr, true},
+    {EntryDialog::kTune, SetUpTune, nullptr, "SampleEdit", "OkButton", "HelpButton", 130, nullptr,
+     false},
     {EntryDialog::kInitialCalibration, SetUpInitialCalibration, ShowLevels, "CalStartMaskEdit",
-     "OkButton", "HelpButton", 140, true},
+     "OkButton", "HelpButton", 140, nullptr, true},
     {EntryDialog::kContinuingCalibration, SetUpContinuingCalibration, nullptr, "LabFileEdit",
-     "OkButton", "Button2", 150, false},
+     "OkButton", "Button2", 150, nullptr, false},
     {EntryDialog::kStandardSummary, SetUpStandardSummary, OfferLevels, "SampleEdit", "OkButton",
-     "Button1", 160, false},
+     "Button1", 160, SourcesOfStandardSummary, false},
 };
 
 }  // namespace
@@ -229,6 +269,10 @@ EntryFormDialog::EntryFormDialog(EntryDialog dialog, FormHost& host, WindowServi
         AddField(field);
     }
     KeepToOneFieldEach(*this);
+    auto* const dateNote = new QLabel(this);
+    dateNote->setObjectName("DateNote");
+    Find<QHBoxLayout>(*this, "Buttons")->insertWidget(0, dateNote);
+    TellOfNoSuchDates(*this, *dateNote);
     connect(Find<QPushButton>(*this, parts_.okButton), &QPushButton::clicked, this,
             &EntryFormDialog::OkClick);
     connect(&cancel, &QPushButton::clicked, this, &EntryFormDialog::reject);
@@ -240,6 +284,9 @@ void EntryFormDialog::AddField(const EntryField& field) {
         QWidget* const control = ControlOf(*this, field, item);
         if (auto* const date = qobject_cast<MaskEdit*>(control)) {
             date->SetMask(MaskOf(field));
+        }
+        if (auto* const edit = qobject_cast<QLineEdit*>(control)) {
+            connect(edit, &QLineEdit::textChanged, this, &EntryFormDialog::ShowSources);
         }
         if (IsCheckedWhenLeft(table_, field)) {
             checks_.Watch(*control);
@@ -260,7 +307,9 @@ bool EntryFormDialog::Run(std::size_t headerRecord) {
         parts_.prepare(*this, host_);
     }
     ShowEntries();
+    FindSources();
     for (EntryGrid* const grid : findChildren<EntryGrid*>()) {
+        grid->Steps().clear();
         grid->setCurrentCell(0, grid->columnCount() - 1);
     }
     if (parts_.firstFocus) {
@@ -290,6 +339,7 @@ std::optional<EntryFault> EntryFormDialog::Leave(const QWidget& control) {
             host_.BeginRun();
             auto fault = field.Rules.Leave(entries, host_.Batch(), host_.Reports(), host_);
             ShowEntries();
+            FindSources();
             return fault;
         }
     }
@@ -338,6 +388,31 @@ void EntryFormDialog::StoreEntries() {
             if (const auto text = EnteredItem(*this, field, item)) {
                 field.Texts.Set(entries, item, *text);
             }
+        }
+    }
+}
+
+void EntryFormDialog::FindSources() {
+    if (parts_.sources != nullptr) {
+        sources_ = parts_.sources(host_.Entries(), host_.Batch(), host_.Reports(),
+                                  host_.LevelCount());
+        ShowSources();
+    }
+}
+
+void EntryFormDialog::ShowSources() {
+    std::set<std::string> told;
+    for (const EntrySource& source : sources_) {
+        QWidget& control = *Find(*this, source.Control);
+        if (told.contains(source.Control) || !source.Gives(TextIn(control))) {
+            continue;
+        }
+        told.insert(source.Control);
+        ShowSource(*this, source.Control, source.Note);
+    }
+    for (const EntrySource& source : sources_) {
+        if (!told.contains(source.Control)) {
+            ShowSource(*this, source.Control, "");
         }
     }
 }

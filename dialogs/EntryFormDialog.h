@@ -4,9 +4,11 @@
 
 #include <cstddef>
 #include <memory>
+#include <vector>
 
 #include <QDialog>
 
+#include "data/EntrySources.h"
 #include "data/EntryTables.h"
 #include "dialogs/EntryDialogs.h"
 #include "forms/FormHost.h"
@@ -32,12 +34,16 @@ class EntryFormDialog : public EntryWindow {
     void ShowEntries();
     void StoreEntries();
     void FinishEditing();
+    // What the entries on show may have come from.
+    void FindSources();
+    void ShowSources();
 
     const EntryDialogParts& parts_;
     FormHost& host_;
     WindowServices& services_;
     const EntryTable& table_;
     LeaveChecks checks_;
+    std::vector<EntrySource> sources_;
 };
 
 std::unique_ptr<EntryWindow> MakeEntryDialog(EntryDialog dialog, FormHost& host,

@@ -9,7 +9,9 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPainter>
 #include <QScrollBar>
+#include <QSignalBlocker>
 #include <QStyledItemDelegate>
 
 #include "platform/Text.h"
@@ -22,6 +24,8 @@ namespace {
 constexpr double kLetterHeight = 13;  // pixels, of the letters that column widths are given for
 constexpr int kRowPadding = 8;
 constexpr int kLeastRows = 4;
+constexpr int kNoteSpace = 6;  // pixels around a note
+constexpr int kMostSteps = 100;
 
 bool HasSeveralCells(const QString& text) {
     return text.contains('\t') || text.contains('\n');
@@ -33,7 +37,26 @@ bool IsEnter(const QKeyEvent& event) {
 
 }  // namespace
 
-// Gives the keys that concern more than the cell to the grid.
+// What the cells were, and what they have become.
+class CellsStep : public QUndoCommand {
+  public:
+    CellsStep(const QString& name, EntryGrid& grid, EntryGrid::Cells before)
+        : QUndoCommand(name), grid_(grid), before_(std::move(before)), after_(grid.AllCells()) {}
+
+    void undo() override { grid_.SetAllCells(before_); }
+    void redo() override {
+        if (grid_.AllCells() != after_) {  // at first it is done already
+            grid_.SetAllCells(after_);
+        }
+    }
+
+  private:
+    EntryGrid& grid_;
+    EntryGrid::Cells before_;
+    EntryGrid::Cells after_;
+};
+
+// Gives the keys that concern more than the cell to the grid, and paints what is said of it.
 class CellDelegate : public QStyledItemDelegate {
   public:
     explicit CellDelegate(EntryGrid& grid) : QStyledItemDelegate(&grid), grid_(grid) {}
@@ -44,9 +67,11 @@ class CellDelegate : public QStyledItemDelegate {
         const QAbstractItemModel& model = *index.model();
         editor->setAccessibleName(model.headerData(index.column(), Qt::Horizontal).toString() +
                                   ' ' + model.headerData(index.row(), Qt::Vertical).toString());
+        editor->setAccessibleDescription(index.data(Qt::AccessibleDescriptionRole).toString());
         // Cells that came in by another way than the key, such as the context menu.
         if (auto* const line = qobject_cast<QLineEdit*>(editor)) {
             KeepToOneField(*line);
+            connect(line, &QLineEdit::textEdited, &grid_, &EntryGrid::Edited);
             connect(
                 line, &QLineEdit::textEdited, &grid_,
                 [this, line](const QString& text) {
@@ -60,6 +85,42 @@ class CellDelegate : public QStyledItemDelegate {
         return editor;
     }
 
+    void setModelData(QWidget* editor, QAbstractItemModel* model,
+                      const QModelIndex& index) const override {
+        grid_.AsOneStep(EntryGrid::kTyping,
+                        [&] { QStyledItemDelegate::setModelData(editor, model, index); });
+    }
+
+    void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                              const QModelIndex& index) const override {
+        QStyleOptionViewItem text = option;
+        text.rect = grid_.TextPlace(index, option.rect);
+        QStyledItemDelegate::updateEditorGeometry(editor, text, index);
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        QStyleOptionViewItem text = option;
+        text.rect = grid_.TextPlace(index, option.rect);
+        QStyledItemDelegate::paint(painter, text, index);
+        const auto note = grid_.notes_.find({index.row(), index.column()});
+        if (note == grid_.notes_.end()) {
+            return;
+        }
+        QRect place = option.rect;
+        place.setLeft(text.rect.right() + kNoteSpace);
+        place.setRight(place.right() - kNoteSpace);
+        QFont font = option.font;
+        font.setBold(note->second.Strong);
+        painter->save();
+        painter->setFont(font);
+        painter->setPen(option.palette.color(QPalette::Text));
+        painter->drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                          QFontMetrics(font).elidedText(QString::fromStdString(note->second.Text),
+                                                        Qt::ElideRight, place.width()));
+        painter->restore();
+    }
+
   protected:
     bool eventFilter(QObject* editor, QEvent* event) override {
         if (event->type() == QEvent::KeyPress) {
@@ -67,6 +128,16 @@ class CellDelegate : public QStyledItemDelegate {
             const QString text = QGuiApplication::clipboard()->text();
             if (key.matches(QKeySequence::Paste) && HasSeveralCells(text)) {
                 grid_.Paste();
+                return true;
+            }
+            const auto& line = *static_cast<QLineEdit*>(editor);
+            // The edit takes back what was typed there, and then the grid its own.
+            if (key.matches(QKeySequence::Undo) && !line.isUndoAvailable()) {
+                grid_.Undo();
+                return true;
+            }
+            if (key.matches(QKeySequence::Redo) && !line.isRedoAvailable()) {
+                grid_.Redo();
                 return true;
             }
             if (IsEnter(key)) {
@@ -91,6 +162,8 @@ EntryGrid::EntryGrid(QWidget* parent) : QTableWidget(parent) {
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setSectionsClickable(false);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    steps_.setUndoLimit(kMostSteps);
+    connect(this, &QTableWidget::itemChanged, this, &EntryGrid::Edited);
 }
 
 void EntryGrid::SetUp(std::initializer_list<Column> columns, int rows, int visibleRows) {
@@ -125,6 +198,97 @@ void EntryGrid::SetCell(int row, int column, const std::string& text) {
     setItem(row, column, cell);
 }
 
+std::string EntryGrid::Entered(int row, int column) const {
+    const bool current = row == currentRow() && column == currentColumn();
+    const QLineEdit* const editor = current ? Editor() : nullptr;
+    return editor != nullptr ? EnteredField(editor->text().toStdString()) : Cell(row, column);
+}
+
+void EntryGrid::SetNote(int row, int column, const Note& note) {
+    if (std::exchange(notes_[{row, column}], note) == note) {
+        return;
+    }
+    if (item(row, column) == nullptr) {
+        SetCell(row, column, "");
+    }
+    const QString text = QString::fromStdString(note.Text);
+    {
+        // The view would put the cell's text back into the edit in which it is being changed.
+        const QSignalBlocker blocker(model());
+        item(row, column)->setData(Qt::AccessibleDescriptionRole, text);
+        item(row, column)->setToolTip(text);
+    }
+    if (QLineEdit* const editor = Editor();
+        editor != nullptr && row == currentRow() && column == currentColumn()) {
+        editor->setAccessibleDescription(text);
+    }
+    viewport()->update();
+}
+
+QRect EntryGrid::TextPlace(const QModelIndex& index, const QRect& cell) const {
+    const int room = columns_[static_cast<std::size_t>(index.column())].noteFrom;
+    QRect place = cell;
+    if (room > 0) {
+        place.setWidth(std::min(cell.width(), static_cast<int>(std::lround(room * scale_))));
+    }
+    return place;
+}
+
+EntryGrid::Cells EntryGrid::AllCells() const {
+    Cells cells{rowCount(), {}};
+    for (int row = 0; row < rowCount(); ++row) {
+        for (int column = 0; column < columnCount(); ++column) {
+            cells.Texts.push_back(item(row, column) != nullptr ? item(row, column)->text() : "");
+        }
+    }
+    return cells;
+}
+
+// The focus goes to the first cell that changes.
+void EntryGrid::SetAllCells(const Cells& cells) {
+    FinishEditing();
+    setRowCount(cells.Rows);
+    QModelIndex first;
+    std::size_t place = 0;
+    for (const QString& text : cells.Texts) {
+        const int row = static_cast<int>(place) / columnCount();
+        const int column = static_cast<int>(place) % columnCount();
+        const QTableWidgetItem* const cell = item(row, column);
+        if ((cell != nullptr ? cell->text() : "") != text) {
+            SetCell(row, column, text.toStdString());
+            first = first.isValid() ? first : model()->index(row, column);
+        }
+        ++place;
+    }
+    if (IsEditable(first)) {
+        setCurrentIndex(first);
+        setFocus(Qt::OtherFocusReason);
+        edit(first);
+    }
+}
+
+void EntryGrid::AsOneStep(const QString& name, const std::function<void()>& change) {
+    Cells before = AllCells();
+    change();
+    AddDoneStep(name, std::move(before));
+}
+
+void EntryGrid::AddDoneStep(const QString& name, Cells before) {
+    if (AllCells() != before) {
+        steps_.push(new CellsStep(name, *this, std::move(before)));
+    }
+}
+
+void EntryGrid::Undo() {
+    FinishEditing();
+    steps_.undo();
+}
+
+void EntryGrid::Redo() {
+    FinishEditing();
+    steps_.redo();
+}
+
 QLineEdit* EntryGrid::Editor() const {
     return qobject_cast<QLineEdit*>(indexWidget(currentIndex()));
 }
@@ -143,14 +307,20 @@ void EntryGrid::Paste() {
     if (rows.last().isEmpty()) {
         rows.removeLast();
     }
-    const int firstRow = std::max(currentRow(), 0);
+    AsOneStep("Paste", [&] { SetCellsFromCurrent(rows); });
+    if (currentIndex().isValid()) {
+        edit(currentIndex());
+    }
+}
+
+void EntryGrid::SetCellsFromCurrent(const QStringList& rows) {
     const int firstColumn = std::max(currentColumn(), 0);
-    if (const int needed = firstRow + static_cast<int>(rows.size());
+    int row = std::max(currentRow(), 0);
+    if (const int needed = row + static_cast<int>(rows.size());
         pasteAddsRows_ && needed > rowCount()) {
         setRowCount(needed);
     }
-    int row = firstRow;
-    for (QString& cells : rows) {
+    for (QString cells : rows) {
         if (cells.endsWith('\r')) {
             cells.chop(1);
         }
@@ -162,9 +332,6 @@ void EntryGrid::Paste() {
             ++column;
         }
         ++row;
-    }
-    if (currentIndex().isValid()) {
-        edit(currentIndex());
     }
 }
 
@@ -244,7 +411,11 @@ bool EntryGrid::MoveDown() {
 }
 
 void EntryGrid::keyPressEvent(QKeyEvent* event) {
-    if (event->matches(QKeySequence::Paste)) {
+    if (event->matches(QKeySequence::Undo)) {
+        Undo();
+    } else if (event->matches(QKeySequence::Redo)) {
+        Redo();
+    } else if (event->matches(QKeySequence::Paste)) {
         Paste();
     } else if (!IsEnter(*event)) {
         QTableWidget::keyPressEvent(event);
@@ -271,11 +442,11 @@ void EntryGrid::changeEvent(QEvent* event) {
 }
 
 void EntryGrid::FitToFont() {
-    const double scale = std::max(1.0, fontMetrics().height() / kLetterHeight);
+    scale_ = std::max(1.0, fontMetrics().height() / kLetterHeight);
     columnsWidth_ = 0;
     for (std::size_t i = 0; i < columns_.size(); ++i) {
         const int column = static_cast<int>(i);
-        const int given = static_cast<int>(std::lround(columns_[i].width * scale));
+        const int given = static_cast<int>(std::lround(columns_[i].width * scale_));
         const int width = std::max(given, horizontalHeader()->sectionSizeHint(column));
         setColumnWidth(column, width);
         columnsWidth_ += width;

@@ -2,11 +2,15 @@
 // typed in, Tab goes from one such cell to the next, Enter to the one below.
 #pragma once
 
+#include <functional>
 #include <initializer_list>
+#include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <QTableWidget>
+#include <QUndoStack>
 
 namespace qfr {
 
@@ -18,6 +22,7 @@ class EntryGrid : public QTableWidget {
         const char* heading;
         int width;  // pixels, for the forms' 13-pixel letters
         bool readOnly = false;
+        int noteFrom = 0;  // pixels for the cell's text, before its note; 0: no notes
     };
 
     explicit EntryGrid(QWidget* parent = nullptr);
@@ -31,13 +36,45 @@ class EntryGrid : public QTableWidget {
     std::string Cell(int row, int column) const;
     void SetCell(int row, int column, const std::string& text);
 
+    // The same, or what is being typed there.
+    std::string Entered(int row, int column) const;
+
+    // What is said of a cell, at its right end, also while it is being typed in; a screen reader
+    // hears it as the cell's description. Only columns with a `noteFrom` have room for it.
+    struct Note {
+        std::string Text;
+        bool Strong = false;
+        bool operator==(const Note&) const = default;
+    };
+    void SetNote(int row, int column, const Note& note);
+
     // Takes over what is being typed and leaves the cell.
     void FinishEditing();
     // The clipboard's rows and cells, from the current cell on.
     void Paste();
 
+    static constexpr const char* kTyping = "Typing";
+    // What one step of Undo takes back. `name` is what the step does, as in "Delete Row".
+    void AsOneStep(const QString& name, const std::function<void()>& change);
+    // All rows, as they were before something that is done already.
+    struct Cells {
+        int Rows = 0;
+        std::vector<QString> Texts;  // row by row
+        bool operator==(const Cells&) const = default;
+    };
+    Cells AllCells() const;
+    void AddDoneStep(const QString& name, Cells before);
+    QUndoStack& Steps() { return steps_; }
+    // What is being typed is a step, too.
+    void Undo();
+    void Redo();
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+
+  signals:
+    // A cell's text has changed, or what is being typed in one.
+    void Edited();
 
   protected:
     bool focusNextPrevChild(bool next) override;
@@ -58,13 +95,21 @@ class EntryGrid : public QTableWidget {
     void FitToFont();
     int HeightOf(int rows) const;
     QLineEdit* Editor() const;
+    void SetAllCells(const Cells& cells);
+    void SetCellsFromCurrent(const QStringList& rows);
+    // Of a cell's text; the note has the rest.
+    QRect TextPlace(const QModelIndex& index, const QRect& cell) const;
 
     std::vector<Column> columns_;
+    std::map<std::pair<int, int>, Note> notes_;  // by row and column
+    double scale_ = 1;                           // of the letters to those of the forms
+    QUndoStack steps_;
     int columnsWidth_ = 0;  // pixels, before the user or the dialog changes it
     int visibleRows_ = 1;
     bool pasteAddsRows_ = false;
 
     friend class CellDelegate;
+    friend class CellsStep;
 };
 
 }  // namespace qfr

@@ -52,6 +52,7 @@ class TForm1Header : public QDialog {
     // Entering and leaving the controls.
     bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
   private:
     void OnShow(std::size_t record);
@@ -59,6 +60,18 @@ class TForm1Header : public QDialog {
     void ShowRecord(std::size_t record);
     void SelectInDropDowns(std::size_t record);
     void OnChange(QComboBox* box, const QString& text);
+    // The sample before (-1) or after (1) the one shown.
+    void Step(int by);
+    void ShowPlace();
+
+    // What typing in a drop-down has made of the number that it stands for.
+    void NoteRename(QComboBox* box);
+    void ShowRename();
+    // Another sample that has the typed number.
+    std::optional<int> Namesake() const;
+    void UndoRenameClick();
+    void GoToClick();
+
     void OnDateExit(MaskEdit* date);
     void ComboBox2Change();
 
@@ -67,6 +80,8 @@ class TForm1Header : public QDialog {
     // The value of a control, if it is one of a header value.
     void Save(QWidget* control);
     void SaveAll();
+    void Store(QWidget* control);
+    void MarkRecord(std::size_t record);
 
     bool DateRefused();
     void RefuseDate(MaskEdit* date);
@@ -101,6 +116,13 @@ class TForm1Header : public QDialog {
     QWidget* pendingFocus_ = nullptr;
     // The input control of each header value, in tag order.
     std::array<QWidget*, SampleHeader::kCount> fieldControls_{};
+    struct Rename {
+        std::size_t Record = 0;
+        HeaderField Field = HeaderField::kZovSampleNo;
+        std::string Before;
+        std::string After;
+    };
+    std::optional<Rename> rename_;
     bool loading_ = false;  // the program, not the user, is changing the controls
     // The date whose message is still to be shown.
     MaskEdit* refusedDate_ = nullptr;

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include <QEvent>
+#include <QFontInfo>
 #include <QScrollBar>
 #include <QTextBlock>
 
@@ -17,9 +18,18 @@ namespace qfr {
 namespace {
 
 constexpr int kHelpTopic = 122;
-constexpr int kBoxWidth = 369;    // pixels
-constexpr int kBoxLetters = 106;  // a line of the form, where it ends, and a scroll bar
-constexpr int kSlack = 4;         // pixels; the box rounds each line up
+constexpr int kBoxWidth = 369;     // pixels
+constexpr double kFormPoints = 10;  // of the form's letters
+constexpr int kSlack = 4;  // pixels; the box rounds each line up
+
+// The form's letters in the dialog's size, so that what fits the box fits the line.
+QFont FontOfForm() {
+    QFont font;
+    font.setFamilies({"Times New Roman", "Liberation Serif"});
+    font.setKerning(false);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    return font;
+}
 
 }  // namespace
 
@@ -28,6 +38,7 @@ TMBSHeader::TMBSHeader(FormHost& host, WindowServices& services, QWidget* parent
       host_(host),
       ui_(std::make_unique<Ui::TMBSHeader>()) {
     ui_->setupUi(this);
+    ui_->RichEdit1->setFont(FontOfForm());
     FitToFont();
     TypeNoFieldEnd(*ui_->RichEdit1);
     connect(ui_->RichEdit1, &QPlainTextEdit::textChanged, this, [this] {
@@ -147,12 +158,15 @@ void TMBSHeader::changeEvent(QEvent* event) {
     }
 }
 
-// The box shows the lines that are printed.
+// The box shows the lines that are printed, as long as they are.
 void TMBSHeader::FitToFont() {
     QPlainTextEdit& box = *ui_->RichEdit1;
     const double margins = 2 * (box.document()->documentMargin() + box.frameWidth());
     const int lines = static_cast<int>(kCommentLines) * box.fontMetrics().lineSpacing();
-    box.setMinimumWidth(std::max(kBoxWidth, kBoxLetters * box.fontMetrics().averageCharWidth()));
+    const double line = kCommentLineLength * kPointsPerInch / kFormPoints *
+                        QFontInfo(box.font()).pixelSize();
+    box.setMinimumWidth(std::max(kBoxWidth, static_cast<int>(std::ceil(line + margins)) +
+                                                box.cursorWidth()));
     box.setFixedHeight(lines + static_cast<int>(std::ceil(margins)) + kSlack);
 }
 

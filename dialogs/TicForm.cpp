@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include <QShortcut>
+
 #include "dialogs/EntryDialogs.h"
 #include "platform/Text.h"
 #include "ui_TicForm.h"
@@ -16,6 +18,7 @@ namespace {
 constexpr int kHelpTopic = 420;
 constexpr int kInitialRows = 29;  // below the heading
 constexpr int kVisibleRows = 14;
+const char* const kLeaveOut = "Rows left out by OK, because a cell was missing";
 
 }  // namespace
 
@@ -32,9 +35,18 @@ TTICForm::TTICForm(FormHost& host, WindowServices& services, QWidget* parent)
     // The cell that is being typed in stays open when these are clicked.
     ui_->AddButton->setFocusPolicy(Qt::TabFocus);
     ui_->DeleteButton->setFocusPolicy(Qt::TabFocus);
+    ui_->UndoButton->setFocusPolicy(Qt::TabFocus);
 
     connect(ui_->AddButton, &QPushButton::clicked, this, &TTICForm::AddButtonClick);
     connect(ui_->DeleteButton, &QPushButton::clicked, this, &TTICForm::DeleteButtonClick);
+    EntryGrid& grid = *ui_->StringGrid1;
+    connect(ui_->UndoButton, &QPushButton::clicked, &grid, &EntryGrid::Undo);
+    connect(new QShortcut(QKeySequence::Undo, this), &QShortcut::activated, &grid,
+            &EntryGrid::Undo);
+    connect(new QShortcut(QKeySequence::Redo, this), &QShortcut::activated, &grid,
+            &EntryGrid::Redo);
+    connect(&grid.Steps(), &QUndoStack::indexChanged, this, &TTICForm::ShowSteps);
+    connect(&grid, &EntryGrid::Edited, this, &TTICForm::ShowSteps);
     connect(ui_->OkButton, &QPushButton::clicked, this, &TTICForm::OkButtonClick);
     connect(ui_->CancelButton, &QPushButton::clicked, this, &TTICForm::reject);
     ConnectHelp(*this, services, kHelpTopic);
@@ -70,6 +82,8 @@ void TTICForm::OnShow(const SampleRecord& sample, const std::string& sampleNo) {
             grid.setRowCount(row + 1);
         }
     }
+    grid.Steps().clear();
+    OfferLeftOut(sample);
     grid.setCurrentCell(0, 0);
     grid.scrollToTop();
     grid.setFocus(Qt::TabFocusReason);
@@ -80,9 +94,31 @@ void TTICForm::EmptyRows() {
     ui_->StringGrid1->clearContents();
 }
 
+void TTICForm::OfferLeftOut(const SampleRecord& sample) {
+    const auto leftOut = leftOut_.find(sample.FileName);
+    if (leftOut != leftOut_.end() && leftOut->second.Kept == sample.TicList) {
+        ui_->StringGrid1->AddDoneStep(kLeaveOut, leftOut->second.Rows);
+    }
+    ShowSteps();
+}
+
+void TTICForm::ShowSteps() {
+    const EntryGrid& grid = *ui_->StringGrid1;
+    const QUndoStack& steps = ui_->StringGrid1->Steps();
+    const bool typing =
+        grid.Entered(grid.currentRow(), grid.currentColumn()) !=
+        grid.Cell(grid.currentRow(), grid.currentColumn());
+    const QString step = typing ? EntryGrid::kTyping : steps.undoText();
+    ui_->UndoButton->setEnabled(typing || steps.canUndo());
+    const QString said = step.isEmpty() ? "" : QString("Takes back: ") + step;
+    ui_->UndoButton->setToolTip(said);
+    ui_->UndoButton->setAccessibleDescription(said);
+}
+
 void TTICForm::AddButtonClick() {
     EntryGrid& grid = *ui_->StringGrid1;
-    grid.setRowCount(grid.rowCount() + 1);
+    grid.FinishEditing();
+    grid.AsOneStep("Add Row", [&grid] { grid.setRowCount(grid.rowCount() + 1); });
     grid.setCurrentCell(grid.rowCount() - 1, 0);
 }
 
@@ -92,11 +128,13 @@ void TTICForm::DeleteButtonClick() {
         return;
     }
     grid.FinishEditing();
-    for (int row = grid.currentRow(); row < grid.rowCount(); ++row) {
-        for (int column = 0; column < grid.columnCount(); ++column) {
-            grid.SetCell(row, column, grid.Cell(row + 1, column));
+    grid.AsOneStep("Delete Row", [&grid] {
+        for (int row = grid.currentRow(); row < grid.rowCount(); ++row) {
+            for (int column = 0; column < grid.columnCount(); ++column) {
+                grid.SetCell(row, column, grid.Cell(row + 1, column));
+            }
         }
-    }
+    });
 }
 
 bool TTICForm::AreToBeLeftOut(const std::vector<std::size_t>& rows) {
@@ -135,7 +173,8 @@ void TTICForm::OkButtonClick() {
                 grid.Cell(row, column);
         }
     }
-    if (!AreToBeLeftOut(IncompleteTicRows(rows))) {
+    const std::vector<std::size_t> incomplete = IncompleteTicRows(rows);
+    if (!AreToBeLeftOut(incomplete)) {
         return;
     }
     std::optional<TicListType> list = TicListFromRows(rows);
@@ -143,7 +182,12 @@ void TTICForm::OkButtonClick() {
         host_.Show({"No more than 1,000 TICs can be kept for a sample.", "Too Many Entries"});
         return;
     }
-    host_.Batch().SampleList->at(record_).TicList = std::move(list);
+    SampleRecord& sample = host_.Batch().SampleList->at(record_);
+    sample.TicList = std::move(list);
+    leftOut_.erase(sample.FileName);
+    if (!incomplete.empty()) {
+        leftOut_[sample.FileName] = {grid.AllCells(), sample.TicList};
+    }
     EmptyRows();
     accept();
 }

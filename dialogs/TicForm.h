@@ -2,12 +2,15 @@
 #pragma once
 
 #include <cstddef>
+#include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include <QDialog>
 
+#include "dialogs/EntryGrid.h"
 #include "forms/FormHost.h"
 #include "platform/WindowServices.h"
 
@@ -34,12 +37,21 @@ class TTICForm : public QDialog {
     void DeleteButtonClick();
     void OkButtonClick();
     void EmptyRows();
+    // Lets Undo bring back what OK has left out of the list, if it is still the list that OK made.
+    void OfferLeftOut(const SampleRecord& sample);
+    void ShowSteps();
     // Whether the user agrees to lose these rows, from 1; otherwise he is at what the first lacks.
     bool AreToBeLeftOut(const std::vector<std::size_t>& rows);
 
     FormHost& host_;
     std::unique_ptr<Ui::TTICForm> ui_;
     std::size_t record_ = 0;
+    // The rows of which OK has kept the complete ones, by the sample's file, and what it kept.
+    struct LeftOut {
+        EntryGrid::Cells Rows;
+        std::optional<TicListType> Kept;
+    };
+    std::map<std::string, LeftOut> leftOut_;
 };
 
 }  // namespace qfr

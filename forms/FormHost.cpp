@@ -53,9 +53,11 @@ bool AnalysisDatesReadable(FormHost& host, std::size_t first) {
             continue;
         }
         const std::string& sampleNo = header[HeaderField::kZovSampleNo];
+        const auto noSuchDate = NoSuchDate(date);
         host.Show({"The analysis date of sample " +
                        (Trim(sampleNo).empty() ? FileNameOnly(samples[i].FileName) : sampleNo) +
-                       ",\n" + date + ", is not a date and time.",
+                       ",\n" + date + ", is not a date and time." +
+                       (noSuchDate ? "\n" + *noSuchDate : ""),
                    std::string(kIncorrectTimeFormat)});
         return false;
     }

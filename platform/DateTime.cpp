@@ -58,19 +58,27 @@ class Scanner {
     bool failed_ = false;
 };
 
-// Seconds at the start of the day.
-std::int64_t TakeDate(Scanner& scanner) {
-    const auto month = static_cast<unsigned>(scanner.TakeNumber(12));
+// As it is written, whether or not there is such a day.
+std::chrono::year_month_day TakeParts(Scanner& scanner) {
+    const auto month = static_cast<unsigned>(scanner.TakeNumber(99));
     scanner.Expect("/");
-    const auto day = static_cast<unsigned>(scanner.TakeNumber(31));
+    const auto day = static_cast<unsigned>(scanner.TakeNumber(99));
     scanner.Expect("/");
     const std::size_t digits = scanner.DigitCount();
     scanner.FailIf(digits != 2 && digits != 4);
     const int year = scanner.TakeNumber(9999);
     const int century = digits == 4 ? 0 : year < 50 ? 2000 : 1900;
-    const std::chrono::year_month_day date{std::chrono::year{century + year},
-                                           std::chrono::month{month}, std::chrono::day{day}};
-    scanner.FailIf(!date.ok() || date.year() < std::chrono::year{1});
+    return {std::chrono::year{century + year}, std::chrono::month{month}, std::chrono::day{day}};
+}
+
+bool Exists(std::chrono::year_month_day date) {
+    return date.ok() && date.year() >= std::chrono::year{1};
+}
+
+// Seconds at the start of the day.
+std::int64_t TakeDate(Scanner& scanner) {
+    const std::chrono::year_month_day date = TakeParts(scanner);
+    scanner.FailIf(!Exists(date));
     return scanner.Failed() ? 0 : (std::chrono::sys_days{date} - kDayZero).count() * kSecondsPerDay;
 }
 
@@ -98,6 +106,30 @@ std::optional<DateTime> ParseDateTime(std::string_view text) {
         when.seconds += TakeTime(scanner);
     }
     return scanner.AtEnd() && !scanner.Failed() ? std::optional(when) : std::nullopt;
+}
+
+std::optional<std::string> NoSuchDate(std::string_view text) {
+    static constexpr std::array kMonths = {
+        "January", "February", "March",     "April",   "May",      "June",
+        "July",    "August",   "September", "October", "November", "December"};
+    Scanner scanner(text);
+    const std::chrono::year_month_day date = TakeParts(scanner);
+    if (scanner.Failed() || Exists(date)) {
+        return std::nullopt;
+    }
+    const unsigned month{date.month()};
+    const int year{date.year()};
+    std::array<char, 64> written{};
+    std::snprintf(written.data(), written.size(), "%02u/%02u/%04d", month, unsigned{date.day()},
+                  year);
+    const std::string head = std::string(written.data()) + " does not exist";
+    if (!date.month().ok()) {
+        return head + ": a year has the months 1 to 12.";
+    }
+    const unsigned last{(date.year() / date.month() / std::chrono::last).day()};
+    return year < 1 ? head + "."
+                    : head + ": " + kMonths.at(month - 1) + " " + std::to_string(year) + " has " +
+                          std::to_string(last) + " days.";
 }
 
 std::string FormatDateTime(DateTime when) {

@@ -34,6 +34,10 @@ std::string FormatDateTime(DateTime when);
 
 bool IsDateTimeText(std::string_view text);
 
+// Why the date of a text that is written as one is none: "02/30/2005 does not exist: February 2005
+// has 28 days." Absent for a date that exists and for any other text.
+std::optional<std::string> NoSuchDate(std::string_view text);
+
 // Whether the text, trimmed, is one of the empty masks.
 bool IsEmptyMask(std::string_view text);
 

@@ -239,7 +239,10 @@ void UnreadableDates(const Reviewed& batch, Findings& findings) {
             const std::string& text = batch.Header(record, field);
             const std::string value = field == kDateReceived ? WithoutUnfilledTime(text) : text;
             if (!IsUnfilled(value) && !DateTimeIn(value)) {
-                findings.AddSample(record, Is(field, value) + ", which is no date.",
+                const auto noSuchDate = NoSuchDate(value);
+                findings.AddSample(record,
+                                   Is(field, value) + ", which is no date." +
+                                       (noSuchDate ? " " + *noSuchDate : ""),
                                    HeaderPlace(field));
             }
         }

@@ -1,8 +1,6 @@
 // The BFB tune: its ions by their ranges, and whether they are relative to the right mass.
 #include "data/TuneRules.h"
 
-#include <algorithm>
-#include <iterator>
 #include <string>
 
 #include "platform/Numbers.h"
@@ -12,11 +10,6 @@
 namespace qfr {
 
 namespace {
-
-std::size_t IonOf(std::string_view mass) {
-    return static_cast<std::size_t>(std::ranges::find(kTuneIons, mass, &TuneIon::Mass) -
-                                    std::begin(kTuneIons));
-}
 
 MendPlace IonPlace(std::size_t ion) {
     return EntryPlace(EntryDialog::kTune, "StringGrid1", ion);
@@ -30,14 +23,6 @@ std::string MassIs(const Reviewed& batch, std::size_t ion) {
 std::optional<double> Abundance(const Reviewed& batch, std::size_t ion) {
     return ParseNumber(batch.Saved.Tune.Abundances[ion]);
 }
-
-// An ion that is stated as a percentage of another one than mass 95.
-struct IonOfBase {
-    std::string_view Mass;
-    std::string_view Base;
-};
-constexpr IonOfBase kIonsOfBase[] = {
-    {"173", "174"}, {"175", "174"}, {"176", "174"}, {"177", "176"}};
 
 }  // namespace
 
@@ -53,8 +38,9 @@ void IonRanges(const Reviewed& batch, Findings& findings) {
 }
 
 void LimitOf173(const Reviewed& batch, Findings& findings) {
-    const std::size_t ion = IonOf("173");
-    if (Abundance(batch, ion) == kTuneIons[ion].High) {
+    const std::size_t ion = TuneIonOf("173");
+    if (const auto abundance = Abundance(batch, ion);
+        abundance && IsAgainstCriterionUnflagged(ion, *abundance)) {
         findings.AddBatch(MassIs(batch, ion) + " and is not flagged, but its criterion says: " +
                               std::string(kTuneIons[ion].FormCriterion()) + ".",
                           IonPlace(ion));
@@ -62,26 +48,21 @@ void LimitOf173(const Reviewed& batch, Findings& findings) {
 }
 
 void BasePeak(const Reviewed& batch, Findings& findings) {
-    const std::size_t ion = IonOf("95");
-    if (const auto abundance = Abundance(batch, ion); abundance && *abundance != 100) {
+    const std::size_t ion = TuneIonOf(kTuneBase);
+    if (const auto abundance = Abundance(batch, ion);
+        abundance && IsAgainstCriterionUnflagged(ion, *abundance)) {
         findings.AddBatch(MassIs(batch, ion) + ", and the base peak is 100.", IonPlace(ion));
     }
 }
 
 // In range by itself, such an ion may have been meant either way.
 void IonsOfOtherBase(const Reviewed& batch, Findings& findings) {
-    for (const auto& [mass, base] : kIonsOfBase) {
-        const std::size_t ion = IonOf(mass);
-        const auto typed = Abundance(batch, ion);
-        const auto ofBase = Abundance(batch, IonOf(base));
-        if (!typed || !ofBase || *ofBase <= 0 || kTuneIons[ion].Accepts(*typed)) {
-            continue;
-        }
-        const double percent = 100 * *typed / *ofBase;
-        if (kTuneIons[ion].Accepts(percent)) {
-            findings.AddBatch(MassIs(batch, ion) + ", which is " + FormatFixed(percent, 1) +
-                                  "% of m/e " + std::string(base) + " at " +
-                                  Trim(batch.Saved.Tune.Abundances[IonOf(base)]) +
+    const TuneAbundances& typed = batch.Saved.Tune.Abundances;
+    for (std::size_t ion = 0; ion < kTuneIons.size(); ++ion) {
+        const std::string base(kTuneIons[ion].Base);
+        if (const auto percent = PercentOfOwnBase(typed, ion)) {
+            findings.AddBatch(MassIs(batch, ion) + ", which is " + FormatFixed(*percent, 1) +
+                                  "% of m/e " + base + " at " + Trim(typed[TuneIonOf(base)]) +
                                   ": typed relative to m/e 95?",
                               IonPlace(ion));
         }

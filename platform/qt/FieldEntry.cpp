@@ -52,4 +52,14 @@ void KeepToOneFieldEach(const QWidget& window) {
     }
 }
 
+void FillEdit(QLineEdit& edit, const std::function<void()>& fill) {
+    const bool whole = edit.hasSelectedText() ? edit.selectedText() == edit.displayText()
+                                              : edit.hasFocus() && edit.displayText().isEmpty();
+    fill();
+    if (whole) {
+        edit.end(false);
+    }
+    edit.home(whole);
+}
+
 }  // namespace qfr

@@ -1,5 +1,8 @@
-// Entries whose text becomes a field of a batch file's line, which ends at its ";".
+// Entries whose text becomes a field of a batch file's line, which ends at its ";", and how the
+// program fills them.
 #pragma once
+
+#include <functional>
 
 #include <QLineEdit>
 #include <QWidget>
@@ -14,5 +17,9 @@ void TypeNoFieldEnd(QWidget& entry);
 void KeepToOneField(QLineEdit& edit);
 // So in all edits of the window that take any text.
 void KeepToOneFieldEach(const QWidget& window);
+
+// Lets `fill` give the edit its text, which then shows from its beginning. What was selected as a
+// whole, or has the focus and was empty, is selected as a whole again: typing replaces it.
+void FillEdit(QLineEdit& edit, const std::function<void()>& fill);
 
 }  // namespace qfr

@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 
 #include "platform/DateTime.h"
+#include "platform/qt/FieldEntry.h"
 
 namespace qfr {
 
@@ -122,8 +123,7 @@ void MaskEdit::SetMaskText(const std::string& text) {
             (*placed)[i] = unfilled_;
         }
     }
-    setText(*placed);
-    setCursorPosition(0);
+    FillEdit(*this, [&] { setText(*placed); });
 }
 
 void MaskEdit::keyPressEvent(QKeyEvent* event) {
