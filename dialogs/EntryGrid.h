@@ -29,6 +29,8 @@ class EntryGrid : public QTableWidget {
 
     // Rows and columns from 0, without the heading.
     std::string Cell(int row, int column) const;
+    // The same, with what is being typed there.
+    std::string TypedCell(int row, int column) const;
     void SetCell(int row, int column, const std::string& text);
 
     // Takes over what is being typed and leaves the cell.

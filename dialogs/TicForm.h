@@ -8,6 +8,7 @@
 
 #include <QDialog>
 
+#include "dialogs/HoldsEntries.h"
 #include "forms/FormHost.h"
 #include "platform/WindowServices.h"
 
@@ -17,7 +18,7 @@ class TTICForm;
 
 namespace qfr {
 
-class TTICForm : public QDialog {
+class TTICForm : public QDialog, public HoldsEntries {
     Q_OBJECT
 
   public:
@@ -27,6 +28,8 @@ class TTICForm : public QDialog {
     // Edits the list of the sample at this index in SampleList, shown under its number. True when
     // OK has stored it; Cancel discards what was typed. `row`, from 1, has the focus.
     bool Run(std::size_t record, const std::string& sampleNo, int row = 1);
+    // Keeps incomplete rows, which OK leaves out, but no more rows than a sample may have.
+    void StoreInto(Batch& batch, Entries& entries) const override;
 
   private:
     void OnShow(const SampleRecord& sample, const std::string& sampleNo);
@@ -34,6 +37,7 @@ class TTICForm : public QDialog {
     void DeleteButtonClick();
     void OkButtonClick();
     void EmptyRows();
+    std::vector<TicEntry> Rows() const;
     // Whether the user agrees to lose these rows, from 1; otherwise he is at what the first lacks.
     bool AreToBeLeftOut(const std::vector<std::size_t>& rows);
 
