@@ -328,14 +328,35 @@ std::vector<std::string_view> LackingForRestore(const FileSet& files) {
     return lacking;
 }
 
-std::variant<SavedBatch, Message> RestoreBatch(LineReader file, std::string_view fileName) {
+std::optional<Message> RestoreWarning(const FileSet& files, std::string content,
+                                      std::string_view fileName) {
+    const auto warning = [&](const std::string& reason) {
+        return Message{FileNameOnly(fileName) + " cannot be restored:" + reason, "Warning",
+                       MessageIcon::kWarning};
+    };
+    std::string lacking;
+    for (const std::string_view what : LackingForRestore(files)) {
+        lacking += std::string(lacking.empty() ? "" : ", ") + "no " + std::string(what);
+    }
+    if (!lacking.empty()) {
+        return warning(" it has\n" + lacking + ".");
+    }
+    const auto restored = RestoreBatch(LineReader(std::move(content)), fileName);
+    const auto* const refusal = std::get_if<Message>(&restored);
+    return refusal != nullptr ? std::optional(warning("\n" + refusal->text)) : std::nullopt;
+}
+
+std::variant<SavedBatch, Message> RestoreBatch(LineReader file, std::string_view fileName,
+                                               MissingReports missing) {
     if (file.Next() != kFirstLine) {
         return Message{std::string(fileName) + " is not a\nQFRForm saved file.",
                        "Improper File Type", MessageIcon::kInformation};
     }
     const std::size_t afterFirstLine = file.Position();
-    if (std::optional<Message> trouble = FindTrouble(file)) {
-        return *trouble;
+    if (missing == MissingReports::kRefused) {
+        if (std::optional<Message> trouble = FindTrouble(file)) {
+            return *trouble;
+        }
     }
     file.Seek(afterFirstLine);
 

@@ -32,9 +32,18 @@ std::string SaveBatch(const Batch& batch, const Entries& entries);
 // What a batch of these files lacks to be restored once it is saved.
 std::vector<std::string_view> LackingForRestore(const FileSet& files);
 
+// Whether a batch without a lab blank, a calibration or a check report is refused.
+enum class MissingReports { kRefused, kAccepted };
+
 // The batch, or the message that says why nothing is restored. `fileName` is how the user knows the
 // file; its folder becomes the batch's. A file that ends early leaves the rest empty and the
 // entries initial; counts that promise more than the file holds cost nothing. Reports come sorted.
-std::variant<SavedBatch, Message> RestoreBatch(LineReader file, std::string_view fileName);
+std::variant<SavedBatch, Message> RestoreBatch(LineReader file, std::string_view fileName,
+                                               MissingReports missing = MissingReports::kRefused);
+
+// What the user has to know of such a file's content that was just saved for these files: that, or
+// why, it cannot be restored. Absent where it can.
+std::optional<Message> RestoreWarning(const FileSet& files, std::string content,
+                                      std::string_view fileName);
 
 }  // namespace qfr

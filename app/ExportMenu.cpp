@@ -40,15 +40,18 @@ std::optional<std::string> ChoosePlace(FormHost& window, FileChooser& chooser, E
 }  // namespace
 
 void ExportFromMenu(TQFRForm& window, TextMetrics& metrics, FileChooser& chooser,
-                    ExportFormat format, const std::string& directory) {
+                    ExportFormat format, const std::string& directory, Remembered& memory) {
     if (!FilesSpecified(window.Batch())) {
         window.Show({std::string(kSpecifyFiles), kFilesNotSpecifiedTitle});
         return;
     }
-    const std::optional<std::string> place = ChoosePlace(window, chooser, format, directory);
+    const std::string last = memory.Folder(kExportFolder);
+    const std::optional<std::string> place =
+        ChoosePlace(window, chooser, format, last.empty() ? directory : last);
     if (!place) {
         return;
     }
+    memory.KeepFolder(kExportFolder, format == ExportFormat::kJson ? FolderOnly(*place) : *place);
     const WaitCursor wait;
     const CollectedValues values = CollectValues(window, metrics);
     std::string done = std::to_string(values.Forms.size()) + " forms exported.";

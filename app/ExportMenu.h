@@ -6,13 +6,14 @@
 #include "app/ExportValues.h"
 #include "platform/FileChooser.h"
 #include "platform/Printer.h"
+#include "platform/qt/Remembered.h"
 
 namespace qfr {
 
 class TQFRForm;
 
-// `directory`: where the user looks first (UTF-8).
+// `directory`: where the user looks first who has never exported any values (UTF-8).
 void ExportFromMenu(TQFRForm& window, TextMetrics& metrics, FileChooser& chooser,
-                    ExportFormat format, const std::string& directory);
+                    ExportFormat format, const std::string& directory, Remembered& memory);
 
 }  // namespace qfr

@@ -17,7 +17,7 @@
 #include <QStyle>
 
 #include "app/AboutBox.h"
-#include "app/BatchFile.h"
+#include "app/BatchKeeper.h"
 #include "app/BatchReview.h"
 #include "app/ExportMenu.h"
 #include "app/PrintAll.h"
@@ -42,6 +42,7 @@ constexpr int kHelpTopic = 10;
 constexpr QSize kWindowSize(800, 500);
 constexpr int kStateLetters = 130;  // that the status bar has room for
 constexpr int kNameLetters = 22;    // of them for each file
+constexpr int kNoteTime = 8000;     // ms
 
 QIcon ProgramIcon() {
     QIcon icon;
@@ -116,7 +117,9 @@ TQFRForm::TQFRForm(const DesktopServices& services)
       ticForm_(std::make_unique<TTICForm>(*this, *this, form1Header_.get())),
       headerTable_(std::make_unique<HeaderTableDialog>(*this, *this, services_.Memory, this)),
       aboutBox_(MakeAboutBox(this)),
-      review_(std::make_unique<ReviewDialog>(*this)) {
+      review_(std::make_unique<ReviewDialog>(*this)),
+      keeper_(std::make_unique<BatchKeeper>(
+          *this, [this](const QString& note) { statusBar()->showMessage(note); })) {
     for (const FormRow& form : kForms) {
         if (form.entry) {
             entryDialogs_[*form.entry] = MakeEntryDialog(*form.entry, *this, *this, this);
@@ -130,7 +133,6 @@ TQFRForm::~TQFRForm() = default;
 void TQFRForm::OnCreate() {
     RegisterIcons();
     setObjectName("TQFRForm");
-    setWindowTitle("QFR Forms");
     QApplication::setWindowIcon(ProgramIcon());
 
     AddMenus();
@@ -154,10 +156,7 @@ void TQFRForm::OnCreate() {
 }
 
 void TQFRForm::AddMenus() {
-    QMenu& files = *menuBar()->addMenu("&Data Files");
-    AddCommand(files, "&Load Files", "Ctrl+O", [this] { OpenClick(); });
-    AddCommand(files, "&Save Batch", "Ctrl+S", [this] { Save(); });
-    AddCommand(files, "&Restore Batch", "Ctrl+R", [this] { RestoreFilesClick(); });
+    AddFilesMenu();
     QMenu& forms = *menuBar()->addMenu("&Forms");
     for (const FormRow& form : kForms) {
         AddCommand(forms, form.menuCaption, form.shortcut, [this, &form] { FormClick(form); });
@@ -173,7 +172,7 @@ void TQFRForm::AddMenus() {
     const auto exportAs = [this](ExportFormat format) {
         return [this, format] {
             ExportFromMenu(*this, services_.Metrics, services_.Chooser, format,
-                           paths_.ReadPath(FileKind::kBatch));
+                           paths_.StartFolder(FileKind::kBatch), services_.Memory);
         };
     };
     AddCommand(values, "&CSV Tables...", "", exportAs(ExportFormat::kCsv));
@@ -181,6 +180,18 @@ void TQFRForm::AddMenus() {
     AddCommand(*menuBar(), "&Help", "F1", [this] { ShowHelp(kHelpTopic); });
     AddCommand(*menuBar(), "&About", "", [this] { aboutBox_->exec(); });
     AddCommand(*menuBar(), "E&xit", "Ctrl+Q", [this] { OnExit(); });
+}
+
+void TQFRForm::AddFilesMenu() {
+    QMenu& files = *menuBar()->addMenu("&Data Files");
+    AddCommand(files, "&Load Files", "Ctrl+O", [this] { OpenClick(); });
+    AddCommand(files, "Sa&ve", "Ctrl+S", [this] { SaveClick(); });
+    AddCommand(files, "&Save Batch", "Ctrl+Shift+S", [this] { Save(); });
+    AddCommand(files, "&Restore Batch", "Ctrl+R", [this] { RestoreFilesClick(); });
+    AddCommand(files, "Re&cover Last Batch", "", [this] { RecoverLastBatch(); });
+    QAction* const recover = files.actions().last();
+    connect(&files, &QMenu::aboutToShow, recover,
+            [this, recover] { recover->setEnabled(Recovery().has_value()); });
 }
 
 void TQFRForm::AddCommand(QWidget& menu, std::string_view caption, std::string_view shortcut,
@@ -200,39 +211,47 @@ void TQFRForm::OpenClick() {
     filesDlg_->show();
 }
 
+void TQFRForm::SaveClick() {
+    if (!keeper_->HasFileOfItsOwn()) {
+        Save();
+        return;
+    }
+    const std::string file = keeper_->FileName();
+    if (const auto question = keeper_->ReplaceQuestion(); !question || AskYesNo(*question)) {
+        WriteBatch(file, QString::fromStdString(Visible(FileNameOnly(file))) + " saved.");
+    }
+}
+
 TQFRForm::SaveResult TQFRForm::Save() {
     const std::optional<ChosenFiles> chosen =
-        services_.Chooser.Save({SaveKind::kBatch, paths_.ReadPath(FileKind::kBatch), ""});
-    if (!chosen) {
-        return SaveResult::kCancelled;
-    }
+        services_.Chooser.Save(keeper_->Proposal(paths_.StartFolder(FileKind::kBatch)));
+    return chosen ? WriteBatch(chosen->files.front()) : SaveResult::kCancelled;
+}
+
+TQFRForm::SaveResult TQFRForm::WriteBatch(const std::string& file, const QString& note) {
     const WaitCursor wait;
-    const std::string& file = chosen->files.front();
     std::string content = SaveBatch(Batch(), entries_);
     if (ReplaceFile(PathOf(file), content, ReadOnlyFile::kIsReplaced)) {
         Show(CouldNotBeWritten(file));
         return SaveResult::kNotWritten;
     }
-    paths_.RememberDir(file, FileKind::kBatch);
-    Show({"File information saved.", "", MessageIcon::kInformation});
-    std::string lacking;
-    for (const std::string_view what : LackingForRestore(Batch().Files)) {
-        lacking += std::string(lacking.empty() ? "" : ", ") + "no " + std::string(what);
+    const auto warning = RestoreWarning(Batch().Files, content, file);
+    keeper_->Saved(file, std::move(content), !warning);
+    RememberBatchFolder();
+    if (note.isEmpty()) {
+        paths_.RememberDir(file, FileKind::kBatch);
+        Show({"File information saved.", "", MessageIcon::kInformation});
+    } else {
+        statusBar()->showMessage(note, kNoteTime);
     }
-    if (!lacking.empty()) {
-        Show({FileNameOnly(file) + " cannot be restored: it has\n" + lacking + ".", "Warning",
-              MessageIcon::kWarning});
-        return SaveResult::kSaved;
-    }
-    const auto restored = RestoreBatch(LineReader(std::move(content)), file);
-    if (const auto* const refusal = std::get_if<Message>(&restored)) {
-        Show({FileNameOnly(file) + " cannot be restored:\n" + refusal->text, "Warning",
-              MessageIcon::kWarning});
+    if (warning) {
+        Show(*warning);
     }
     return SaveResult::kSaved;
 }
 
 void TQFRForm::OfferSave() {
+    keeper_->Check();  // what follows may lose the batch
     if (!Batch().SampleList ||
         !AskYesNo({"There is file information which may\nneed to be saved. Save it now?", "Warning",
                    MessageIcon::kWarning})) {
@@ -281,18 +300,64 @@ bool TQFRForm::RestoreFile(const std::string& fileName) {
         return false;
     }
     auto& saved = std::get<SavedBatch>(restored);
-    Batch() = std::move(saved.Batch);
-    entries_ = std::move(saved.Entries);
-    flags_ = saved.Flags;
-    form1Header_->Reset();
-    filesDlg_->ShowFileSet();
+    const bool asSaved = !saved.TextsNote && !saved.LimitsNote;
+    const std::vector notes = {saved.TextsNote, saved.LimitsNote};
+    TakeBatch(std::move(saved));
+    keeper_->Restored(fileName, asSaved);
+    RememberBatchFolder();
     ShowBatchState();
-    for (const std::optional<Message>& note : {saved.TextsNote, saved.LimitsNote}) {
+    for (const std::optional<Message>& note : notes) {
         if (note) {
             Show(*note);
         }
     }
     return true;
+}
+
+void TQFRForm::RememberBatchFolder() {
+    if (keeper_->HasFileOfItsOwn()) {
+        services_.Memory.KeepFolder(kBatchFolder, FolderOnly(BatchFileName()));
+    }
+}
+
+void TQFRForm::TakeBatch(SavedBatch saved) {
+    Batch() = std::move(saved.Batch);
+    entries_ = std::move(saved.Entries);
+    flags_ = saved.Flags;
+    form1Header_->Reset();
+    filesDlg_->ShowFileSet();
+}
+
+const std::string& TQFRForm::BatchFileName() const {
+    return keeper_->FileName();
+}
+
+std::optional<RecoveryOffer> TQFRForm::Recovery() const {
+    return keeper_->Offer();
+}
+
+void TQFRForm::RecoverLastBatch() {
+    const std::optional<RecoveryOffer> offer = Recovery();
+    if (!offer) {
+        Show({"There is no batch to be recovered.", "QFR Forms"});
+        return;
+    }
+    // Now, because a save ends the offer.
+    auto read = keeper_->Read(*offer);
+    if (const auto* const refusal = std::get_if<Message>(&read)) {
+        Show(*refusal);
+        return;
+    }
+    OfferSave();
+    const WaitCursor wait;
+    auto& saved = std::get<RecoveredBatch>(read).Saved;
+    const std::optional<Message> note = std::move(saved.TextsNote);
+    TakeBatch(std::move(saved));
+    keeper_->Recovered(*offer);
+    ShowBatchState();
+    if (note) {
+        Show(*note);
+    }
 }
 
 void TQFRForm::FormClick(const FormRow& form) {
@@ -409,11 +474,12 @@ void TQFRForm::ResetEntryDialogs() {
     const TuneEntry tune = std::exchange(entries_, {}).Tune;
     entries_.Tune = tune;
     entries_.Tune.Abundances = {};
+    keeper_->Cleared();
 }
 
 std::optional<ChosenFiles> TQFRForm::ChooseFiles(FileKind kind, bool multiSelect) {
     std::optional<ChosenFiles> chosen =
-        services_.Chooser.Open({kind, paths_.ReadPath(kind), multiSelect});
+        services_.Chooser.Open({kind, paths_.StartFolder(kind), multiSelect});
     if (chosen) {
         RememberChoice(*chosen);
     }
@@ -449,8 +515,7 @@ void TQFRForm::ShowMainWindow() {
 void TQFRForm::ShowBatchState() {
     const qfr::Batch& batch = Batch();
     const FileSet& files = batch.Files;
-    const bool loaded = batch.SampleList || FilesSpecified(batch) || !files.Calib.empty() ||
-                        !files.CheckCal.empty();
+    const bool loaded = IsLoaded(batch);
     std::array<QString, 5> texts;
     if (loaded) {
         const SampleListType none;
@@ -469,6 +534,7 @@ void TQFRForm::ShowBatchState() {
         state_[i]->setToolTip(texts[i]);
         state_[i]->setVisible(loaded);
     }
+    keeper_->Check();
 }
 
 }  // namespace qfr

@@ -12,7 +12,9 @@
 #include <QLabel>
 #include <QMainWindow>
 
+#include "app/BatchFile.h"
 #include "app/PathsFile.h"
+#include "app/Recovery.h"
 #include "data/FilesDlg.h"
 #include "dialogs/EntryDialogs.h"
 #include "dialogs/Form1Header.h"
@@ -48,6 +50,7 @@ struct DesktopServices {
     std::function<bool(int topic)> OpenHelp;
 };
 
+class BatchKeeper;
 class ReviewDialog;
 
 class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, public WindowServices {
@@ -72,6 +75,14 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
     // Opens the window where a finding is mended, with the focus there. `record`: the sample that
     // it is about, as an index of SampleList; absent for the whole batch.
     void GoTo(const MendPlace& place, std::optional<std::size_t> record);
+
+    // Of the batch's file, full path (UTF-8); empty: it has none.
+    const std::string& BatchFileName() const;
+    // Replaces the batch by the one that was lost last, after offering to save this one. Without
+    // any, only a message.
+    void RecoverLastBatch();
+    // What that would bring back; absent without any.
+    std::optional<RecoveryOffer> Recovery() const;
 
     // FormHost
     void Show(const Message& message) override;
@@ -114,7 +125,14 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
     void FormClick(const FormRow& form);
     void OnExit();
 
+    void AddFilesMenu();
+    void SaveClick();
+    // By way of the save dialog.
     SaveResult Save();
+    // Without a note: the user has chosen the file just now.
+    SaveResult WriteBatch(const std::string& file, const QString& note = {});
+    void TakeBatch(SavedBatch saved);
+    void RememberBatchFolder();
     void ShowBatchState();
 
     DesktopServices services_;
@@ -137,6 +155,7 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
     bool mending_ = false;  // an entry dialog is not opened for printing
     std::unique_ptr<QDialog> aboutBox_;
     std::unique_ptr<ReviewDialog> review_;
+    std::unique_ptr<BatchKeeper> keeper_;
 };
 
 }  // namespace qfr

@@ -81,6 +81,20 @@ std::string PathsFile::ReadPath(FileKind kind) {
                                 : path;
 }
 
+bool PathsFile::IsInitial(int line) {
+    const std::string& path = LineAt(line);
+    return path.empty() || path == kInstallPath || path == settings_.ProgramDir();
+}
+
+std::string PathsFile::StartFolder(FileKind kind) {
+    const std::string own = ReadPath(kind);
+    const int line = RowOf(kind).startsFrom;
+    const int reports = RowOf(FileKind::kQuantReport).startsFrom;
+    return line != RowOf(FileKind::kText).startsFrom && IsInitial(line) && !IsInitial(reports)
+               ? LineAt(reports)
+               : own;
+}
+
 void PathsFile::RememberDir(std::string_view fileName, FileKind kind) {
     // What there is to tell was told when the choice began; reports may be dropped without one.
     Read(!known_);

@@ -21,6 +21,10 @@ class PathsFile {
     // unless it is the program's own. A missing file is reported and created anew.
     std::string ReadPath(FileKind kind);
 
+    // Where a dialog starts: calibrations and batches of which no directory was ever chosen are
+    // looked for where the reports were chosen.
+    std::string StartFolder(FileKind kind);
+
     // Records the directory of a file that was chosen as one of this kind, and rewrites the file,
     // as it is by now. A directory that would not be read back as it is, being no text or of more
     // than 99 characters, is not remembered.
@@ -29,6 +33,8 @@ class PathsFile {
     void NewPathsFile();
 
   private:
+    // Whether the line, from 1, is as the program has made it.
+    bool IsInitial(int line);
     // From 1.
     std::string& LineAt(int line) { return lines_.at(static_cast<std::size_t>(line) - 1); }
     // Takes the lines over; tells what is missing when it is to.

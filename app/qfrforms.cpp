@@ -22,6 +22,7 @@
 #include "platform/qt/QtFileChooser.h"
 #include "platform/qt/QtMessages.h"
 #include "platform/qt/Remembered.h"
+#include "platform/qt/WindowPlaces.h"
 
 int main(int argc, char** argv) {
     const qfr::EndRequests endRequests([] {
@@ -64,7 +65,8 @@ int main(int argc, char** argv) {
     qfr::QtFileChooser chooser(messages);
     qfr::Remembered memory(settings);
     qfr::PrintLog printed;
-    qfr::DesktopSink sink(*typeface, chooser, messages);
+    const qfr::WindowPlaces places(memory);
+    qfr::DesktopSink sink(*typeface, chooser, messages, memory);
     qfr::HelpViewer help(qfr::PathOf(settings.ProgramDir() + "QFRHelp.chm"));
 
     qfr::TQFRForm mainWindow({
@@ -77,10 +79,10 @@ int main(int argc, char** argv) {
         .Memory = memory,
         .Printed = printed,
         .ShowPrinterSetup =
-            [&sink](qfr::TPrinter& printer) {
+            [&sink, &memory](qfr::TPrinter& printer) {
                 printer.Printers = sink.Printers();
-                return qfr::PrinterSetupDialog(printer, QApplication::activeWindow()).exec() ==
-                       QDialog::Accepted;
+                return qfr::PrinterSetupDialog(printer, memory, QApplication::activeWindow())
+                           .exec() == QDialog::Accepted;
             },
         .Quit = [] { QCoreApplication::exit(0); },
         .OpenHelp = [&help](int topic) { return help.Open(topic); },

@@ -77,6 +77,11 @@ bool FilesSpecified(const Batch& batch) {
     return LabBlankRecords(batch) > 0 || !batch.Files.QFiles.empty();
 }
 
+bool IsLoaded(const Batch& batch) {
+    return batch.SampleList || FilesSpecified(batch) || !batch.Files.Calib.empty() ||
+           !batch.Files.CheckCal.empty();
+}
+
 bool CheckReportNamed(const Batch& batch) {
     return !Trim(batch.Files.CheckCal).empty();
 }

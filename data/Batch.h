@@ -160,6 +160,9 @@ inline constexpr std::array<std::string_view, 3> InternalStandardNames = {
 // Whether a lab blank or at least one quantitation report is named.
 bool FilesSpecified(const Batch& batch);
 
+// Whether the batch has anything that a clear would take: samples, or a report of any kind.
+bool IsLoaded(const Batch& batch);
+
 // Whether the batch names a continuing calibration report.
 bool CheckReportNamed(const Batch& batch);
 

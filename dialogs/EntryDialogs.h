@@ -12,6 +12,7 @@
 #include <QObject>
 
 #include "data/EntryChecks.h"
+#include "dialogs/HoldsEntries.h"
 #include "forms/FormHost.h"
 #include "platform/WindowServices.h"
 
@@ -22,7 +23,7 @@ class QWidget;
 namespace qfr {
 
 // A dialog that a form's driver shows.
-class EntryWindow : public QDialog {
+class EntryWindow : public QDialog, public HoldsEntries {
   public:
     using QDialog::QDialog;
 

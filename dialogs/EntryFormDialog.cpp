@@ -92,7 +92,7 @@ std::optional<std::string> EnteredItem(const QDialog& dialog, const EntryField& 
                                  : std::nullopt;
     }
     if (const auto* const grid = qobject_cast<const EntryGrid*>(control)) {
-        return grid->Cell(static_cast<int>(item), grid->columnCount() - 1);
+        return grid->TypedCell(static_cast<int>(item), grid->columnCount() - 1);
     }
     int number = 1;
     while (!RadioButton(dialog, field, number)->isChecked()) {
@@ -382,7 +382,10 @@ void EntryFormDialog::ShowEntries() {
 }
 
 void EntryFormDialog::StoreEntries() {
-    Entries& entries = host_.Entries();
+    StoreInto(host_.Batch(), host_.Entries());
+}
+
+void EntryFormDialog::StoreInto(Batch& /*batch*/, Entries& entries) const {
     for (const EntryField& field : table_.Fields) {
         for (std::size_t item = 0; item < ItemCount(field, entries); ++item) {
             if (const auto text = EnteredItem(*this, field, item)) {

@@ -25,6 +25,7 @@ class EntryFormDialog : public EntryWindow {
                     QWidget* parent = nullptr);
 
     bool Run(std::size_t headerRecord) override;
+    void StoreInto(Batch& batch, Entries& entries) const override;
 
   private:
     void AddField(const EntryField& field);

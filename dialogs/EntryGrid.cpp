@@ -184,6 +184,12 @@ std::string EntryGrid::Cell(int row, int column) const {
     return cell != nullptr ? EnteredField(cell->text().toStdString()) : "";
 }
 
+std::string EntryGrid::TypedCell(int row, int column) const {
+    const QLineEdit* const editor =
+        row == currentRow() && column == currentColumn() ? Editor() : nullptr;
+    return editor != nullptr ? EnteredField(editor->text().toStdString()) : Cell(row, column);
+}
+
 void EntryGrid::SetCell(int row, int column, const std::string& text) {
     const QString shown = QString::fromStdString(text);
     if (QTableWidgetItem* const cell = item(row, column)) {

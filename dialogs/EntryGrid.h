@@ -34,6 +34,8 @@ class EntryGrid : public QTableWidget {
 
     // Rows and columns from 0, without the heading.
     std::string Cell(int row, int column) const;
+    // The same, with what is being typed there.
+    std::string TypedCell(int row, int column) const;
     void SetCell(int row, int column, const std::string& text);
 
     // The same, or what is being typed there.

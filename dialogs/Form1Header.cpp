@@ -391,6 +391,16 @@ void TForm1Header::Store(QWidget* control) {
     }
 }
 
+void TForm1Header::StoreInto(Batch& batch, Entries& /*entries*/) const {
+    if (currentRecord_ >= SamplesOf(batch).size()) {
+        return;
+    }
+    for (int number = 1; number <= SampleHeader::kCount; ++number) {
+        const HeaderField field = HeaderFieldAt(number);
+        batch.SampleList->at(currentRecord_).Header[field] = TextOfField(field);
+    }
+}
+
 void TForm1Header::SaveAll() {
     for (QWidget* const control : fieldControls_) {
         Store(control);

@@ -13,6 +13,7 @@
 #include <QDialog>
 
 #include "data/Batch.h"
+#include "dialogs/HoldsEntries.h"
 #include "forms/FormHost.h"
 #include "platform/WindowServices.h"
 
@@ -31,7 +32,7 @@ class MaskEdit;
 inline constexpr int kFormIVoa = 0;
 inline constexpr int kFormITic = 1;
 
-class TForm1Header : public QDialog {
+class TForm1Header : public QDialog, public HoldsEntries {
     Q_OBJECT
 
   public:
@@ -44,6 +45,7 @@ class TForm1Header : public QDialog {
     void Reset();
     // The field that has the focus when the dialog is next shown.
     void SetPendingFocus(HeaderField field);
+    void StoreInto(Batch& batch, Entries& entries) const override;
 
     // Escape and the close box.
     void reject() override { OkButtonClick(); }

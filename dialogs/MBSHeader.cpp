@@ -73,6 +73,10 @@ bool TMBSHeader::Run(std::size_t /*headerRecord*/) {
     return accepted;
 }
 
+void TMBSHeader::StoreInto(Batch& /*batch*/, Entries& entries) const {
+    entries.Comments.Lines = Lines();
+}
+
 std::vector<std::string> TMBSHeader::Lines() const {
     std::vector<std::string> lines;
     for (const QString& line : ui_->RichEdit1->toPlainText().split('\n')) {

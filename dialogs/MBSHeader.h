@@ -24,6 +24,7 @@ class TMBSHeader : public EntryWindow {
     ~TMBSHeader() override;
 
     bool Run(std::size_t headerRecord) override;
+    void StoreInto(Batch& batch, Entries& entries) const override;
 
   protected:
     void changeEvent(QEvent* event) override;

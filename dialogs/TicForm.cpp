@@ -1,5 +1,6 @@
 #include "dialogs/TicForm.h"
 
+#include <algorithm>
 #include <iterator>
 #include <optional>
 #include <utility>
@@ -137,6 +138,32 @@ void TTICForm::DeleteButtonClick() {
     });
 }
 
+std::vector<TicEntry> TTICForm::Rows() const {
+    const EntryGrid& grid = *ui_->StringGrid1;
+    std::vector<TicEntry> rows(static_cast<std::size_t>(grid.rowCount()));
+    for (int row = 0; row < grid.rowCount(); ++row) {
+        for (int column = 0; column < TicEntry::kCount; ++column) {
+            rows[static_cast<std::size_t>(row)].cells[static_cast<std::size_t>(column)] =
+                grid.TypedCell(row, column);
+        }
+    }
+    return rows;
+}
+
+void TTICForm::StoreInto(Batch& batch, Entries& /*entries*/) const {
+    if (record_ >= SamplesOf(batch).size()) {
+        return;
+    }
+    TicListType list = Rows();
+    std::erase_if(list, [](const TicEntry& row) {
+        return std::ranges::all_of(row.cells,
+                                   [](const std::string& cell) { return IsBlank(cell); });
+    });
+    list.resize(std::min(list.size(), static_cast<std::size_t>(kMaxTics)));
+    batch.SampleList->at(record_).TicList =
+        list.empty() ? std::nullopt : std::optional(std::move(list));
+}
+
 bool TTICForm::AreToBeLeftOut(const std::vector<std::size_t>& rows) {
     if (rows.empty()) {
         return true;
@@ -166,13 +193,7 @@ bool TTICForm::AreToBeLeftOut(const std::vector<std::size_t>& rows) {
 void TTICForm::OkButtonClick() {
     EntryGrid& grid = *ui_->StringGrid1;
     grid.FinishEditing();
-    std::vector<TicEntry> rows(static_cast<std::size_t>(grid.rowCount()));
-    for (int row = 0; row < grid.rowCount(); ++row) {
-        for (int column = 0; column < TicEntry::kCount; ++column) {
-            rows[static_cast<std::size_t>(row)].cells[static_cast<std::size_t>(column)] =
-                grid.Cell(row, column);
-        }
-    }
+    const std::vector<TicEntry> rows = Rows();
     const std::vector<std::size_t> incomplete = IncompleteTicRows(rows);
     if (!AreToBeLeftOut(incomplete)) {
         return;

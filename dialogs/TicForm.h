@@ -11,6 +11,7 @@
 #include <QDialog>
 
 #include "dialogs/EntryGrid.h"
+#include "dialogs/HoldsEntries.h"
 #include "forms/FormHost.h"
 #include "platform/WindowServices.h"
 
@@ -20,7 +21,7 @@ class TTICForm;
 
 namespace qfr {
 
-class TTICForm : public QDialog {
+class TTICForm : public QDialog, public HoldsEntries {
     Q_OBJECT
 
   public:
@@ -30,6 +31,8 @@ class TTICForm : public QDialog {
     // Edits the list of the sample at this index in SampleList, shown under its number. True when
     // OK has stored it; Cancel discards what was typed. `row`, from 1, has the focus.
     bool Run(std::size_t record, const std::string& sampleNo, int row = 1);
+    // Keeps incomplete rows, which OK leaves out, but no more rows than a sample may have.
+    void StoreInto(Batch& batch, Entries& entries) const override;
 
   private:
     void OnShow(const SampleRecord& sample, const std::string& sampleNo);
@@ -40,6 +43,7 @@ class TTICForm : public QDialog {
     // Lets Undo bring back what OK has left out of the list, if it is still the list that OK made.
     void OfferLeftOut(const SampleRecord& sample);
     void ShowSteps();
+    std::vector<TicEntry> Rows() const;
     // Whether the user agrees to lose these rows, from 1; otherwise he is at what the first lacks.
     bool AreToBeLeftOut(const std::vector<std::size_t>& rows);
 

@@ -16,6 +16,8 @@ class SettingsDir {
 
     // The program's directory with a trailing separator (UTF-8).
     std::string ProgramDir() const;
+    // The user's own configuration directory, wherever the settings are.
+    const std::filesystem::path& UserDir() const { return userDir_; }
     // The file to read; it need not exist.
     std::filesystem::path ForReading(const std::string& name) const;
     // The file to write; its directory exists afterwards, if it can.

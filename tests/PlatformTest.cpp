@@ -126,6 +126,21 @@ TEST_F(Paths, AreFourLines) {
     EXPECT_THAT(messages_.shown, IsEmpty());
 }
 
+TEST_F(Paths, OfCalibrationsAndBatchesAreThoseOfTheReportsAtFirst) {
+    const std::string program = settings_.ProgramDir();
+    const std::pair<std::string, std::string> cases[] = {
+        {"/r\ninstallPath\n/t\n" + program + "\n", "/r|/r|/t|/r"},
+        {"/r\n/c\ninstallPath\n/b\n", "/r|/c|" + program + "example/|/b"},
+        {program + "\n/c\n/t\n" + program + "\n", program + "|/c|/t|" + program}};
+    for (const auto& [content, lines] : cases) {
+        Write(content);
+        EXPECT_EQ(Joined({FileKind::kQuantReport, FileKind::kCalibration, FileKind::kText,
+                          FileKind::kBatch},
+                         [&](FileKind kind) { return paths_.StartFolder(kind); }),
+                  lines);
+    }
+}
+
 TEST_F(Paths, AreCreatedAfterAMessageWhenTheyAreMissing) {
     EXPECT_EQ(paths_.ReadPath(FileKind::kQuantReport), settings_.ProgramDir());
     EXPECT_THAT(messages_.TakeTexts(), ElementsAre("Pathfile missing.  Creating new pathfile."));

@@ -10,6 +10,7 @@
 #include "platform/Messages.h"
 #include "platform/pdf/Typeface.h"
 #include "platform/qt/PdfSaver.h"
+#include "platform/qt/Remembered.h"
 
 namespace qfr {
 
@@ -18,8 +19,8 @@ inline const std::string kPreviewPrinter = "Screen preview";
 
 class DesktopSink : public JobSink, public PackageSink {
   public:
-    DesktopSink(Typeface& typeface, FileChooser& chooser, Messages& messages)
-        : typeface_(typeface), messages_(messages), pdfSaver_(chooser, messages) {}
+    DesktopSink(Typeface& typeface, FileChooser& chooser, Messages& messages, Remembered& memory)
+        : typeface_(typeface), messages_(messages), pdfSaver_(chooser, messages, memory) {}
 
     // Installed printers, then "PDF file", then "Screen preview". Indexes of the jobs refer to it,
     // so it stays the same for the run.

@@ -14,7 +14,12 @@ namespace qfr {
 
 namespace {
 
-std::string FirstDirectory() {
+std::string FolderFor(const Remembered& memory) {
+    for (const char* const name : {kPdfFolder, kBatchFolder}) {
+        if (std::string folder = memory.Folder(name); !folder.empty()) {
+            return folder;
+        }
+    }
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     return (QDir(documents).exists() && !documents.isEmpty() ? documents : QDir::homePath())
         .toStdString();
@@ -23,16 +28,13 @@ std::string FirstDirectory() {
 }  // namespace
 
 std::optional<std::string> PdfSaver::ChooseFile(const std::string& title) {
-    if (directory_.empty()) {
-        directory_ = FirstDirectory();
-    }
     const auto chosen = chooser_.Save({.kind = SaveKind::kPdf,
-                                       .directory = directory_,
+                                       .directory = FolderFor(memory_),
                                        .fileName = FileNameForTitle(title) + ".pdf"});
     if (!chosen) {
         return std::nullopt;
     }
-    directory_ = TextOf(PathOf(chosen->files.front()).parent_path());
+    memory_.KeepFolder(kPdfFolder, TextOf(PathOf(chosen->files.front()).parent_path()));
     return chosen->files.front();
 }
 

@@ -1,4 +1,4 @@
-// "Save this as PDF": asks for the file, starting where the last one went.
+// "Save this as PDF": asks for the file, starting where the last one went, or beside the batch.
 #pragma once
 
 #include <optional>
@@ -7,12 +7,14 @@
 #include "platform/FileChooser.h"
 #include "platform/JobSink.h"
 #include "platform/Messages.h"
+#include "platform/qt/Remembered.h"
 
 namespace qfr {
 
 class PdfSaver {
   public:
-    PdfSaver(FileChooser& chooser, Messages& messages) : chooser_(chooser), messages_(messages) {}
+    PdfSaver(FileChooser& chooser, Messages& messages, Remembered& memory)
+        : chooser_(chooser), messages_(messages), memory_(memory) {}
 
     // Proposes a name made of the title. The full path (UTF-8), absent when the user
     // cancelled.
@@ -23,7 +25,7 @@ class PdfSaver {
   private:
     FileChooser& chooser_;
     Messages& messages_;
-    std::string directory_;  // last used in this run
+    Remembered& memory_;
 };
 
 }  // namespace qfr

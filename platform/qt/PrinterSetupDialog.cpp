@@ -25,9 +25,10 @@ std::vector<Paper> Papers(const Paper& current) {
 
 }  // namespace
 
-PrinterSetupDialog::PrinterSetupDialog(TPrinter& printer, QWidget* parent)
+PrinterSetupDialog::PrinterSetupDialog(TPrinter& printer, Remembered& memory, QWidget* parent)
     : QDialog(parent),
       printer_(printer),
+      memory_(memory),
       papers_(Papers(printer.PaperSize)),
       printerCombo_(new QComboBox(this)),
       paperCombo_(new QComboBox(this)) {
@@ -50,6 +51,10 @@ PrinterSetupDialog::PrinterSetupDialog(TPrinter& printer, QWidget* parent)
     const auto current = std::find(papers_.begin(), papers_.end(), printer_.PaperSize);
     paperCombo_->setCurrentIndex(static_cast<int>(current - papers_.begin()));
 
+    if (printer_.PrinterIndex == 0 && printer_.PaperSize == kLetterPaper) {
+        ProposeLast();
+    }
+
     auto* const buttons =
         new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     buttons->button(QDialogButtonBox::Ok)->setObjectName("OkButton");
@@ -69,9 +74,21 @@ PrinterSetupDialog::PrinterSetupDialog(TPrinter& printer, QWidget* parent)
     printerCombo_->setFocus();
 }
 
+void PrinterSetupDialog::ProposeLast() {
+    const int printer = printerCombo_->findText(memory_.Value(kPrinterName).toString());
+    const std::string name = memory_.Value(kPaperName).toString().toStdString();
+    const auto paper = std::ranges::find(papers_, name, &Paper::name);
+    printerCombo_->setCurrentIndex(std::max(printer, 0));
+    if (paper != papers_.end()) {
+        paperCombo_->setCurrentIndex(static_cast<int>(paper - papers_.begin()));
+    }
+}
+
 void PrinterSetupDialog::accept() {
     printer_.PrinterIndex = std::max(0, printerCombo_->currentIndex());
     printer_.PaperSize = papers_[static_cast<std::size_t>(paperCombo_->currentIndex())];
+    memory_.Keep(kPrinterName, printerCombo_->currentText());
+    memory_.Keep(kPaperName, QString::fromStdString(printer_.PaperSize.name));
     QDialog::accept();
 }
 

@@ -8,6 +8,7 @@
 #include <QDialog>
 
 #include "platform/Printer.h"
+#include "platform/qt/Remembered.h"
 
 namespace qfr {
 
@@ -15,13 +16,17 @@ class PrinterSetupDialog : public QDialog {
     Q_OBJECT
 
   public:
-    // Shows the printer's current choice; OK changes it, Cancel leaves it.
-    PrinterSetupDialog(TPrinter& printer, QWidget* parent);
+    // Shows the printer's current choice, or, while that is none of the user's, the one of the run
+    // before as far as it is still there. OK takes and remembers it, Cancel leaves the printer.
+    PrinterSetupDialog(TPrinter& printer, Remembered& memory, QWidget* parent);
 
     void accept() override;
 
   private:
+    void ProposeLast();
+
     TPrinter& printer_;
+    Remembered& memory_;
     std::vector<Paper> papers_;  // in the order of the list
     QComboBox* printerCombo_;
     QComboBox* paperCombo_;

@@ -152,11 +152,22 @@ class Program:
         self._atspi = pyatspi
         pyatspi.setTimeout(DEADLINE * 1000, DEADLINE * 1000)  # it may be busy
         self._desktop = desktop
-        running = pyatspi.Registry.getDesktop(0)
-        self._process = desktop.run(str(path))
+        self._path = path
+        self.start()
+
+    def start(self):
+        """Also once more, when it has ended."""
+        running = self._atspi.Registry.getDesktop(0)
+        self._process = self._desktop.run(str(self._path))
         self._root = wait_for("the program", lambda: next(
-            (each for each in running if each is not None and each.name == "QFR Forms"), None))
+            (each for each in running if each is not None and each.name == "QFR Forms"
+             and each.get_process_id() == self._process.pid), None))
         self._root.setCacheMask(0)
+
+    def send(self, signal_number):
+        """What ends the program at once, or asks it to end."""
+        self._process.send_signal(signal_number)
+        self._process.wait(timeout=DEADLINE)
 
     def _look(self, role, name, inside):
         for child in (each for each in inside if each is not None):
@@ -171,8 +182,9 @@ class Program:
         return wait_for(f"{role} {name}", lambda: self._look(role, name, inside or self._root))
 
     def _window(self, title, state):
-        return next((each for each in self._root if each is not None and each.name == title
-                     and each.getState().contains(state)), None)
+        # The main window's title goes on with the batch's name.
+        return next((each for each in self._root if each is not None
+                     and (each.name + " - ").startswith(title + " - ") and each.getState().contains(state)), None)
 
     def _active(self, title):
         """The window, when the window manager has put it in its place and made it the active one."""
@@ -216,14 +228,19 @@ class Program:
     def has(self, role, name):
         return self._look(role, name, self._root) is not None
 
+    def key(self, character, control=False):
+        send, events = self._atspi.Registry.generateKeyboardEvent, self._atspi
+        if control:
+            send(CONTROL_KEY, None, events.KEY_PRESS)
+        send(ord(character), None, events.KEY_SYM)
+        if control:
+            send(CONTROL_KEY, None, events.KEY_RELEASE)
+
     def type(self, text):
         """Over what the control that has the focus holds."""
-        send, events = self._atspi.Registry.generateKeyboardEvent, self._atspi
-        send(CONTROL_KEY, None, events.KEY_PRESS)
-        send(ord("a"), None, events.KEY_SYM)
-        send(CONTROL_KEY, None, events.KEY_RELEASE)
+        self.key("a", control=True)
         for character in text:
-            send(ord(character), None, events.KEY_SYM)
+            self.key(character)
             time.sleep(0.02)  # the next one may need another keyboard mapping
 
     def press_keys(self, *chords):
@@ -238,6 +255,9 @@ class Program:
                 send(MODIFIERS[modifier], None, events.KEY_RELEASE)
             time.sleep(0.02)
         return sum(chord.count("+") + 1 for chord in chords)
+
+    def focus(self, role, caption, window):
+        self.find(role, caption, window).queryComponent().grabFocus()
 
     def ended(self):
         return self._process.wait(timeout=DEADLINE)

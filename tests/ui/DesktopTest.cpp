@@ -20,7 +20,7 @@ namespace {
 
 class DesktopSinkTest : public testing::Test, protected WindowRig {
   protected:
-    DesktopSink desktop_{FormsTypeface(), chooser, log};
+    DesktopSink desktop_{FormsTypeface(), chooser, log, memory};
     const int pdf_ = static_cast<int>(InstalledPrinters().size());
     const PrintJob job_{"Form 1 VBLK01", kLetterPaper, {LetterPage()}};
 };
@@ -29,6 +29,7 @@ TEST_F(DesktopSinkTest, APdfJobAsksForItsFileFirst) {
     EXPECT_EQ(desktop_.Printers().rbegin()[1], "PDF file");
     EXPECT_FALSE(desktop_.BeginJob(pdf_, job_.title)) << "cancelled";
     EXPECT_EQ(chooser.saved[0].kind, SaveKind::kPdf);
+    memory.KeepFolder(kBatchFolder, Path("gone"));
     EXPECT_EQ(chooser.saved[0].fileName, "Form 1 VBLK01.pdf");
     desktop_.BeginJob(pdf_, ".a/b\x1B\u202E?.");
     EXPECT_EQ(chooser.saved[1].fileName,
@@ -85,7 +86,9 @@ TEST(PrinterSetup, GivesThePrinterWhatIsChosen) {
         printer.Printers = {"Lab", "PDF file", "Screen preview"};
         printer.PrinterIndex = 1;
         printer.PaperSize = before.first;
-        PrinterSetupDialog dialog(printer, nullptr);
+        const TempDir dir;
+        Remembered memory{SettingsDir(dir.Path(), dir.Path())};
+        PrinterSetupDialog dialog(printer, memory, nullptr);
         dialog.show();
         WindowUser user;
         user.Face(dialog);
@@ -96,6 +99,30 @@ TEST(PrinterSetup, GivesThePrinterWhatIsChosen) {
         user.Click(accepted ? "OkButton" : "CancelButton");
         EXPECT_EQ(printer.PaperSize, accepted ? chosen.first : before.first);
         EXPECT_EQ(printer.PrinterIndex, accepted ? 2 : 1);
+    }
+}
+
+TEST(PrinterSetup, ProposesTheChoiceOfTheRunBefore) {
+    const TempDir dir;
+    Remembered memory{SettingsDir(dir.Path(), dir.Path())};
+    TimesMetrics metrics;
+    JobLog sink;
+    // The printers of a run, what is shown first, and what is then chosen.
+    const std::tuple<std::vector<std::string>, const char*, const char*> runs[] = {
+        {{"Lab", "PDF file"}, "|Lab|Letter (8.5 x 11 in)", "PDF file"},
+        {{"Lab", "Office", "PDF file"}, "|PDF file|A4 (8.27 x 11.69 in)", "Office"},
+        {{"Lab", "PDF file"}, "|Lab|A4 (8.27 x 11.69 in)", "Lab"}};
+    for (const auto& [printers, shown, chosen] : runs) {
+        TPrinter printer(metrics, sink);
+        printer.Printers = printers;
+        PrinterSetupDialog dialog(printer, memory, nullptr);
+        EXPECT_EQ(printer.PrinterIndex, 0) << "nothing is taken silently";
+        WindowUser user;
+        user.window = &dialog;
+        EXPECT_EQ(user.Shown("PrinterCombo", "PaperCombo"), shown);
+        user.Get<QComboBox>("PrinterCombo").setCurrentText(chosen);
+        user.Get<QComboBox>("PaperCombo").setCurrentIndex(4);
+        dialog.accept();
     }
 }
 

@@ -64,7 +64,7 @@ TEST(MainForm, SavesAndRestoresABatchWithItsState) {
               "Lab blank: vblk01.prn|Samples: 9|Headers complete: 10 of 10|"
               "Calibration: voa0516.cal|Check: vstd050c.check|");
 
-    rig.Type("^s");
+    rig.Press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_EQ(rig.Read("copy.qff"), ReadAll(Example("example.qff")));
     EXPECT_EQ(rig.chooser.opened.at(0).kind, FileKind::kBatch);
     EXPECT_EQ(rig.chooser.opened.at(0).directory, "/batches");

@@ -49,7 +49,7 @@ class Preview : public testing::Test, protected WindowRig {
         emit combo.activated(combo.currentIndex());
     }
 
-    PdfSaver saver_{chooser, log};
+    PdfSaver saver_{chooser, log, memory};
     PreviewWindow preview_{{Job("Form 5 BFB01", 2), Job("Form 6", 18)},
                            "Data Package",
                            FormsTypeface(),

@@ -1,0 +1,163 @@
+#include "platform/qt/WindowPlaces.h"
+
+#include <algorithm>
+
+#include <QApplication>
+#include <QEvent>
+#include <QFileDialog>
+#include <QHeaderView>
+#include <QMessageBox>
+#include <QScreen>
+#include <QSplitter>
+#include <QTableView>
+#include <QTableWidget>
+#include <QWidget>
+
+namespace qfr {
+
+namespace {
+
+QString NameOf(const QWidget& window) {
+    return window.objectName().isEmpty()
+               ? QString(window.metaObject()->className()).section("::", -1)
+               : window.objectName();
+}
+
+bool HasPlace(const QWidget& window) {
+    const Qt::WindowType type = window.windowType();
+    return window.isWindow() && (type == Qt::Window || type == Qt::Dialog) &&
+           qobject_cast<const QMessageBox*>(&window) == nullptr &&
+           window.minimumSize() != window.maximumSize();
+}
+
+// A place that no screen has any more, or not for the bar by which a window is moved, is not taken.
+QScreen* ScreenOf(const QRect& place) {
+    constexpr int kBar = 20;  // pixels
+    for (QScreen* const screen : QGuiApplication::screens()) {
+        const QRect seen =
+            screen->availableGeometry() & QRect(place.topLeft(), QSize(place.width(), kBar));
+        if (seen.width() >= place.width() / 2 && seen.height() >= kBar / 2) {
+            return screen;
+        }
+    }
+    return nullptr;
+}
+
+// The sizes of what the user can move in a window, with the name of each.
+template <typename Function>
+void ForEachPart(const QWidget& window, const QString& name, const Function& function) {
+    if (qobject_cast<const QFileDialog*>(&window) != nullptr) {
+        return;
+    }
+    for (QTableView* const table : window.findChildren<QTableView*>()) {
+        // Grids for entries fit their columns to the font.
+        if (!table->objectName().isEmpty() && qobject_cast<QTableWidget*>(table) == nullptr) {
+            function(name + '/' + table->objectName(), *table->horizontalHeader());
+        }
+    }
+    for (QSplitter* const splitter : window.findChildren<QSplitter*>()) {
+        if (!splitter->objectName().isEmpty()) {
+            function(name + '/' + splitter->objectName(), *splitter);
+        }
+    }
+}
+
+QVariantList SizesOf(const QHeaderView& header) {
+    QVariantList sizes;
+    for (int section = 0; section < header.count(); ++section) {
+        sizes << header.sectionSize(section);
+    }
+    return sizes;
+}
+QVariantList SizesOf(const QSplitter& splitter) {
+    QVariantList sizes;
+    for (const int size : splitter.sizes()) {
+        sizes << size;
+    }
+    return sizes;
+}
+
+void Resize(QHeaderView& header, const QVariantList& sizes) {
+    for (int section = 0; section < header.count(); ++section) {
+        if (header.sectionResizeMode(section) == QHeaderView::Interactive) {
+            header.resizeSection(section,
+                                 std::max(header.minimumSectionSize(), sizes[section].toInt()));
+        }
+    }
+}
+void Resize(QSplitter& splitter, const QVariantList& sizes) {
+    QList<int> given;
+    for (const QVariant& size : sizes) {
+        given << size.toInt();
+    }
+    splitter.setSizes(given);
+}
+
+}  // namespace
+
+WindowPlaces::WindowPlaces(Remembered& memory) : memory_(memory) {
+    qApp->installEventFilter(this);
+    // Windows that show when the program ends are never hidden.
+    connect(qApp, &QCoreApplication::aboutToQuit, this, &WindowPlaces::KeepAll);
+}
+
+bool WindowPlaces::eventFilter(QObject* watched, QEvent* event) {
+    if (auto* const window = qobject_cast<QWidget*>(watched);
+        window != nullptr && !event->spontaneous() && HasPlace(*window)) {
+        if (event->type() == QEvent::Show) {
+            Bring(*window);
+        } else if (event->type() == QEvent::Hide) {
+            Keep(*window);
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void WindowPlaces::Bring(QWidget& window) const {
+    const QString name = "places/" + NameOf(window);
+    const QRect place = memory_.Value(name).toRect();
+    if (place.isValid()) {
+        QScreen* const screen = ScreenOf(place);
+        const QRect room = (screen != nullptr ? screen : window.screen())->availableGeometry();
+        window.resize(place.size().boundedTo(room.size()));
+        if (screen != nullptr) {
+            const int right = std::max(room.left(), room.right() + 1 - window.width());
+            const int bottom = std::max(room.top(), room.bottom() + 1 - window.height());
+            window.move(std::clamp(place.x(), room.left(), right),
+                        std::clamp(place.y(), room.top(), bottom));
+        }
+    }
+    if (memory_.Value(name + "/maximized").toBool()) {
+        window.setWindowState(window.windowState() | Qt::WindowMaximized);
+    }
+    ForEachPart(window, name, [this](const QString& part, auto& parts) {
+        const QVariantList sizes = memory_.Value(part).toList();
+        if (!sizes.isEmpty() && sizes.size() == parts.count()) {
+            Resize(parts, sizes);
+        }
+    });
+}
+
+void WindowPlaces::Keep(const QWidget& window) const {
+    const QString name = "places/" + NameOf(window);
+    const bool large = window.isMaximized() || window.isFullScreen();
+    memory_.Keep(name + "/maximized", large);
+    if (!large) {
+        memory_.Keep(name, QRect(window.pos(), window.size()));
+    }
+    ForEachPart(window, name, [this](const QString& part, const auto& parts) {
+        if (parts.count() > 0) {
+            memory_.Keep(part, SizesOf(parts));
+        }
+    });
+}
+
+void WindowPlaces::KeepAll() const {
+    for (const QWidget* const window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() && HasPlace(*window)) {
+            Keep(*window);
+        }
+    }
+}
+
+}  // namespace qfr

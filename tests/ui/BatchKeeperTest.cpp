@@ -1,0 +1,239 @@
+// A batch that is not lost: Save, the title, recovery; and windows that come back to their places.
+#include <QAction>
+#include <QScreen>
+#include <QStandardItemModel>
+#include <QStatusBar>
+#include <QTableView>
+
+#include "dialogs/EntryGrid.h"
+#include "dialogs/TicForm.h"
+#include "platform/Text.h"
+#include "platform/qt/WindowPlaces.h"
+#include "tests/ui/WindowRig.h"
+
+namespace qfr::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+struct KeeperRig : WindowRig {
+    // Another program's, when it has ended; "": there is none.
+    explicit KeeperRig(const std::string& recovery = "") {
+        if (!recovery.empty()) {
+            dir.Write("recovery/other.recovery", recovery);
+            // It had the number that this one has now.
+            dir.Write("recovery/other.recovery.lock",
+                      std::to_string(QApplication::applicationPid()) + "\nui_tests\n" +
+                          QSysInfo::machineHostName().toStdString() + "\n");
+        }
+    }
+    // The title with its mark.
+    std::string Title() {
+        form.ShowMainWindow();
+        return form.windowTitle().toStdString() + (form.isWindowModified() ? " unsaved" : "");
+    }
+    // What is kept for recovery.
+    std::string Kept() const {
+        std::string kept;
+        std::error_code none;
+        for (const auto& file : fs::directory_iterator(dir.Path() / "recovery", none)) {
+            kept += file.path().extension() == ".recovery" ? ReadAll(file.path()) : "";
+        }
+        return kept;
+    }
+    bool Keeps(const std::string& text) const {
+        return QTest::qWaitFor([&] { return Contains(Kept(), text); }, 60'000);
+    }
+    void RestoreCopy() {
+        ASSERT_TRUE(form.RestoreFile(dir.Write("my.qff", ReadAll(Example("example.qff")))));
+    }
+};
+
+TEST(BatchKeeper, SavesToTheBatchsOwnFileWithoutAsking) {
+    KeeperRig rig;
+    EXPECT_EQ(rig.Title(), "QFR Forms");
+    rig.RestoreCopy();
+    EXPECT_EQ(rig.Title(), "QFR Forms - my.qff[*]");
+    const auto change = [&rig](const std::string& text) {
+        rig.form.Entries().Tune.SampleNo = text;
+        EXPECT_EQ(rig.Title(), "QFR Forms - my.qff[*] unsaved");
+    };
+    change("First");
+    rig.Use("^s");
+    EXPECT_EQ(rig.Title(), "QFR Forms - my.qff[*]");
+    EXPECT_THAT(rig.Read("my.qff"), testing::HasSubstr("\nFirst;"));
+    // Changed by another program meanwhile: No leaves it, Yes replaces it.
+    for (const bool replaces : {false, true}) {
+        change(replaces ? "Third" : "Second");
+        rig.dir.Write("my.qff", "QFRForms, another one");
+        rig.log.answers = {replaces};
+        rig.Use("^s",
+                "my.qff was changed by another program\nsince it was read or written here. "
+                "Replace it?");
+        EXPECT_EQ(rig.Read("my.qff") != "QFRForms, another one", replaces);
+    }
+    EXPECT_TRUE(rig.chooser.saved.empty());
+    rig.form.Batch().Files.Calib.clear();
+    rig.Use("^s", "my.qff cannot be restored: it has\nno calibration report.");
+    EXPECT_TRUE(rig.Keeps("Third")) << "the file holds it, but does not give it back";
+}
+
+TEST(BatchKeeper, AsksForAFileWhereTheBatchHasNoneOfItsOwn) {
+    KeeperRig rig;
+    rig.form.Batch().SampleList = {CompleteRecord("ZA1")};
+    EXPECT_EQ(rig.Title(), "QFR Forms - Untitled[*] unsaved");
+    rig.Use("^s");
+    EXPECT_EQ(rig.chooser.saved.at(0).fileName, "");
+    const std::string example = rig.dir.Write("example/[*].qff", ReadAll(Example("example.qff")));
+    const std::string locked = rig.dir.Write("x/locked.qff", ReadAll(Example("example.qff")));
+    fs::permissions(PathOf(locked), fs::perms::owner_read);
+    for (const std::string& file : {example, locked}) {
+        rig.form.RestoreFile(file);
+        rig.Use("^s");
+        EXPECT_EQ(rig.chooser.saved.back().fileName, FileNameOnly(file));
+        EXPECT_EQ(rig.chooser.saved.back().directory, "/batches");
+        rig.chooser.saved.pop_back();
+    }
+    rig.form.RestoreFile(example);
+    EXPECT_EQ(rig.Title(), "QFR Forms - [*][*].qff[*]");
+    rig.chooser.answers = {{rig.Path("x/mine.qff")}};
+    rig.Use("^s", "File information saved.");
+    EXPECT_EQ(rig.Title(), "QFR Forms - mine.qff[*]");
+    rig.Press(Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(rig.chooser.saved.back().directory, rig.Path("x"));
+    EXPECT_EQ(rig.chooser.saved.back().fileName, "mine.qff");
+    EXPECT_EQ(rig.memory.Value(kBatchFolder).toString().toStdString(), rig.Path("x"));
+}
+
+// The header dialog is left open; the others are closed, but not before it is kept what they hold.
+TEST(BatchKeeper, KeepsWhatIsTypedInAnOpenWindow) {
+    using Place = std::tuple<const char*, const char*, const char*>;
+    const Place places[] = {
+        {"^1", "TForm1Header", "Edit1"},      {"^4", "TMBSHeader", "RichEdit1"},
+        {"^5", "TTuneForm", "SampleEdit"},    {"^5", "TTuneForm", "StringGrid1"},
+        {"^7", "TChkCalForm", "LabFileEdit"}, {"", "TTICForm", "StringGrid1"}};
+    for (const auto& [key, window, control] : places) {
+        SCOPED_TRACE(std::string(window) + control);
+        std::string kept;
+        {
+            KeeperRig rig;
+            rig.RestoreCopy();
+            const auto type = [&, window = window, control = control] {
+                rig.Face(rig.Find<QWidget>(window));
+                rig.Get(control).setFocus(Qt::TabFocusReason);
+                rig.Type("4711");
+                EXPECT_TRUE(rig.Keeps("4711"));
+                kept = rig.Kept();
+                if (auto* const dialog =
+                        qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+                    dialog->reject();
+                }
+            };
+            if (key == std::string("^1")) {
+                rig.Type(key);
+                type();
+            } else {
+                QTimer::singleShot(0, type);
+                *key != '\0' ? rig.Type(key) : rig.form.EnterTics(1, "ZA101");
+            }
+        }
+        KeeperRig next(kept);
+        next.form.RecoverLastBatch();
+        EXPECT_EQ(next.Title(), "QFR Forms - my.qff[*] unsaved");
+        EXPECT_THAT(SaveBatch(next.form.Batch(), next.form.Entries()), testing::HasSubstr("4711"));
+        EXPECT_TRUE(next.Keeps("4711")) << "a crash may come twice";
+        EXPECT_FALSE(next.form.Recovery()) << "it is this program's now";
+    }
+}
+
+TEST(BatchKeeper, OffersWhatWasGivenUpUntilTheNextSave) {
+    KeeperRig rig;
+    rig.RestoreCopy();
+    EXPECT_FALSE(rig.form.Recovery());
+    rig.form.Entries().Tune.SampleNo = "Lost";
+    rig.log.answers = {false, false};
+    rig.chooser.answers = {{Example("example.qff")}};
+    rig.Type("^r");
+    EXPECT_TRUE(rig.form.Recovery());
+    EXPECT_EQ(rig.Title(), "QFR Forms - example.qff[*]");
+    rig.form.RecoverLastBatch();
+    EXPECT_EQ(rig.form.Entries().Tune.SampleNo, "Lost");
+    EXPECT_FALSE(rig.form.Recovery());
+
+    rig.log.answers = {false};
+    rig.Type("^o");
+    rig.Face(rig.Find<QWidget>("TFilesDlg"));
+    rig.Click("ClearAllButton");
+    rig.Click("OkButton");
+    rig.Face(rig.form);
+    EXPECT_EQ(rig.Title(), "QFR Forms");
+    ASSERT_TRUE(rig.form.Recovery());
+    EXPECT_EQ(rig.form.Recovery()->Head.Samples, 10U);
+    rig.form.RecoverLastBatch();
+    EXPECT_EQ(rig.Title(), "QFR Forms - my.qff[*] unsaved");
+    rig.log.TakeTexts();
+    rig.Use("^s");
+    EXPECT_EQ(rig.Kept(), "");
+    rig.form.RecoverLastBatch();
+    EXPECT_EQ(rig.log.TakeTexts(), std::vector<std::string>{"There is no batch to be recovered."});
+}
+
+TEST(BatchKeeper, TellsOnceThatItCannotKeepTheBatch) {
+    KeeperRig rig;
+    rig.dir.Write("recovery", "no folder");
+    rig.RestoreCopy();
+    for (const char* const text : {"What is not saved cannot be kept for recovery: ", ""}) {
+        rig.form.Entries().Tune.SampleNo += "x";
+        rig.Title();
+        EXPECT_EQ(rig.form.statusBar()->currentMessage().left(47).toStdString(), text);
+    }
+    EXPECT_TRUE(rig.log.shown.empty());
+}
+
+TEST(WindowPlaces, ComeBackWithinTheScreens) {
+    WindowRig rig;
+    const WindowPlaces places(rig.memory);
+    const QRect room = rig.form.screen()->availableGeometry();
+    const auto opened = [&](const QRect& place) {
+        rig.memory.Keep("places/Resizable", place);
+        QWidget window;
+        window.setObjectName("Resizable");
+        window.move(7, 8);
+        window.resize(200, 100);
+        window.show();
+        return QRect(window.pos(), window.size());
+    };
+    const QRect usual(7, 8, 200, 100);
+    const QRect large(room.topLeft(), room.size() + QSize(500, 500));
+    const std::pair<QRect, QRect> cases[] = {
+        {{}, usual},
+        {{30, 40, 300, 150}, {30, 40, 300, 150}},
+        {{room.right() - 160, 40, 300, 150}, {room.right() - 299, 40, 300, 150}},
+        {{room.right() + 50, 40, 300, 150}, {7, 8, 300, 150}},  // of a screen that is gone
+        {{30, -400, 300, 150}, {7, 8, 300, 150}},               // its bar cannot be reached
+        {large, room}};
+    for (const auto& [kept, shown] : cases) {
+        EXPECT_EQ(opened(kept), shown) << kept.x() << ' ' << kept.y();
+    }
+    QStandardItemModel model(2, 3);
+    for (const int width : {0, 77}) {
+        QMainWindow window;
+        window.setObjectName("Parted");
+        QTableView table(&window);
+        table.setObjectName("Table");
+        table.setModel(&model);
+        window.show();
+        EXPECT_EQ(table.columnWidth(1) == 77, width == 77);
+        table.setColumnWidth(1, 77);
+        window.close();
+    }
+    QDialog fixed;
+    fixed.setFixedSize(100, 100);
+    fixed.setObjectName("Fixed");
+    fixed.show();
+    fixed.hide();
+    EXPECT_FALSE(rig.memory.Value("places/Fixed").isValid());
+}
+
+}  // namespace
+}  // namespace qfr::test
