@@ -27,6 +27,7 @@
 #include "platform/FileReplace.h"
 #include "platform/LineReader.h"
 #include "platform/Text.h"
+#include "platform/qt/FileDrops.h"
 #include "platform/qt/WaitCursor.h"
 
 // The icons are linked in with a library, so they are not registered by themselves.
@@ -146,6 +147,7 @@ void TQFRForm::OnCreate() {
     ShowBatchState();
     aboutBox_->setProperty(kHelpTopicProperty, kHelpTopic);
     qApp->installEventFilter(this);
+    new FileDrops(*this, [this](const auto& dropped) { OpenDropped(dropped); });
 
     resize(kWindowSize.expandedTo({kStateLetters * fontMetrics().averageCharWidth(), 0}));
     const QRect place(QPoint(), size());
@@ -155,6 +157,7 @@ void TQFRForm::OnCreate() {
 void TQFRForm::AddMenus() {
     QMenu& files = *menuBar()->addMenu("&Data Files");
     AddCommand(files, "&Load Files", "Ctrl+O", [this] { OpenClick(); });
+    AddCommand(files, "Load &Folder...", "Ctrl+Shift+O", [this] { LoadFolderClick(); });
     AddCommand(files, "&Save Batch", "Ctrl+S", [this] { Save(); });
     AddCommand(files, "&Restore Batch", "Ctrl+R", [this] { RestoreFilesClick(); });
     QMenu& forms = *menuBar()->addMenu("&Forms");
@@ -195,6 +198,25 @@ void TQFRForm::AddCommand(QWidget& menu, std::string_view caption, std::string_v
 void TQFRForm::OpenClick() {
     hide();
     filesDlg_->show();
+}
+
+void TQFRForm::LoadFolderClick() {
+    const std::string start = paths_.ReadPath(FileKind::kQuantReport);
+    if (const std::optional<std::string> folder = services_.Chooser.Folder(start)) {
+        OpenDropped({*folder});
+    }
+}
+
+void TQFRForm::OpenDropped(const std::vector<std::string>& files) {
+    activateWindow();
+    if (std::error_code error; files.size() == 1 && EndsWith(files.front(), ".qff") &&
+                               !std::filesystem::is_directory(PathOf(files.front()), error)) {
+        OfferSave();
+        OpenArguments(files);
+    } else if (filesDlg_->Propose(files, this)) {
+        hide();
+        filesDlg_->ShowProposal();
+    }
 }
 
 TQFRForm::SaveResult TQFRForm::Save() {
