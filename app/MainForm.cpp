@@ -42,7 +42,7 @@ namespace {
 constexpr int kHelpTopic = 10;
 constexpr QSize kWindowSize(800, 500);
 constexpr int kStateLetters = 130;  // that the status bar has room for
-constexpr int kNameLetters = 22;    // of them for each file
+constexpr int kNameLetters = 17;    // of them for each file
 
 QIcon ProgramIcon() {
     QIcon icon;

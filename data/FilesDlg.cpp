@@ -75,7 +75,7 @@ QString Found(const BatchProposal& proposal) {
     add(samples > 0, std::to_string(samples) + (samples == 1 ? " sample" : " samples"));
     add(!proposal.Calib.empty(), "the calibration report");
     add(!proposal.CheckCal.empty(), "the check report");
-    return QString::fromStdString("Found: " + Enumerated(found) +
+    return QString::fromStdString((proposal.Loaded > 0 ? "New: " : "Found: ") + Enumerated(found) +
                                   ". OK takes what shows here, Cancel leaves the batch as it was.");
 }
 
@@ -188,7 +188,9 @@ bool TFilesDlg::Propose(const std::vector<std::string>& names, QWidget* above) {
         return true;
     }
     if (proposal->Told.empty()) {
-        messages_.Show({"No reports were found there.", kFileNotFoundTitle});
+        messages_.Show({proposal->Loaded > 0 ? "All reports there are in the batch already."
+                                             : "No reports were found there.",
+                        kFileNotFoundTitle});
     } else {
         ShowToldFiles(proposal->Told, kHelpTopic, above);
     }

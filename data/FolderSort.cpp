@@ -178,7 +178,15 @@ class Refusals : public BatchOwner {
 
 class FolderSort {
   public:
-    explicit FolderSort(const Batch& batch) : names_(batch.Files) { proposal_.Batch = batch; }
+    explicit FolderSort(const Batch& batch) : names_(batch.Files) {
+        proposal_.Batch = batch;
+        for (const auto role : {&FileSet::LabBlank, &FileSet::Calib, &FileSet::CheckCal}) {
+            AddLoaded(batch.Files.*role, role);
+        }
+        for (const std::string& file : batch.Files.QFiles) {
+            AddLoaded(file, nullptr);
+        }
+    }
 
     std::optional<BatchProposal> Run(const std::vector<std::string>& names,
                                      const SortProgress& progress) {
@@ -205,8 +213,8 @@ class FolderSort {
         const auto fits = [this](const auto& report) {
             return Fits(ReportKind::kCheck, report.Content->Frame);
         };
-        Choose(calibrations_, proposal_.Batch.Files.Calib, proposal_.Calib, isNamed);
-        Choose(checks_, proposal_.Batch.Files.CheckCal, proposal_.CheckCal, fits);
+        Choose(calibrations_, kept_.Calib, proposal_.Calib, isNamed);
+        Choose(checks_, kept_.CheckCal, proposal_.CheckCal, fits);
         TakeAll();
         return progress(files.size(), files.size()) ? std::optional(std::move(proposal_))
                                                     : std::nullopt;
@@ -217,7 +225,23 @@ class FolderSort {
         proposal_.Told.push_back({file, OneLine(what)});
     }
 
+    // A file of the batch, as it is named and, where it has moved with the batch, as it is.
+    void AddLoaded(const std::string& name, std::string FileSet::*role) {
+        loaded_.emplace(LowerCase(name), role);
+        if (const auto found = finder_.FindBeside(name, proposal_.Batch.Folder)) {
+            loaded_.emplace(LowerCase(TextOf(*found)), role);
+        }
+    }
+
     void Look(const FoundFile& file) {
+        const auto loaded = loaded_.find(LowerCase(file.Path));
+        if (loaded != loaded_.end()) {
+            ++proposal_.Loaded;
+            if (loaded->second != nullptr) {
+                kept_.*loaded->second = FileNameOnly(file.Path);
+            }
+            return;
+        }
         auto head = LineReader::OpenHead(PathOf(file.Path), 1);
         const std::string title = head ? head->NextOrEmpty() : "";
         const std::optional<ReportKind> byContent = KindByContent(title);
@@ -284,16 +308,11 @@ class FolderSort {
         }
     }
 
-    bool IsListed(const Candidate<QuantReport>& sample) const {
-        return std::ranges::binary_search(proposal_.Batch.Files.QFiles, LowerCase(sample.File));
-    }
-
     // Reports of standards are made as those of samples are.
     void PutStandardsAside() {
         std::erase_if(samples_, [this](const auto& sample) {
             const std::string& id = sample.Content->SampleId;
-            const bool standard =
-                !IsListed(sample) && IsStandardId(IsBlank(id) ? FileNameOnly(sample.File) : id);
+            const bool standard = IsStandardId(IsBlank(id) ? FileNameOnly(sample.File) : id);
             if (standard) {
                 Tell(sample.File,
                      "It looks like a standard's report. Where it is a sample's, Add "
@@ -312,7 +331,7 @@ class FolderSort {
         std::vector<std::size_t> blanks;
         for (const Text text : kTexts) {
             for (std::size_t i = 0; i < samples_.size(); ++i) {
-                if (IsBlankId(text(samples_[i])) && !IsListed(samples_[i])) {
+                if (IsBlankId(text(samples_[i])) && Fits(samples_[i])) {
                     blanks.push_back(i);
                 }
             }
@@ -323,51 +342,38 @@ class FolderSort {
         return blanks;
     }
 
-    std::optional<std::size_t> ChosenBlank(const std::vector<std::size_t>& blanks) const {
-        for (std::size_t i = 0; i < samples_.size(); ++i) {
-            if (LowerCase(samples_[i].File) == proposal_.Batch.Files.LabBlank) {
-                return i;
-            }
-        }
-        const auto fitting =
-            std::ranges::find_if(blanks, [this](std::size_t i) { return Fits(samples_[i]); });
-        return fitting == blanks.end() ? std::nullopt : std::optional(*fitting);
-    }
-
     void ChooseBlank() {
         const std::vector<std::size_t> blanks = Blanks();
-        const std::optional<std::size_t> chosen = ChosenBlank(blanks);
-        if (!chosen) {
+        if (blanks.empty()) {
             return;
         }
-        proposal_.LabBlank = samples_[*chosen].File;
-        for (const std::size_t blank : blanks) {
-            if (blank != *chosen && Fits(samples_[blank])) {
-                Tell(samples_[blank].File,
-                     "It looks like a lab blank, too, and is proposed as a sample: the lab blank "
-                     "is " +
-                         FileNameOnly(proposal_.LabBlank) + ".");
-            }
+        const bool kept = !kept_.LabBlank.empty();
+        const std::string& blank = samples_[blanks.front()].File;
+        for (std::size_t i = kept ? 0 : 1; i < blanks.size(); ++i) {
+            Tell(samples_[blanks[i]].File,
+                 "It looks like a lab blank, too, and is proposed as a sample: the lab blank is " +
+                     (kept ? kept_.LabBlank : FileNameOnly(blank)) + ".");
         }
-        samples_.erase(samples_.begin() + static_cast<std::ptrdiff_t>(*chosen));
+        if (!kept) {
+            proposal_.LabBlank = blank;
+            samples_.erase(samples_.begin() + static_cast<std::ptrdiff_t>(blanks.front()));
+        }
     }
 
-    // The loaded one, else the first that fits, else the first, which is refused with a reason.
+    // The first that fits, else the first, which is refused with a reason. `kept`: of its kind, the
+    // one that the batch has from among these files; empty: none.
     template <typename Report, typename Fits>
-    void Choose(const std::vector<Candidate<Report>>& candidates, const std::string& loaded,
+    void Choose(const std::vector<Candidate<Report>>& candidates, const std::string& kept,
                 std::string& chosen, const Fits& fits) {
-        if (candidates.empty()) {
-            return;
+        auto best = std::ranges::find_if(candidates, fits);
+        if (kept.empty() && !candidates.empty()) {
+            best = best != candidates.end() ? best : candidates.begin();
+            chosen = best->File;
         }
-        auto best = std::ranges::find_if(
-            candidates, [&](const auto& each) { return LowerCase(each.File) == loaded; });
-        best = best != candidates.end() ? best : std::ranges::find_if(candidates, fits);
-        best = best != candidates.end() ? best : candidates.begin();
-        chosen = best->File;
         for (const auto& other : candidates) {
             if (other.File != chosen) {
-                Tell(other.File,
-                     "A batch has one of its kind; " + FileNameOnly(chosen) + " is proposed.");
+                Tell(other.File, "A batch has one of its kind: " +
+                                     (kept.empty() ? FileNameOnly(chosen) : kept) + ".");
             }
         }
     }
@@ -403,6 +409,11 @@ class FolderSort {
     BatchProposal proposal_;
     Reports reports_;
     FileSet names_;  // of the files that all reports of the batch share
+    // What the batch has, by lower-case path; null: a sample. Of those that have been found, the
+    // base names.
+    std::map<std::string, std::string FileSet::*> loaded_;
+    FileSet kept_;
+    FileFinder finder_;
     Samples samples_;
     std::vector<Candidate<CalibrationReport>> calibrations_;
     std::vector<Candidate<CheckReport>> checks_;

@@ -30,11 +30,12 @@ struct BatchProposal {
     qfr::Batch Batch;
     std::vector<ToldFile> Told;
     std::vector<Message> Notes;  // what is odd about reports that are proposed
-    // Full paths as they stand on disk; empty: none was found.
+    // Full paths as they stand on disk, of what the batch does not have yet; empty: none.
     std::string LabBlank;
     std::vector<std::string> QFiles;
     std::string Calib;
     std::string CheckCal;
+    std::size_t Loaded = 0;  // files that the batch has already
     std::size_t Others = 0;  // files of a folder that are no reports
 
     bool IsEmpty() const {

@@ -6,6 +6,7 @@
 #include <QBoxLayout>
 #include <QDialog>
 #include <QEvent>
+#include <QLabel>
 #include <QLayout>
 #include <QPointer>
 #include <QScreen>
@@ -20,7 +21,9 @@ namespace {
 
 constexpr const char* kAreaName = "FitArea";
 constexpr QMargins kUsualFrame(2, 32, 2, 2);  // of a window whose own is not known yet
-constexpr int kFocusMargin = 12;              // around the control that has the focus
+constexpr int kTightMargin = 6;
+constexpr qsizetype kShortCaption = 12;  // letters of one that stays in one line
+constexpr int kFocusMargin = 12;         // around the control that has the focus
 
 // Asks for all of its contents' size; the toolkit's own asks for a part of it.
 class WholeArea : public QScrollArea {
@@ -134,6 +137,22 @@ void Wrap(QDialog& dialog) {
     }
 }
 
+// A least size that was given for small letters must not cut large ones. The width of a button may
+// be less than the style's on purpose: its caption has room.
+void MakeRoomForLetters(const QWidget& window) {
+    for (QAbstractButton* const button : window.findChildren<QAbstractButton*>()) {
+        if (button->minimumHeight() > 0) {
+            button->setMinimumHeight(
+                std::max(button->minimumHeight(), button->minimumSizeHint().height()));
+        }
+    }
+    for (QLabel* const label : window.findChildren<QLabel*>()) {
+        if (!label->minimumSize().isNull() && !label->wordWrap()) {
+            label->setMinimumSize(label->minimumSize().expandedTo(label->minimumSizeHint()));
+        }
+    }
+}
+
 // Lets the window be as small as the room, whatever was fixed before.
 void Bound(QWidget& window, const QSize& room) {
     if (Exceeds(window.minimumSize(), room)) {
@@ -142,18 +161,55 @@ void Bound(QWidget& window, const QSize& room) {
     window.resize(window.size().boundedTo(room));
 }
 
+WholeArea* AreaOf(const QWidget& window) {
+    return window.findChild<WholeArea*>(kAreaName, Qt::FindDirectChildrenOnly);
+}
+
+QSize Least(const QWidget& window) {
+    return window.layout()->totalMinimumSize().expandedTo(window.minimumSize());
+}
+
+// Saves width where that is enough, before anything has to scroll: narrow margins, and captions of
+// two lines.
+void Tighten(QDialog& dialog, const QSize& room) {
+    const QMargins margins = dialog.layout()->contentsMargins();
+    dialog.layout()->setContentsMargins(std::min(margins.left(), kTightMargin), margins.top(),
+                                        std::min(margins.right(), kTightMargin), margins.bottom());
+    if (Least(dialog).width() <= room.width()) {
+        return;
+    }
+    for (QLabel* const label : dialog.findChildren<QLabel*>()) {
+        if (label->window() == &dialog && label->text().size() > kShortCaption) {
+            label->setWordWrap(true);
+        }
+    }
+}
+
+void FitContents(QDialog& dialog, const QSize& room) {
+    const QSize wanted = dialog.size().expandedTo(dialog.layout()->totalSizeHint());
+    dialog.setMinimumSize(0, 0);
+    if (dialog.layout()->totalMinimumSize().width() > room.width()) {
+        Tighten(dialog, room);
+    }
+    // Captions of two lines need height.
+    const int height =
+        dialog.layout()->hasHeightForWidth()
+            ? dialog.layout()->totalHeightForWidth(std::min(wanted.width(), room.width()))
+            : 0;
+    int bar = 0;
+    if (height > room.height() || Exceeds(dialog.layout()->totalMinimumSize(), room)) {
+        Wrap(dialog);
+        bar = dialog.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    }
+    dialog.resize((wanted.expandedTo({0, height}) + QSize(bar, bar)).boundedTo(room));
+}
+
 void Fit(QWidget& window) {
     const QSize room = RoomFor(window);
     auto* const dialog = qobject_cast<QDialog*>(&window);
-    QLayout* const layout = window.layout();
-    if (dialog != nullptr && layout != nullptr && !window.findChild<WholeArea*>(kAreaName)) {
-        const QSize least = layout->totalMinimumSize().expandedTo(window.minimumSize());
-        if (Exceeds(least, room)) {
-            const QSize wanted = window.size().expandedTo(layout->totalSizeHint());
-            window.setMinimumSize(0, 0);
-            Wrap(*dialog);
-            window.resize(wanted.boundedTo(room));
-        }
+    if (dialog != nullptr && dialog->layout() != nullptr && AreaOf(window) == nullptr &&
+        Exceeds(Least(window), room)) {
+        FitContents(*dialog, room);
     }
     Bound(window, room);
 }
@@ -190,6 +246,7 @@ class ScreenFitter : public QObject {
         if ((shown || changed) && IsOurs(watched)) {
             auto& window = *static_cast<QWidget*>(watched);
             if (shown) {
+                MakeRoomForLetters(window);
                 Fit(window);
             }
             if (shown || Exceeds(window.minimumSizeHint(), RoomFor(window))) {

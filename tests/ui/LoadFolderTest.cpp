@@ -86,16 +86,23 @@ TEST(LoadFolder, ProposesWhatAFolderHoldsAndTakesItWithOk) {
 
 TEST(LoadFolder, ChangesAProposalAsTheDialogChangesABatch) {
     FolderRig rig;
-    rig.form.RestoreFile(Example("example.qff"));
+    rig.form.RestoreFile(Example("example.qff"));  // with the reports' paths on another machine
+    rig.LoadFolder(Example(""));
+    EXPECT_THAT(rig.log.TakeTexts(),
+                testing::ElementsAre("All reports there are in the batch already."));
+    EXPECT_TRUE(rig.form.isVisible());
+    DeleteQuantReports(rig.form.Batch(), {0, 1});
     const Batch before = rig.form.Batch();
     rig.LoadFolder(Example(""));
     rig.Face(rig.dialog);
+    EXPECT_THAT(rig.Get<QLabel>("ProposalLabel").text().toStdString(),
+                testing::StartsWith("New: 2 samples."));
     rig.list.setCurrentRow(0);
     rig.Click("DeleteButton");
     rig.Enter("CheckCalEdit", "c.check");
     EXPECT_EQ(rig.form.Batch(), before);
     rig.Type("&o");
-    EXPECT_EQ(rig.Samples().size(), 9U);
+    EXPECT_EQ(rig.Samples().size(), 9U);  // of 8, with 2, without 1
     EXPECT_EQ(rig.form.Batch().Files.CheckCal, "c.check");
 
     rig.LoadFolder(Example(""));
@@ -107,24 +114,26 @@ TEST(LoadFolder, ChangesAProposalAsTheDialogChangesABatch) {
     EXPECT_FALSE(rig.form.Batch().SampleList);
 }
 
-TEST(LoadFolder, TakesWhatIsDroppedOnItsWindows) {
-    TempDir dir;
-    const std::string text = dir.Write("text.prn", "no report");
+TEST(LoadFolder, RestoresABatchFileThatIsDropped) {
     FolderRig rig;
-    rig.Find<TFilesDlg>("TFilesDlg");
     EXPECT_FALSE(rig.Drop(rig.form, {}));
     EXPECT_TRUE(rig.Drop(rig.form, {Example("example.qff")}));
     EXPECT_EQ(rig.Samples().size(), 10U);
     EXPECT_TRUE(rig.form.isVisible());
+    EXPECT_THAT(rig.Read("QFRpaths.txt"), testing::EndsWith(TextOf(ExampleDir()) + "\n"));
+    rig.log.answers = {false};  // whether to save that batch first
+    rig.Drop(rig.form, {Example("example.qff")});
+}
 
-    EXPECT_TRUE(rig.Drop(rig.form, {text}));
-    EXPECT_EQ(rig.TakeTold(), "text.prn ");
+TEST(LoadFolder, ProposesFilesThatAreDropped) {
+    const TempDir dir;
+    const std::string text = dir.Write("text.prn", "no report");
+    FolderRig rig;
+    rig.Drop(rig.form, {text, TextOf(dir.Path() / "none")});
+    EXPECT_EQ(rig.TakeTold(), "none text.prn ");
     EXPECT_TRUE(rig.form.isVisible()) << "there is nothing to propose";
-    rig.Drop(rig.form, {TextOf(dir.Path() / "none")});
-    EXPECT_EQ(rig.TakeTold(), "none ");
-
     rig.Drop(rig.form, {Example("VOA0516.CAL"), text});
-    EXPECT_FALSE(rig.Drop(rig.dialog, {text})) << "the list of files is above it";
+    EXPECT_FALSE(rig.Drop(rig.dialog, {text})) << "a list is above it";
     EXPECT_EQ(rig.TakeTold(), "text.prn ");
     EXPECT_TRUE(rig.dialog.isVisible());
     // What is dropped on the proposal adds to it; reports alone are taken one by one, as ever.
@@ -132,8 +141,10 @@ TEST(LoadFolder, TakesWhatIsDroppedOnItsWindows) {
     rig.Drop(rig.dialog, {text});
     EXPECT_EQ(rig.log.TakeTexts().size(), 1U);
     rig.Face(rig.dialog);
+    EXPECT_THAT(rig.Shown("CalibEdit", "CheckCalEdit"),
+                testing::MatchesRegex(".*voa0516.cal.*vstd050c.check"));
     rig.Click("CancelButton");
-    EXPECT_EQ(rig.Samples().size(), 10U);
+    EXPECT_EQ(rig.form.Batch(), Batch());
 }
 
 }  // namespace
