@@ -169,6 +169,12 @@ QSize Least(const QWidget& window) {
     return window.layout()->totalMinimumSize().expandedTo(window.minimumSize());
 }
 
+// That the layout needs for all that it holds at this width.
+int HeightFor(const QLayout& layout, int width) {
+    return layout.hasHeightForWidth() ? layout.totalHeightForWidth(width)
+                                      : layout.totalSizeHint().height();
+}
+
 // Saves width where that is enough, before anything has to scroll: narrow margins, and captions of
 // two lines.
 void Tighten(QDialog& dialog, const QSize& room) {
@@ -191,15 +197,17 @@ void FitContents(QDialog& dialog, const QSize& room) {
     if (dialog.layout()->totalMinimumSize().width() > room.width()) {
         Tighten(dialog, room);
     }
-    // Captions of two lines need height.
-    const int height =
-        dialog.layout()->hasHeightForWidth()
-            ? dialog.layout()->totalHeightForWidth(std::min(wanted.width(), room.width()))
-            : 0;
+    const int width = std::min(wanted.width(), room.width());
+    int height = HeightFor(*dialog.layout(), width);
     int bar = 0;
-    if (height > room.height() || Exceeds(dialog.layout()->totalMinimumSize(), room)) {
+    // Captions of two lines need height.
+    const bool isHigh = dialog.layout()->hasHeightForWidth() && height > room.height();
+    if (isHigh || Exceeds(dialog.layout()->totalMinimumSize(), room)) {
         Wrap(dialog);
         bar = dialog.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+        const WholeArea& area = *AreaOf(dialog);
+        height = HeightFor(*area.widget()->layout(), width - 2 * kTightMargin - bar) +
+                 dialog.layout()->totalSizeHint().height() - area.sizeHint().height();
     }
     dialog.resize((wanted.expandedTo({0, height}) + QSize(bar, bar)).boundedTo(room));
 }

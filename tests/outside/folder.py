@@ -43,7 +43,7 @@ def load(program, folder, answer):
 
 def main(programs, pictures):
     with fresh_program(programs, pictures) as (program, fresh):
-        folder = fresh.parent / "run"
+        folder = fresh.parent / "Batch07"
         make_folder(fresh, folder)
         load(program, folder, "Cancel")
         assert not program.has("label", "Samples: 9")
@@ -53,7 +53,7 @@ def main(programs, pictures):
         save = program.window("Save As")
         program.enter("File name:", str(fresh.parent / "made.qff"), save)
         program.press("Save", save)
-        program.press("OK", program.window(""))
+        program.press("OK", program.window(" "))
         program.menu("Exit")
         program.press("No", program.window("Warning"))
         assert program.ended() == 0
