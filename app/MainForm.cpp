@@ -27,6 +27,7 @@
 #include "platform/FileReplace.h"
 #include "platform/LineReader.h"
 #include "platform/Text.h"
+#include "platform/qt/FileDrops.h"
 #include "platform/qt/WaitCursor.h"
 
 // The icons are linked in with a library, so they are not registered by themselves.
@@ -41,7 +42,7 @@ namespace {
 constexpr int kHelpTopic = 10;
 constexpr QSize kWindowSize(800, 500);
 constexpr int kStateLetters = 130;  // that the status bar has room for
-constexpr int kNameLetters = 22;    // of them for each file
+constexpr int kNameLetters = 17;    // of them for each file
 constexpr int kNoteTime = 8000;     // ms
 
 QIcon ProgramIcon() {
@@ -149,6 +150,7 @@ void TQFRForm::OnCreate() {
     ShowBatchState();
     aboutBox_->setProperty(kHelpTopicProperty, kHelpTopic);
     qApp->installEventFilter(this);
+    new FileDrops(*this, [this](const auto& dropped) { OpenDropped(dropped); });
 
     resize(kWindowSize.expandedTo({kStateLetters * fontMetrics().averageCharWidth(), 0}));
     const QRect place(QPoint(), size());
@@ -185,6 +187,7 @@ void TQFRForm::AddMenus() {
 void TQFRForm::AddFilesMenu() {
     QMenu& files = *menuBar()->addMenu("&Data Files");
     AddCommand(files, "&Load Files", "Ctrl+O", [this] { OpenClick(); });
+    AddCommand(files, "Load &Folder...", "Ctrl+Shift+O", [this] { LoadFolderClick(); });
     AddCommand(files, "Sa&ve", "Ctrl+S", [this] { SaveClick(); });
     AddCommand(files, "&Save Batch", "Ctrl+Shift+S", [this] { Save(); });
     AddCommand(files, "&Restore Batch", "Ctrl+R", [this] { RestoreFilesClick(); });
@@ -219,6 +222,25 @@ void TQFRForm::SaveClick() {
     const std::string file = keeper_->FileName();
     if (const auto question = keeper_->ReplaceQuestion(); !question || AskYesNo(*question)) {
         WriteBatch(file, QString::fromStdString(Visible(FileNameOnly(file))) + " saved.");
+    }
+}
+
+void TQFRForm::LoadFolderClick() {
+    const std::string start = paths_.ReadPath(FileKind::kQuantReport);
+    if (const std::optional<std::string> folder = services_.Chooser.Folder(start)) {
+        OpenDropped({*folder});
+    }
+}
+
+void TQFRForm::OpenDropped(const std::vector<std::string>& files) {
+    activateWindow();
+    if (std::error_code error; files.size() == 1 && EndsWith(files.front(), ".qff") &&
+                               !std::filesystem::is_directory(PathOf(files.front()), error)) {
+        OfferSave();
+        OpenArguments(files);
+    } else if (filesDlg_->Propose(files, this)) {
+        hide();
+        filesDlg_->ShowProposal();
     }
 }
 

@@ -64,6 +64,12 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
     // which is restored as if Restore Batch had chosen it; more than one are reported.
     void OpenArguments(const std::vector<std::string>& arguments);
 
+    // Shows in the Load Files dialog what a folder of the user's choice holds for the batch.
+    void LoadFolderClick();
+    // The same of files and folders, full paths. A batch file alone is restored, as if Restore
+    // Batch had chosen it.
+    void OpenDropped(const std::vector<std::string>& files);
+
     // Replaces the batch by a saved one; a file that cannot be restored changes nothing, is
     // reported, and the result is false.
     bool RestoreFile(const std::string& fileName);

@@ -37,7 +37,7 @@ const std::array<SeverityChoice, 5>& SeverityChoices() {
 
 constexpr int kWhyLines = 4;
 constexpr int kLettersOf[] = {12, 7, 30, 66};  // of the columns; the last one takes the rest
-constexpr int kSampleLetters = 16;
+constexpr int kSampleLetters = 12;
 constexpr int kLettersAcross = 158;  // of the window
 
 }  // namespace

@@ -15,6 +15,7 @@
 #include "platform/pdf/Typeface.h"
 #include "platform/qt/ControlNames.h"
 #include "platform/qt/DesktopSink.h"
+#include "platform/qt/FitToScreen.h"
 #include "platform/qt/FrameStyle.h"
 #include "platform/qt/HelpViewer.h"
 #include "platform/qt/PlainTexts.h"
@@ -40,6 +41,7 @@ int main(int argc, char** argv) {
     QApplication::setStyle(new qfr::FrameStyle);  // the toolkit owns it
     qfr::NameControls(application);
     qfr::ShowPlainTexts(application);
+    qfr::FitToScreen(application);
     // The main window hides while another one takes its place; only its exit sequence ends the run.
     QApplication::setQuitOnLastWindowClosed(false);
 

@@ -1,16 +1,18 @@
 #include "data/FilesDlg.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
+#include <utility>
 
-#include <QDir>
-#include <QDropEvent>
-#include <QFileInfo>
-#include <QMimeData>
+#include <QProgressDialog>
 #include <QShortcut>
-#include <QUrl>
 
+#include "data/ToldFilesDialog.h"
+#include "platform/FileLookup.h"
 #include "platform/Text.h"
 #include "platform/qt/FieldEntry.h"
+#include "platform/qt/FileDrops.h"
 #include "platform/qt/WaitCursor.h"
 #include "ui_FilesDlg.h"
 
@@ -19,24 +21,62 @@ namespace qfr {
 namespace {
 
 constexpr int kHelpTopic = 105;
+constexpr int kProgressDelay = 500;     // ms, until a sort shows that it goes on
 constexpr QSize kDialogSize(598, 456);  // at 100 %; larger where the fonts need it:
 constexpr int kLettersAcross = 80;
 constexpr int kLinesDown = 28;
 
-// The reports among the files of a drag, full paths. What else comes along stays where it is.
-std::vector<std::string> ReportsIn(const QMimeData& dragged) {
+bool IsQuantReport(const std::string& file) {
     const std::string_view patterns = RowOf(FileKind::kQuantReport).filter.Patterns();
-    const QString pattern = QString::fromStdString(std::string(patterns));
-    std::vector<std::string> reports;
-    for (const QUrl& url : dragged.urls()) {
-        const QFileInfo file(url.toLocalFile());  // empty for what is not of this machine
-        // A name that is no text is that of no file here; it is refused by a message.
-        const bool isText = !file.filePath().contains(QChar::ReplacementCharacter);
-        if ((file.isFile() || !isText) && QDir::match(pattern, file.fileName())) {
-            reports.push_back(QDir::toNativeSeparators(file.absoluteFilePath()).toStdString());
+    std::error_code error;
+    return EndsWith(file, patterns.substr(1)) &&
+           !std::filesystem::is_directory(PathOf(file), error);
+}
+
+// The refusals of a proposal cost nothing that is loaded.
+class ProposalOwner : public BatchOwner {
+  public:
+    void ResetEntryDialogs() override {}
+    bool ClearsForTooManyRows(const std::string& /*fileName*/) override { return false; }
+};
+
+// Shows the files going by until they are sorted or the user cancels.
+std::optional<BatchProposal> SortWithProgress(const Batch& batch,
+                                              const std::vector<std::string>& names,
+                                              QWidget* above) {
+    QProgressDialog progress("Looking at the files...", "&Cancel", 0, 0, above);
+    progress.setObjectName("LoadFolderProgress");
+    progress.setWindowTitle("Load Folder");
+    progress.setProperty(kHelpTopicProperty, kHelpTopic);
+    progress.setWindowModality(Qt::ApplicationModal);
+    progress.setMinimumDuration(kProgressDelay);
+    progress.setAutoReset(false);
+    progress.setAutoClose(false);
+    std::optional<WaitCursor> wait(std::in_place);
+    return ProposeBatch(batch, names, [&](std::size_t file, std::size_t count) {
+        progress.setMaximum(static_cast<int>(count));
+        progress.setValue(static_cast<int>(file));
+        if (progress.isVisible()) {
+            wait.reset();
         }
-    }
-    return reports;
+        return !progress.wasCanceled();
+    });
+}
+
+QString Found(const BatchProposal& proposal) {
+    std::vector<std::string> found;
+    const auto add = [&found](bool there, const std::string& what) {
+        if (there) {
+            found.push_back(what);
+        }
+    };
+    const std::size_t samples = proposal.QFiles.size();
+    add(!proposal.LabBlank.empty(), "the lab blank");
+    add(samples > 0, std::to_string(samples) + (samples == 1 ? " sample" : " samples"));
+    add(!proposal.Calib.empty(), "the calibration report");
+    add(!proposal.CheckCal.empty(), "the check report");
+    return QString::fromStdString((proposal.Loaded > 0 ? "New: " : "Found: ") + Enumerated(found) +
+                                  ". OK takes what shows here, Cancel leaves the batch as it was.");
 }
 
 // Paths are told apart by their ends.
@@ -81,6 +121,8 @@ TFilesDlg::TFilesDlg(FilesDlgOwner& owner, WindowServices& services, Messages& m
     onClick(ui_->OkButton, &TFilesDlg::OkButtonClick);
     onClick(ui_->DeleteButton, &TFilesDlg::DeleteButtonClick);
     onClick(ui_->ClearAllButton, &TFilesDlg::ClearAllButtonClick);
+    onClick(ui_->CancelButton, &TFilesDlg::CancelButtonClick);
+    onClick(ui_->ToldButton, [this] { ShowToldFiles(proposal_->Told, kHelpTopic, this); });
     onClick(ui_->Button1, &TFilesDlg::Button1Click);
 
     auto* const deleteKey = new QShortcut(QKeySequence::Delete, ui_->QFilesList);
@@ -89,22 +131,23 @@ TFilesDlg::TFilesDlg(FilesDlgOwner& owner, WindowServices& services, Messages& m
     connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this,
             &TFilesDlg::Button1Click);
 
-    ui_->QFilesList->setAcceptDrops(true);
-    ui_->QFilesList->viewport()->installEventFilter(this);
+    for (QWidget* const target : {static_cast<QWidget*>(this), ui_->QFilesList->viewport()}) {
+        new FileDrops(*target, [this](const auto& files) { TakeDropped(files); });
+    }
 
     ui_->BrowseLabBlank->setFocus();
 
     KeepToOneFieldEach(*this);
     // What is typed here is taken as it is; emptying it removes the report.
     connect(ui_->CheckCalEdit, &QLineEdit::textChanged, this, [this](const QString& text) {
-        batch_.Files.CheckCal = EnteredText(text.toStdString());
+        Shown().Files.CheckCal = EnteredText(text.toStdString());
     });
 }
 
 TFilesDlg::~TFilesDlg() = default;
 
 void TFilesDlg::ShowFileSet() {
-    const FileSet& files = batch_.Files;
+    const FileSet& files = Shown().Files;
     ShowPath(ui_->LibFileEdit, files.LibFile);
     ShowPath(ui_->SurrFileEdit, files.SurrFile);
     ShowPath(ui_->CalFileEdit, files.CalFile);
@@ -135,46 +178,108 @@ void TFilesDlg::OpenFiles(FileKind kind, TakeReports& take) {
     }
 }
 
-void TFilesDlg::AddDropped(const std::vector<std::string>& reports) {
-    activateWindow();
-    services_.RememberChoice({reports, FileKind::kQuantReport});
-    Take(AddQuantReports, reports);
+bool TFilesDlg::Propose(const std::vector<std::string>& names, QWidget* above) {
+    std::optional<BatchProposal> proposal = SortWithProgress(Shown(), names, above);
+    if (!proposal) {
+        return false;
+    }
+    if (!proposal->IsEmpty()) {
+        proposal_ = std::move(proposal);
+        return true;
+    }
+    if (proposal->Told.empty()) {
+        messages_.Show({proposal->Loaded > 0 ? "All reports there are in the batch already."
+                                             : "No reports were found there.",
+                        kFileNotFoundTitle});
+    } else {
+        ShowToldFiles(proposal->Told, kHelpTopic, above);
+    }
+    return false;
 }
 
-bool TFilesDlg::eventFilter(QObject* watched, QEvent* event) {
-    const bool dropped = event->type() == QEvent::Drop;
-    if (!dropped && event->type() != QEvent::DragEnter && event->type() != QEvent::DragMove) {
-        return QDialog::eventFilter(watched, event);
+void TFilesDlg::ShowProposal() {
+    const BatchProposal& proposal = *proposal_;
+    const std::string& report =
+        proposal.QFiles.empty() ? proposal.LabBlank : proposal.QFiles.front();
+    for (const auto& [file, kind] : {std::pair(&report, FileKind::kQuantReport),
+                                     std::pair(&proposal.Calib, FileKind::kCalibration)}) {
+        if (!file->empty()) {
+            services_.RememberChoice({{*file}, kind});
+        }
     }
-    auto& drag = *static_cast<QDropEvent*>(event);
-    const std::vector<std::string> reports = ReportsIn(*drag.mimeData());
-    drag.setDropAction(Qt::CopyAction);
-    drag.setAccepted(!reports.empty());
-    if (dropped && !reports.empty()) {
-        // A message must not keep the program waiting from which the files came.
-        QMetaObject::invokeMethod(
-            this, [this, reports] { AddDropped(reports); }, Qt::QueuedConnection);
+    ShowFileSet();
+    ShowProposalRow();
+    show();
+    ui_->OkButton->setFocus();
+    for (const Message& note : proposal.Notes) {
+        messages_.Show(note);
     }
-    return true;
+    if (!proposal.Told.empty()) {
+        ShowToldFiles(proposal.Told, kHelpTopic, this);
+    }
+}
+
+void TFilesDlg::ShowProposalRow() {
+    ui_->ProposalLabel->setVisible(proposal_.has_value());
+    ui_->CancelButton->setVisible(proposal_.has_value());
+    ui_->ToldButton->setVisible(proposal_ && !proposal_->Told.empty());
+    if (proposal_) {
+        ui_->ProposalLabel->setText(Found(*proposal_));
+    }
+}
+
+void TFilesDlg::TakeDropped(const std::vector<std::string>& files) {
+    activateWindow();
+    if (std::ranges::all_of(files, IsQuantReport)) {
+        services_.RememberChoice({files, FileKind::kQuantReport});
+        Take(AddQuantReports, files);
+    } else if (Propose(files, this)) {
+        ShowProposal();
+    }
 }
 
 void TFilesDlg::Take(TakeReports& take, const std::vector<std::string>& files) {
-    owner_.Flags().Form8DataReady = false;
     const WaitCursor wait;
     Reports reports(messages_);
-    take(batch_, files, reports, messages_, owner_);
+    if (proposal_) {
+        ProposalOwner owner;
+        take(Shown(), files, reports, messages_, owner);
+    } else {
+        owner_.Flags().Form8DataReady = false;
+        take(batch_, files, reports, messages_, owner_);
+    }
     // Also after a rejection, which may have taken the names of the library and the like, or
     // cleared the batch.
     ShowFileSet();
 }
 
+void TFilesDlg::reject() {
+    proposal_ ? CancelButtonClick() : OkButtonClick();
+}
+
 void TFilesDlg::OkButtonClick() {
+    if (proposal_) {
+        owner_.Flags().Form8DataReady = false;
+        batch_ = std::move(proposal_->Batch);
+        proposal_.reset();
+    }
     if (!batch_.SampleList) {
         const WaitCursor wait;
         Reports reports(messages_);
         BuildSampleList(batch_, reports);
     }
+    Leave();
+}
+
+void TFilesDlg::CancelButtonClick() {
+    proposal_.reset();
+    ShowFileSet();
+    Leave();
+}
+
+void TFilesDlg::Leave() {
     hide();
+    ShowProposalRow();
     services_.ShowMainWindow();
 }
 
@@ -184,12 +289,14 @@ void TFilesDlg::DeleteButtonClick() {
         positions.push_back(static_cast<std::size_t>(index.row()));
     }
     std::sort(positions.begin(), positions.end());
-    DeleteQuantReports(batch_, positions);
+    DeleteQuantReports(Shown(), positions);
     ShowFileSet();
 }
 
 void TFilesDlg::ClearAllButtonClick() {
     owner_.OfferSave();
+    proposal_.reset();
+    ShowProposalRow();
     ClearBatch(batch_, owner_);
     owner_.Flags().InitCalEntered = false;
     owner_.Flags().ContCalEntered = false;

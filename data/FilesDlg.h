@@ -10,6 +10,7 @@
 #include <QDialog>
 
 #include "data/Batch.h"
+#include "data/FolderSort.h"
 #include "data/LoadFiles.h"
 #include "platform/Messages.h"
 #include "platform/WindowServices.h"
@@ -42,19 +43,26 @@ class TFilesDlg : public QDialog {
     // in the list of reports.
     void OpenAt(const std::string& control, std::optional<std::size_t> record);
 
-    // Escape and the window manager's close: the dialog has no Cancel.
-    void reject() override { OkButtonClick(); }
+    // Sorts files and folders into a proposal, with what it shows meanwhile above that window. A
+    // message tells when nothing is found. False then, and when the user cancels.
+    bool Propose(const std::vector<std::string>& names, QWidget* above);
+    // Shows it in the dialog. It is taken with OK; until then the batch stays as it is.
+    void ShowProposal();
 
-  protected:
-    // Reports that are dragged onto QFilesList.
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    // Escape and the window manager's close: but for a proposal, the dialog has no Cancel.
+    void reject() override;
 
   private:
+    // What the dialog shows and changes.
+    qfr::Batch& Shown() { return proposal_ ? proposal_->Batch : batch_; }
+    void ShowProposalRow();
     void OpenFiles(FileKind kind, TakeReports& take);
-    // As if they had been chosen with "Add Files".
-    void AddDropped(const std::vector<std::string>& reports);
+    // Quantitation reports as if they had been chosen with "Add Files"; all else is sorted.
+    void TakeDropped(const std::vector<std::string>& files);
     void Take(TakeReports& take, const std::vector<std::string>& files);
+    void Leave();
     void OkButtonClick();
+    void CancelButtonClick();
     void DeleteButtonClick();
     void ClearAllButtonClick();
     void Button1Click();
@@ -63,6 +71,7 @@ class TFilesDlg : public QDialog {
     WindowServices& services_;
     Messages& messages_;
     qfr::Batch batch_;
+    std::optional<BatchProposal> proposal_;
     std::unique_ptr<Ui::TFilesDlg> ui_;
 };
 

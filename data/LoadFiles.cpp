@@ -120,7 +120,7 @@ std::vector<std::string> AcceptedReports(Batch& batch, const std::vector<std::st
             }
             continue;
         }
-        messages.Show(*rejection);
+        owner.Refuse(file, *rejection, messages);
         if (tooLong && owner.ClearsForTooManyRows(file) && batch.Files.QFiles.empty()) {
             ClearBatch(batch, owner);
         }
@@ -228,14 +228,14 @@ bool AddQuantReports(Batch& batch, const std::vector<std::string>& fileNames, Re
 }
 
 bool TakeCalReport(Batch& batch, const std::vector<std::string>& fileNames, Reports& reports,
-                   Messages& messages, BatchOwner& /*owner*/) {
+                   Messages& messages, BatchOwner& owner) {
     const std::string& fileName = fileNames.front();
     auto [report, rejection] = Open<CalibrationReport>(fileName, reports);
     if (!rejection) {
         rejection = RejectionOf(report, FileNameOnly(fileName), batch.Files);
     }
     if (rejection) {
-        messages.Show(*rejection);
+        owner.Refuse(fileName, *rejection, messages);
         return false;
     }
     if (report && report->TextsCut) {
@@ -249,7 +249,7 @@ bool TakeCalReport(Batch& batch, const std::vector<std::string>& fileNames, Repo
 }
 
 bool TakeCheckReport(Batch& batch, const std::vector<std::string>& fileNames, Reports& reports,
-                     Messages& messages, BatchOwner& /*owner*/) {
+                     Messages& messages, BatchOwner& owner) {
     const std::string& fileName = fileNames.front();
     auto [report, rejection] = Open<CheckReport>(fileName, reports);
     if (report) {
@@ -257,7 +257,7 @@ bool TakeCheckReport(Batch& batch, const std::vector<std::string>& fileNames, Re
                                      batch.Files);
     }
     if (rejection) {
-        messages.Show(*rejection);
+        owner.Refuse(fileName, *rejection, messages);
         return false;
     }
     if (report && report->TextsCut) {

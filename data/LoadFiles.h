@@ -20,6 +20,10 @@ class BatchOwner {
     // A report, given by its path, has more rows than a batch takes. Whether a batch without
     // reports is cleared for that.
     virtual bool ClearsForTooManyRows(const std::string& /*fileName*/) { return true; }
+    // A file, given by its path, is not taken.
+    virtual void Refuse(const std::string& /*fileName*/, const Message& why, Messages& messages) {
+        messages.Show(why);
+    }
 };
 
 // Takes reports into the batch: full paths as chosen (UTF-8, any case), at least one, of which only

@@ -261,22 +261,19 @@ TEST(FilesDlg, AssemblesABatch) {
 }
 
 TEST(FilesDlg, TakesTheReportsOfADrag) {
-    for (const auto& [name, accepted, taken] : {std::tuple("ZA101.PRN", true, true),
-                                                {"VOA0516.CAL", false, false},
-                                                {"%FF.prn", true, false}}) {
+    for (const auto& [name, taken] : {std::pair("ZA101.PRN", true), {"%FF.prn", false}}) {
         FilesRig rig;
         QMimeData files;
         files.setUrls({QUrl("http://laboratory/ZA103.PRN"),
-                       QUrl::fromLocalFile(QString::fromStdString(Example("."))),
                        QUrl("file://" + QString::fromStdString(Example(name)))});
         QDragEnterEvent enter({9, 9}, Qt::CopyAction, &files, Qt::LeftButton, {});
         QApplication::sendEvent(rig.list.viewport(), &enter);
-        EXPECT_EQ(enter.isAccepted(), accepted);
+        EXPECT_TRUE(enter.isAccepted());
         QDropEvent drop({9, 9}, Qt::CopyAction, &files, Qt::LeftButton, {});
         QApplication::sendEvent(rig.list.viewport(), &drop);
         QTest::qWait(0);
         EXPECT_EQ(rig.list.count(), taken ? 1 : 0);
-        EXPECT_EQ(rig.log.TakeTexts().size(), accepted && !taken ? 1U : 0U);
+        EXPECT_EQ(rig.log.TakeTexts().size(), taken ? 0U : 1U);
     }
 }
 

@@ -1,6 +1,7 @@
 // Somebody before one of the program's windows; and those on doubles, where nothing is printed.
 #pragma once
 
+#include <array>
 #include <deque>
 #include <functional>
 #include <optional>
@@ -24,6 +25,9 @@
 #include "tests/Support.h"
 
 namespace qfr::test {
+
+// The screens of the tests, in order: the usual one, 1280 x 800 at 150 %, and 1024 x 768.
+inline constexpr std::array kScreens = {QSize(1280, 1024), QSize(853, 533), QSize(1024, 768)};
 
 struct WindowUser {
     // Goes before the window, which has to show.

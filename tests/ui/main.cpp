@@ -2,12 +2,18 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QLabel>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include "platform/qt/ControlNames.h"
+#include "platform/qt/FitToScreen.h"
 #include "platform/qt/PlainTexts.h"
+#include "tests/ui/WindowRig.h"
 
 namespace qfr::test {
 namespace {
@@ -30,12 +36,35 @@ class PlainTextCheck : public QObject {
     }
 };
 
+// A desk with the screens of kScreens, side by side.
+void WriteScreens(const QString& file) {
+    QJsonArray screens;
+    int left = 0;
+    for (const QSize& size : kScreens) {
+        screens << QJsonObject{{"name", QString::number(screens.size())},
+                               {"x", left},
+                               {"y", 0},
+                               {"width", size.width()},
+                               {"height", size.height()},
+                               {"logicalDpi", 96},
+                               {"logicalBaseDpi", 96},
+                               {"dpr", 1}};
+        left += size.width();
+    }
+    QFile out(file);
+    out.open(QIODevice::WriteOnly);
+    out.write(QJsonDocument(QJsonObject{{"screens", screens}}).toJson());
+}
+
 }  // namespace
 }  // namespace qfr::test
 
 int main(int argc, char** argv) {
     // The tests need no screen and leave no trace in the user's settings.
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QTemporaryDir platform;
+    const QString screens = platform.filePath("screens.json");
+    qfr::test::WriteScreens(screens);
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screens.toUtf8());
     const QTemporaryDir runtime;
     if (qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR")) {
         qputenv("XDG_RUNTIME_DIR", runtime.path().toUtf8());
@@ -53,6 +82,7 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     qfr::NameControls(application);
     qfr::ShowPlainTexts(application);
+    qfr::FitToScreen(application);
     qfr::test::PlainTextCheck check;
     application.installEventFilter(&check);
     return RUN_ALL_TESTS();

@@ -1,0 +1,103 @@
+#include "data/ToldFilesDialog.h"
+
+#include <QClipboard>
+#include <QDialog>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+#include "platform/Text.h"
+#include "platform/WindowServices.h"
+
+namespace qfr {
+
+namespace {
+
+constexpr int kLettersAcross = 110;  // of the window
+constexpr int kLinesDown = 22;
+
+QString Shown(const std::string& text) {
+    return QString::fromStdString(Visible(text));
+}
+
+void Fill(QTableWidget& table, const std::vector<ToldFile>& files) {
+    table.setRowCount(static_cast<int>(files.size()));
+    for (int row = 0; const ToldFile& file : files) {
+        int column = 0;
+        for (const std::string& text : {FileNameOnly(file.File), file.What}) {
+            auto* const cell = new QTableWidgetItem(Shown(text));
+            cell->setTextAlignment(Qt::AlignLeft | Qt::AlignTop);
+            cell->setToolTip(Shown(file.File));
+            table.setItem(row, column++, cell);
+        }
+        ++row;
+    }
+    table.setCurrentCell(0, 0);
+}
+
+QTableWidget* MakeTable(const std::vector<ToldFile>& files, QWidget& parent) {
+    auto* const table = new QTableWidget(0, 2, &parent);
+    table->setObjectName("ToldFilesTable");
+    table->setHorizontalHeaderLabels({"File", "What to know"});
+    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table->setTabKeyNavigation(false);
+    table->verticalHeader()->hide();
+    // Long texts wrap.
+    table->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    QHeaderView& columns = *table->horizontalHeader();
+    columns.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    columns.setHighlightSections(false);
+    columns.setSectionResizeMode(0, QHeaderView::ResizeToContents);
+    columns.setSectionResizeMode(1, QHeaderView::Stretch);
+    Fill(*table, files);
+    return table;
+}
+
+// Tab-separated, as spreadsheets take it.
+QString AsText(const std::vector<ToldFile>& files) {
+    QString text;
+    for (const ToldFile& file : files) {
+        text += Shown(file.File) + '\t' + Shown(file.What) + '\n';
+    }
+    return text;
+}
+
+}  // namespace
+
+void ShowToldFiles(const std::vector<ToldFile>& files, int helpTopic, QWidget* parent) {
+    auto* const dialog = new QDialog(parent);
+    dialog->setObjectName("ToldFilesDialog");
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setWindowTitle("Files to Look At");
+    dialog->setProperty(kHelpTopicProperty, helpTopic);
+    auto* const label = new QLabel("&Not taken as they are, or in doubt:", dialog);
+    QTableWidget* const table = MakeTable(files, *dialog);
+    label->setBuddy(table);
+    auto* const copy = new QPushButton("&Copy", dialog);
+    copy->setObjectName("CopyButton");
+    auto* const okay = new QPushButton("&OK", dialog);
+    okay->setObjectName("OkButton");
+    okay->setDefault(true);
+    auto* const buttons = new QHBoxLayout;
+    buttons->addWidget(copy);
+    buttons->addStretch();
+    buttons->addWidget(okay);
+    auto* const rows = new QVBoxLayout(dialog);
+    rows->addWidget(label);
+    rows->addWidget(table);
+    rows->addLayout(buttons);
+    QObject::connect(copy, &QPushButton::clicked, dialog,
+                     [files] { QGuiApplication::clipboard()->setText(AsText(files)); });
+    QObject::connect(okay, &QPushButton::clicked, dialog, &QDialog::accept);
+    okay->setFocus();
+    dialog->resize(kLettersAcross * dialog->fontMetrics().averageCharWidth(),
+                   kLinesDown * dialog->fontMetrics().height());
+    dialog->open();
+}
+
+}  // namespace qfr

@@ -1,0 +1,16 @@
+// Tells about many files at once.
+#pragma once
+
+#include <vector>
+
+#include <QWidget>
+
+#include "data/FolderSort.h"
+
+namespace qfr {
+
+// Shows the files, one a row, in a dialog above the parent until the user closes it; returns at
+// once. `helpTopic`: of its F1.
+void ShowToldFiles(const std::vector<ToldFile>& files, int helpTopic, QWidget* parent);
+
+}  // namespace qfr

@@ -1,0 +1,290 @@
+#include "platform/qt/FitToScreen.h"
+
+#include <algorithm>
+
+#include <QAbstractButton>
+#include <QBoxLayout>
+#include <QDialog>
+#include <QEvent>
+#include <QLabel>
+#include <QLayout>
+#include <QPointer>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStyle>
+#include <QTimer>
+
+namespace qfr {
+
+namespace {
+
+constexpr const char* kAreaName = "FitArea";
+constexpr QMargins kUsualFrame(2, 32, 2, 2);  // of a window whose own is not known yet
+constexpr int kTightMargin = 6;
+constexpr qsizetype kShortCaption = 12;  // letters of one that stays in one line
+constexpr int kFocusMargin = 12;         // around the control that has the focus
+
+// Asks for all of its contents' size; the toolkit's own asks for a part of it.
+class WholeArea : public QScrollArea {
+  public:
+    using QScrollArea::QScrollArea;
+
+    QSize sizeHint() const override { return Around(widget()->sizeHint()); }
+    // Large enough to scroll in.
+    QSize minimumSizeHint() const override {
+        const int line = fontMetrics().lineSpacing();
+        return Around(widget()->minimumSizeHint()).boundedTo({20 * line, 6 * line});
+    }
+
+  private:
+    QSize Around(const QSize& contents) const {
+        return contents + QSize(style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 2, 2);
+    }
+};
+
+QMargins FrameOf(const QWidget& window) {
+    const QRect inner = window.geometry();
+    const QRect outer = window.frameGeometry();
+    return outer == inner
+               ? kUsualFrame
+               : QMargins(inner.left() - outer.left(), inner.top() - outer.top(),
+                          outer.right() - inner.right(), outer.bottom() - inner.bottom());
+}
+
+QSize RoomFor(const QWidget& window) {
+    return window.screen()->availableGeometry().marginsRemoved(FrameOf(window)).size();
+}
+
+bool Exceeds(const QSize& size, const QSize& room) {
+    return size.width() > room.width() || size.height() > room.height();
+}
+
+// Whether the item of a layout is, or holds, a button.
+bool HoldsButtons(QLayoutItem& item) {
+    if (QLayout* const layout = item.layout()) {
+        for (int i = 0; i < layout->count(); ++i) {
+            if (HoldsButtons(*layout->itemAt(i))) {
+                return true;
+            }
+        }
+    }
+    QWidget* const widget = item.widget();
+    return widget != nullptr && (qobject_cast<QAbstractButton*>(widget) != nullptr ||
+                                 !widget->findChildren<QAbstractButton*>().isEmpty());
+}
+
+// The row of buttons at the end of a dialog's layout, taken from there; null when it has none.
+QLayoutItem* TakeButtonRow(QLayout& rows) {
+    auto* const box = qobject_cast<QBoxLayout*>(&rows);
+    if (box == nullptr || box->direction() != QBoxLayout::TopToBottom || box->count() < 2 ||
+        !HoldsButtons(*box->itemAt(box->count() - 1))) {
+        return nullptr;
+    }
+    return box->takeAt(box->count() - 1);
+}
+
+void Add(QBoxLayout& layout, QLayoutItem* item) {
+    if (QLayout* const inner = item->layout()) {
+        inner->setParent(nullptr);
+        layout.addLayout(inner);
+    } else {
+        layout.addWidget(item->widget());
+        delete item;
+    }
+}
+
+bool TakesFocus(const QWidget& widget) {
+    const QList<QWidget*> inside = widget.findChildren<QWidget*>();
+    return std::any_of(inside.begin(), inside.end(), [](const QWidget* each) {
+        return (each->focusPolicy() & Qt::TabFocus) != 0;
+    });
+}
+
+// Puts all of the dialog but its buttons into an area that scrolls.
+void Wrap(QDialog& dialog) {
+    const QPointer<QWidget> focused = dialog.focusWidget();
+    auto* const area = new WholeArea(&dialog);
+    area->setObjectName(kAreaName);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setWidgetResizable(true);
+    auto* const contents = new QWidget(area);
+    contents->setObjectName("FitContents");
+    contents->hide();
+
+    QLayout& rows = *dialog.layout();
+    rows.setSizeConstraint(QLayout::SetDefaultConstraint);
+    const QMargins margins = rows.contentsMargins();
+    const int spacing = rows.spacing();
+    contents->setLayout(&rows);  // and the controls with it
+    rows.setContentsMargins(0, 0, 0, 0);
+    QLayoutItem* const buttons = TakeButtonRow(rows);
+    area->setWidget(contents);
+    contents->show();
+
+    auto* const outer = new QVBoxLayout(&dialog);
+    outer->setContentsMargins(margins);
+    outer->setSpacing(spacing);
+    outer->addWidget(area, 1);
+    if (buttons != nullptr) {
+        Add(*outer, buttons);
+    }
+    area->setFocusPolicy(TakesFocus(*contents) ? Qt::NoFocus : Qt::StrongFocus);
+    area->setAccessibleName(dialog.windowTitle());
+    area->show();
+    if (focused) {
+        focused->setFocus();
+    }
+}
+
+// A least size that was given for small letters must not cut large ones. The width of a button may
+// be less than the style's on purpose: its caption has room.
+void MakeRoomForLetters(const QWidget& window) {
+    for (QAbstractButton* const button : window.findChildren<QAbstractButton*>()) {
+        if (button->minimumHeight() > 0) {
+            button->setMinimumHeight(
+                std::max(button->minimumHeight(), button->minimumSizeHint().height()));
+        }
+    }
+    for (QLabel* const label : window.findChildren<QLabel*>()) {
+        if (!label->minimumSize().isNull() && !label->wordWrap()) {
+            label->setMinimumSize(label->minimumSize().expandedTo(label->minimumSizeHint()));
+        }
+    }
+}
+
+// Lets the window be as small as the room, whatever was fixed before.
+void Bound(QWidget& window, const QSize& room) {
+    if (Exceeds(window.minimumSize(), room)) {
+        window.setMinimumSize(window.minimumSize().boundedTo(room));
+    }
+    window.resize(window.size().boundedTo(room));
+}
+
+WholeArea* AreaOf(const QWidget& window) {
+    return window.findChild<WholeArea*>(kAreaName, Qt::FindDirectChildrenOnly);
+}
+
+QSize Least(const QWidget& window) {
+    return window.layout()->totalMinimumSize().expandedTo(window.minimumSize());
+}
+
+// That the layout needs for all that it holds at this width.
+int HeightFor(const QLayout& layout, int width) {
+    return layout.hasHeightForWidth() ? layout.totalHeightForWidth(width)
+                                      : layout.totalSizeHint().height();
+}
+
+// Saves width where that is enough, before anything has to scroll: narrow margins, and captions of
+// two lines.
+void Tighten(QDialog& dialog, const QSize& room) {
+    const QMargins margins = dialog.layout()->contentsMargins();
+    dialog.layout()->setContentsMargins(std::min(margins.left(), kTightMargin), margins.top(),
+                                        std::min(margins.right(), kTightMargin), margins.bottom());
+    if (Least(dialog).width() <= room.width()) {
+        return;
+    }
+    for (QLabel* const label : dialog.findChildren<QLabel*>()) {
+        if (label->window() == &dialog && label->text().size() > kShortCaption) {
+            label->setWordWrap(true);
+        }
+    }
+}
+
+void FitContents(QDialog& dialog, const QSize& room) {
+    const QSize wanted = dialog.size().expandedTo(dialog.layout()->totalSizeHint());
+    dialog.setMinimumSize(0, 0);
+    if (dialog.layout()->totalMinimumSize().width() > room.width()) {
+        Tighten(dialog, room);
+    }
+    const int width = std::min(wanted.width(), room.width());
+    int height = HeightFor(*dialog.layout(), width);
+    int bar = 0;
+    // Captions of two lines need height.
+    const bool isHigh = dialog.layout()->hasHeightForWidth() && height > room.height();
+    if (isHigh || Exceeds(dialog.layout()->totalMinimumSize(), room)) {
+        Wrap(dialog);
+        bar = dialog.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+        const WholeArea& area = *AreaOf(dialog);
+        height = HeightFor(*area.widget()->layout(), width - 2 * kTightMargin - bar) +
+                 dialog.layout()->totalSizeHint().height() - area.sizeHint().height();
+    }
+    dialog.resize((wanted.expandedTo({0, height}) + QSize(bar, bar)).boundedTo(room));
+}
+
+void Fit(QWidget& window) {
+    const QSize room = RoomFor(window);
+    auto* const dialog = qobject_cast<QDialog*>(&window);
+    if (dialog != nullptr && dialog->layout() != nullptr && AreaOf(window) == nullptr &&
+        Exceeds(Least(window), room)) {
+        FitContents(*dialog, room);
+    }
+    Bound(window, room);
+}
+
+// Into its screen, frame and all.
+void MoveInto(QWidget& window) {
+    const QRect screen = window.screen()->availableGeometry();
+    const QRect outer = window.geometry().marginsAdded(FrameOf(window));
+    const QPoint place(
+        std::max(std::min(outer.left(), screen.right() + 1 - outer.width()), screen.left()),
+        std::max(std::min(outer.top(), screen.bottom() + 1 - outer.height()), screen.top()));
+    if (place != outer.topLeft()) {
+        window.move(window.pos() + place - outer.topLeft());
+    }
+}
+
+bool IsOurs(const QObject* watched) {
+    const auto* const widget =
+        watched->isWidgetType() ? static_cast<const QWidget*>(watched) : nullptr;
+    return widget != nullptr && widget->isWindow() &&
+           (widget->windowType() == Qt::Window || widget->windowType() == Qt::Dialog);
+}
+
+class ScreenFitter : public QObject {
+  public:
+    explicit ScreenFitter(QApplication& application) : QObject(&application) {
+        connect(&application, &QApplication::focusChanged, this, &ScreenFitter::ShowFocused);
+    }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const bool shown = event->type() == QEvent::Show && !event->spontaneous();
+        const bool changed = event->type() == QEvent::LayoutRequest;
+        if ((shown || changed) && IsOurs(watched)) {
+            auto& window = *static_cast<QWidget*>(watched);
+            if (shown) {
+                MakeRoomForLetters(window);
+                Fit(window);
+            }
+            if (shown || Exceeds(window.minimumSizeHint(), RoomFor(window))) {
+                // When the window has its frame and its place.
+                QTimer::singleShot(0, &window, [&window] {
+                    if (window.isVisible() && !window.isMaximized() && !window.isFullScreen()) {
+                        Fit(window);
+                        MoveInto(window);
+                    }
+                });
+            }
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+  private:
+    static void ShowFocused(QWidget* /*before*/, QWidget* now) {
+        for (QWidget* above = now; above != nullptr; above = above->parentWidget()) {
+            if (auto* const area = dynamic_cast<WholeArea*>(above);
+                area != nullptr && area != now) {
+                area->ensureWidgetVisible(now, kFocusMargin, kFocusMargin);
+            }
+        }
+    }
+};
+
+}  // namespace
+
+void FitToScreen(QApplication& application) {
+    application.installEventFilter(new ScreenFitter(application));
+}
+
+}  // namespace qfr
