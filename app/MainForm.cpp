@@ -19,6 +19,7 @@
 #include "app/AboutBox.h"
 #include "app/BatchFile.h"
 #include "app/BatchReview.h"
+#include "app/Desk.h"
 #include "app/ExportMenu.h"
 #include "app/PrintAll.h"
 #include "app/ReviewDialog.h"
@@ -39,7 +40,8 @@ namespace qfr {
 namespace {
 
 constexpr int kHelpTopic = 10;
-constexpr QSize kWindowSize(800, 500);
+constexpr QSize kWindowSize(960, 640);
+constexpr QSize kWindowFrame(10, 40);
 constexpr int kStateLetters = 130;  // that the status bar has room for
 constexpr int kNameLetters = 22;    // of them for each file
 
@@ -53,18 +55,6 @@ QIcon ProgramIcon() {
 
 bool IsComplete(const SampleRecord& record) {
     return !FirstEmptyField(record.Header);
-}
-
-// The program's sign, as a watermark.
-QPixmap Watermark() {
-    constexpr double kStrength = 0.2;
-    const QPixmap sign(":/icons/qfrforms-128.png");
-    QPixmap faint(sign.size());
-    faint.fill(Qt::transparent);
-    QPainter painter(&faint);
-    painter.setOpacity(kStrength);
-    painter.drawPixmap(0, 0, sign);
-    return faint;
 }
 
 QString NameOrNone(const std::string& path) {
@@ -133,10 +123,15 @@ void TQFRForm::OnCreate() {
     QApplication::setWindowIcon(ProgramIcon());
 
     AddMenus();
-    auto* const emptyArea = new QLabel(this);
-    emptyArea->setAlignment(Qt::AlignCenter);
-    emptyArea->setPixmap(Watermark());
-    setCentralWidget(emptyArea);
+    const auto openBatch = [this](const std::string& file) {
+        OfferSave();
+        RestoreFile(file);
+    };
+    desk_ = new Desk(*this, services_,
+                     {.LoadFiles = [this] { OpenClick(); },
+                      .RestoreBatch = [this] { RestoreFilesClick(); },
+                      .OpenBatch = openBatch});
+    setCentralWidget(desk_);
     state_ = {new NameLabel(this), new QLabel(this), new QLabel(this), new NameLabel(this),
               new NameLabel(this)};
     for (QLabel* const label : state_) {
@@ -147,9 +142,11 @@ void TQFRForm::OnCreate() {
     aboutBox_->setProperty(kHelpTopicProperty, kHelpTopic);
     qApp->installEventFilter(this);
 
-    resize(kWindowSize.expandedTo({kStateLetters * fontMetrics().averageCharWidth(), 0}));
+    const QRect room = screen()->availableGeometry();
+    resize(kWindowSize.expandedTo({kStateLetters * fontMetrics().averageCharWidth(), 0})
+               .boundedTo(room.size() - kWindowFrame));
     const QRect place(QPoint(), size());
-    move(place.translated(screen()->availableGeometry().center() - place.center()).topLeft());
+    move(place.translated(room.center() - place.center()).topLeft());
 }
 
 void TQFRForm::AddMenus() {
@@ -163,8 +160,10 @@ void TQFRForm::AddMenus() {
     }
     QMenu& reports = *menuBar()->addMenu("&Reports");
     AddCommand(reports, "Select &Printer", "Ctrl+P", [this] { page_.getPrinter(); });
-    AddCommand(reports, "Print &All Forms...", "Ctrl+Shift+P",
-               [this] { PrintAll(*this, services_.Metrics, services_.Packages); });
+    AddCommand(reports, "Print &All Forms...", "Ctrl+Shift+P", [this] {
+        PrintAll(*this, services_.Metrics, services_.Packages);
+        desk_->Refresh();
+    });
     AddCommand(reports, "&Review Batch...", "Ctrl+Shift+R", [this] { ShowReview(); });
     QMenu& values = *reports.addMenu("&Export Values");
     const auto exportAs = [this](ExportFormat format) {
@@ -211,6 +210,7 @@ TQFRForm::SaveResult TQFRForm::Save() {
         return SaveResult::kNotWritten;
     }
     paths_.RememberDir(file, FileKind::kBatch);
+    desk_->RememberBatch(file);
     Show({"File information saved.", "", MessageIcon::kInformation});
     std::string lacking;
     for (const std::string_view what : LackingForRestore(Batch().Files)) {
@@ -283,6 +283,8 @@ bool TQFRForm::RestoreFile(const std::string& fileName) {
     flags_ = saved.Flags;
     form1Header_->Reset();
     filesDlg_->ShowFileSet();
+    desk_->RememberBatch(fileName);
+    desk_->BeginBatch();
     ShowBatchState();
     for (const std::optional<Message>& note : {saved.TextsNote, saved.LimitsNote}) {
         if (note) {
@@ -292,7 +294,7 @@ bool TQFRForm::RestoreFile(const std::string& fileName) {
     return true;
 }
 
-void TQFRForm::FormClick(const FormRow& form) {
+void TQFRForm::FormClick(const FormRow& form, std::size_t record) {
     if (form.printBatch != nullptr) {
         const WaitCursor wait;
         BeginRun();
@@ -300,7 +302,7 @@ void TQFRForm::FormClick(const FormRow& form) {
         ShowBatchState();
     } else if (FilesSpecified(Batch())) {
         hide();
-        form1Header_->Open(form.onlyWithTics ? kFormITic : kFormIVoa);
+        form1Header_->Open(form.onlyWithTics ? kFormITic : kFormIVoa, record);
     } else {
         Show({std::string(kSpecifyFiles), kFilesNotSpecifiedTitle});
     }
@@ -401,6 +403,7 @@ void TQFRForm::EnterTics(std::size_t record, const std::string& sampleNo) {
 }
 
 void TQFRForm::ResetEntryDialogs() {
+    desk_->BeginBatch();
     form1Header_->Reset();
     // The tune's sample, instrument and injection stay: only its abundances belong to the batch.
     const TuneEntry tune = std::exchange(entries_, {}).Tune;
@@ -446,8 +449,7 @@ void TQFRForm::ShowMainWindow() {
 void TQFRForm::ShowBatchState() {
     const qfr::Batch& batch = Batch();
     const FileSet& files = batch.Files;
-    const bool loaded = batch.SampleList || FilesSpecified(batch) || !files.Calib.empty() ||
-                        !files.CheckCal.empty();
+    const bool loaded = AnythingLoaded(batch);
     std::array<QString, 5> texts;
     if (loaded) {
         const SampleListType none;
@@ -466,6 +468,7 @@ void TQFRForm::ShowBatchState() {
         state_[i]->setToolTip(texts[i]);
         state_[i]->setVisible(loaded);
     }
+    desk_->Refresh();
 }
 
 }  // namespace qfr

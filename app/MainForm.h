@@ -47,6 +47,7 @@ struct DesktopServices {
     std::function<bool(int topic)> OpenHelp;
 };
 
+class Desk;
 class ReviewDialog;
 
 class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, public WindowServices {
@@ -71,6 +72,10 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
     // Opens the window where a finding is mended, with the focus there. `record`: the sample that
     // it is about, as an index of SampleList; absent for the whole batch.
     void GoTo(const MendPlace& place, std::optional<std::size_t> record);
+
+    // Forms | the form. One that prints for each sample begins with this one, an index of
+    // SampleList.
+    void FormClick(const FormRow& form, std::size_t record = 0);
 
     // FormHost
     void Show(const Message& message) override;
@@ -110,7 +115,6 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
                     const std::function<void()>& handler);
     void OpenClick();
     void RestoreFilesClick();
-    void FormClick(const FormRow& form);
     void OnExit();
 
     SaveResult Save();
@@ -122,6 +126,7 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
     qfr::Page page_;
     BatchFlags flags_;
     qfr::Entries entries_;
+    Desk* desk_ = nullptr;
     std::array<QLabel*, 5> state_{};  // of the batch, in the status bar
     bool exiting_ = false;
 

@@ -149,6 +149,7 @@ class Program:
         pyatspi.setTimeout(DEADLINE * 1000, DEADLINE * 1000)  # it may be busy
         self._desktop = desktop
         running = pyatspi.Registry.getDesktop(0)
+        self._path = path
         self._process = desktop.run(str(path))
         self._root = wait_for("the program", lambda: next(
             (each for each in running if each is not None and each.name == "QFR Forms"), None))
@@ -222,8 +223,21 @@ class Program:
             send(ord(character), None, events.KEY_SYM)
             time.sleep(0.02)  # the next one may need another keyboard mapping
 
+    def stroke(self, symbol):
+        """One key, by its X symbol."""
+        self._atspi.Registry.generateKeyboardEvent(symbol, None, self._atspi.KEY_SYM)
+
+    def focus(self, role, name, inside=None):
+        """Waits until the control has the focus."""
+        wait_for(f"the focus on {role} {name}", lambda: self.find(role, name, inside).getState().contains(
+            self._atspi.STATE_FOCUSED))
+
     def ended(self):
         return self._process.wait(timeout=DEADLINE)
+
+    def again(self):
+        """The program, started once more."""
+        return Program(self._desktop, self._path)
 
     def _act(self, thing, name):
         actions = thing.queryAction()
