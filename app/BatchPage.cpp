@@ -11,6 +11,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -24,10 +25,11 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr milliseconds kPause(200);      // before it counts as idle
+constexpr milliseconds kPause(200);      // before it counts as idle,
+constexpr milliseconds kPauseEach(1);    // and for each sample, as these take their time
 constexpr milliseconds kUnnoticed(100);  // a look through that nobody notices
 constexpr int kRowsMeasured = 50;        // for the widths of the columns
-constexpr int kWidestColumn = 48;        // letters
+constexpr int kWidestColumn = 56;        // letters
 
 void SetUp(QTableView& table, QAbstractItemModel& model) {
     table.setModel(&model);
@@ -43,19 +45,18 @@ void SetUp(QTableView& table, QAbstractItemModel& model) {
     QHeaderView& columns = *table.horizontalHeader();
     columns.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     columns.setHighlightSections(false);
+    columns.setStretchLastSection(true);
     columns.setResizeContentsPrecision(kRowsMeasured);
     table.verticalHeader()->hide();
     table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() + 6);
 }
 
-// As wide as what they hold, but for the one that takes the rest.
-void FitColumns(QTableView& table, int rest) {
+// Each as wide as what it holds; the last one takes the rest.
+void FitColumns(QTableView& table) {
     const int widest = kWidestColumn * table.fontMetrics().averageCharWidth();
-    for (int column = 0; column < table.model()->columnCount(); ++column) {
-        if (column != rest) {
-            table.resizeColumnToContents(column);
-            table.setColumnWidth(column, std::min(table.columnWidth(column), widest));
-        }
+    for (int column = 0; column + 1 < table.model()->columnCount(); ++column) {
+        table.resizeColumnToContents(column);
+        table.setColumnWidth(column, std::min(table.columnWidth(column), widest));
     }
 }
 
@@ -87,7 +88,6 @@ BatchPage::BatchPage(TQFRForm& window, const DesktopServices& services)
     AddSamples(*rows);
     AddForms(*rows);
     idle_.setSingleShot(true);
-    idle_.setInterval(kPause);
     connect(&idle_, &QTimer::timeout, this, &BatchPage::LookThroughNow);
     ForgetPrinted();
 }
@@ -97,10 +97,13 @@ void BatchPage::AddSamples(QVBoxLayout& rows) {
     sorted_.setSourceModel(&samples_);
     sorted_.setSortRole(SampleTable::kSortRole);
     SetUp(*samplesTable_, sorted_);
-    samplesTable_->horizontalHeader()->setStretchLastSection(true);
     samplesTable_->horizontalHeader()->setSortIndicator(SampleTable::kNumber, Qt::AscendingOrder);
     samplesTable_->setSortingEnabled(true);
     connect(samplesTable_, &QTableView::activated, this, &BatchPage::OpenSample);
+    connect(samplesTable_->verticalScrollBar(), &QScrollBar::valueChanged, this,
+            &BatchPage::WaitLonger);
+    connect(samplesTable_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &BatchPage::WaitLonger);
 
     QHBoxLayout* const head = HeadRow("Sa&mples:", samplesTable_);
     previewButton_ = AddButton(head, "&Preview All Forms", "PreviewAllButton");
@@ -120,7 +123,6 @@ void BatchPage::AddSamples(QVBoxLayout& rows) {
 void BatchPage::AddForms(QVBoxLayout& rows) {
     formsTable_->setObjectName("FormsTable");
     SetUp(*formsTable_, forms_);
-    formsTable_->horizontalHeader()->setSectionResizeMode(FormsTable::kState, QHeaderView::Stretch);
     connect(formsTable_, &QTableView::activated, this, &BatchPage::OpenForm);
 
     QHBoxLayout* const head = HeadRow("F&orms:", formsTable_);
@@ -153,7 +155,7 @@ void BatchPage::ShowNew() {
     formsTable_->setCurrentIndex({});
     samplesTable_->sortByColumn(SampleTable::kNumber, Qt::AscendingOrder);
     Refresh();
-    FitColumns(*samplesTable_, SampleTable::kFindings);
+    FitColumns(*samplesTable_);
     previewButton_->setFocus();
 }
 
@@ -183,6 +185,13 @@ bool BatchPage::IsLookedThrough() const {
 // The files may have changed on disk: where that costs nothing, it is found out each time.
 void BatchPage::LookThroughWhenIdle() {
     if (isVisible() && (lookedFor_ < kUnnoticed || !IsLookedThrough())) {
+        idle_.start(kPause + kPauseEach * samples_.rowCount());
+    }
+}
+
+// Somebody is at work in the samples.
+void BatchPage::WaitLonger() {
+    if (idle_.isActive()) {
         idle_.start();
     }
 }
@@ -209,7 +218,7 @@ void BatchPage::ShowStates() {
     samples_.ShowFindings(states_.Samples);
     forms_.Show(window_.Batch(), states_.Forms,
                 std::span(services_.Printed.Jobs()).subspan(printedBefore_));
-    FitColumns(*formsTable_, FormsTable::kState);
+    FitColumns(*formsTable_);
 }
 
 std::optional<std::size_t> BatchPage::CurrentRecord() const {

@@ -55,6 +55,7 @@ class BatchPage : public QWidget {
     Source Now() const;
     bool IsLookedThrough() const;
     void LookThroughWhenIdle();
+    void WaitLonger();
     void LookThroughNow();
     void ShowStates();
 

@@ -4,12 +4,13 @@
 #include <utility>
 
 #include <QAction>
-#include <QCommandLinkButton>
 #include <QDateTime>
 #include <QFileInfo>
+#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QPushButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -24,6 +25,7 @@ namespace {
 const char* const kRecentName = "batches/recent";
 constexpr int kMargin = 20;
 constexpr int kRowPadding = 6;
+constexpr int kFolder = 2;  // the column
 constexpr int kFileRole = Qt::UserRole;
 
 bool IsThere(const std::string& file) {
@@ -68,55 +70,64 @@ void RememberBatch(Remembered& memory, const std::string& file) {
     KeepRecent(memory, WithRecentBatch(RecentBatches(memory), file));
 }
 
+void StartPage::Command::Describe(const QString& what) const {
+    What->setText(what);
+    Button->setAccessibleDescription(what);
+}
+
+void StartPage::Command::Offer(bool offered) const {
+    Button->setVisible(offered);
+    What->setVisible(offered);
+}
+
 StartPage::StartPage(StartCommands commands, Messages& messages, Remembered& memory,
-                     std::string example)
+                     std::string exampleFile)
     : commands_(std::move(commands)),
       messages_(messages),
       memory_(memory),
-      example_(std::move(example)) {
+      exampleFile_(std::move(exampleFile)) {
     setObjectName("StartPage");
     auto* const rows = new QVBoxLayout(this);
-    rows->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    rows->setContentsMargins(kMargin, kMargin / 2, kMargin, kMargin / 2);
     rows->addLayout(Sign());
-    rows->addSpacing(kMargin / 2);
-    auto* const columns = new QHBoxLayout;
-    columns->setSpacing(kMargin);
-    rows->addLayout(columns, 1);
-    auto* const left = new QVBoxLayout;
-    loadButton_ = AddCommand(*left, "LoadFilesButton", "&Load Files",
-                             "A new batch: lab blank, samples, calibration and check report",
-                             commands_.LoadFiles);
-    AddCommand(*left, "LoadFolderButton", "Load F&older", "A new batch of what lies in one folder",
-               commands_.LoadFolder);
-    AddCommand(*left, "RestoreBatchButton", "Restore &Batch",
+    auto* const grid = new QGridLayout;
+    grid->setColumnStretch(1, 1);
+    grid->setHorizontalSpacing(kMargin);
+    rows->addLayout(grid);
+    load_ = AddCommand(*grid, "LoadFilesButton", "&Load Files",
+                       "A new batch: lab blank, samples, calibration and check report",
+                       commands_.LoadFiles);
+    AddCommand(*grid, "LoadFolderButton", "Load F&older...",
+               "A new batch from what lies in one folder", commands_.LoadFolder);
+    AddCommand(*grid, "RestoreBatchButton", "Restore &Batch",
                "A batch that was saved, with all that was typed for it", commands_.RestoreBatch);
-    recoverButton_ =
-        AddCommand(*left, "RecoverButton", "Re&cover Last Batch", "", commands_.RecoverBatch);
-    exampleButton_ = AddCommand(*left, "OpenExampleButton", "Open &Example", "",
-                                [this] { commands_.OpenBatch(example_); });
-    left->addStretch();
-    columns->addLayout(left, 2);
-    auto* const right = new QVBoxLayout;
-    AddRecent(*right);
-    columns->addLayout(right, 3);
+    recover_ =
+        AddCommand(*grid, "RecoverButton", "Re&cover Last Batch", "", commands_.RecoverBatch);
+    example_ = AddCommand(*grid, "OpenExampleButton", "Open &Example", "",
+                          [this] { commands_.OpenBatch(exampleFile_); });
+    rows->addSpacing(kMargin / 2);
+    AddRecent(*rows);
     SetRecovery("");
     Refresh();
 }
 
-QCommandLinkButton* StartPage::AddCommand(QVBoxLayout& column, const char* name,
-                                          const QString& caption, const QString& what,
-                                          const std::function<void()>& handler) {
-    auto* const button = new QCommandLinkButton(caption, what);
-    button->setObjectName(name);
-    button->setAutoDefault(true);
-    button->setAccessibleDescription(what);
-    button->setVisible(handler != nullptr);
-    connect(button, &QPushButton::clicked, this, handler);
-    column.addWidget(button);
-    return button;
+StartPage::Command StartPage::AddCommand(QGridLayout& commands, const char* name,
+                                         const QString& caption, const QString& what,
+                                         const std::function<void()>& handler) {
+    const Command command{new QPushButton(caption), new QLabel};
+    command.Button->setObjectName(name);
+    command.Button->setAutoDefault(true);
+    command.What->setWordWrap(true);
+    command.Describe(what);
+    const int row = commands.rowCount();
+    commands.addWidget(command.Button, row, 0);
+    commands.addWidget(command.What, row, 1);
+    command.Offer(handler != nullptr);
+    connect(command.Button, &QPushButton::clicked, this, handler);
+    return command;
 }
 
-void StartPage::AddRecent(QVBoxLayout& column) {
+void StartPage::AddRecent(QVBoxLayout& rows) {
     recentTree_ = new QTreeWidget;
     recentTree_->setObjectName("RecentTree");
     recentTree_->setHeaderLabels({"Batch", "Saved", "Folder"});
@@ -135,12 +146,12 @@ void StartPage::AddRecent(QVBoxLayout& column) {
     recentTree_->addActions({open, forget});
     recentLabel_ = new QLabel("Rece&nt batches:");
     recentLabel_->setBuddy(recentTree_);
-    column.addWidget(recentLabel_);
-    column.addWidget(recentTree_, 1);
+    rows.addWidget(recentLabel_);
+    rows.addWidget(recentTree_, 1);
     // As high as eight batches, where there is room.
     recentTree_->setMaximumHeight((recentTree_->fontMetrics().height() + kRowPadding) *
                                   static_cast<int>(kRecentBatches + 2));
-    column.addStretch();
+    rows.addStretch();
 }
 
 void StartPage::Refresh() {
@@ -149,12 +160,10 @@ void StartPage::Refresh() {
 }
 
 void StartPage::ShowExample() {
-    const bool there = IsThere(example_);
-    const QString what = there ? QString("Ten samples with everything typed, to look around")
-                               : Shown(example_) + " is missing";
-    exampleButton_->setEnabled(there);
-    exampleButton_->setDescription(what);
-    exampleButton_->setAccessibleDescription(what);
+    const bool there = IsThere(exampleFile_);
+    example_.Button->setEnabled(there);
+    example_.Describe(there ? QString("Ten samples with everything typed, to look around")
+                            : Shown(exampleFile_) + " is missing");
 }
 
 void StartPage::ShowRecent() {
@@ -166,10 +175,10 @@ void StartPage::ShowRecent() {
             info.isFile() ? info.lastModified().toString(kShownDateTime) : QString("is missing");
         auto* const item = new QTreeWidgetItem(
             recentTree_, {Shown(FileNameOnly(file)), saved, Shown(FolderOnly(file))});
+        item->setSizeHint(kFolder, {0, recentTree_->fontMetrics().height() + kRowPadding});
         item->setData(0, kFileRole, QString::fromStdString(file));
         for (int column = 0; column < recentTree_->columnCount(); ++column) {
             item->setToolTip(column, Shown(file));
-            item->setSizeHint(column, {0, recentTree_->fontMetrics().height() + kRowPadding});
             if (!info.isFile()) {
                 item->setForeground(column, palette().brush(QPalette::Disabled, QPalette::Text));
             }
@@ -180,7 +189,7 @@ void StartPage::ShowRecent() {
         recentTree_->topLevelItem(std::clamp(chosen, 0, std::max(rows - 1, 0))));
     recentTree_->setVisible(rows > 0);
     recentLabel_->setVisible(rows > 0);
-    for (int column = 0; column < 2; ++column) {
+    for (int column = 0; column < kFolder; ++column) {
         recentTree_->resizeColumnToContents(column);
     }
 }
@@ -188,7 +197,7 @@ void StartPage::ShowRecent() {
 void StartPage::FocusFirst() {
     // Enter is enough, so it is to be seen where it goes.
     window()->setAttribute(Qt::WA_KeyboardFocusChange);
-    QWidget* const order[] = {recoverButton_, recentTree_, exampleButton_, loadButton_};
+    QWidget* const order[] = {recover_.Button, recentTree_, example_.Button, load_.Button};
     for (QWidget* const control : order) {
         if (!control->isHidden() && control->isEnabled()) {
             control->setFocus();
@@ -198,9 +207,8 @@ void StartPage::FocusFirst() {
 }
 
 void StartPage::SetRecovery(const QString& text) {
-    recoverButton_->setDescription(text);
-    recoverButton_->setAccessibleDescription(text);
-    recoverButton_->setVisible(commands_.RecoverBatch && !text.isEmpty());
+    recover_.Describe(text);
+    recover_.Offer(commands_.RecoverBatch && !text.isEmpty());
 }
 
 void StartPage::OpenRecent() {

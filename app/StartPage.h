@@ -10,8 +10,9 @@
 #include "platform/Messages.h"
 #include "platform/qt/Remembered.h"
 
-class QCommandLinkButton;
+class QGridLayout;
 class QLabel;
+class QPushButton;
 class QTreeWidget;
 class QVBoxLayout;
 
@@ -43,9 +44,16 @@ class StartPage : public QWidget {
     void SetRecovery(const QString& text);
 
   private:
-    QCommandLinkButton* AddCommand(QVBoxLayout& column, const char* name, const QString& caption,
-                                   const QString& what, const std::function<void()>& handler);
-    void AddRecent(QVBoxLayout& column);
+    // A button, and beside it what is known of the batch that it leads to.
+    struct Command {
+        QPushButton* Button = nullptr;
+        QLabel* What = nullptr;
+        void Describe(const QString& what) const;
+        void Offer(bool offered) const;
+    };
+    Command AddCommand(QGridLayout& commands, const char* name, const QString& caption,
+                       const QString& what, const std::function<void()>& handler);
+    void AddRecent(QVBoxLayout& rows);
     void ShowExample();
     void ShowRecent();
     void OpenRecent();
@@ -54,10 +62,10 @@ class StartPage : public QWidget {
     const StartCommands commands_;
     Messages& messages_;
     Remembered& memory_;
-    const std::string example_;
-    QCommandLinkButton* loadButton_;
-    QCommandLinkButton* exampleButton_;
-    QCommandLinkButton* recoverButton_;
+    const std::string exampleFile_;
+    Command load_;
+    Command example_;
+    Command recover_;
     QLabel* recentLabel_;
     QTreeWidget* recentTree_;
 };
