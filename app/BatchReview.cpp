@@ -9,7 +9,8 @@
 namespace qfr {
 
 std::vector<Finding> ReviewAsPrinted(SavedBatch saved, int levelCount, TextMetrics& metrics,
-                                     const ReviewLimits& limits) {
+                                     const ReviewLimits& limits,
+                                     const std::function<void(const RecordedForm&)>& watch) {
     const std::vector<PackageWork> works = PlanWholePackage(saved.Batch);
     KeptMessages messages;
     const std::optional<Message> limitsNote = saved.LimitsNote;
@@ -26,7 +27,11 @@ std::vector<Finding> ReviewAsPrinted(SavedBatch saved, int levelCount, TextMetri
             messages.Show(*limitsNote);
         }
         std::optional<PrintJob> job = PrintWork(host, work);
-        return RecordedForm{work.form->name, work.record, std::move(job), messages.Take()};
+        RecordedForm form{work.form->name, work.record, std::move(job), messages.Take()};
+        if (watch) {
+            watch(form);
+        }
+        return form;
     };
     return ReviewBatch(
         {host.Batch(), host.Entries(), host.Flags(), host.Reports(), printNext, limits});

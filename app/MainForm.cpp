@@ -19,6 +19,7 @@
 #include "app/AboutBox.h"
 #include "app/BatchKeeper.h"
 #include "app/BatchReview.h"
+#include "app/Desk.h"
 #include "app/ExportMenu.h"
 #include "app/PrintAll.h"
 #include "app/ReviewDialog.h"
@@ -40,7 +41,8 @@ namespace qfr {
 namespace {
 
 constexpr int kHelpTopic = 10;
-constexpr QSize kWindowSize(800, 500);
+constexpr QSize kWindowSize(960, 640);
+constexpr QSize kWindowFrame(10, 40);
 constexpr int kStateLetters = 130;  // that the status bar has room for
 constexpr int kNameLetters = 17;    // of them for each file
 constexpr int kNoteTime = 8000;     // ms
@@ -55,18 +57,6 @@ QIcon ProgramIcon() {
 
 bool IsComplete(const SampleRecord& record) {
     return !FirstEmptyField(record.Header);
-}
-
-// The program's sign, as a watermark.
-QPixmap Watermark() {
-    constexpr double kStrength = 0.2;
-    const QPixmap sign(":/icons/qfrforms-128.png");
-    QPixmap faint(sign.size());
-    faint.fill(Qt::transparent);
-    QPainter painter(&faint);
-    painter.setOpacity(kStrength);
-    painter.drawPixmap(0, 0, sign);
-    return faint;
 }
 
 QString NameOrNone(const std::string& path) {
@@ -137,10 +127,17 @@ void TQFRForm::OnCreate() {
     QApplication::setWindowIcon(ProgramIcon());
 
     AddMenus();
-    auto* const emptyArea = new QLabel(this);
-    emptyArea->setAlignment(Qt::AlignCenter);
-    emptyArea->setPixmap(Watermark());
-    setCentralWidget(emptyArea);
+    const auto openBatch = [this](const std::string& file) {
+        OfferSave();
+        RestoreFile(file);
+    };
+    desk_ = new Desk(*this, services_,
+                     {.LoadFiles = [this] { OpenClick(); },
+                      .LoadFolder = [this] { LoadFolderClick(); },
+                      .RestoreBatch = [this] { RestoreFilesClick(); },
+                      .RecoverBatch = [this] { RecoverLastBatch(); },
+                      .OpenBatch = openBatch});
+    setCentralWidget(desk_);
     state_ = {new NameLabel(this), new QLabel(this), new QLabel(this), new NameLabel(this),
               new NameLabel(this)};
     for (QLabel* const label : state_) {
@@ -152,9 +149,11 @@ void TQFRForm::OnCreate() {
     qApp->installEventFilter(this);
     new FileDrops(*this, [this](const auto& dropped) { OpenDropped(dropped); });
 
-    resize(kWindowSize.expandedTo({kStateLetters * fontMetrics().averageCharWidth(), 0}));
+    const QRect room = screen()->availableGeometry();
+    resize(kWindowSize.expandedTo({kStateLetters * fontMetrics().averageCharWidth(), 0})
+               .boundedTo(room.size() - kWindowFrame));
     const QRect place(QPoint(), size());
-    move(place.translated(screen()->availableGeometry().center() - place.center()).topLeft());
+    move(place.translated(room.center() - place.center()).topLeft());
 }
 
 void TQFRForm::AddMenus() {
@@ -167,8 +166,10 @@ void TQFRForm::AddMenus() {
     AddCommand(forms, "&Edit All Headers...", "Ctrl+H", [this] { headerTable_->Open(); });
     QMenu& reports = *menuBar()->addMenu("&Reports");
     AddCommand(reports, "Select &Printer", "Ctrl+P", [this] { page_.getPrinter(); });
-    AddCommand(reports, "Print &All Forms...", "Ctrl+Shift+P",
-               [this] { PrintAll(*this, services_.Metrics, services_.Packages); });
+    AddCommand(reports, "Print &All Forms...", "Ctrl+Shift+P", [this] {
+        PrintAll(*this, services_.Metrics, services_.Packages);
+        desk_->Refresh();
+    });
     AddCommand(reports, "&Review Batch...", "Ctrl+Shift+R", [this] { ShowReview(); });
     QMenu& values = *reports.addMenu("&Export Values");
     const auto exportAs = [this](ExportFormat format) {
@@ -260,6 +261,7 @@ TQFRForm::SaveResult TQFRForm::WriteBatch(const std::string& file, const QString
     const auto warning = RestoreWarning(Batch().Files, content, file);
     keeper_->Saved(file, std::move(content), !warning);
     RememberBatchFolder();
+    desk_->RememberBatch(file);
     if (note.isEmpty()) {
         paths_.RememberDir(file, FileKind::kBatch);
         Show({"File information saved.", "", MessageIcon::kInformation});
@@ -327,6 +329,8 @@ bool TQFRForm::RestoreFile(const std::string& fileName) {
     TakeBatch(std::move(saved));
     keeper_->Restored(fileName, asSaved);
     RememberBatchFolder();
+    desk_->RememberBatch(fileName);
+    desk_->BeginBatch();
     ShowBatchState();
     for (const std::optional<Message>& note : notes) {
         if (note) {
@@ -376,13 +380,14 @@ void TQFRForm::RecoverLastBatch() {
     const std::optional<Message> note = std::move(saved.TextsNote);
     TakeBatch(std::move(saved));
     keeper_->Recovered(*offer);
+    desk_->BeginBatch();
     ShowBatchState();
     if (note) {
         Show(*note);
     }
 }
 
-void TQFRForm::FormClick(const FormRow& form) {
+void TQFRForm::FormClick(const FormRow& form, std::size_t record) {
     if (form.printBatch != nullptr) {
         const WaitCursor wait;
         BeginRun();
@@ -390,7 +395,7 @@ void TQFRForm::FormClick(const FormRow& form) {
         ShowBatchState();
     } else if (FilesSpecified(Batch())) {
         hide();
-        form1Header_->Open(form.onlyWithTics ? kFormITic : kFormIVoa);
+        form1Header_->Open(form.onlyWithTics ? kFormITic : kFormIVoa, record);
     } else {
         Show({std::string(kSpecifyFiles), kFilesNotSpecifiedTitle});
     }
@@ -491,6 +496,7 @@ void TQFRForm::EnterTics(std::size_t record, const std::string& sampleNo) {
 }
 
 void TQFRForm::ResetEntryDialogs() {
+    desk_->BeginBatch();
     form1Header_->Reset();
     // The tune's sample, instrument and injection stay: only its abundances belong to the batch.
     const TuneEntry tune = std::exchange(entries_, {}).Tune;
@@ -557,6 +563,7 @@ void TQFRForm::ShowBatchState() {
         state_[i]->setVisible(loaded);
     }
     keeper_->Check();
+    desk_->Refresh();
 }
 
 }  // namespace qfr

@@ -51,6 +51,7 @@ struct DesktopServices {
 };
 
 class BatchKeeper;
+class Desk;
 class ReviewDialog;
 
 class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, public WindowServices {
@@ -90,6 +91,10 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
     // What that would bring back; absent without any.
     std::optional<RecoveryOffer> Recovery() const;
 
+    // Forms | the form. One that prints for each sample begins with this one, an index of
+    // SampleList.
+    void FormClick(const FormRow& form, std::size_t record = 0);
+
     // FormHost
     void Show(const Message& message) override;
     bool AskYesNo(const Message& question) override;
@@ -128,7 +133,6 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
                     const std::function<void()>& handler);
     void OpenClick();
     void RestoreFilesClick();
-    void FormClick(const FormRow& form);
     void OnExit();
 
     void AddFilesMenu();
@@ -147,6 +151,7 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
     qfr::Page page_;
     BatchFlags flags_;
     qfr::Entries entries_;
+    Desk* desk_ = nullptr;
     std::array<QLabel*, 5> state_{};  // of the batch, in the status bar
     bool exiting_ = false;
 

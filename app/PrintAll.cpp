@@ -4,12 +4,14 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <QHeaderView>
 #include <QProgressDialog>
 #include <QStatusBar>
 
+#include "app/BatchStates.h"
 #include "app/MainForm.h"
 #include "app/Package.h"
 #include "dialogs/EntryDialogs.h"
@@ -22,7 +24,6 @@ namespace qfr {
 
 namespace {
 
-const char* const kTitle = "Print All Forms";
 constexpr int kReviewAsked = QDialog::Accepted + 1;  // how the dialog ends
 constexpr int kProgressDelay = 250;                  // ms; what is done sooner shows no progress
 constexpr int kClosingNote = 8000;                   // ms
@@ -146,13 +147,22 @@ std::string NameOf(const PackageWork& work, const Batch& batch) {
     return work.record ? form + ", " + SampleName((*batch.SampleList)[*work.record]) : form;
 }
 
+// A package that is due.
+struct DuePackage {
+    std::string command;  // that prints it, as its button says
+    std::string title;    // of the whole
+    std::vector<PackageWork> jobs;
+    int printer = 0;
+};
+
 // Shows the jobs going by until they are done or the user cancels.
-PackageOutcome PrintWithProgress(TQFRForm& window, TextMetrics& metrics,
-                                 const std::vector<PackageWork>& dueJobs, JobPackage& package) {
+PackageOutcome PrintWithProgress(TQFRForm& window, TextMetrics& metrics, const DuePackage& due,
+                                 JobPackage& package) {
+    const std::vector<PackageWork>& dueJobs = due.jobs;
     const auto count = static_cast<int>(dueJobs.size());
     QProgressDialog progress("", "&Cancel", 0, count, &window);
     progress.setObjectName("PrintAllProgress");
-    progress.setWindowTitle(kTitle);
+    progress.setWindowTitle(QString::fromStdString(due.command));
     progress.setProperty(kHelpTopicProperty, kPrintAllHelpTopic);
     progress.setWindowModality(Qt::WindowModal);
     progress.setMinimumDuration(kProgressDelay);
@@ -212,14 +222,47 @@ void ShowPackageNotes(const std::vector<PackageNote>& notes, const Batch& batch,
     dialog.exec();
 }
 
+void PrintDue(TQFRForm& window, TextMetrics& metrics, PackageSink& sink, const DuePackage& due) {
+    const std::unique_ptr<JobPackage> package = sink.BeginPackage(due.printer, due.title);
+    if (!package) {
+        return;
+    }
+    PackageOutcome outcome = PrintWithProgress(window, metrics, due, *package);
+    if (!outcome.cancelled && !outcome.failed) {
+        package->Finish();
+    }
+    const QString summary = QString("%1 of %2 jobs %3.")
+                                .arg(package->Printed())
+                                .arg(due.jobs.size())
+                                .arg(due.printer == kPreviewIndex ? "shown" : "printed");
+    // Of a package that the user gave up with nothing printed, he need not hear more.
+    if (!outcome.notes.empty() && (!outcome.cancelled || package->Printed() > 0)) {
+        for (PackageNote& note : outcome.notes) {
+            note.printed = note.printed && package->Printed() > 0;
+        }
+        ShowPackageNotes(outcome.notes, window.Batch(), summary, &window);
+    }
+    window.statusBar()->showMessage(QString::fromStdString(due.command) +
+                                        (outcome.cancelled ? ", cancelled: " : ": ") + summary,
+                                    kClosingNote);
+}
+
+// Whether anything is loaded to print; false after the message that says so.
+bool CanPrint(TQFRForm& window) {
+    if (!FilesSpecified(window.Batch())) {
+        window.Show({std::string(kSpecifyFiles), kFilesNotSpecifiedTitle});
+        return false;
+    }
+    return true;
+}
+
 }  // namespace
 
 void PrintAll(TQFRForm& window, TextMetrics& metrics, PackageSink& sink) {
-    const Batch& batch = window.Batch();
-    if (!FilesSpecified(batch)) {
-        window.Show({std::string(kSpecifyFiles), kFilesNotSpecifiedTitle});
+    if (!CanPrint(window)) {
         return;
     }
+    const Batch& batch = window.Batch();
     Page& page = window.Page();
     PrintAllDialog dialog(batch, ChosenPrinter(page, page.Printer()), window.Review(), window,
                           &window);
@@ -227,33 +270,44 @@ void PrintAll(TQFRForm& window, TextMetrics& metrics, PackageSink& sink) {
     if (end == kReviewAsked) {
         window.ShowReview();
     }
-    if (end != QDialog::Accepted) {
+    if (end == QDialog::Accepted && page.testPrinter()) {
+        PrintDue(window, metrics, sink,
+                 {"Print All Forms", PackageTitle(batch), dialog.DueJobs(),
+                  page.Printer().PrinterIndex});
+    }
+}
+
+void PrintChosen(TQFRForm& window, TextMetrics& metrics, PackageSink& sink,
+                 const std::string& command, const PackageChoice& choice) {
+    if (!CanPrint(window)) {
         return;
     }
-    if (!page.testPrinter()) {
+    const Batch& batch = window.Batch();
+    std::vector<PackageWork> jobs = PlanPackage(batch, choice);
+    if (jobs.empty()) {
+        window.Show({std::string(kNoTics), command});
         return;
     }
-    const std::unique_ptr<JobPackage> package =
-        sink.BeginPackage(page.Printer().PrinterIndex, PackageTitle(batch));
-    if (!package) {
+    if (!window.Page().testPrinter()) {
         return;
     }
-    const std::vector<PackageWork> dueJobs = dialog.DueJobs();
-    PackageOutcome outcome = PrintWithProgress(window, metrics, dueJobs, *package);
-    if (!outcome.cancelled && !outcome.failed) {
-        package->Finish();
+    // All of one sample, or all of one form.
+    const PackageWork& first = jobs.front();
+    std::string title = JobTitle(*first.form);
+    if (first.record && jobs.back().record == first.record) {
+        title += " " + SampleName((*batch.SampleList)[*first.record]);
     }
-    const QString summary =
-        QString("%1 of %2 jobs printed.").arg(package->Printed()).arg(dueJobs.size());
-    // Of a package that the user gave up with nothing printed, he need not hear more.
-    if (!outcome.notes.empty() && (!outcome.cancelled || package->Printed() > 0)) {
-        for (PackageNote& note : outcome.notes) {
-            note.printed = note.printed && package->Printed() > 0;
-        }
-        ShowPackageNotes(outcome.notes, batch, summary, &window);
+    PrintDue(window, metrics, sink,
+             {command, title, std::move(jobs), window.Page().Printer().PrinterIndex});
+}
+
+void PreviewAll(TQFRForm& window, TextMetrics& metrics, PackageSink& sink) {
+    if (CanPrint(window)) {
+        const Batch& batch = window.Batch();
+        PrintDue(
+            window, metrics, sink,
+            {"Preview All Forms", PackageTitle(batch), PlanWholePackage(batch), kPreviewIndex});
     }
-    window.statusBar()->showMessage(
-        QString(kTitle) + (outcome.cancelled ? ", cancelled: " : ": ") + summary, kClosingNote);
 }
 
 }  // namespace qfr

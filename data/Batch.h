@@ -151,6 +151,7 @@ struct BatchFlags {
     bool InitCalEntered = false;  // initial calibration entry accepted
     bool ContCalEntered = false;  // continuing calibration entry accepted
     bool Form8DataReady = false;  // Form VIII data assembled for the current file set
+    bool operator==(const BatchFlags&) const = default;
 };
 
 // In the order in which every form lists them.

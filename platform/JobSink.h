@@ -12,6 +12,9 @@
 
 namespace qfr {
 
+// In the place of a printer's index: the preview on the screen, whichever printer is chosen.
+inline constexpr int kPreviewIndex = -1;
+
 class JobSink {
   public:
     virtual ~JobSink() = default;

@@ -255,7 +255,10 @@ std::size_t CountFindings(std::span<const Finding> findings, Severity severity) 
 }
 
 std::string CountText(std::span<const Finding> findings, Severity severity) {
-    const std::size_t count = CountFindings(findings, severity);
+    return CountText(CountFindings(findings, severity), severity);
+}
+
+std::string CountText(std::size_t count, Severity severity) {
     return std::to_string(count) + " " + std::string(SeverityName(severity)) +
            (count == 1 ? "" : "s");
 }

@@ -90,6 +90,7 @@ std::string FindingLine(const Finding& finding, const Batch& batch);
 std::size_t CountFindings(std::span<const Finding> findings, Severity severity);
 // "1 error", "2 warnings"
 std::string CountText(std::span<const Finding> findings, Severity severity);
+std::string CountText(std::size_t count, Severity severity);
 
 struct ReviewInput {
     const qfr::Batch& Batch;

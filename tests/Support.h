@@ -94,19 +94,20 @@ class TimesMetrics : public TextMetrics {
 
 class JobLog : public JobSink, public PackageSink {
   public:
-    bool BeginJob(int /*printerIndex*/, const std::string& title) override {
+    bool BeginJob(int printerIndex, const std::string& title) override {
         begun.push_back(title);
+        printer = printerIndex;
         return accept;
     }
     void TakeJob(int /*printerIndex*/, PrintJob job) override { jobs.push_back(std::move(job)); }
 
-    std::unique_ptr<JobPackage> BeginPackage(int /*printerIndex*/,
-                                             const std::string& title) override {
-        return BeginJob(0, title) ? std::make_unique<Package>(*this) : nullptr;
+    std::unique_ptr<JobPackage> BeginPackage(int printerIndex, const std::string& title) override {
+        return BeginJob(printerIndex, title) ? std::make_unique<Package>(*this) : nullptr;
     }
 
     bool accept = true;
     std::vector<std::string> begun;
+    int printer = 0;  // index of the last one
     std::vector<PrintJob> jobs;
     // Of a package: what is done while a job is taken, and the job that fails.
     std::function<void()> onTake = [] {};

@@ -228,19 +228,11 @@ class Program:
     def has(self, role, name):
         return self._look(role, name, self._root) is not None
 
-    def key(self, character, control=False):
-        send, events = self._atspi.Registry.generateKeyboardEvent, self._atspi
-        if control:
-            send(CONTROL_KEY, None, events.KEY_PRESS)
-        send(ord(character), None, events.KEY_SYM)
-        if control:
-            send(CONTROL_KEY, None, events.KEY_RELEASE)
-
     def type(self, text):
         """Over what the control that has the focus holds."""
-        self.key("a", control=True)
+        self.press_keys("Ctrl+a")
         for character in text:
-            self.key(character)
+            self._atspi.Registry.generateKeyboardEvent(ord(character), None, self._atspi.KEY_SYM)
             time.sleep(0.02)  # the next one may need another keyboard mapping
 
     def press_keys(self, *chords):
@@ -258,6 +250,11 @@ class Program:
 
     def focus(self, role, caption, window):
         self.find(role, caption, window).queryComponent().grabFocus()
+
+    def wait_for_focus(self, role, name, inside=None):
+        """Waits until the control has the focus."""
+        wait_for(f"the focus on {role} {name}", lambda: self.find(role, name, inside).getState().contains(
+            self._atspi.STATE_FOCUSED))
 
     def ended(self):
         return self._process.wait(timeout=DEADLINE)

@@ -128,7 +128,7 @@ def after_clear_all(chemist):
 def while_it_saves(chemist):
     text = chemist.change_and_leave()
     chemist.wait_until_kept(text)
-    chemist.program.key("s", control=True)
+    chemist.program.press_keys("Ctrl+s")
     return text
 
 

@@ -1,0 +1,295 @@
+#include "app/BatchPage.h"
+
+#include <algorithm>
+#include <functional>
+#include <span>
+
+#include <QAction>
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QEvent>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include "app/MainForm.h"
+#include "app/PrintAll.h"
+#include "platform/qt/ControlRow.h"
+
+namespace qfr {
+
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr milliseconds kPause(200);      // before it counts as idle,
+constexpr milliseconds kPauseEach(1);    // and for each sample, as these take their time
+constexpr milliseconds kUnnoticed(100);  // a look through that nobody notices
+constexpr int kRowsMeasured = 50;        // for the widths of the columns
+constexpr int kWidestColumn = 56;        // letters
+
+void SetUp(QTableView& table, QAbstractItemModel& model) {
+    table.setModel(&model);
+    table.setSelectionBehavior(QAbstractItemView::SelectRows);
+    table.setSelectionMode(QAbstractItemView::SingleSelection);
+    table.setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table.setTabKeyNavigation(false);
+    table.setWordWrap(false);
+    table.setAlternatingRowColors(true);
+    table.setShowGrid(false);
+    table.setContextMenuPolicy(Qt::ActionsContextMenu);
+    table.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    QHeaderView& columns = *table.horizontalHeader();
+    columns.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    columns.setHighlightSections(false);
+    columns.setStretchLastSection(true);
+    columns.setResizeContentsPrecision(kRowsMeasured);
+    table.verticalHeader()->hide();
+    table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() + 6);
+}
+
+// Each as wide as what it holds; the last one takes the rest.
+void FitColumns(QTableView& table) {
+    const int widest = kWidestColumn * table.fontMetrics().averageCharWidth();
+    for (int column = 0; column + 1 < table.model()->columnCount(); ++column) {
+        table.resizeColumnToContents(column);
+        table.setColumnWidth(column, std::min(table.columnWidth(column), widest));
+    }
+}
+
+void AddAction(QTableView& table, const QString& caption, const std::function<void()>& handler) {
+    auto* const action = new QAction(caption, &table);
+    QObject::connect(action, &QAction::triggered, &table, handler);
+    table.addAction(action);
+}
+
+// The label at the left, and room for buttons at the right end.
+QHBoxLayout* HeadRow(const QString& caption, QWidget* table) {
+    auto* const row = new QHBoxLayout;
+    auto* const label = new QLabel(caption);
+    label->setBuddy(table);
+    row->addWidget(label);
+    row->addStretch();
+    return row;
+}
+
+}  // namespace
+
+BatchPage::BatchPage(TQFRForm& window, const DesktopServices& services)
+    : window_(window),
+      services_(services),
+      samplesTable_(new QTableView),
+      formsTable_(new QTableView) {
+    setObjectName("BatchPage");
+    auto* const rows = new QVBoxLayout(this);
+    AddSamples(*rows);
+    AddForms(*rows);
+    idle_.setSingleShot(true);
+    connect(&idle_, &QTimer::timeout, this, &BatchPage::LookThroughNow);
+    ForgetPrinted();
+}
+
+void BatchPage::AddSamples(QVBoxLayout& rows) {
+    samplesTable_->setObjectName("SamplesTable");
+    sorted_.setSourceModel(&samples_);
+    sorted_.setSortRole(SampleTable::kSortRole);
+    SetUp(*samplesTable_, sorted_);
+    samplesTable_->horizontalHeader()->setSortIndicator(SampleTable::kNumber, Qt::AscendingOrder);
+    samplesTable_->setSortingEnabled(true);
+    connect(samplesTable_, &QTableView::activated, this, &BatchPage::OpenSample);
+    connect(samplesTable_->verticalScrollBar(), &QScrollBar::valueChanged, this,
+            &BatchPage::WaitLonger);
+    connect(samplesTable_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &BatchPage::WaitLonger);
+
+    QHBoxLayout* const head = HeadRow("Sa&mples:", samplesTable_);
+    previewButton_ = AddButton(head, "&Preview All Forms", "PreviewAllButton");
+    sheetsButton_ = AddButton(head, "Print &Sample's Sheets", "PrintSheetsButton");
+    previewButton_->setAutoDefault(true);
+    sheetsButton_->setAutoDefault(true);
+    connect(previewButton_, &QPushButton::clicked, this, &BatchPage::PreviewAllForms);
+    connect(sheetsButton_, &QPushButton::clicked, this, &BatchPage::PrintSheets);
+    AddAction(*samplesTable_, "&Header...", [this] { OpenHeader(); });
+    AddAction(*samplesTable_, "&TICs...", [this] { OpenTics(); });
+    AddAction(*samplesTable_, "&Print Sample's Sheets", [this] { PrintSheets(); });
+    AddAction(*samplesTable_, "&Review Batch...", [this] { window_.ShowReview(); });
+    rows.addLayout(head);
+    rows.addWidget(samplesTable_, 3);
+}
+
+void BatchPage::AddForms(QVBoxLayout& rows) {
+    formsTable_->setObjectName("FormsTable");
+    SetUp(*formsTable_, forms_);
+    connect(formsTable_, &QTableView::activated, this, &BatchPage::OpenForm);
+
+    QHBoxLayout* const head = HeadRow("F&orms:", formsTable_);
+    QPushButton* const print = AddButton(head, "Prin&t Form", "PrintFormButton");
+    print->setAutoDefault(true);
+    connect(print, &QPushButton::clicked, this, &BatchPage::PrintForm);
+    AddAction(*formsTable_, "&Open Entry...", [this] { OpenForm(); });
+    AddAction(*formsTable_, "&Print Form", [this] { PrintForm(); });
+    rows.addLayout(head);
+    rows.addWidget(formsTable_, 2);
+}
+
+void BatchPage::Refresh() {
+    samples_.Show(window_.Batch());
+    sheetsButton_->setEnabled(samples_.rowCount() > 0);
+    for (QTableView* const table : {samplesTable_, formsTable_}) {
+        if (!table->currentIndex().isValid()) {
+            table->setCurrentIndex(table->model()->index(0, 0));
+        }
+    }
+    ShowStates();
+    LookThroughWhenIdle();
+}
+
+void BatchPage::ShowNew() {
+    source_.reset();
+    states_ = {};
+    samples_.ShowFindings({});
+    samplesTable_->setCurrentIndex({});
+    formsTable_->setCurrentIndex({});
+    samplesTable_->sortByColumn(SampleTable::kNumber, Qt::AscendingOrder);
+    Refresh();
+    FitColumns(*samplesTable_);
+    previewButton_->setFocus();
+}
+
+void BatchPage::ForgetPrinted() {
+    printedBefore_ = services_.Printed.Jobs().size();
+}
+
+bool BatchPage::event(QEvent* event) {
+    if (event->type() == QEvent::WindowActivate && isVisible()) {
+        Refresh();
+    }
+    if (event->type() == QEvent::Show) {
+        LookThroughWhenIdle();
+    }
+    return QWidget::event(event);
+}
+
+BatchPage::Source BatchPage::Now() const {
+    return {window_.Batch(), window_.Entries(), window_.Flags()};
+}
+
+bool BatchPage::IsLookedThrough() const {
+    return source_ && source_->Batch == window_.Batch() && source_->Entries == window_.Entries() &&
+           source_->Flags == window_.Flags();
+}
+
+// The files may have changed on disk: where that costs nothing, it is found out each time.
+void BatchPage::LookThroughWhenIdle() {
+    if (isVisible() && (lookedFor_ < kUnnoticed || !IsLookedThrough())) {
+        idle_.start(kPause + kPauseEach * samples_.rowCount());
+    }
+}
+
+// Somebody is at work in the samples.
+void BatchPage::WaitLonger() {
+    if (idle_.isActive()) {
+        idle_.start();
+    }
+}
+
+void BatchPage::LookThroughNow() {
+    // Above it something else is in use; when that closes, the window is activated again.
+    if (!isVisible() || QApplication::activeModalWidget() != nullptr) {
+        return;
+    }
+    if (QApplication::activePopupWidget() != nullptr) {
+        idle_.start();
+        return;
+    }
+    QElapsedTimer time;
+    time.start();
+    source_ = Now();
+    states_ = LookThrough({source_->Batch, source_->Entries, source_->Flags}, window_.LevelCount(),
+                          services_.Metrics);
+    lookedFor_ = milliseconds(time.elapsed());
+    ShowStates();
+}
+
+void BatchPage::ShowStates() {
+    samples_.ShowFindings(states_.Samples);
+    forms_.Show(window_.Batch(), states_.Forms,
+                std::span(services_.Printed.Jobs()).subspan(printedBefore_));
+    FitColumns(*formsTable_);
+}
+
+std::optional<std::size_t> BatchPage::CurrentRecord() const {
+    const QModelIndex index = sorted_.mapToSource(samplesTable_->currentIndex());
+    return index.isValid() ? std::optional(static_cast<std::size_t>(index.row())) : std::nullopt;
+}
+
+void BatchPage::OpenHeader() {
+    if (const auto record = CurrentRecord()) {
+        MendPlace place;
+        place.Window = MendWindow::kForm1Header;
+        place.Field = FirstEmptyField((*window_.Batch().SampleList)[*record].Header)
+                          .value_or(HeaderField::kZovSampleNo);
+        window_.GoTo(place, record);
+    }
+}
+
+void BatchPage::OpenTics() {
+    MendPlace place;
+    place.Window = MendWindow::kTics;
+    window_.GoTo(place, CurrentRecord());
+}
+
+void BatchPage::OpenSample(const QModelIndex& index) {
+    switch (index.column()) {
+        case SampleTable::kTics:
+            return OpenTics();
+        case SampleTable::kFindings:
+            return window_.ShowReview();
+        default:
+            return OpenHeader();
+    }
+}
+
+void BatchPage::OpenForm() {
+    const FormRow& form = kForms[static_cast<std::size_t>(formsTable_->currentIndex().row())];
+    if (!form.entry) {
+        return window_.FormClick(form, CurrentRecord().value_or(0));
+    }
+    MendPlace place;
+    place.Window = MendWindow::kEntry;
+    place.Dialog = form.entry;
+    window_.GoTo(place, std::nullopt);
+}
+
+void BatchPage::PreviewAllForms() {
+    PreviewAll(window_, services_.Metrics, services_.Packages);
+    Refresh();
+}
+
+void BatchPage::PrintForm() {
+    PackageChoice choice;
+    choice.forms.at(static_cast<std::size_t>(formsTable_->currentIndex().row())) = true;
+    choice.samples.assign(SamplesOf(window_.Batch()).size(), true);
+    PrintChosen(window_, services_.Metrics, services_.Packages, "Print Form", choice);
+    Refresh();
+}
+
+void BatchPage::PrintSheets() {
+    const std::optional<std::size_t> record = CurrentRecord();
+    if (!record) {
+        return;
+    }
+    PackageChoice choice;
+    for (std::size_t i = 0; i < kForms.size(); ++i) {
+        choice.forms[i] = kForms[i].printSample != nullptr;
+    }
+    choice.samples.resize(SamplesOf(window_.Batch()).size());
+    choice.samples.at(*record) = true;
+    PrintChosen(window_, services_.Metrics, services_.Packages, "Print Sample's Sheets", choice);
+    Refresh();
+}
+
+}  // namespace qfr

@@ -1,0 +1,124 @@
+#include "app/BatchStates.h"
+
+#include <algorithm>
+#include <array>
+#include <set>
+#include <string_view>
+#include <utility>
+
+#include "app/BatchReview.h"
+#include "platform/Text.h"
+
+namespace qfr {
+
+namespace {
+
+// How the jobs of one form have fared.
+struct Tally {
+    std::size_t Due = 0;
+    std::size_t Refused = 0;
+    std::size_t Unfinished = 0;  // printed, with an incomplete header
+    std::string Refusal;         // why the first one was refused
+};
+
+void Count(Tally& tally, const RecordedForm& form, std::span<const SampleRecord> samples) {
+    ++tally.Due;
+    if (!form.Job) {
+        // The last message is the one after which the form gives up.
+        if (tally.Refused++ == 0 && !form.Messages.empty()) {
+            tally.Refusal = OneLine(form.Messages.back().text);
+        }
+    } else if (form.Record && FirstEmptyField(samples[*form.Record].Header)) {
+        ++tally.Unfinished;
+    }
+}
+
+FormState StateOf(const FormRow& form, const Tally& tally) {
+    const std::string ofAll = " of " + std::to_string(tally.Due);
+    if (tally.Due == 0) {
+        return {false, std::string(kNoTics)};
+    }
+    if (tally.Refused > 0) {
+        return {false, form.printBatch != nullptr || tally.Due == 1
+                           ? tally.Refusal
+                           : std::to_string(tally.Refused) + ofAll + ": " + tally.Refusal};
+    }
+    if (tally.Unfinished > 0) {
+        return {false, "Incomplete headers: " + std::to_string(tally.Unfinished) + ofAll};
+    }
+    return {true, "Ready"};
+}
+
+}  // namespace
+
+int FilledFields(const SampleHeader& header) {
+    return static_cast<int>(std::ranges::count_if(
+        header.Values(), [](const std::string& value) { return !IsBlank(value); }));
+}
+
+std::string FindingText(const FindingCount& count) {
+    std::string text;
+    const auto add = [&text](std::size_t number, Severity severity) {
+        if (number > 0) {
+            text += (text.empty() ? "" : ", ") + CountText(number, severity);
+        }
+    };
+    add(count.Errors, Severity::kError);
+    add(count.Warnings, Severity::kWarning);
+    return text.empty() ? "none" : text;
+}
+
+BatchStates LookThrough(SavedBatch saved, int levelCount, TextMetrics& metrics) {
+    const Batch batch = saved.Batch;
+    const std::span<const SampleRecord> samples = SamplesOf(batch);
+    BatchStates states;
+    states.Samples.resize(samples.size());
+    std::vector<Tally> tallies(kForms.size());
+    const std::vector<Finding> findings =
+        ReviewAsPrinted(std::move(saved), levelCount, metrics, {}, [&](const RecordedForm& form) {
+            const auto row = std::ranges::find(kForms, form.Form, &FormRow::name);
+            Count(tallies[static_cast<std::size_t>(row - kForms.begin())], form, samples);
+        });
+    for (const Finding& finding : findings) {
+        const Severity severity = finding.Rule->Severity;
+        for (const std::size_t record : finding.Records) {
+            states.Samples[record].Errors += severity == Severity::kError ? 1 : 0;
+            states.Samples[record].Warnings += severity == Severity::kWarning ? 1 : 0;
+        }
+    }
+    for (std::size_t i = 0; i < kForms.size(); ++i) {
+        states.Forms.push_back(StateOf(kForms[i], tallies[i]));
+    }
+    return states;
+}
+
+std::string JobTitle(const FormRow& form) {
+    return form.onlyWithTics ? "Form 1 TIC" : "Form " + std::string(form.name);
+}
+
+FormPrinted PrintedOf(const FormRow& form, std::span<const PrintedJobs> printed) {
+    const auto isOf = [](std::string_view job, const FormRow& row) {
+        const std::string title = JobTitle(row);
+        return job == title || job.starts_with(title + " ");
+    };
+    // The title of Form I begins those of Form I VOA-TIC.
+    const auto isMine = [&](std::string_view job) {
+        return isOf(job, form) && std::ranges::none_of(kForms, [&](const FormRow& other) {
+                   return JobTitle(other).size() > JobTitle(form).size() && isOf(job, other);
+               });
+    };
+    FormPrinted result;
+    std::set<std::string_view> titles;
+    for (const PrintedJobs& jobs : printed) {
+        for (const std::string& title : jobs.Titles) {
+            if (isMine(title)) {
+                titles.insert(title);
+                result.Last = &jobs;
+            }
+        }
+    }
+    result.Jobs = titles.size();
+    return result;
+}
+
+}  // namespace qfr

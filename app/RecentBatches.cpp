@@ -1,0 +1,37 @@
+#include "app/RecentBatches.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "platform/FileLookup.h"
+
+namespace qfr {
+
+namespace {
+
+// By another name too, as through a link. What is not there is told by its name alone.
+bool IsSameFile(const std::string& one, const std::string& other) {
+    std::error_code failed;
+    return one == other || std::filesystem::equivalent(PathOf(one), PathOf(other), failed);
+}
+
+}  // namespace
+
+std::vector<std::string> WithRecentBatch(const std::vector<std::string>& recent,
+                                         const std::string& file) {
+    std::error_code failed;
+    const std::string newest =
+        TextOf(std::filesystem::absolute(PathOf(file), failed).lexically_normal());
+    std::vector<std::string> list;
+    if (!newest.empty()) {
+        list.push_back(newest);
+    }
+    for (const std::string& name : recent) {
+        if (list.size() < kRecentBatches && !name.empty() && !IsSameFile(name, newest)) {
+            list.push_back(name);
+        }
+    }
+    return list;
+}
+
+}  // namespace qfr

@@ -1,0 +1,238 @@
+#include "app/StartPage.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <QAction>
+#include <QDateTime>
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+#include "app/RecentBatches.h"
+#include "platform/Text.h"
+#include "platform/qt/ShownText.h"
+
+namespace qfr {
+
+namespace {
+
+const char* const kRecentName = "batches/recent";
+constexpr int kMargin = 20;
+constexpr int kRowPadding = 6;
+constexpr int kFolder = 2;  // the column
+constexpr int kFileRole = Qt::UserRole;
+
+bool IsThere(const std::string& file) {
+    return QFileInfo(QString::fromStdString(file)).isFile();
+}
+
+void KeepRecent(Remembered& memory, const std::vector<std::string>& files) {
+    QStringList names;
+    for (const std::string& file : files) {
+        names << QString::fromStdString(file);
+    }
+    memory.Keep(kRecentName, names);
+}
+
+QLayout* Sign() {
+    constexpr double kLarger = 1.6;
+    auto* const picture = new QLabel;
+    picture->setPixmap(QPixmap(":/icons/qfrforms-48.png"));
+    auto* const name = new QLabel("QFR Forms");
+    QFont font = name->font();
+    font.setPointSizeF(font.pointSizeF() * kLarger);
+    name->setFont(font);
+    auto* const row = new QHBoxLayout;
+    row->addWidget(picture);
+    row->addWidget(name, 1);
+    return row;
+}
+
+}  // namespace
+
+std::vector<std::string> RecentBatches(const Remembered& memory) {
+    std::vector<std::string> files;
+    for (const QString& name : memory.Value(kRecentName).toStringList()) {
+        if (files.size() < kRecentBatches && !name.isEmpty()) {
+            files.push_back(name.toStdString());
+        }
+    }
+    return files;
+}
+
+void RememberBatch(Remembered& memory, const std::string& file) {
+    KeepRecent(memory, WithRecentBatch(RecentBatches(memory), file));
+}
+
+void StartPage::Command::Describe(const QString& what) const {
+    What->setText(what);
+    Button->setAccessibleDescription(what);
+}
+
+void StartPage::Command::Offer(bool offered) const {
+    Button->setVisible(offered);
+    What->setVisible(offered);
+}
+
+StartPage::StartPage(StartCommands commands, Messages& messages, Remembered& memory,
+                     std::string exampleFile)
+    : commands_(std::move(commands)),
+      messages_(messages),
+      memory_(memory),
+      exampleFile_(std::move(exampleFile)) {
+    setObjectName("StartPage");
+    auto* const rows = new QVBoxLayout(this);
+    rows->setContentsMargins(kMargin, kMargin / 2, kMargin, kMargin / 2);
+    rows->addLayout(Sign());
+    auto* const grid = new QGridLayout;
+    grid->setColumnStretch(1, 1);
+    grid->setHorizontalSpacing(kMargin);
+    rows->addLayout(grid);
+    load_ = AddCommand(*grid, "LoadFilesButton", "&Load Files",
+                       "A new batch: lab blank, samples, calibration and check report",
+                       commands_.LoadFiles);
+    AddCommand(*grid, "LoadFolderButton", "Load F&older...",
+               "A new batch from what lies in one folder", commands_.LoadFolder);
+    AddCommand(*grid, "RestoreBatchButton", "Restore &Batch",
+               "A batch that was saved, with all that was typed for it", commands_.RestoreBatch);
+    recover_ =
+        AddCommand(*grid, "RecoverButton", "Re&cover Last Batch", "", commands_.RecoverBatch);
+    example_ = AddCommand(*grid, "OpenExampleButton", "Open &Example", "",
+                          [this] { commands_.OpenBatch(exampleFile_); });
+    rows->addSpacing(kMargin / 2);
+    AddRecent(*rows);
+    SetRecovery("");
+    Refresh();
+}
+
+StartPage::Command StartPage::AddCommand(QGridLayout& commands, const char* name,
+                                         const QString& caption, const QString& what,
+                                         const std::function<void()>& handler) {
+    const Command command{new QPushButton(caption), new QLabel};
+    command.Button->setObjectName(name);
+    command.Button->setAutoDefault(true);
+    command.What->setWordWrap(true);
+    command.Describe(what);
+    const int row = commands.rowCount();
+    commands.addWidget(command.Button, row, 0);
+    commands.addWidget(command.What, row, 1);
+    command.Offer(handler != nullptr);
+    connect(command.Button, &QPushButton::clicked, this, handler);
+    return command;
+}
+
+void StartPage::AddRecent(QVBoxLayout& rows) {
+    recentTree_ = new QTreeWidget;
+    recentTree_->setObjectName("RecentTree");
+    recentTree_->setHeaderLabels({"Batch", "Saved", "Folder"});
+    recentTree_->setRootIsDecorated(false);
+    recentTree_->setUniformRowHeights(true);
+    recentTree_->setAllColumnsShowFocus(true);
+    recentTree_->setTextElideMode(Qt::ElideMiddle);
+    recentTree_->setContextMenuPolicy(Qt::ActionsContextMenu);
+    connect(recentTree_, &QTreeWidget::itemActivated, this, &StartPage::OpenRecent);
+    auto* const open = new QAction("&Open", recentTree_);
+    auto* const forget = new QAction("&Remove from List", recentTree_);
+    forget->setShortcut(QKeySequence::Delete);
+    forget->setShortcutContext(Qt::WidgetShortcut);
+    connect(open, &QAction::triggered, this, &StartPage::OpenRecent);
+    connect(forget, &QAction::triggered, this, &StartPage::ForgetRecent);
+    recentTree_->addActions({open, forget});
+    recentLabel_ = new QLabel("Rece&nt batches:");
+    recentLabel_->setBuddy(recentTree_);
+    rows.addWidget(recentLabel_);
+    rows.addWidget(recentTree_, 1);
+    // As high as eight batches, where there is room.
+    recentTree_->setMaximumHeight((recentTree_->fontMetrics().height() + kRowPadding) *
+                                  static_cast<int>(kRecentBatches + 2));
+    rows.addStretch();
+}
+
+void StartPage::Refresh() {
+    ShowExample();
+    ShowRecent();
+}
+
+void StartPage::ShowExample() {
+    const bool there = IsThere(exampleFile_);
+    example_.Button->setEnabled(there);
+    example_.Describe(there ? QString("Ten samples with everything typed, to look around")
+                            : Shown(exampleFile_) + " is missing");
+}
+
+void StartPage::ShowRecent() {
+    const int chosen = recentTree_->indexOfTopLevelItem(recentTree_->currentItem());
+    recentTree_->clear();
+    for (const std::string& file : RecentBatches(memory_)) {
+        const QFileInfo info(QString::fromStdString(file));
+        const QString saved =
+            info.isFile() ? info.lastModified().toString(kShownDateTime) : QString("is missing");
+        auto* const item = new QTreeWidgetItem(
+            recentTree_, {Shown(FileNameOnly(file)), saved, Shown(FolderOnly(file))});
+        item->setSizeHint(kFolder, {0, recentTree_->fontMetrics().height() + kRowPadding});
+        item->setData(0, kFileRole, QString::fromStdString(file));
+        for (int column = 0; column < recentTree_->columnCount(); ++column) {
+            item->setToolTip(column, Shown(file));
+            if (!info.isFile()) {
+                item->setForeground(column, palette().brush(QPalette::Disabled, QPalette::Text));
+            }
+        }
+    }
+    const int rows = recentTree_->topLevelItemCount();
+    recentTree_->setCurrentItem(
+        recentTree_->topLevelItem(std::clamp(chosen, 0, std::max(rows - 1, 0))));
+    recentTree_->setVisible(rows > 0);
+    recentLabel_->setVisible(rows > 0);
+    for (int column = 0; column < kFolder; ++column) {
+        recentTree_->resizeColumnToContents(column);
+    }
+}
+
+void StartPage::FocusFirst() {
+    // Enter is enough, so it is to be seen where it goes.
+    window()->setAttribute(Qt::WA_KeyboardFocusChange);
+    QWidget* const order[] = {recover_.Button, recentTree_, example_.Button, load_.Button};
+    for (QWidget* const control : order) {
+        if (!control->isHidden() && control->isEnabled()) {
+            control->setFocus();
+            return;
+        }
+    }
+}
+
+void StartPage::SetRecovery(const QString& text) {
+    recover_.Describe(text);
+    recover_.Offer(commands_.RecoverBatch && !text.isEmpty());
+}
+
+void StartPage::OpenRecent() {
+    const QTreeWidgetItem* const item = recentTree_->currentItem();
+    if (item == nullptr) {
+        return;
+    }
+    const std::string file = item->data(0, kFileRole).toString().toStdString();
+    if (IsThere(file)) {
+        commands_.OpenBatch(file);
+        return;
+    }
+    messages_.Show({FileNameOnly(file) + " is no longer in\n" + FolderOnly(file) + ".",
+                    kFileNotFoundTitle, MessageIcon::kInformation});
+    ShowRecent();
+}
+
+void StartPage::ForgetRecent() {
+    if (const QTreeWidgetItem* const item = recentTree_->currentItem()) {
+        std::vector<std::string> files = RecentBatches(memory_);
+        std::erase(files, item->data(0, kFileRole).toString().toStdString());
+        KeepRecent(memory_, files);
+        ShowRecent();
+    }
+}
+
+}  // namespace qfr

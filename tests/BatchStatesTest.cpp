@@ -1,0 +1,134 @@
+// What the main window says of a batch without showing it, and the batches that it remembers.
+#include "app/BatchStates.h"
+#include "app/RecentBatches.h"
+#include "platform/FileLookup.h"
+#include "tests/Support.h"
+
+namespace qfr::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+SavedBatch ExampleBatch() {
+    const std::string file = TextOf(ExampleDir() / "example.qff");
+    return std::get<SavedBatch>(RestoreBatch(*LineReader::Open(PathOf(file)), file));
+}
+
+// Of the forms that are not ready, after their names.
+std::string Lacking(const SavedBatch& saved) {
+    TimesMetrics metrics;
+    std::string texts;
+    const BatchStates states = LookThrough(saved, 0, metrics);
+    for (std::size_t i = 0; i < kForms.size(); ++i) {
+        EXPECT_EQ(states.Forms[i].Ready, states.Forms[i].Text == "Ready");
+        if (!states.Forms[i].Ready) {
+            texts += std::string(kForms[i].name) + ": " + states.Forms[i].Text + "|";
+        }
+    }
+    return texts;
+}
+
+TEST(BatchStates, SayInOneLineWhatEachFormLacks) {
+    const std::string incomplete =
+        "Header information is not complete for Form %. Go to Form1 and enter header information "
+        "for at least one quantitation file. Then return and print  Form %.";
+    std::string none = "1: Incomplete headers: 10 of 10|tic: Incomplete headers: 2 of 2|";
+    for (const FormRow& form : kForms) {
+        if (form.printBatch != nullptr) {
+            std::string text = incomplete;
+            for (std::size_t at = 0; (at = text.find('%')) != std::string::npos;) {
+                text.replace(at, 1, form.name);
+            }
+            none += std::string(form.name) + ": " + text + "|";
+        }
+    }
+    const std::string gone =
+        "/gone.prn could not be found.  Use Data Files|Load Files menu option to relocate file|";
+    const std::tuple<std::function<void(SavedBatch&)>, std::string> cases[] = {
+        {[](SavedBatch&) {}, ""},
+        {[](SavedBatch& saved) { saved.Entries.Tune.SampleNo.clear(); },
+         "5: Please enter a value.|"},
+        {[](SavedBatch& saved) {
+             saved.Batch.SampleList->at(4).Header[HeaderField::kLabName] = "";
+         },
+         "1: Incomplete headers: 1 of 10|"},
+        {[](SavedBatch& saved) {
+             for (SampleRecord& sample : *saved.Batch.SampleList) {
+                 sample.Header[HeaderField::kContract] = " ";
+             }
+         },
+         none},
+        {[](SavedBatch& saved) {
+             for (SampleRecord& sample : *saved.Batch.SampleList) {
+                 sample.TicList.reset();
+             }
+         },
+         "tic: No sample has TICs.|"},
+        {[](SavedBatch& saved) { saved.Batch.SampleList->at(4).FileName = "/gone.prn"; },
+         "1: 1 of 10: " + gone + "8: " + gone},
+    };
+    for (const auto& [change, lacking] : cases) {
+        SavedBatch saved = ExampleBatch();
+        change(saved);
+        EXPECT_EQ(Lacking(saved), lacking);
+    }
+    EXPECT_THAT(Lacking({}), testing::StartsWith("1: Please use Data Files|Load Files menu "
+                                                 "selections to specify files.|tic: No sample"));
+}
+
+TEST(BatchStates, CountTheFindingsOfEachSample) {
+    SavedBatch saved = ExampleBatch();
+    saved.Batch.SampleList->at(3).Header[HeaderField::kConcUnits] = "ug/kg";
+    TimesMetrics metrics;
+    std::string texts;
+    for (const FindingCount& count : LookThrough(saved, 0, metrics).Samples) {
+        texts += FindingText(count) + "|";
+    }
+    EXPECT_EQ(texts,
+              "none|none|none|1 error, 1 warning|none|4 warnings|2 warnings|4 warnings|none|none|");
+    EXPECT_EQ(FindingText({2, 1}), "2 errors, 1 warning");
+}
+
+TEST(BatchStates, KnowTheFormsOfPrintedJobsByTheirTitles) {
+    const SavedBatch saved = ExampleBatch();
+    TimesMetrics metrics;
+    KeptMessages messages;
+    HeadlessHost host(saved, metrics, messages);
+    std::vector<PrintedJobs> printed(2);
+    printed[0].Titles = {"REVIEW", "Form 44"};
+    for (const PackageWork& work : PlanWholePackage(saved.Batch)) {
+        printed[1].Titles.push_back(PrintWork(host, work)->title);
+        printed[0].Titles.push_back(printed[1].Titles.back());
+    }
+    std::string counts;
+    for (const FormRow& form : kForms) {
+        const FormPrinted found = PrintedOf(form, printed);
+        EXPECT_EQ(found.Last, &printed[1]) << form.name;
+        EXPECT_EQ(PrintedOf(form, std::span(printed).first(1)).Jobs, found.Jobs) << form.name;
+        EXPECT_EQ(PrintedOf(form, {}).Last, nullptr);
+        counts += std::to_string(found.Jobs) + " ";
+    }
+    EXPECT_EQ(counts, "10 2 1 1 1 1 1 1 ");
+}
+
+TEST(RecentBatches, AreTheLastEightEachOnce) {
+    const TempDir dir;
+    const std::string kept = dir.Write("kept.qff", "");
+    fs::create_directory_symlink(dir.Path(), dir.Path() / "link");
+    std::vector<std::string> recent = {"", kept};
+    for (int i = 1; i <= 7; ++i) {
+        recent = WithRecentBatch(recent, "/gone/" + std::to_string(i) + ".qff");
+    }
+    EXPECT_EQ(recent.size(), kRecentBatches);
+    EXPECT_EQ(recent.back(), kept);
+    recent = WithRecentBatch(recent, "/gone/./x/../3.qff");
+    EXPECT_EQ(recent[0] + recent[1] + recent.back(), "/gone/3.qff/gone/7.qff" + kept);
+    recent = WithRecentBatch(recent, TextOf(dir.Path() / "link" / "kept.qff"));
+    EXPECT_EQ(recent.size(), kRecentBatches) << "the same file";
+    EXPECT_EQ(recent[1], "/gone/3.qff");
+    EXPECT_EQ(WithRecentBatch(recent, "/new.qff").back(), "/gone/2.qff");
+    EXPECT_EQ(WithRecentBatch({}, "a.qff").front(), TextOf(fs::current_path() / "a.qff"));
+}
+
+}  // namespace
+}  // namespace qfr::test
