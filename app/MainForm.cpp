@@ -21,6 +21,7 @@
 #include "app/BatchReview.h"
 #include "app/ExportMenu.h"
 #include "app/PrintAll.h"
+#include "app/PrintBar.h"
 #include "app/ReviewDialog.h"
 #include "dialogs/EntryFormDialog.h"
 #include "platform/FileLookup.h"
@@ -111,6 +112,7 @@ TQFRForm::TQFRForm(const DesktopServices& services)
                 const AskingCursor asking;
                 return services_.ShowPrinterSetup(printer_);
             }),
+      runPrinter_(page_, services.ListPrinters),
       filesDlg_(std::make_unique<TFilesDlg>(*this, *this, *this)),
       form1Header_(std::make_unique<TForm1Header>(*this, *this)),
       ticForm_(std::make_unique<TTICForm>(*this, *this, form1Header_.get())),
@@ -143,6 +145,9 @@ void TQFRForm::OnCreate() {
         label->setContentsMargins(6, 1, 6, 1);
         statusBar()->addWidget(label);
     }
+    printBar_ = new PrintBar(
+        {*this, runPrinter_, services_.Printed, services_.OpenFile, services_.ShowInFolder}, this);
+    addToolBar(Qt::BottomToolBarArea, printBar_);
     ShowBatchState();
     aboutBox_->setProperty(kHelpTopicProperty, kHelpTopic);
     qApp->installEventFilter(this);
@@ -163,8 +168,10 @@ void TQFRForm::AddMenus() {
     }
     QMenu& reports = *menuBar()->addMenu("&Reports");
     AddCommand(reports, "Select &Printer", "Ctrl+P", [this] { page_.getPrinter(); });
-    AddCommand(reports, "Print &All Forms...", "Ctrl+Shift+P",
-               [this] { PrintAll(*this, services_.Metrics, services_.Packages); });
+    AddCommand(reports, "Print &All Forms...", "Ctrl+Shift+P", [this] {
+        PrintAll(*this, services_.Metrics, services_.Packages);
+        printBar_->ShowPrinted();
+    });
     AddCommand(reports, "&Review Batch...", "Ctrl+Shift+R", [this] { ShowReview(); });
     QMenu& values = *reports.addMenu("&Export Values");
     const auto exportAs = [this](ExportFormat format) {
@@ -283,6 +290,7 @@ bool TQFRForm::RestoreFile(const std::string& fileName) {
     flags_ = saved.Flags;
     form1Header_->Reset();
     filesDlg_->ShowFileSet();
+    printBar_->Forget();
     ShowBatchState();
     for (const std::optional<Message>& note : {saved.TextsNote, saved.LimitsNote}) {
         if (note) {
@@ -402,6 +410,7 @@ void TQFRForm::EnterTics(std::size_t record, const std::string& sampleNo) {
 
 void TQFRForm::ResetEntryDialogs() {
     form1Header_->Reset();
+    printBar_->Forget();
     // The tune's sample, instrument and injection stay: only its abundances belong to the batch.
     const TuneEntry tune = std::exchange(entries_, {}).Tune;
     entries_.Tune = tune;
@@ -444,6 +453,7 @@ void TQFRForm::ShowMainWindow() {
 }
 
 void TQFRForm::ShowBatchState() {
+    printBar_->ShowPrinted();
     const qfr::Batch& batch = Batch();
     const FileSet& files = batch.Files;
     const bool loaded = batch.SampleList || FilesSpecified(batch) || !files.Calib.empty() ||

@@ -15,6 +15,7 @@
 #include "platform/pdf/Typeface.h"
 #include "platform/qt/ControlNames.h"
 #include "platform/qt/DesktopSink.h"
+#include "platform/qt/FileOpener.h"
 #include "platform/qt/FrameStyle.h"
 #include "platform/qt/HelpViewer.h"
 #include "platform/qt/PlainTexts.h"
@@ -64,7 +65,7 @@ int main(int argc, char** argv) {
     qfr::QtFileChooser chooser(messages);
     qfr::Remembered memory(settings);
     qfr::PrintLog printed;
-    qfr::DesktopSink sink(*typeface, chooser, messages);
+    qfr::DesktopSink sink(*typeface, chooser, messages, printed, memory);
     qfr::HelpViewer help(qfr::PathOf(settings.ProgramDir() + "QFRHelp.chm"));
 
     qfr::TQFRForm mainWindow({
@@ -76,6 +77,7 @@ int main(int argc, char** argv) {
         .Settings = settings,
         .Memory = memory,
         .Printed = printed,
+        .ListPrinters = [&sink](qfr::TPrinter& printer) { printer.Printers = sink.Printers(); },
         .ShowPrinterSetup =
             [&sink](qfr::TPrinter& printer) {
                 printer.Printers = sink.Printers();
@@ -84,6 +86,8 @@ int main(int argc, char** argv) {
             },
         .Quit = [] { QCoreApplication::exit(0); },
         .OpenHelp = [&help](int topic) { return help.Open(topic); },
+        .OpenFile = qfr::OpenWithDesktop,
+        .ShowInFolder = qfr::ShowInFolder,
     });
     mainWindow.show();
     // With the window in sight, where messages about the file belong.

@@ -16,6 +16,8 @@ inline constexpr int kPrintAllHelpTopic = 170;
 inline constexpr int kPrintingHelpTopic = 180;
 inline constexpr int kReviewHelpTopic = 190;
 
+class PrinterChoice;
+
 class WindowServices {
   public:
     virtual ~WindowServices() = default;
@@ -41,6 +43,9 @@ class WindowServices {
 
     // A window that took the main window's place has hidden itself.
     virtual void ShowMainWindow() = 0;
+
+    // Where the print jobs of the run go.
+    virtual PrinterChoice& Printers() = 0;
 };
 
 }  // namespace qfr

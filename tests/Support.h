@@ -112,6 +112,7 @@ class JobLog : public JobSink, public PackageSink {
     std::function<void()> onTake = [] {};
     std::string failing;
     bool finished = false;
+    bool onlyShown = false;
 
   private:
     struct Package : JobPackage {
@@ -126,6 +127,7 @@ class JobLog : public JobSink, public PackageSink {
         }
         void Finish() override { log.finished = true; }
         std::size_t Printed() const override { return log.jobs.size(); }
+        bool IsOnlyShown() const override { return log.onlyShown; }
         JobLog& log;
     };
 };

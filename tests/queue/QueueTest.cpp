@@ -49,7 +49,10 @@ struct QueueTest : testing::Test {
     MessageLog messages;
     HeadlessHost host{saved, FormsTypeface(), messages};
     ChooserScript chooser;
-    DesktopSink sink{FormsTypeface(), chooser, messages};
+    SettingsDir settings{run.dir.Path(), run.dir.Path()};
+    Remembered memory{settings};
+    PrintLog printed;
+    DesktopSink sink{FormsTypeface(), chooser, messages, printed, memory};
 
     void Print(int printer, const PrintJob& job) {
         EXPECT_TRUE(sink.BeginJob(printer, job.title));
