@@ -12,6 +12,7 @@ import time
 
 DEADLINE = 60  # seconds, for anything that is waited for; only a fault needs them all
 CONTROL_KEY = 37  # its code on every X server's keyboard
+NAMED_KEYS = {"Escape": 0xFF1B, "Home": 0xFF50, "Page_Up": 0xFF55, "Page_Down": 0xFF56, "F3": 0xFFC0, "F9": 0xFFC6}
 SCALE = float(os.environ.get("QT_SCALE_FACTOR", "1"))
 
 
@@ -212,14 +213,20 @@ class Program:
     def has(self, role, name):
         return self._look(role, name, self._root) is not None
 
+    def key(self, character, control=False):
+        """Presses one key; those without a character go by their names in NAMED_KEYS."""
+        send, events = self._atspi.Registry.generateKeyboardEvent, self._atspi
+        if control:
+            send(CONTROL_KEY, None, events.KEY_PRESS)
+        send(NAMED_KEYS.get(character) or ord(character), None, events.KEY_SYM)
+        if control:
+            send(CONTROL_KEY, None, events.KEY_RELEASE)
+
     def type(self, text):
         """Over what the control that has the focus holds."""
-        send, events = self._atspi.Registry.generateKeyboardEvent, self._atspi
-        send(CONTROL_KEY, None, events.KEY_PRESS)
-        send(ord("a"), None, events.KEY_SYM)
-        send(CONTROL_KEY, None, events.KEY_RELEASE)
+        self.key("a", control=True)
         for character in text:
-            send(ord(character), None, events.KEY_SYM)
+            self.key(character)
             time.sleep(0.02)  # the next one may need another keyboard mapping
 
     def ended(self):
