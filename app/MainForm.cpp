@@ -22,6 +22,7 @@
 #include "app/Desk.h"
 #include "app/ExportMenu.h"
 #include "app/PrintAll.h"
+#include "app/PrintBar.h"
 #include "app/ReviewDialog.h"
 #include "dialogs/EntryFormDialog.h"
 #include "platform/FileLookup.h"
@@ -103,6 +104,7 @@ TQFRForm::TQFRForm(const DesktopServices& services)
                 const AskingCursor asking;
                 return services_.ShowPrinterSetup(printer_);
             }),
+      runPrinter_(page_, services.ListPrinters),
       filesDlg_(std::make_unique<TFilesDlg>(*this, *this, *this)),
       form1Header_(std::make_unique<TForm1Header>(*this, *this)),
       ticForm_(std::make_unique<TTICForm>(*this, *this, form1Header_.get())),
@@ -144,6 +146,9 @@ void TQFRForm::OnCreate() {
         label->setContentsMargins(6, 1, 6, 1);
         statusBar()->addWidget(label);
     }
+    printBar_ = new PrintBar(
+        {*this, runPrinter_, services_.Printed, services_.OpenFile, services_.ShowInFolder}, this);
+    addToolBar(Qt::BottomToolBarArea, printBar_);
     ShowBatchState();
     aboutBox_->setProperty(kHelpTopicProperty, kHelpTopic);
     qApp->installEventFilter(this);
@@ -168,7 +173,7 @@ void TQFRForm::AddMenus() {
     AddCommand(reports, "Select &Printer", "Ctrl+P", [this] { page_.getPrinter(); });
     AddCommand(reports, "Print &All Forms...", "Ctrl+Shift+P", [this] {
         PrintAll(*this, services_.Metrics, services_.Packages);
-        desk_->Refresh();
+        ShowBatchState();
     });
     AddCommand(reports, "&Review Batch...", "Ctrl+Shift+R", [this] { ShowReview(); });
     QMenu& values = *reports.addMenu("&Export Values");
@@ -331,6 +336,7 @@ bool TQFRForm::RestoreFile(const std::string& fileName) {
     RememberBatchFolder();
     desk_->RememberBatch(fileName);
     desk_->BeginBatch();
+    printBar_->Forget();
     ShowBatchState();
     for (const std::optional<Message>& note : notes) {
         if (note) {
@@ -498,6 +504,7 @@ void TQFRForm::EnterTics(std::size_t record, const std::string& sampleNo) {
 void TQFRForm::ResetEntryDialogs() {
     desk_->BeginBatch();
     form1Header_->Reset();
+    printBar_->Forget();
     // The tune's sample, instrument and injection stay: only its abundances belong to the batch.
     const TuneEntry tune = std::exchange(entries_, {}).Tune;
     entries_.Tune = tune;
@@ -541,6 +548,7 @@ void TQFRForm::ShowMainWindow() {
 }
 
 void TQFRForm::ShowBatchState() {
+    printBar_->ShowPrinted();
     const qfr::Batch& batch = Batch();
     const FileSet& files = batch.Files;
     const bool loaded = IsLoaded(batch);

@@ -15,6 +15,7 @@
 #include "app/BatchFile.h"
 #include "app/PathsFile.h"
 #include "app/Recovery.h"
+#include "app/RunPrinter.h"
 #include "data/FilesDlg.h"
 #include "dialogs/EntryDialogs.h"
 #include "dialogs/Form1Header.h"
@@ -42,16 +43,22 @@ struct DesktopServices {
     const SettingsDir& Settings;
     Remembered& Memory;
     PrintLog& Printed;
+    // Fills the printer's list, which may take its time the first time.
+    std::function<void(TPrinter&)> ListPrinters;
     // Lets the user change printer and paper; fills the printer's list first. False: he cancelled.
     std::function<bool(TPrinter&)> ShowPrinterSetup;
     // Ends the program.
     std::function<void()> Quit;
     // Opens the help file at a context number; false when there is no such file.
     std::function<bool(int topic)> OpenHelp;
+    // Hand a file over to the desktop's other programs; false: there is none for it.
+    std::function<bool(const std::string& file)> OpenFile;
+    std::function<bool(const std::string& file)> ShowInFolder;
 };
 
 class BatchKeeper;
 class Desk;
+class PrintBar;
 class ReviewDialog;
 
 class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, public WindowServices {
@@ -117,6 +124,7 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
     void EnterTics(std::size_t record, const std::string& sampleNo) override;
     void ShowHelp(int topic) override;
     void ShowMainWindow() override;
+    PrinterChoice& Printers() override { return runPrinter_; }
 
   protected:
     // The close box and the system menu.
@@ -149,10 +157,12 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
     PathsFile paths_;
     TPrinter printer_;
     qfr::Page page_;
+    RunPrinter runPrinter_;
     BatchFlags flags_;
     qfr::Entries entries_;
     Desk* desk_ = nullptr;
     std::array<QLabel*, 5> state_{};  // of the batch, in the status bar
+    PrintBar* printBar_ = nullptr;
     bool exiting_ = false;
 
     // Windows of their own: this one hides while they show.

@@ -16,6 +16,7 @@
 #include "app/Package.h"
 #include "dialogs/EntryDialogs.h"
 #include "platform/Text.h"
+#include "platform/qt/PrintTarget.h"
 #include "platform/qt/WaitCursor.h"
 #include "ui_PackageNotesDialog.h"
 #include "ui_PrintAllDialog.h"
@@ -55,10 +56,9 @@ std::string FormLine(const FormRow& form) {
 // Which forms to print, and for which samples.
 class PrintAllDialog : public QDialog {
   public:
-    // Everything is checked. `printer` is the name of the chosen one, empty while there is none.
-    // It ends with kReviewAsked when the findings are to be seen first.
-    PrintAllDialog(const Batch& batch, const std::string& printer,
-                   std::span<const Finding> findings, WindowServices& services, QWidget* parent);
+    // Everything is checked. It ends with kReviewAsked when the findings are to be seen first.
+    PrintAllDialog(const Batch& batch, std::span<const Finding> findings, WindowServices& services,
+                   QWidget* parent);
 
     // The jobs that are due for what is checked.
     std::vector<PackageWork> DueJobs() const;
@@ -67,14 +67,12 @@ class PrintAllDialog : public QDialog {
     void ShowCount();
 
     const Batch& batch_;
-    const std::string printer_;
     Ui::PrintAllDialog ui_;
 };
 
-PrintAllDialog::PrintAllDialog(const Batch& batch, const std::string& printer,
-                               std::span<const Finding> findings, WindowServices& services,
-                               QWidget* parent)
-    : QDialog(parent), batch_(batch), printer_(printer) {
+PrintAllDialog::PrintAllDialog(const Batch& batch, std::span<const Finding> findings,
+                               WindowServices& services, QWidget* parent)
+    : QDialog(parent), batch_(batch) {
     ui_.setupUi(this);
     for (const FormRow& form : kForms) {
         AddChecked(*ui_.FormsList, FormLine(form));
@@ -101,6 +99,7 @@ PrintAllDialog::PrintAllDialog(const Batch& batch, const std::string& printer,
     connect(ui_.PrintButton, &QPushButton::clicked, this, &QDialog::accept);
     connect(ui_.CancelButton, &QPushButton::clicked, this, &QDialog::reject);
     ConnectHelp(*this, services, kPrintAllHelpTopic, ui_.HelpButton);
+    PrintTarget::PutBefore(*ui_.PrintButton, "Print &to:", services.Printers());
     ShowCount();
     ui_.FormsList->setFocus();
 }
@@ -119,17 +118,8 @@ std::vector<PackageWork> PrintAllDialog::DueJobs() const {
 
 void PrintAllDialog::ShowCount() {
     const std::size_t count = DueJobs().size();
-    QString text = QString("Print jobs: %1").arg(count);
-    if (!printer_.empty()) {
-        text += "        Printer: " + QString::fromStdString(printer_);
-    }
-    ui_.CountLabel->setText(text);
+    ui_.CountLabel->setText(QString("Print jobs: %1").arg(count));
     ui_.PrintButton->setEnabled(count > 0);
-}
-
-std::string ChosenPrinter(const Page& page, const TPrinter& printer) {
-    const auto index = static_cast<std::size_t>(printer.PrinterIndex);
-    return page.PrinterChosen && index < printer.Printers.size() ? printer.Printers[index] : "";
 }
 
 // Named after the sample delivery group, once a header names it.
@@ -234,7 +224,7 @@ void PrintDue(TQFRForm& window, TextMetrics& metrics, PackageSink& sink, const D
     const QString summary = QString("%1 of %2 jobs %3.")
                                 .arg(package->Printed())
                                 .arg(due.jobs.size())
-                                .arg(due.printer == kPreviewIndex ? "shown" : "printed");
+                                .arg(package->IsOnlyShown() ? "shown" : "printed");
     // Of a package that the user gave up with nothing printed, he need not hear more.
     if (!outcome.notes.empty() && (!outcome.cancelled || package->Printed() > 0)) {
         for (PackageNote& note : outcome.notes) {
@@ -264,8 +254,7 @@ void PrintAll(TQFRForm& window, TextMetrics& metrics, PackageSink& sink) {
     }
     const Batch& batch = window.Batch();
     Page& page = window.Page();
-    PrintAllDialog dialog(batch, ChosenPrinter(page, page.Printer()), window.Review(), window,
-                          &window);
+    PrintAllDialog dialog(batch, window.Review(), window, &window);
     const int end = dialog.exec();
     if (end == kReviewAsked) {
         window.ShowReview();

@@ -15,6 +15,7 @@
 #include "platform/pdf/Typeface.h"
 #include "platform/qt/ControlNames.h"
 #include "platform/qt/DesktopSink.h"
+#include "platform/qt/FileOpener.h"
 #include "platform/qt/FitToScreen.h"
 #include "platform/qt/FrameStyle.h"
 #include "platform/qt/HelpViewer.h"
@@ -68,7 +69,7 @@ int main(int argc, char** argv) {
     qfr::Remembered memory(settings);
     qfr::PrintLog printed;
     const qfr::WindowPlaces places(memory);
-    qfr::DesktopSink sink(*typeface, chooser, messages, memory);
+    qfr::DesktopSink sink(*typeface, chooser, messages, printed, memory);
     qfr::HelpViewer help(qfr::PathOf(settings.ProgramDir() + "QFRHelp.chm"));
 
     qfr::TQFRForm mainWindow({
@@ -80,6 +81,7 @@ int main(int argc, char** argv) {
         .Settings = settings,
         .Memory = memory,
         .Printed = printed,
+        .ListPrinters = [&sink](qfr::TPrinter& printer) { printer.Printers = sink.Printers(); },
         .ShowPrinterSetup =
             [&sink, &memory](qfr::TPrinter& printer) {
                 printer.Printers = sink.Printers();
@@ -88,6 +90,8 @@ int main(int argc, char** argv) {
             },
         .Quit = [] { QCoreApplication::exit(0); },
         .OpenHelp = [&help](int topic) { return help.Open(topic); },
+        .OpenFile = qfr::OpenWithDesktop,
+        .ShowInFolder = qfr::ShowInFolder,
     });
     mainWindow.show();
     // With the window in sight, where messages about the file belong.

@@ -13,6 +13,7 @@
 #include "platform/Numbers.h"
 #include "platform/qt/FieldEntry.h"
 #include "platform/qt/MaskEdit.h"
+#include "platform/qt/PrintTarget.h"
 #include "ui_ARTSummForm.h"
 #include "ui_ChkCalForm.h"
 #include "ui_Form2Dlg.h"
@@ -277,6 +278,8 @@ EntryFormDialog::EntryFormDialog(EntryDialog dialog, FormHost& host, WindowServi
             &EntryFormDialog::OkClick);
     connect(&cancel, &QPushButton::clicked, this, &EntryFormDialog::reject);
     ConnectHelp(*this, services_, parts_.helpTopic, &help);
+    PrintTarget::PutBefore(*Find<QPushButton>(*this, parts_.okButton), kPrintTo,
+                           services_.Printers());
 }
 
 void EntryFormDialog::AddField(const EntryField& field) {

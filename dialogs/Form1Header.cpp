@@ -24,6 +24,7 @@
 #include "platform/Text.h"
 #include "platform/qt/FieldEntry.h"
 #include "platform/qt/MaskEdit.h"
+#include "platform/qt/PrintTarget.h"
 #include "platform/qt/WaitCursor.h"
 #include "ui_Form1Header.h"
 
@@ -120,6 +121,8 @@ TForm1Header::TForm1Header(FormHost& host, WindowServices& services)
     Connect(ui_->OkButton, &TForm1Header::OkButtonClick);
     connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this,
             &TForm1Header::Button5Click);
+    PrintTarget::Insert(*ui_->Buttons, ui_->Buttons->indexOf(ui_->PrintButton) + 1,
+                        "To:", services_.Printers(), *ui_->PrintButton);
 }
 
 TForm1Header::~TForm1Header() = default;

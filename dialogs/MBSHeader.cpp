@@ -11,6 +11,7 @@
 #include "forms/Form4Content.h"
 #include "platform/Text.h"
 #include "platform/qt/FieldEntry.h"
+#include "platform/qt/PrintTarget.h"
 #include "ui_MBSHeader.h"
 
 namespace qfr {
@@ -49,6 +50,7 @@ TMBSHeader::TMBSHeader(FormHost& host, WindowServices& services, QWidget* parent
     connect(ui_->OkButton, &QPushButton::clicked, this, &TMBSHeader::OkClick);
     connect(ui_->CancelButton, &QPushButton::clicked, this, &TMBSHeader::reject);
     ConnectHelp(*this, services, kHelpTopic);
+    PrintTarget::PutBefore(*ui_->OkButton, kPrintTo, services.Printers());
 }
 
 TMBSHeader::~TMBSHeader() = default;

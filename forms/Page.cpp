@@ -24,17 +24,35 @@ void Page::SetupPage() {
 
 bool Page::getPrinter() {
     const bool accepted = showPrinterSetup_();
-    SetupPage();
-    PrinterChosen = true;
-    ChosenPrinterIndex = printer_.PrinterIndex;
+    ChoosePrinter(printer_.PrinterIndex);
     return accepted;
 }
 
 bool Page::testPrinter() {
-    if (!PrinterChosen || printer_.PrinterIndex != ChosenPrinterIndex) {
-        PrinterChosen = getPrinter();
+    if (!ChosenPrinter() && !getPrinter()) {
+        PrinterChosen = false;
+        TellOfChoice();
     }
     return PrinterChosen;
+}
+
+void Page::ChoosePrinter(std::int32_t index) {
+    printer_.PrinterIndex = index;
+    SetupPage();
+    PrinterChosen = true;
+    ChosenPrinterIndex = index;
+    TellOfChoice();
+}
+
+std::optional<std::int32_t> Page::ChosenPrinter() const {
+    const bool chosen = PrinterChosen && printer_.PrinterIndex == ChosenPrinterIndex;
+    return chosen ? std::optional(ChosenPrinterIndex) : std::nullopt;
+}
+
+void Page::TellOfChoice() const {
+    if (OnPrinterChoice) {
+        OnPrinterChoice();
+    }
 }
 
 void Page::MoveToInch(double x, double y) {

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -83,6 +84,12 @@ class Page {
     // Makes sure that a printer was chosen. False: the user cancelled the setup that this took, so
     // that nothing is to be printed; the next job asks again.
     bool testPrinter();
+    // As if the printer at this index of the printer's list had been chosen in the printer setup.
+    void ChoosePrinter(std::int32_t index);
+    // The chosen printer's index; absent while a job would ask for one.
+    std::optional<std::int32_t> ChosenPrinter() const;
+    // Hears that a printer was chosen, or asked for in vain.
+    std::function<void()> OnPrinterChoice;
 
     void MoveToInch(double x, double y);
     void LineToInch(double x, double y);
@@ -162,6 +169,7 @@ class Page {
     }
 
   private:
+    void TellOfChoice() const;
     void PrintUnit(std::string_view unit, double x, double y, UnitLevel level);
 
     TPrinter& printer_;

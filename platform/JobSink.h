@@ -37,6 +37,8 @@ class JobPackage {
     virtual void Finish() = 0;
     // Jobs that have reached paper, a file or the user's eyes so far.
     virtual std::size_t Printed() const = 0;
+    // Whether the user's eyes are all that it reaches.
+    virtual bool IsOnlyShown() const { return false; }
 };
 
 class PackageSink {

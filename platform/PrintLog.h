@@ -17,12 +17,21 @@ struct PrintedJobs {
     std::time_t When = 0;
 };
 
+// "Form 4 VBLK01 saved as blank.pdf", "18 forms sent to Lab".
+std::string PrintedNote(const PrintedJobs& jobs);
+
 class PrintLog {
   public:
     void Note(PrintedJobs jobs) {
         jobs_.push_back(std::move(jobs));
         if (OnNote) {
             OnNote(jobs_.back());
+        }
+    }
+    // That they went there just now; nothing of no jobs.
+    void NoteNow(std::vector<std::string> titles, const std::string& where, bool isFile) {
+        if (!titles.empty()) {
+            Note({std::move(titles), where, isFile, std::time(nullptr)});
         }
     }
     const std::vector<PrintedJobs>& Jobs() const { return jobs_; }

@@ -17,6 +17,8 @@ inline constexpr int kPrintingHelpTopic = 180;
 inline constexpr int kReviewHelpTopic = 190;
 inline constexpr int kHeadersHelpTopic = 200;
 
+class PrinterChoice;
+
 class WindowServices {
   public:
     virtual ~WindowServices() = default;
@@ -42,6 +44,9 @@ class WindowServices {
 
     // A window that took the main window's place has hidden itself.
     virtual void ShowMainWindow() = 0;
+
+    // Where the print jobs of the run go.
+    virtual PrinterChoice& Printers() = 0;
 };
 
 }  // namespace qfr

@@ -113,6 +113,7 @@ class JobLog : public JobSink, public PackageSink {
     std::function<void()> onTake = [] {};
     std::string failing;
     bool finished = false;
+    bool onlyShown = false;
 
   private:
     struct Package : JobPackage {
@@ -127,6 +128,7 @@ class JobLog : public JobSink, public PackageSink {
         }
         void Finish() override { log.finished = true; }
         std::size_t Printed() const override { return log.jobs.size(); }
+        bool IsOnlyShown() const override { return log.onlyShown; }
         JobLog& log;
     };
 };

@@ -16,40 +16,51 @@ namespace {
 
 class QueuePackage : public JobPackage {
   public:
-    QueuePackage(std::string printer, Typeface& typeface)
-        : printer_(std::move(printer)), typeface_(typeface) {}
+    QueuePackage(std::string printer, Typeface& typeface, PrintLog& log)
+        : printer_(std::move(printer)), typeface_(typeface), log_(log) {}
+    // Finished or given up: what is printed is printed.
+    ~QueuePackage() override { log_.NoteNow(std::move(titles_), printer_, false); }
+    QueuePackage(const QueuePackage&) = delete;
+    QueuePackage& operator=(const QueuePackage&) = delete;
 
     std::optional<Message> Take(PrintJob job) override {
         if (const auto reason = PrintOnQueue(job, printer_, typeface_)) {
             return CouldNotBePrinted(job.title, printer_, *reason);
         }
-        ++printed_;
+        titles_.push_back(std::move(job.title));
         return std::nullopt;
     }
     void Finish() override {}
-    std::size_t Printed() const override { return printed_; }
+    std::size_t Printed() const override { return titles_.size(); }
 
   private:
     const std::string printer_;
     Typeface& typeface_;
-    std::size_t printed_ = 0;
+    PrintLog& log_;
+    std::vector<std::string> titles_;  // of what is printed
 };
 
 // Keeps the pages of the jobs until all of them can be written.
 class PdfPackage : public JobPackage {
   public:
-    PdfPackage(std::string file, std::string title, Typeface& typeface, PdfSaver& saver)
-        : file_(std::move(file)), title_(std::move(title)), pdf_(typeface), saver_(saver) {}
+    PdfPackage(std::string file, std::string title, Typeface& typeface, PdfSaver& saver,
+               PrintLog& log)
+        : file_(std::move(file)),
+          title_(std::move(title)),
+          pdf_(typeface),
+          saver_(saver),
+          log_(log) {}
 
     std::optional<Message> Take(PrintJob job) override {
         pdf_.Add(job);
-        ++taken_;
+        titles_.push_back(std::move(job.title));
         return std::nullopt;
     }
     void Finish() override {
         const WaitCursor wait;
         if (pdf_.HasPages() && saver_.Write(pdf_, title_, file_)) {
-            printed_ = taken_;
+            printed_ = titles_.size();
+            log_.NoteNow(titles_, file_, true);
         }
     }
     std::size_t Printed() const override { return printed_; }
@@ -59,7 +70,8 @@ class PdfPackage : public JobPackage {
     const std::string title_;
     PdfFile pdf_;
     PdfSaver& saver_;
-    std::size_t taken_ = 0;
+    PrintLog& log_;
+    std::vector<std::string> titles_;
     std::size_t printed_ = 0;
 };
 
@@ -81,6 +93,7 @@ class PreviewPackage : public JobPackage {
         }
     }
     std::size_t Printed() const override { return printed_; }
+    bool IsOnlyShown() const override { return true; }
 
   private:
     std::function<void(std::vector<PrintJob> jobs)> show_;
@@ -126,20 +139,21 @@ std::unique_ptr<JobPackage> DesktopSink::BeginPackage(int printerIndex, const st
     const std::string& printer = PrinterAt(printerIndex);
     if (printer == kPreviewPrinter) {
         return std::make_unique<PreviewPackage>([this, title](std::vector<PrintJob> jobs) {
-            PreviewWindow preview(std::move(jobs), title, typeface_, pdfSaver_, messages_,
+            PreviewWindow preview(std::move(jobs), title,
+                                  {typeface_, pdfSaver_, messages_, printed_, memory_},
                                   QApplication::activeWindow());
             const AskingCursor asking;
             preview.exec();
         });
     }
     if (printer != kPdfPrinter) {
-        return std::make_unique<QueuePackage>(printer, typeface_);
+        return std::make_unique<QueuePackage>(printer, typeface_, printed_);
     }
     const auto file = pdfSaver_.ChooseFile(title);
     if (!file) {
         return nullptr;
     }
-    return std::make_unique<PdfPackage>(*file, title, typeface_, pdfSaver_);
+    return std::make_unique<PdfPackage>(*file, title, typeface_, pdfSaver_, printed_);
 }
 
 }  // namespace qfr

@@ -8,6 +8,7 @@
 #include "platform/FileChooser.h"
 #include "platform/JobSink.h"
 #include "platform/Messages.h"
+#include "platform/PrintLog.h"
 #include "platform/pdf/Typeface.h"
 #include "platform/qt/PdfSaver.h"
 #include "platform/qt/Remembered.h"
@@ -19,8 +20,14 @@ inline const std::string kPreviewPrinter = "Screen preview";
 
 class DesktopSink : public JobSink, public PackageSink {
   public:
-    DesktopSink(Typeface& typeface, FileChooser& chooser, Messages& messages, Remembered& memory)
-        : typeface_(typeface), messages_(messages), pdfSaver_(chooser, messages, memory) {}
+    // All outlive the sink. What has reached a printer or a file is noted in `printed`.
+    DesktopSink(Typeface& typeface, FileChooser& chooser, Messages& messages, PrintLog& printed,
+                Remembered& memory)
+        : typeface_(typeface),
+          messages_(messages),
+          printed_(printed),
+          memory_(memory),
+          pdfSaver_(chooser, messages, memory) {}
 
     // Installed printers, then "PDF file", then "Screen preview". Indexes of the jobs refer to it,
     // so it stays the same for the run.
@@ -37,6 +44,8 @@ class DesktopSink : public JobSink, public PackageSink {
 
     Typeface& typeface_;
     Messages& messages_;
+    PrintLog& printed_;
+    Remembered& memory_;
     PdfSaver pdfSaver_;
     std::vector<std::string> printers_;
     std::unique_ptr<JobPackage> job_;  // the job being recorded, as a package of its own

@@ -3,10 +3,14 @@
 #include <algorithm>
 #include <cmath>
 
+#include <QKeyEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QWheelEvent>
+
+#include "platform/Text.h"
 
 namespace qfr {
 
@@ -16,11 +20,19 @@ namespace {
 constexpr double kGap = 12;  // around and between the pages
 constexpr int kShadow = 3;
 constexpr double kMinScale = 0.01;
+constexpr double kScreenful = 0.9;  // of the view; what was at its edge stays in sight
+constexpr double kRounding = 1;     // of a place to scroll to
+// How much of the paper a mark covers, of 255.
+constexpr int kMarked = 70;
+constexpr int kMarkedHere = 140;
 
 }  // namespace
 
 PageView::PageView(std::vector<const JobPage*> pages, Typeface& typeface, QWidget* parent)
-    : QAbstractScrollArea(parent), pages_(std::move(pages)), painter_(typeface) {
+    : QAbstractScrollArea(parent),
+      pages_(std::move(pages)),
+      typeface_(typeface),
+      painter_(typeface) {
     for (const JobPage* const page : pages_) {
         widest_ = std::max(widest_, static_cast<double>(page->width));
         tallest_ = std::max(tallest_, static_cast<double>(page->height));
@@ -39,12 +51,84 @@ void PageView::GoTo(int page) {
         return;
     }
     page = std::clamp(page, 0, static_cast<int>(pages_.size()) - 1);
-    moving_ = true;
-    verticalScrollBar()->setValue(
-        static_cast<int>(tops_[static_cast<std::size_t>(page)] - kGap / 2));
-    moving_ = false;
+    ScrollTo(tops_[static_cast<std::size_t>(page)] - kGap / 2);
     SetCurrent(page);
     viewport()->update();
+}
+
+void PageView::ScrollTo(double down) {
+    const QScopedValueRollback moving(moving_, true);
+    verticalScrollBar()->setValue(static_cast<int>(down));
+}
+
+void PageView::Walk(int direction) {
+    if (pages_.empty()) {
+        return;
+    }
+    const auto top = [this](int page) { return tops_[static_cast<std::size_t>(page)] - kGap / 2; };
+    // Where a page's lower end, or all of it, is in sight.
+    const auto end = [&](int page) {
+        return std::max(top(page), top(page + 1) - viewport()->height());
+    };
+    const double here = verticalScrollBar()->value();
+    const double step = viewport()->height() * kScreenful;
+    if (direction > 0 && here < end(current_) - kRounding) {
+        ScrollTo(std::min(here + step, end(current_)));
+    } else if (direction < 0 && here > top(current_) + kRounding) {
+        ScrollTo(std::max(here - step, top(current_)));
+    } else if (direction > 0) {
+        GoTo(current_ + 1);
+    } else if (current_ > 0) {
+        GoTo(current_ - 1);
+        ScrollTo(end(current_));
+    }
+}
+
+void PageView::ShowFound(std::vector<FoundText> found) {
+    found_ = std::move(found);
+    place_ = found_.size();
+    viewport()->update();
+}
+
+void PageView::GoToFound(std::size_t place) {
+    place_ = place;
+    const FoundText& found = found_[place];
+    const QRectF paper = PageRect(found.Page);
+    const QRectF mark = MarkOf(found);
+    const QPointF centre = paper.topLeft() + mark.center() * scale_;
+    const QSizeF half = mark.size() * scale_ / 2;
+    {
+        const QScopedValueRollback moving(moving_, true);
+        const auto bring = [](QScrollBar& bar, double middle, double around, int room) {
+            if (middle - around < kGap || middle + around > room - kGap) {
+                bar.setValue(bar.value() + static_cast<int>(middle) - room / 2);
+            }
+        };
+        bring(*verticalScrollBar(), centre.y(), half.height(), viewport()->height());
+        bring(*horizontalScrollBar(), centre.x(), half.width(), viewport()->width());
+    }
+    SetCurrent(static_cast<int>(found.Page));
+    viewport()->update();
+}
+
+QRectF PageView::MarkOf(const FoundText& found) const {
+    const auto& item = std::get<TextItem>(pages_[found.Page]->items[found.Item]);
+    const auto widthOf = [&](std::size_t characters) {
+        return typeface_.TextWidth(FirstCharacters(item.text, characters), item.size);
+    };
+    const int before = widthOf(found.Start);
+    return QRectF(item.x + before, item.y, widthOf(found.Start + found.Length) - before,
+                  item.height);
+}
+
+void PageView::PaintFound(QPainter& painter, std::size_t page) const {
+    const auto here = std::ranges::equal_range(found_, page, {}, &FoundText::Page);
+    for (auto found = here.begin(); found != here.end(); ++found) {
+        QColor colour = palette().color(QPalette::Highlight);
+        const auto place = static_cast<std::size_t>(found - found_.begin());
+        colour.setAlpha(place == place_ ? kMarkedHere : kMarked);
+        painter.fillRect(MarkOf(*found), colour);
+    }
 }
 
 void PageView::SetFit(Fit fit) {
@@ -106,6 +190,14 @@ QRectF PageView::PageRect(std::size_t page) const {
             pages_[page]->height * scale_};
 }
 
+void PageView::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Space) {
+        Walk((event->modifiers() & Qt::ShiftModifier) != 0 ? -1 : 1);
+        return;
+    }
+    QAbstractScrollArea::keyPressEvent(event);
+}
+
 void PageView::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
     painter.fillRect(event->rect(), palette().color(QPalette::Dark));
@@ -121,6 +213,7 @@ void PageView::paintEvent(QPaintEvent* event) {
         painter.translate(paper.topLeft());
         painter.scale(scale_, scale_);
         painter_.Paint(painter, *pages_[i]);
+        PaintFound(painter, i);
         painter.restore();
     }
 }

@@ -5,13 +5,16 @@
 #include <utility>
 
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QScreen>
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include "platform/JobText.h"
 #include "platform/WindowServices.h"
 #include "platform/pdf/PdfFile.h"
 #include "platform/qt/ControlRow.h"
+#include "platform/qt/FoldingRow.h"
 #include "platform/qt/PrinterQueue.h"
 #include "platform/qt/WaitCursor.h"
 
@@ -23,6 +26,8 @@ constexpr int kFitWidth = 0;
 constexpr int kFitPage = 1;
 constexpr int kFirstPercent = 2;  // index in the list
 constexpr std::array<int, 7> kPercents = {50, 75, 100, 150, 200, 300, 400};
+const char* const kZoom = "preview/zoom";  // the list's text
+const char* const kThumbnailsShown = "preview/thumbnails";
 constexpr QSize kUsualSize(940, 1000);
 constexpr int kFormLetters = 17;  // of a job's title, on a small screen
 
@@ -49,35 +54,56 @@ QStringList PrinterNames() {
 }  // namespace
 
 PreviewWindow::PreviewWindow(std::vector<PrintJob> jobs, const std::string& title,
-                             Typeface& typeface, PdfSaver& pdfSaver, Messages& messages,
-                             QWidget* parent)
+                             const PreviewServices& services, QWidget* parent)
     : QDialog(parent, Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                           Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
       jobs_(std::move(jobs)),
       title_(title),
-      typeface_(typeface),
-      pdfSaver_(pdfSaver),
-      messages_(messages),
-      view_(new PageView(PagesOf(jobs_), typeface, this)),
+      services_(services),
+      view_(new PageView(PagesOf(jobs_), services.Typeface, nullptr)),
+      thumbnails_(new PageThumbnails(view_->Pages(), services.Typeface, nullptr)),
+      search_(new PageSearch(*view_)),
       pageEdit_(new QSpinBox),
       zoomCombo_(new QComboBox),
       formCombo_(new QComboBox(this)) {
+    setObjectName("PreviewWindow");
     setWindowTitle("Print Preview - " + QString::fromStdString(title_));
     setProperty(kHelpTopicProperty, kPrintingHelpTopic);
+    ListForms();
+    AddControls();
+    Connect();
+    AddKeys();
+    ShowRememberedZoom();
+    ShowPageNumber(0);
+    view_->GoTo(static_cast<int>(FirstFilled(view_->Pages())));
+    view_->setFocus();
+
+    // Between the screen's edges with some room for the window's frame.
+    const QRect room = (parent != nullptr ? parent : this)->screen()->availableGeometry();
+    resize(kUsualSize.boundedTo(QSize(room.width() * 95 / 100, room.height() * 88 / 100)));
+    move(room.center() - rect().center());
+}
+
+void PreviewWindow::ListForms() {
     for (const PrintJob& job : jobs_) {
         firstPages_.push_back(pageCount_);
         pageCount_ += static_cast<int>(job.pages.size());
         formCombo_->addItem(QString::fromStdString(job.title));
     }
+}
 
-    auto* const row = new QHBoxLayout;
-    QPushButton* const printButton = AddButton(row, "&Print...", "PrintButton");
-    QPushButton* const saveButton = AddButton(row, "&Save as PDF...", "SaveButton");
+void PreviewWindow::AddControls() {
+    auto* const controls = new FoldingRow(this);
+    QHBoxLayout* const row = controls->Row();
+    printButton_ = AddButton(row, "&Print...", "PrintButton");
+    saveButton_ = AddButton(row, "&Save as PDF...", "SaveButton");
     row->addStretch();
     formCombo_->hide();
     if (jobs_.size() > 1) {
         AddControl(row, "&Form:", formCombo_, "FormCombo");
         formCombo_->setMinimumWidth(kFormLetters * fontMetrics().averageCharWidth());
+        // The longest title would else keep the window wide.
+        formCombo_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         formCombo_->show();
         row->addStretch();
     }
@@ -94,23 +120,39 @@ PreviewWindow::PreviewWindow(std::vector<PrintJob> jobs, const std::string& titl
     }
     AddControl(row, "&Zoom:", zoomCombo_, "ZoomCombo");
     row->addStretch();
-    QPushButton* const closeButton = AddButton(row, "&Close", "CloseButton");
+    thumbnailsButton_ = AddButton(row, "&Thumbnails", "ThumbnailsButton");
+    thumbnailsButton_->setCheckable(true);
+    findButton_ = AddButton(row, "Fin&d...", "FindButton");
+    closeButton_ = AddButton(row, "&Close", "CloseButton");
+    controls->LetFold({findButton_, thumbnailsButton_, closeButton_, previousButton_, nextButton_,
+                       saveButton_, printButton_});
 
     view_->setObjectName("PageView");
     view_->setAccessibleName("Pages");
-    auto* const layout = new QVBoxLayout(this);
-    layout->addLayout(row);
-    layout->addWidget(view_);
-    setTabOrder(saveButton, formCombo_);
+    saveButton_->setEnabled(pageCount_ > 0);
 
-    if (PrinterNames().empty()) {
-        printButton->setEnabled(false);
-        printButton->setToolTip("No printer is installed.");
-    }
-    saveButton->setEnabled(pageCount_ > 0);
-    connect(printButton, &QPushButton::clicked, this, &PreviewWindow::Print);
-    connect(saveButton, &QPushButton::clicked, this, &PreviewWindow::SaveAsPdf);
-    connect(closeButton, &QPushButton::clicked, this, &QDialog::reject);
+    auto* const pages = new QHBoxLayout;
+    pages->addWidget(thumbnails_);
+    pages->addWidget(view_, 1);
+    auto* const layout = new QVBoxLayout(this);
+    layout->addWidget(controls);
+    layout->addLayout(pages, 1);
+    layout->addWidget(search_);
+    setTabOrder(saveButton_, formCombo_);
+    const bool shown = services_.Memory.Value(kThumbnailsShown).toBool();
+    thumbnailsButton_->setChecked(shown);
+    thumbnails_->setVisible(shown);
+}
+
+void PreviewWindow::Connect() {
+    connect(printButton_, &QPushButton::clicked, this, &PreviewWindow::Print);
+    connect(saveButton_, &QPushButton::clicked, this, &PreviewWindow::SaveAsPdf);
+    connect(findButton_, &QPushButton::clicked, search_, &PageSearch::Open);
+    connect(closeButton_, &QPushButton::clicked, this, &QDialog::reject);
+    connect(thumbnailsButton_, &QPushButton::toggled, this, [this](bool shown) {
+        thumbnails_->setVisible(shown);
+        services_.Memory.Keep(kThumbnailsShown, shown);
+    });
     connect(previousButton_, &QPushButton::clicked, this,
             [this] { view_->GoTo(view_->CurrentPage() - 1); });
     connect(nextButton_, &QPushButton::clicked, this,
@@ -119,26 +161,21 @@ PreviewWindow::PreviewWindow(std::vector<PrintJob> jobs, const std::string& titl
     connect(zoomCombo_, &QComboBox::activated, this, &PreviewWindow::ZoomChosen);
     connect(formCombo_, &QComboBox::activated, this,
             [this](int job) { view_->GoTo(firstPages_[static_cast<std::size_t>(job)]); });
+    connect(thumbnails_, &PageThumbnails::PageChosen, view_, &PageView::GoTo);
     connect(view_, &PageView::CurrentPageChanged, this, &PreviewWindow::ShowPageNumber);
     connect(view_, &PageView::ZoomWished, this, &PreviewWindow::ZoomBy);
-    AddKeys();
-    ShowPageNumber(0);
-    view_->setFocus();
-
-    // Between the screen's edges with some room for the window's frame.
-    const QRect room = (parent != nullptr ? parent : this)->screen()->availableGeometry();
-    resize(kUsualSize.boundedTo(QSize(room.width() * 95 / 100, room.height() * 88 / 100)));
-    move(room.center() - rect().center());
 }
 
 void PreviewWindow::AddKeys() {
     const auto add = [this](const QKeySequence& keys, auto act) {
         connect(new QShortcut(keys, this), &QShortcut::activated, this, act);
     };
-    add(Qt::Key_PageUp, [this] { view_->GoTo(view_->CurrentPage() - 1); });
-    add(Qt::Key_PageDown, [this] { view_->GoTo(view_->CurrentPage() + 1); });
-    add(Qt::Key_Home, [this] { view_->GoTo(0); });
-    add(Qt::Key_End, [this] { view_->GoTo(pageCount_ - 1); });
+    add(Qt::Key_PageUp, [this] { view_->Walk(-1); });
+    add(Qt::Key_PageDown, [this] { view_->Walk(1); });
+    for (const Qt::KeyboardModifier modifier : {Qt::NoModifier, Qt::ControlModifier}) {
+        add(modifier | Qt::Key_Home, [this] { view_->GoTo(0); });
+        add(modifier | Qt::Key_End, [this] { view_->GoTo(pageCount_ - 1); });
+    }
     add(Qt::CTRL | Qt::Key_Plus, [this] { ZoomBy(1); });
     add(Qt::CTRL | Qt::Key_Equal, [this] { ZoomBy(1); });  // "+" without Shift on many keyboards
     add(Qt::CTRL | Qt::Key_Minus, [this] { ZoomBy(-1); });
@@ -146,6 +183,18 @@ void PreviewWindow::AddKeys() {
         zoomCombo_->setCurrentIndex(zoomCombo_->findText("100 %"));
         ZoomChosen(zoomCombo_->currentIndex());
     });
+    add(QKeySequence::Find, [this] { search_->Open(); });
+    add(Qt::Key_F3, [this] { search_->GoOn(1); });
+    add(Qt::SHIFT | Qt::Key_F3, [this] { search_->GoOn(-1); });
+    add(Qt::Key_F9, [this] { thumbnailsButton_->toggle(); });
+}
+
+void PreviewWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Cancel) && search_->isVisible()) {
+        search_->Close();
+        return;
+    }
+    QDialog::keyPressEvent(event);
 }
 
 void PreviewWindow::ShowPageNumber(int page) {
@@ -155,6 +204,13 @@ void PreviewWindow::ShowPageNumber(int page) {
     nextButton_->setEnabled(page + 1 < pageCount_);
     const auto behind = std::upper_bound(firstPages_.begin(), firstPages_.end(), page);
     formCombo_->setCurrentIndex(static_cast<int>(behind - firstPages_.begin()) - 1);
+    thumbnails_->ShowCurrent(page);
+}
+
+void PreviewWindow::ShowRememberedZoom() {
+    const int zoom = zoomCombo_->findText(services_.Memory.Value(kZoom).toString());
+    zoomCombo_->setCurrentIndex(std::max(zoom, kFitWidth));
+    ZoomChosen(zoomCombo_->currentIndex());
 }
 
 void PreviewWindow::ZoomChosen(int index) {
@@ -163,6 +219,7 @@ void PreviewWindow::ZoomChosen(int index) {
     } else {
         view_->SetPercent(kPercents[static_cast<std::size_t>(index - kFirstPercent)]);
     }
+    services_.Memory.Keep(kZoom, zoomCombo_->itemText(index));
 }
 
 void PreviewWindow::ZoomBy(int steps) {
@@ -177,34 +234,52 @@ void PreviewWindow::ZoomBy(int steps) {
 }
 
 void PreviewWindow::Print() {
-    bool chosen = false;
-    const QString printer =
-        QInputDialog::getItem(this, "Print", "&Printer:", PrinterNames(), 0, false, &chosen);
-    if (!chosen || printer.isEmpty()) {
+    const QStringList names = PrinterNames();
+    if (names.empty()) {
+        services_.Messages.Show({"No printer is installed.", "Print"});
         return;
     }
-    for (const PrintJob& job : jobs_) {
-        const auto reason = [&] {
-            const WaitCursor wait;
-            return PrintOnQueue(job, printer.toStdString(), typeface_);
-        }();
-        if (reason) {
-            // The next ones would fail for the same reason.
-            messages_.Show(CouldNotBePrinted(job.title, printer.toStdString(), *reason));
-            return;
+    bool chosen = false;
+    const QString name =
+        QInputDialog::getItem(this, "Print", "&Printer:", names, 0, false, &chosen);
+    if (!chosen || name.isEmpty()) {
+        return;
+    }
+    const std::string printer = name.toStdString();
+    std::size_t printed = 0;
+    std::optional<std::string> reason;
+    for (; printed < jobs_.size(); ++printed) {
+        const WaitCursor wait;
+        // The next ones would fail for the same reason.
+        if ((reason = PrintOnQueue(jobs_[printed], printer, services_.Typeface))) {
+            break;
         }
+    }
+    services_.Printed.NoteNow(Titles(printed), printer, false);
+    if (reason) {
+        services_.Messages.Show(CouldNotBePrinted(jobs_[printed].title, printer, *reason));
     }
 }
 
 void PreviewWindow::SaveAsPdf() {
-    if (const auto file = pdfSaver_.ChooseFile(title_)) {
+    if (const auto file = services_.Saver.ChooseFile(title_)) {
         const WaitCursor wait;
-        PdfFile pdf(typeface_);
+        PdfFile pdf(services_.Typeface);
         for (const PrintJob& job : jobs_) {
             pdf.Add(job);
         }
-        pdfSaver_.Write(pdf, title_, *file);
+        if (services_.Saver.Write(pdf, title_, *file)) {
+            services_.Printed.NoteNow(Titles(jobs_.size()), *file, true);
+        }
     }
+}
+
+std::vector<std::string> PreviewWindow::Titles(std::size_t jobs) const {
+    std::vector<std::string> titles;
+    for (std::size_t i = 0; i < jobs; ++i) {
+        titles.push_back(jobs_[i].title);
+    }
+    return titles;
 }
 
 }  // namespace qfr

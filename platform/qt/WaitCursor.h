@@ -1,6 +1,7 @@
 // The wait cursor, while the object lives.
 #pragma once
 
+#include <QCursor>
 #include <QGuiApplication>
 
 namespace qfr {

@@ -12,10 +12,10 @@ import time
 
 DEADLINE = 60  # seconds, for anything that is waited for; only a fault needs them all
 # Their codes on every X server's keyboard, and the symbols of keys that type nothing.
-CONTROL_KEY = 37
-MODIFIERS = {"Ctrl": CONTROL_KEY, "Shift": 50, "Alt": 64}
+MODIFIERS = {"Ctrl": 37, "Shift": 50, "Alt": 64}
 KEYS = {"Tab": 0xFF09, "Return": 0xFF0D, "Escape": 0xFF1B, "Home": 0xFF50, "Left": 0xFF51, "Up": 0xFF52,
-        "Right": 0xFF53, "Down": 0xFF54, "End": 0xFF57, "Delete": 0xFFFF}
+        "Right": 0xFF53, "Down": 0xFF54, "End": 0xFF57,
+        "Delete": 0xFFFF, "Page_Up": 0xFF55, "Page_Down": 0xFF56, "F3": 0xFFC0, "F9": 0xFFC6}
 SCALE = float(os.environ.get("QT_SCALE_FACTOR", "1"))
 
 

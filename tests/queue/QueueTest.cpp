@@ -51,7 +51,8 @@ struct QueueTest : testing::Test {
     ChooserScript chooser;
     SettingsDir settings{run.dir.Path(), run.dir.Path()};
     Remembered memory{settings};
-    DesktopSink sink{FormsTypeface(), chooser, messages, memory};
+    PrintLog noted;
+    DesktopSink sink{FormsTypeface(), chooser, messages, noted, memory};
 
     void Print(int printer, const PrintJob& job) {
         EXPECT_TRUE(sink.BeginJob(printer, job.title));

@@ -20,7 +20,7 @@ namespace {
 
 class DesktopSinkTest : public testing::Test, protected WindowRig {
   protected:
-    DesktopSink desktop_{FormsTypeface(), chooser, log, memory};
+    DesktopSink desktop_{FormsTypeface(), chooser, log, printed, memory};
     const int pdf_ = static_cast<int>(InstalledPrinters().size());
     const PrintJob job_{"Form 1 VBLK01", kLetterPaper, {LetterPage()}};
 };
@@ -41,11 +41,31 @@ TEST_F(DesktopSinkTest, APdfJobAsksForItsFileFirst) {
     EXPECT_FALSE(std::filesystem::exists(Path("one.pdf"))) << "not before it is whole";
     desktop_.TakeJob(pdf_, job_);
     EXPECT_EQ(PagesOf(Read("one.pdf")), 1U);
+    EXPECT_EQ(PrintedNote(printed.Jobs().at(0)), "Form 1 VBLK01 saved as one.pdf");
 
     ASSERT_TRUE(desktop_.BeginJob(pdf_, "Form 2"));
     EXPECT_EQ(chooser.saved.back().directory, TextOf(dir.Path())) << "the last one used";
     desktop_.TakeJob(pdf_, job_);
     EXPECT_THAT(log.TakeTexts(), testing::ElementsAre("two.pdf could not be written."));
+    EXPECT_EQ(printed.Jobs().size(), 1U) << "what was not written is not printed";
+}
+
+TEST_F(DesktopSinkTest, NotesWhatAPrinterGotAndNotWhatIsOnlySeen) {
+    for (const auto& [printer, notes] : {std::pair(0, 1U), {1, 1U}, {pdf_ + 1, 1U}}) {
+        QTimer::singleShot(0, [] {
+            if (auto* const preview = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+                preview->reject();
+            }
+        });
+        const auto package = desktop_.BeginPackage(printer, "Package");
+        EXPECT_EQ(package->Take(job_).has_value(), printer == 1);
+        if (printer != 0) {  // there, what was printed stays printed
+            package->Finish();
+        }
+        EXPECT_EQ(package->IsOnlyShown(), printer > pdf_);
+        EXPECT_EQ(printed.Jobs().size() + (printer == 0 ? 1U : 0U), notes);
+    }
+    EXPECT_EQ(PrintedNote(printed.Jobs()[0]), "Form 1 VBLK01 sent to Lab");
 }
 
 TEST_F(DesktopSinkTest, JoinsAPackageWhenItIsFinished) {

@@ -150,6 +150,57 @@ TEST(MainForm, OpensEachFormByItsKey) {
     }
 }
 
+TEST(MainForm, TellsWhereTheLastFormsWentAndOpensThem) {
+    WindowRig rig;
+    rig.form.RestoreFile(Example("example.qff"));
+    const auto noted = [&](const PrintedJobs& jobs) {
+        rig.printed.Note(jobs);
+        rig.Opened([&] { rig.Type("^4"); });
+        rig.topics.clear();
+        rig.log.TakeTexts();
+        rig.Face(rig.form);
+        return rig.Get<QLabel>("PrintedNote").text().toStdString();
+    };
+    const std::string file = rig.Path("one.pdf");
+    EXPECT_EQ(noted({{"Form 4", "Form 5"}, "Lab"}), "2 forms sent to Lab");
+    EXPECT_FALSE(rig.Get("OpenFileButton").isVisible());
+    EXPECT_EQ(noted({{"Form 4"}, file, true}), "Form 4 saved as one.pdf");
+    rig.Use("&i", "one.pdf is no longer where it was saved.");
+    rig.dir.Write("one.pdf", "");
+    rig.Use("&i&n");
+    EXPECT_THAT(rig.handedOver, testing::ElementsAre("open " + file, "show " + file));
+    rig.opens = false;
+    rig.Use("&i", "No program was found that shows\n" + file + ".");
+    rig.form.RestoreFile(Example("example.qff"));
+    EXPECT_FALSE(rig.Get("OpenFileButton").isVisible()) << "nothing of this batch is printed yet";
+}
+
+TEST(MainForm, PrintsWhereAnyOfItsDropDownsSays) {
+    WindowRig rig;
+    rig.form.RestoreFile(Example("example.qff"));
+    const auto& target = rig.Get<QComboBox>("PrintToCombo");
+    EXPECT_EQ(target.currentText(), "Ask when printing");
+    rig.Type("^1");
+    rig.Face(WindowRig::Find<QWidget>("TForm1Header"));
+    EXPECT_EQ(rig.listings, 0) << "the print service may be slow";
+    rig.Get("PrintButton").setFocus();
+    rig.Type("\t");
+    EXPECT_EQ(rig.Focus(), "PrintToCombo");
+    rig.Press(Qt::Key_End);
+    EXPECT_EQ(rig.Shown("PrintToCombo"), "|Screen preview");
+    EXPECT_EQ(target.currentText(), "Screen preview");
+    rig.Press(Qt::Key_Up);
+    rig.Type("&p");
+    EXPECT_EQ(rig.form.Page().Printer().PrinterIndex, 1);
+    EXPECT_TRUE(rig.setups == 0 && rig.sink.begun.size() == 1);
+    rig.window->close();
+    rig.Face(rig.form);
+    rig.form.Page().Printer().PrinterIndex = 0;  // as the printer setup would
+    rig.Press(Qt::Key_P, Qt::ControlModifier);
+    EXPECT_EQ(rig.setups, 1);
+    EXPECT_EQ(target.currentText(), "Lab");
+}
+
 TEST(ControlNames, TellTheControlsOfEveryWindowApart) {
     const WindowRig rig;
     for (QWidget* const window : QApplication::topLevelWidgets()) {

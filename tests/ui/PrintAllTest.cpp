@@ -54,6 +54,10 @@ TEST(PrintAll, PrintsWhatIsCheckedByKeyboardAndListsRefusalsAtTheEnd) {
     rig.PrintAll("&n&f &o&s &p");
     EXPECT_EQ(rig.Done(), "Form 1 VBLK01|Print All Forms: 1 of 1 jobs printed.");
     EXPECT_TRUE(rig.setups == 1 && rig.sink.finished && rig.list.empty());
+    rig.sink.onlyShown = true;
+    rig.PrintAll("&n&f &o&s &p");
+    EXPECT_EQ(rig.Done(), "Form 1 VBLK01|Print All Forms: 1 of 1 jobs shown.");
+    rig.sink.onlyShown = false;
 
     rig.form.Entries().Tune.SampleNo.clear();
     rig.sink.failing = "Form 6";

@@ -165,6 +165,10 @@ struct WindowRig : WindowUser {
 
     std::string Path(const std::string& name) const { return TextOf(dir.Path() / name); }
     std::string Read(const std::string& name) const { return ReadAll(dir.Path() / name); }
+    bool HandOver(const std::string& how, const std::string& file) {
+        handedOver.push_back(how + file);
+        return opens;
+    }
     bool OpenHelp(int topic) {
         topics.push_back(topic);
         return false;
@@ -201,19 +205,31 @@ struct WindowRig : WindowUser {
     PrintLog printed;
     int quits = 0;
     int setups = 0;
+    int listings = 0;     // of the printers
     bool chooses = true;  // does not cancel the printer setup
     std::vector<int> topics;
-    TQFRForm form{{.Messages = log,
-                   .Chooser = chooser,
-                   .Metrics = metrics,
-                   .Sink = sink,
-                   .Packages = sink,
-                   .Settings = settings,
-                   .Memory = memory,
-                   .Printed = printed,
-                   .ShowPrinterSetup = [this](TPrinter&) { return ++setups > 0 && chooses; },
-                   .Quit = [this] { ++quits; },
-                   .OpenHelp = [this](int topic) { return OpenHelp(topic); }}};
+    std::vector<std::string> printers{"Lab", "PDF file", "Screen preview"};
+    std::vector<std::string> handedOver;  // to other programs
+    bool opens = true;                    // there is one
+    TQFRForm form{
+        {.Messages = log,
+         .Chooser = chooser,
+         .Metrics = metrics,
+         .Sink = sink,
+         .Packages = sink,
+         .Settings = settings,
+         .Memory = memory,
+         .Printed = printed,
+         .ListPrinters =
+             [this](TPrinter& printer) {
+                 ++listings;
+                 printer.Printers = printers;
+             },
+         .ShowPrinterSetup = [this](TPrinter&) { return ++setups > 0 && chooses; },
+         .Quit = [this] { ++quits; },
+         .OpenHelp = [this](int topic) { return OpenHelp(topic); },
+         .OpenFile = [this](const std::string& file) { return HandOver("open ", file); },
+         .ShowInFolder = [this](const std::string& file) { return HandOver("show ", file); }}};
 };
 
 // An entry dialog on the program's doubles; `kind` is which of those of one type.

@@ -1,0 +1,13 @@
+// Hands a file over to the desktop's other programs. The names are full paths in UTF-8; false: the
+// desktop has no program for it.
+#pragma once
+
+#include <string>
+
+namespace qfr {
+
+bool OpenWithDesktop(const std::string& file);
+// Shows the file among its neighbours, or where that cannot be had, the folder.
+bool ShowInFolder(const std::string& file);
+
+}  // namespace qfr

@@ -1,0 +1,42 @@
+// A row of controls. Where the window is too narrow for all, its lesser buttons are found in a
+// menu, "More", at the row's end.
+#pragma once
+
+#include <vector>
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QWidget>
+
+namespace qfr {
+
+class FoldingRow : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit FoldingRow(QWidget* parent = nullptr);
+
+    // Where the controls are added.
+    QHBoxLayout* Row() { return row_; }
+    // Comes when everything is in the row. The first of these buttons goes first.
+    void LetFold(std::vector<QPushButton*> buttons);
+
+    // Of what stays.
+    QSize minimumSizeHint() const override;
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+  private:
+    int WidthWithout(std::size_t folded) const;
+    bool IsFolded(const QPushButton* button, std::size_t folded) const;
+    void Fit();
+    void FillMenu();
+
+    QHBoxLayout* row_;
+    QPushButton* more_ = nullptr;
+    std::vector<QPushButton*> buttons_;
+};
+
+}  // namespace qfr
