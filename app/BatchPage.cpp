@@ -266,7 +266,7 @@ void BatchPage::OpenForm() {
 
 void BatchPage::PreviewAllForms() {
     PreviewAll(window_, services_.Metrics, services_.Packages);
-    Refresh();
+    window_.ShowBatchState();
 }
 
 void BatchPage::PrintForm() {
@@ -274,7 +274,7 @@ void BatchPage::PrintForm() {
     choice.forms.at(static_cast<std::size_t>(formsTable_->currentIndex().row())) = true;
     choice.samples.assign(SamplesOf(window_.Batch()).size(), true);
     PrintChosen(window_, services_.Metrics, services_.Packages, "Print Form", choice);
-    Refresh();
+    window_.ShowBatchState();
 }
 
 void BatchPage::PrintSheets() {
@@ -289,7 +289,7 @@ void BatchPage::PrintSheets() {
     choice.samples.resize(SamplesOf(window_.Batch()).size());
     choice.samples.at(*record) = true;
     PrintChosen(window_, services_.Metrics, services_.Packages, "Print Sample's Sheets", choice);
-    Refresh();
+    window_.ShowBatchState();
 }
 
 }  // namespace qfr

@@ -104,7 +104,7 @@ TQFRForm::TQFRForm(const DesktopServices& services)
                 const AskingCursor asking;
                 return services_.ShowPrinterSetup(printer_);
             }),
-      runPrinter_(page_, services.ListPrinters),
+      runPrinter_(page_, services.Memory, services.ListPrinters),
       filesDlg_(std::make_unique<TFilesDlg>(*this, *this, *this)),
       form1Header_(std::make_unique<TForm1Header>(*this, *this)),
       ticForm_(std::make_unique<TTICForm>(*this, *this, form1Header_.get())),
