@@ -13,12 +13,15 @@ namespace qfr {
 
 namespace {
 
+constexpr std::string_view kRefusedRule = "form.refused";
+
 // How the jobs of one form have fared.
 struct Tally {
     std::size_t Due = 0;
     std::size_t Refused = 0;
     std::size_t Unfinished = 0;  // printed, with an incomplete header
     std::string Refusal;         // why the first one was refused
+    std::string Mend;            // where that is mended; empty: not known
 };
 
 void Count(Tally& tally, const RecordedForm& form, std::span<const SampleRecord> samples) {
@@ -33,15 +36,16 @@ void Count(Tally& tally, const RecordedForm& form, std::span<const SampleRecord>
     }
 }
 
-FormState StateOf(const FormRow& form, const Tally& tally) {
+FormState StateOf(const Tally& tally) {
     const std::string ofAll = " of " + std::to_string(tally.Due);
     if (tally.Due == 0) {
         return {false, std::string(kNoTics)};
     }
     if (tally.Refused > 0) {
-        return {false, form.printBatch != nullptr || tally.Due == 1
-                           ? tally.Refusal
-                           : std::to_string(tally.Refused) + ofAll + ": " + tally.Refusal};
+        const std::string count = tally.Due > 1 ? std::to_string(tally.Refused) + ofAll + ": " : "";
+        // In a narrow column only the beginning shows: the place says most.
+        const std::string place = tally.Mend.empty() ? "" : tally.Mend + ": ";
+        return {false, count + place + tally.Refusal};
     }
     if (tally.Unfinished > 0) {
         return {false, "Incomplete headers: " + std::to_string(tally.Unfinished) + ofAll};
@@ -74,20 +78,25 @@ BatchStates LookThrough(SavedBatch saved, int levelCount, TextMetrics& metrics) 
     BatchStates states;
     states.Samples.resize(samples.size());
     std::vector<Tally> tallies(kForms.size());
-    const std::vector<Finding> findings =
-        ReviewAsPrinted(std::move(saved), levelCount, metrics, {}, [&](const RecordedForm& form) {
-            const auto row = std::ranges::find(kForms, form.Form, &FormRow::name);
-            Count(tallies[static_cast<std::size_t>(row - kForms.begin())], form, samples);
-        });
+    const auto tallyOf = [&tallies](std::string_view form) -> Tally& {
+        const auto row = std::ranges::find(kForms, form, &FormRow::name);
+        return tallies[static_cast<std::size_t>(row - kForms.begin())];
+    };
+    const std::vector<Finding> findings = ReviewAsPrinted(
+        std::move(saved), levelCount, metrics, {},
+        [&](const RecordedForm& form) { Count(tallyOf(form.Form), form, samples); });
     for (const Finding& finding : findings) {
+        if (finding.Rule->Id == kRefusedRule) {
+            tallyOf(finding.Form).Mend = MendText(finding.Mend);
+        }
         const Severity severity = finding.Rule->Severity;
         for (const std::size_t record : finding.Records) {
             states.Samples[record].Errors += severity == Severity::kError ? 1 : 0;
             states.Samples[record].Warnings += severity == Severity::kWarning ? 1 : 0;
         }
     }
-    for (std::size_t i = 0; i < kForms.size(); ++i) {
-        states.Forms.push_back(StateOf(kForms[i], tallies[i]));
+    for (const Tally& tally : tallies) {
+        states.Forms.push_back(StateOf(tally));
     }
     return states;
 }

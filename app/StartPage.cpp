@@ -4,6 +4,7 @@
 #include <utility>
 
 #include <QAction>
+#include <QApplication>
 #include <QDateTime>
 #include <QFileInfo>
 #include <QGridLayout>
@@ -42,8 +43,9 @@ void KeepRecent(Remembered& memory, const std::vector<std::string>& files) {
 
 QLayout* Sign() {
     constexpr double kLarger = 1.6;
+    constexpr QSize kSize(48, 48);
     auto* const picture = new QLabel;
-    picture->setPixmap(QPixmap(":/icons/qfrforms-48.png"));
+    picture->setPixmap(QApplication::windowIcon().pixmap(kSize, picture->devicePixelRatioF()));
     auto* const name = new QLabel("QFR Forms");
     QFont font = name->font();
     font.setPointSizeF(font.pointSizeF() * kLarger);

@@ -29,35 +29,14 @@ std::string Lacking(const SavedBatch& saved) {
 }
 
 TEST(BatchStates, SayInOneLineWhatEachFormLacks) {
-    const std::string incomplete =
-        "Header information is not complete for Form %. Go to Form1 and enter header information "
-        "for at least one quantitation file. Then return and print  Form %.";
-    std::string none = "1: Incomplete headers: 10 of 10|tic: Incomplete headers: 2 of 2|";
-    for (const FormRow& form : kForms) {
-        if (form.printBatch != nullptr) {
-            std::string text = incomplete;
-            for (std::size_t at = 0; (at = text.find('%')) != std::string::npos;) {
-                text.replace(at, 1, form.name);
-            }
-            none += std::string(form.name) + ": " + text + "|";
-        }
-    }
-    const std::string gone =
-        "/gone.prn could not be found.  Use Data Files|Load Files menu option to relocate file|";
     const std::tuple<std::function<void(SavedBatch&)>, std::string> cases[] = {
         {[](SavedBatch&) {}, ""},
         {[](SavedBatch& saved) { saved.Entries.Tune.SampleNo.clear(); },
-         "5: Please enter a value.|"},
+         "5: BFB tune (Form V), Sample no.: Please enter a value.|"},
         {[](SavedBatch& saved) {
              saved.Batch.SampleList->at(4).Header[HeaderField::kLabName] = "";
          },
          "1: Incomplete headers: 1 of 10|"},
-        {[](SavedBatch& saved) {
-             for (SampleRecord& sample : *saved.Batch.SampleList) {
-                 sample.Header[HeaderField::kContract] = " ";
-             }
-         },
-         none},
         {[](SavedBatch& saved) {
              for (SampleRecord& sample : *saved.Batch.SampleList) {
                  sample.TicList.reset();
@@ -65,15 +44,27 @@ TEST(BatchStates, SayInOneLineWhatEachFormLacks) {
          },
          "tic: No sample has TICs.|"},
         {[](SavedBatch& saved) { saved.Batch.SampleList->at(4).FileName = "/gone.prn"; },
-         "1: 1 of 10: " + gone + "8: " + gone},
+         "1: 1 of 10: /gone.prn could not be found.  Use Data Files|Load Files menu option to "
+         "relocate file|8: Load Files, Quant. Files: /gone.prn could not be found.  Use Data "
+         "Files|Load Files menu option to relocate file|"},
     };
     for (const auto& [change, lacking] : cases) {
         SavedBatch saved = ExampleBatch();
         change(saved);
         EXPECT_EQ(Lacking(saved), lacking);
     }
-    EXPECT_THAT(Lacking({}), testing::StartsWith("1: Please use Data Files|Load Files menu "
-                                                 "selections to specify files.|tic: No sample"));
+    SavedBatch unfinished = ExampleBatch();
+    for (SampleRecord& sample : *unfinished.Batch.SampleList) {
+        sample.Header[HeaderField::kContract] = " ";
+    }
+    EXPECT_THAT(Lacking(unfinished),
+                testing::StartsWith("1: Incomplete headers: 10 of 10|tic: Incomplete headers: 2 of "
+                                    "2|2: Form 1 Header, Contract: Header information is not "
+                                    "complete for Form 2. Go to Form1 "));
+    EXPECT_THAT(Lacking({}),
+                testing::HasSubstr("|tic: No sample has TICs.|2: Load Files, Quant. Files: Please "
+                                   "use Data Files|Load Files menu selections to specify files.|4: "
+                                   "Load Files, Lab Blank: "));
 }
 
 TEST(BatchStates, CountTheFindingsOfEachSample) {
