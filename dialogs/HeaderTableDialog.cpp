@@ -196,8 +196,9 @@ void HeaderTableDialog::ShowState() {
     if (const QModelIndex current = ui_->HeadersTable->currentIndex(); current.isValid()) {
         const HeaderCell cell = HeaderTable::CellAt(current);
         const std::string note = sheet.NoteOf(cell).Text;
+        const std::string sample = SampleName(SamplesOf(host_.Batch())[cell.Record]);
         ui_->NoteLabel->setText(QString::fromStdString(
-            Visible(sheet.NameOf(cell) + (note.empty() ? "" : ": " + note))));
+            Visible(note.empty() ? sheet.NameOf(cell) : sample + ": " + note)));
     }
 }
 

@@ -35,7 +35,10 @@ def make_batch(fresh):
 
 def copy(text):
     """As a spreadsheet does."""
-    subprocess.run(["xclip", "-selection", "clipboard"], input=text, text=True, check=True)
+    clipboard = ["xclip", "-selection", "clipboard"]
+    subprocess.run(clipboard, input=text.encode(), check=True)
+    wait_for("the copy", lambda: subprocess.run([*clipboard, "-o"], capture_output=True, check=False).stdout
+             == text.encode())
 
 
 def paste_all(program):
@@ -44,35 +47,30 @@ def paste_all(program):
     table = program.find("table", "Headers", window).queryTable()
     assert (table.nRows, table.nColumns) == (SAMPLES + 1, 26)
 
-    def paste(text, row, column, *ways):
-        nonlocal keys
-        keys += program.press_keys(*ways)
-        copy(text.replace("\n", "\r\n"))
-        keys += program.press_keys("Ctrl+v")
-        shown = text.rsplit("\n", maxsplit=1)[-1].split("\t", maxsplit=1)[0]
-        wait_for(shown, lambda: table.getAccessibleAt(row, column).name == shown)
-
-    def fill(*chords):
+    def press(*chords):
         nonlocal keys
         keys += program.press_keys(*chords)
 
-    last = SAMPLES
-    paste(LABORATORY, 0, 2, "Right", "Right")
-    received = [re.sub(r"^5/(\d+)/2005 (\d+):", lambda m: f"05/{m[1]}/2005 {int(m[2]):02}:", each)
-                for each in RECEIVED]
-    paste("\n".join(received), last, 13, *["Right"] * 11)
-    paste("VOCOL\t0.25", 0, 16, *["Right"] * 3)
-    paste("\n".join(DILUTIONS), last, 18, "Right", "Right")
-    paste("5.0", 0, 21, *["Right"] * 3)
-    paste("30", 0, 25, "End")
-    fill("Ctrl+a", "Ctrl+e")
+    def paste(text, row, column, shown, *ways):
+        press(*ways)
+        copy(text.replace("\n", "\r\n"))
+        press("Ctrl+v")
+        wait_for(shown, lambda: table.getAccessibleAt(row, column).name == shown)
+
+    paste(LABORATORY, 0, 2, "Fairhaven Analytical", "Right", "Right")
+    paste("\n".join(RECEIVED), SAMPLES, 13, "05/14/2005 14:00", *["Right"] * 11)
+    paste("VOCOL\t0.25", 0, 16, "VOCOL", *["Right"] * 3)
+    paste("\n".join(DILUTIONS), SAMPLES, 18, DILUTIONS[-1], "Right", "Right")
+    paste("5.0", 0, 21, "5.0", *["Right"] * 3)
+    paste("30", 0, 25, "30", "End")
+    press("Ctrl+a", "Ctrl+e")
     program.find("label", f"{SAMPLES + 1} of {SAMPLES + 1} headers complete", window)
     assert program.press_keys("Ctrl+z") == 2
     program.find("label", f"1 of {SAMPLES + 1} headers complete", window)
     program.press_keys("Ctrl+y")
     program.find("label", f"{SAMPLES + 1} of {SAMPLES + 1} headers complete", window)
     program.window("Edit All Headers", "Edit All Headers, complete")
-    fill("Alt+c")
+    press("Alt+c")
     program.gone("Edit All Headers")
     return keys
 
@@ -102,8 +100,8 @@ def main(programs, pictures):
         print("Keys:", keys)
         assert keys <= MOST_KEYS
         program.find("label", f"Headers complete: {SAMPLES + 1} of {SAMPLES + 1}")
-        page = print_sample(program, "ZB012", fresh.parent / "ZB012.pdf")
-        for value in ("Fairhaven Analytical", "TQW-05-0417", "05/15/2005 11:12", "VOCOL", "0.25"):
+        page = print_sample(program, "ZB005", fresh.parent / "ZB005.pdf")
+        for value in ("Fairhaven Analytical", "TQW-05-0417", "05/15/2005 13:05", "VOCOL", "0.25"):
             assert value in page, (value, page)
 
 

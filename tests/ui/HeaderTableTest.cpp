@@ -146,7 +146,7 @@ TEST(HeaderTable, TellsWhatItDoesNotTake) {
     rig.To(1, kDateAnalyzed);
     rig.Type("2/30/2005 9:00\r");
     rig.Press(Qt::Key_Up);
-    const std::string fault = "Z1, Date Analyzed: Date Analyzed is no date. It was not taken.";
+    const std::string fault = "Z1: Date Analyzed is no date. It was not taken.";
     EXPECT_EQ(rig.Text("NoteLabel"), fault);
     EXPECT_EQ(rig.Samples()[1].Header[kDateAnalyzed], "");
     EXPECT_EQ(rig.view.currentIndex().data(Qt::AccessibleDescriptionRole).toString(),
@@ -165,7 +165,7 @@ TEST(HeaderTable, TellsWhatItDoesNotTake) {
 
     rig.Open();
     rig.To(1, kDateAnalyzed);
-    EXPECT_EQ(rig.Text("NoteLabel"), "Z1, Date Analyzed: Date Analyzed is empty.");
+    EXPECT_EQ(rig.Text("NoteLabel"), "Z1: Date Analyzed is empty.");
     rig.Type("2/28/2005 9:00\r");
     EXPECT_EQ(rig.Samples()[1].Header[kDateAnalyzed], "02/28/2005 09:00");
     rig.Use("&c");
