@@ -86,7 +86,12 @@ TEST(Desk, OffersTheBatchesOfLate) {
     rig.form.RestoreFile(rig.dir.Write("gone.qff", ReadAll(Example("example.qff"))));
     rig.OpenExample();
     rig.chooser.answers = {{rig.Path("saved.qff")}};
-    rig.Use("^s", "File information saved.");
+    for (QAction* const command : rig.form.findChildren<QAction*>()) {
+        if (command->text() == "&Save Batch") {
+            command->trigger();
+        }
+    }
+    EXPECT_THAT(rig.log.TakeTexts(), testing::ElementsAre("File information saved."));
     fs::remove(rig.dir.Path() / "gone.qff");
     rig.form.Batch() = {};
     rig.form.ShowMainWindow();
