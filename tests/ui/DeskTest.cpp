@@ -153,6 +153,9 @@ TEST(Desk, ShowsHowFarSamplesAndFormsAre) {
     EXPECT_THAT(rig.Row("FormsTable", 0), testing::EndsWith("|all.pdf|"));
     EXPECT_THAT(rig.Row("FormsTable", 0), testing::HasSubstr("Incomplete headers: 1 of 10"));
 
+    rig.Samples()[4].FileName = "/other.prn";
+    rig.form.ShowMainWindow();
+    EXPECT_THAT(rig.Row("SamplesTable", 3), testing::EndsWith("|...|")) << "other samples";
     rig.OpenExample();
     EXPECT_THAT(rig.Row("FormsTable", 0), testing::EndsWith("|...|||")) << "another batch";
 }
