@@ -66,6 +66,15 @@ void AddAction(QTableView& table, const QString& caption, const std::function<vo
     table.addAction(action);
 }
 
+// A button that Enter presses too.
+QPushButton* AddCommand(QHBoxLayout* row, const QString& caption, const char* name,
+                        const std::function<void()>& handler) {
+    QPushButton* const button = AddButton(row, caption, name);
+    button->setAutoDefault(true);
+    QObject::connect(button, &QPushButton::clicked, button, handler);
+    return button;
+}
+
 // The label at the left, and room for buttons at the right end.
 QHBoxLayout* HeadRow(const QString& caption, QWidget* table) {
     auto* const row = new QHBoxLayout;
@@ -106,12 +115,10 @@ void BatchPage::AddSamples(QVBoxLayout& rows) {
             &BatchPage::WaitLonger);
 
     QHBoxLayout* const head = HeadRow("Sa&mples:", samplesTable_);
-    previewButton_ = AddButton(head, "&Preview All Forms", "PreviewAllButton");
-    sheetsButton_ = AddButton(head, "Print &Sample's Sheets", "PrintSheetsButton");
-    previewButton_->setAutoDefault(true);
-    sheetsButton_->setAutoDefault(true);
-    connect(previewButton_, &QPushButton::clicked, this, &BatchPage::PreviewAllForms);
-    connect(sheetsButton_, &QPushButton::clicked, this, &BatchPage::PrintSheets);
+    previewButton_ =
+        AddCommand(head, "&Preview All Forms", "PreviewAllButton", [this] { PreviewAllForms(); });
+    sheetsButton_ =
+        AddCommand(head, "Print &Sample's Sheets", "PrintSheetsButton", [this] { PrintSheets(); });
     AddAction(*samplesTable_, "&Header...", [this] { OpenHeader(); });
     AddAction(*samplesTable_, "&TICs...", [this] { OpenTics(); });
     AddAction(*samplesTable_, "&Print Sample's Sheets", [this] { PrintSheets(); });
@@ -126,9 +133,7 @@ void BatchPage::AddForms(QVBoxLayout& rows) {
     connect(formsTable_, &QTableView::activated, this, &BatchPage::OpenForm);
 
     QHBoxLayout* const head = HeadRow("F&orms:", formsTable_);
-    QPushButton* const print = AddButton(head, "Prin&t Form", "PrintFormButton");
-    print->setAutoDefault(true);
-    connect(print, &QPushButton::clicked, this, &BatchPage::PrintForm);
+    AddCommand(head, "Prin&t Form", "PrintFormButton", [this] { PrintForm(); });
     AddAction(*formsTable_, "&Open Entry...", [this] { OpenForm(); });
     AddAction(*formsTable_, "&Print Form", [this] { PrintForm(); });
     rows.addLayout(head);
@@ -136,7 +141,9 @@ void BatchPage::AddForms(QVBoxLayout& rows) {
 }
 
 void BatchPage::Refresh() {
-    samples_.Show(window_.Batch());
+    if (samples_.Show(window_.Batch())) {
+        states_ = {};
+    }
     sheetsButton_->setEnabled(samples_.rowCount() > 0);
     for (QTableView* const table : {samplesTable_, formsTable_}) {
         if (!table->currentIndex().isValid()) {

@@ -5,6 +5,7 @@
 
 #include <QDateTime>
 
+#include "app/Package.h"
 #include "forms/FormList.h"
 #include "platform/Text.h"
 #include "platform/qt/ShownText.h"
@@ -16,25 +17,22 @@ namespace {
 constexpr std::array<const char*, FormsTable::kColumns> kHeads = {"Form", "State", "Printed",
                                                                   "Where"};
 
-// How many jobs the form has in a package of the whole batch.
-std::size_t JobsOf(const FormRow& form, const Batch& batch) {
-    const std::span<const SampleRecord> samples = SamplesOf(batch);
-    return form.onlyWithTics ? static_cast<std::size_t>(std::ranges::count_if(
-                                   samples, [](const auto& sample) { return !!sample.TicList; }))
-                             : samples.size();
-}
-
-QString PrintedText(const FormRow& form, const FormPrinted& printed, const Batch& batch) {
+QString PrintedText(const FormRow& form, const FormPrinted& printed,
+                    const std::vector<PackageWork>& package) {
     const QString when = QDateTime::fromSecsSinceEpoch(printed.Last->When).toString(kShownDateTime);
     return form.printBatch != nullptr
                ? when
-               : QString("%1 of %2, %3").arg(printed.Jobs).arg(JobsOf(form, batch)).arg(when);
+               : QString("%1 of %2, %3")
+                     .arg(printed.Jobs)
+                     .arg(std::ranges::count(package, &form, &PackageWork::form))
+                     .arg(when);
 }
 
 }  // namespace
 
 void FormsTable::Show(const Batch& batch, const std::vector<FormState>& states,
                       std::span<const PrintedJobs> printed) {
+    const std::vector<PackageWork> package = PlanWholePackage(batch);
     lines_.resize(kForms.size());
     for (std::size_t i = 0; i < kForms.size(); ++i) {
         const FormRow& form = kForms[i];
@@ -43,7 +41,7 @@ void FormsTable::Show(const Batch& batch, const std::vector<FormState>& states,
         line.Cells[kState] = states.empty() ? kNotKnownYet : Shown(states[i].Text);
         if (const FormPrinted done = PrintedOf(form, printed); done.Last != nullptr) {
             const std::string& place = done.Last->Where;
-            line.Cells[kPrinted] = PrintedText(form, done, batch);
+            line.Cells[kPrinted] = PrintedText(form, done, package);
             line.Cells[kWhere] = Shown(done.Last->IsFile ? FileNameOnly(place) : place);
             line.Place = Shown(place);
         }

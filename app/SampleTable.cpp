@@ -1,5 +1,6 @@
 #include "app/SampleTable.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
 #include <utility>
@@ -35,12 +36,13 @@ SampleTable::Line SampleTable::LineOf(const SampleRecord& sample, int number) {
     return line;
 }
 
-void SampleTable::Show(const Batch& batch) {
+bool SampleTable::Show(const Batch& batch) {
     std::vector<Line> lines;
     for (const SampleRecord& sample : SamplesOf(batch)) {
         lines.push_back(LineOf(sample, static_cast<int>(lines.size()) + 1));
     }
-    if (lines.size() != lines_.size()) {
+    const bool others = !std::ranges::equal(lines, lines_, {}, &Line::Path, &Line::Path);
+    if (others) {
         beginResetModel();
         lines_ = std::move(lines);
         findings_.clear();
@@ -49,6 +51,7 @@ void SampleTable::Show(const Batch& batch) {
         lines_ = std::move(lines);
         emit dataChanged(index(0, 0), index(rowCount() - 1, kFindings));
     }
+    return others;
 }
 
 void SampleTable::ShowFindings(std::vector<FindingCount> findings) {

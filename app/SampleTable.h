@@ -31,8 +31,9 @@ class SampleTable : public QAbstractTableModel {
 
     using QAbstractTableModel::QAbstractTableModel;
 
-    // Takes the samples as they are now.
-    void Show(const Batch& batch);
+    // Takes the samples as they are now. True: they are others than before, of which no findings
+    // are known.
+    bool Show(const Batch& batch);
     // Of the samples that show; none: they are not known yet.
     void ShowFindings(std::vector<FindingCount> findings);
 

@@ -105,19 +105,22 @@ TEST(BatchStates, KnowTheFormsOfPrintedJobsByTheirTitles) {
 TEST(RecentBatches, AreTheLastEightEachOnce) {
     const TempDir dir;
     const std::string kept = dir.Write("kept.qff", "");
-    fs::create_directory_symlink(dir.Path(), dir.Path() / "link");
+    fs::create_hard_link(PathOf(kept), dir.Path() / "link.qff");
+    const auto gone = [&dir](int number) {
+        return TextOf(dir.Path() / (std::to_string(number) + ".qff"));
+    };
     std::vector<std::string> recent = {"", kept};
     for (int i = 1; i <= 7; ++i) {
-        recent = WithRecentBatch(recent, "/gone/" + std::to_string(i) + ".qff");
+        recent = WithRecentBatch(recent, gone(i));
     }
     EXPECT_EQ(recent.size(), kRecentBatches);
     EXPECT_EQ(recent.back(), kept);
-    recent = WithRecentBatch(recent, "/gone/./x/../3.qff");
-    EXPECT_EQ(recent[0] + recent[1] + recent.back(), "/gone/3.qff/gone/7.qff" + kept);
-    recent = WithRecentBatch(recent, TextOf(dir.Path() / "link" / "kept.qff"));
+    recent = WithRecentBatch(recent, TextOf(dir.Path() / "." / "x" / ".." / "3.qff"));
+    EXPECT_EQ(recent[0] + recent[1] + recent.back(), gone(3) + gone(7) + kept);
+    recent = WithRecentBatch(recent, TextOf(dir.Path() / "link.qff"));
     EXPECT_EQ(recent.size(), kRecentBatches) << "the same file";
-    EXPECT_EQ(recent[1], "/gone/3.qff");
-    EXPECT_EQ(WithRecentBatch(recent, "/new.qff").back(), "/gone/2.qff");
+    EXPECT_EQ(recent[1], gone(3));
+    EXPECT_EQ(WithRecentBatch(recent, gone(9)).back(), gone(2));
     EXPECT_EQ(WithRecentBatch({}, "a.qff").front(), TextOf(fs::current_path() / "a.qff"));
 }
 

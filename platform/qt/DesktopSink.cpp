@@ -114,6 +114,9 @@ const std::vector<std::string>& DesktopSink::Printers() {
 }
 
 const std::string& DesktopSink::PrinterAt(int index) {
+    if (index == kPreviewIndex) {
+        return kPreviewPrinter;
+    }
     const std::vector<std::string>& printers = Printers();
     const auto at = static_cast<std::size_t>(index);
     return index >= 0 && at < printers.size() ? printers[at] : printers.back();

@@ -86,7 +86,12 @@ TEST(Desk, OffersTheBatchesOfLate) {
     rig.form.RestoreFile(rig.dir.Write("gone.qff", ReadAll(Example("example.qff"))));
     rig.OpenExample();
     rig.chooser.answers = {{rig.Path("saved.qff")}};
-    rig.Use("^s", "File information saved.");
+    for (QAction* const command : rig.form.findChildren<QAction*>()) {
+        if (command->text() == "&Save Batch") {
+            command->trigger();
+        }
+    }
+    EXPECT_THAT(rig.log.TakeTexts(), testing::ElementsAre("File information saved."));
     fs::remove(rig.dir.Path() / "gone.qff");
     rig.form.Batch() = {};
     rig.form.ShowMainWindow();
@@ -148,6 +153,9 @@ TEST(Desk, ShowsHowFarSamplesAndFormsAre) {
     EXPECT_THAT(rig.Row("FormsTable", 0), testing::EndsWith("|all.pdf|"));
     EXPECT_THAT(rig.Row("FormsTable", 0), testing::HasSubstr("Incomplete headers: 1 of 10"));
 
+    rig.Samples()[4].FileName = "/other.prn";
+    rig.form.ShowMainWindow();
+    EXPECT_THAT(rig.Row("SamplesTable", 3), testing::EndsWith("|...|")) << "other samples";
     rig.OpenExample();
     EXPECT_THAT(rig.Row("FormsTable", 0), testing::EndsWith("|...|||")) << "another batch";
 }
