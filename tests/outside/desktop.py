@@ -185,7 +185,7 @@ class Program:
     def menu(self, *captions):
         for caption in captions:
             self._active("QFR Forms")  # a click before would miss it
-            self._click(self.find("menu item", caption))
+            self.click(self.find("menu item", caption))
 
     def restore(self, batch):
         self.menu("Data Files", "Restore Batch")
@@ -200,7 +200,7 @@ class Program:
     def choose(self, caption, item, window):
         box = self.find("combo box", caption, window)
         self._act(box, "ShowMenu")
-        self._click(self.find("list item", item, box))
+        self.click(self.find("list item", item, box))
         wait_for(f"the choice of {item}", lambda: not self._look("list item", item, box))
 
     def text(self, caption, window):
@@ -212,12 +212,17 @@ class Program:
     def has(self, role, name):
         return self._look(role, name, self._root) is not None
 
+    def control(self, key):
+        """The key with Ctrl."""
+        send, events = self._atspi.Registry.generateKeyboardEvent, self._atspi
+        send(CONTROL_KEY, None, events.KEY_PRESS)
+        send(key, None, events.KEY_SYM)
+        send(CONTROL_KEY, None, events.KEY_RELEASE)
+
     def type(self, text):
         """Over what the control that has the focus holds."""
         send, events = self._atspi.Registry.generateKeyboardEvent, self._atspi
-        send(CONTROL_KEY, None, events.KEY_PRESS)
-        send(ord("a"), None, events.KEY_SYM)
-        send(CONTROL_KEY, None, events.KEY_RELEASE)
+        self.control(ord("a"))
         for character in text:
             send(ord(character), None, events.KEY_SYM)
             time.sleep(0.02)  # the next one may need another keyboard mapping
@@ -229,7 +234,7 @@ class Program:
         actions = thing.queryAction()
         actions.doAction([actions.getName(i) for i in range(actions.nActions)].index(name))
 
-    def _click(self, thing):
+    def click(self, thing):
         place = thing.queryComponent().getExtents(self._atspi.DESKTOP_COORDS)
         self._atspi.Registry.generateMouseEvent(int(SCALE * (place.x + place.width // 2)),
                                                 int(SCALE * (place.y + place.height // 2)), "b1c")
