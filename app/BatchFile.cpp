@@ -239,7 +239,7 @@ std::optional<Message> LimitsNoteFor(std::string_view rangesLine, std::string_vi
         return std::nullopt;
     }
     return Message{FileNameOnly(fileName) +
-                       " was saved with oil limits for Form 2.\n"
+                       " was saved with oil limits for Form II.\n"
                        "They come back as soil limits. Please check the choice.",
                    "Warning", MessageIcon::kWarning};
 }

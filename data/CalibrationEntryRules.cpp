@@ -158,8 +158,8 @@ std::optional<EntryFault> AcceptInitialCalibration(Entries& entries, int levelCo
     return std::nullopt;
 }
 
-void ShowContinuingCalibration(Entries& entries, const Batch& batch, Reports& reports,
-                               Messages& messages) {
+void ShowContinuingCalibration(Entries& entries, const Batch& batch, std::size_t headerRecord,
+                               Reports& reports, Messages& messages) {
     const std::string name = Trim(batch.Files.CheckCal);
     if (!name.empty()) {
         const auto report = reports.Read<CheckReport>(name, batch.Folder);
@@ -176,6 +176,10 @@ void ShowContinuingCalibration(Entries& entries, const Batch& batch, Reports& re
     TakeWhenFilled(entry.LabFileId, LowerCase(entries.StandardSummary.LabFileId));
     TakeWhenFilled(entry.FirstStandard, entries.InitialCalibration.FirstStandard);
     TakeWhenFilled(entry.LastStandard, entries.InitialCalibration.LastStandard);
+    if (const auto samples = SamplesOf(batch);
+        IsUnfilled(entry.InstrumentId) && headerRecord < samples.size()) {
+        entry.InstrumentId = samples[headerRecord].Header[HeaderField::kInstrumentId];
+    }
 }
 
 std::optional<EntryFault> BrowseCriteriaFile(Entries& entries, std::size_t /*item*/,

@@ -4,6 +4,7 @@
 // Faults name the control to focus, and nothing is taken over while there is one.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -34,9 +35,9 @@ std::optional<EntryFault> AcceptInitialCalibration(Entries& entries, int levelCo
 // --- TChkCalForm, "Continuing Calibration Data Input" ---
 
 // Takes over what was typed for Forms VI and VIII, after a look at the continuing calibration
-// report.
-void ShowContinuingCalibration(Entries& entries, const Batch& batch, Reports& reports,
-                               Messages& messages);
+// report, and, where there is no instrument, that of the header at `headerRecord` of the samples.
+void ShowContinuingCalibration(Entries& entries, const Batch& batch, std::size_t headerRecord,
+                               Reports& reports, Messages& messages);
 
 // Browse of the RF criteria file. A file of another kind empties the entry.
 BrowseAction BrowseCriteriaFile;

@@ -97,7 +97,7 @@ void TellOfChanges(const std::vector<std::string>& missing, const InitialCalibra
     }
     if (!changes.empty()) {
         messages.Show({"Calibration raw data not found: " + Enumerated(missing) +
-                           ".\nThis has changed on Form 6: " + Enumerated(changes) + ".",
+                           ".\nThis has changed on Form VI: " + Enumerated(changes) + ".",
                        "Warning"});
     }
 }

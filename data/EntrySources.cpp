@@ -64,8 +64,8 @@ void AddCalibrationReport(Sources& sources, const Batch& batch, Reports& reports
     KeptMessages told;  // by the forms themselves
     ReadCalibrationDataFiles(report, reports, false, dates, told);
     sources.AddDates(dates.FirstStandard, dates.LastStandard, note);
-    const auto levels = std::min(static_cast<std::size_t>(std::max(levelCount, 0)),
-                                 report->DataFiles.size());
+    const auto levels =
+        std::min(static_cast<std::size_t>(std::max(levelCount, 0)), report->DataFiles.size());
     for (std::size_t level = 0; level < levels; ++level) {
         sources.AddStandard(reports.Read<RawDataFile>(report->DataFiles[level], report.Folder),
                             note);

@@ -34,7 +34,7 @@ class OddReports {
     void Tell(Messages& messages) const {
         if (!dates_.empty()) {
             messages.Show(ListMessage(
-                "The date could not be read in these reports. Please enter it for Form 1.",
+                "The date could not be read in these reports. Please enter it for Form I.",
                 dates_));
         }
         if (!values_.empty()) {

@@ -118,8 +118,8 @@ void ShowSource(const QDialog& dialog, const std::string& control, const std::st
         // A long name of a file must not widen the dialog.
         constexpr int kLetters = 60;
         const QFontMetrics metrics = label->fontMetrics();
-        label->setText(metrics.elidedText(text, Qt::ElideMiddle,
-                                          kLetters * metrics.averageCharWidth()));
+        label->setText(
+            metrics.elidedText(text, Qt::ElideMiddle, kLetters * metrics.averageCharWidth()));
     }
 }
 
@@ -145,9 +145,10 @@ void ShowVerdicts(EntryGrid& grid) {
 void SetUpTune(QDialog& dialog) {
     SetUp<Ui::TTuneForm>(dialog);
     auto& grid = *Find<EntryGrid>(dialog, "StringGrid1");
-    grid.SetUp(
-        {{"m/e", 40, true}, {"ION ABUNDANCE CRITERIA", 220, true}, {"% RELATIVE ABUNDANCE", 320, false, 70}},
-        TuneEntry::kIons, TuneEntry::kIons);
+    grid.SetUp({{"m/e", 40, true},
+                {"ION ABUNDANCE CRITERIA", 220, true},
+                {"% RELATIVE ABUNDANCE", 320, false, 70}},
+               TuneEntry::kIons, TuneEntry::kIons);
     grid.horizontalHeader()->setStretchLastSection(true);
     int row = 0;
     for (const TuneIon& ion : kTuneIons) {
@@ -400,8 +401,8 @@ void EntryFormDialog::StoreInto(Batch& /*batch*/, Entries& entries) const {
 
 void EntryFormDialog::FindSources() {
     if (parts_.sources != nullptr) {
-        sources_ = parts_.sources(host_.Entries(), host_.Batch(), host_.Reports(),
-                                  host_.LevelCount());
+        sources_ =
+            parts_.sources(host_.Entries(), host_.Batch(), host_.Reports(), host_.LevelCount());
         ShowSources();
     }
 }

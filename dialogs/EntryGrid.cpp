@@ -9,13 +9,11 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QPainter>
 #include <QScrollBar>
 #include <QSignalBlocker>
-#include <QStyledItemDelegate>
 
+#include "dialogs/CellDelegate.h"
 #include "platform/Text.h"
-#include "platform/qt/FieldEntry.h"
 
 namespace qfr {
 
@@ -24,16 +22,7 @@ namespace {
 constexpr double kLetterHeight = 13;  // pixels, of the letters that column widths are given for
 constexpr int kRowPadding = 8;
 constexpr int kLeastRows = 4;
-constexpr int kNoteSpace = 6;  // pixels around a note
 constexpr int kMostSteps = 100;
-
-bool HasSeveralCells(const QString& text) {
-    return text.contains('\t') || text.contains('\n');
-}
-
-bool IsEnter(const QKeyEvent& event) {
-    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-}
 
 }  // namespace
 
@@ -56,103 +45,6 @@ class CellsStep : public QUndoCommand {
     EntryGrid::Cells after_;
 };
 
-// Gives the keys that concern more than the cell to the grid, and paints what is said of it.
-class CellDelegate : public QStyledItemDelegate {
-  public:
-    explicit CellDelegate(EntryGrid& grid) : QStyledItemDelegate(&grid), grid_(grid) {}
-
-    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
-                          const QModelIndex& index) const override {
-        QWidget* const editor = QStyledItemDelegate::createEditor(parent, option, index);
-        const QAbstractItemModel& model = *index.model();
-        editor->setAccessibleName(model.headerData(index.column(), Qt::Horizontal).toString() +
-                                  ' ' + model.headerData(index.row(), Qt::Vertical).toString());
-        editor->setAccessibleDescription(index.data(Qt::AccessibleDescriptionRole).toString());
-        // Cells that came in by another way than the key, such as the context menu.
-        if (auto* const line = qobject_cast<QLineEdit*>(editor)) {
-            KeepToOneField(*line);
-            connect(line, &QLineEdit::textEdited, &grid_, &EntryGrid::Edited);
-            connect(
-                line, &QLineEdit::textEdited, &grid_,
-                [this, line](const QString& text) {
-                    if (HasSeveralCells(text)) {
-                        line->undo();
-                        grid_.Paste();
-                    }
-                },
-                Qt::QueuedConnection);
-        }
-        return editor;
-    }
-
-    void setModelData(QWidget* editor, QAbstractItemModel* model,
-                      const QModelIndex& index) const override {
-        grid_.AsOneStep(EntryGrid::kTyping,
-                        [&] { QStyledItemDelegate::setModelData(editor, model, index); });
-    }
-
-    void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
-                              const QModelIndex& index) const override {
-        QStyleOptionViewItem text = option;
-        text.rect = grid_.TextPlace(index, option.rect);
-        QStyledItemDelegate::updateEditorGeometry(editor, text, index);
-    }
-
-    void paint(QPainter* painter, const QStyleOptionViewItem& option,
-               const QModelIndex& index) const override {
-        QStyleOptionViewItem text = option;
-        text.rect = grid_.TextPlace(index, option.rect);
-        QStyledItemDelegate::paint(painter, text, index);
-        const auto note = grid_.notes_.find({index.row(), index.column()});
-        if (note == grid_.notes_.end()) {
-            return;
-        }
-        QRect place = option.rect;
-        place.setLeft(text.rect.right() + kNoteSpace);
-        place.setRight(place.right() - kNoteSpace);
-        QFont font = option.font;
-        font.setBold(note->second.Strong);
-        painter->save();
-        painter->setFont(font);
-        painter->setPen(option.palette.color(QPalette::Text));
-        painter->drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                          QFontMetrics(font).elidedText(QString::fromStdString(note->second.Text),
-                                                        Qt::ElideRight, place.width()));
-        painter->restore();
-    }
-
-  protected:
-    bool eventFilter(QObject* editor, QEvent* event) override {
-        if (event->type() == QEvent::KeyPress) {
-            const auto& key = *static_cast<QKeyEvent*>(event);
-            const QString text = QGuiApplication::clipboard()->text();
-            if (key.matches(QKeySequence::Paste) && HasSeveralCells(text)) {
-                grid_.Paste();
-                return true;
-            }
-            const auto& line = *static_cast<QLineEdit*>(editor);
-            // The edit takes back what was typed there, and then the grid its own.
-            if (key.matches(QKeySequence::Undo) && !line.isUndoAvailable()) {
-                grid_.Undo();
-                return true;
-            }
-            if (key.matches(QKeySequence::Redo) && !line.isRedoAvailable()) {
-                grid_.Redo();
-                return true;
-            }
-            if (IsEnter(key)) {
-                grid_.FinishEditing();
-                grid_.MoveDown();
-                return true;
-            }
-        }
-        return QStyledItemDelegate::eventFilter(editor, event);
-    }
-
-  private:
-    EntryGrid& grid_;
-};
-
 EntryGrid::EntryGrid(QWidget* parent) : QTableWidget(parent) {
     setItemDelegate(new CellDelegate(*this));
     setEditTriggers(AnyKeyPressed | SelectedClicked | DoubleClicked | CurrentChanged);
@@ -164,6 +56,11 @@ EntryGrid::EntryGrid(QWidget* parent) : QTableWidget(parent) {
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     steps_.setUndoLimit(kMostSteps);
     connect(this, &QTableWidget::itemChanged, this, &EntryGrid::Edited);
+}
+
+// The steps tell of their end, and the dialog is no dialog any more.
+EntryGrid::~EntryGrid() {
+    steps_.disconnect();
 }
 
 void EntryGrid::SetUp(std::initializer_list<Column> columns, int rows, int visibleRows) {

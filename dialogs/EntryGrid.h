@@ -26,6 +26,7 @@ class EntryGrid : public QTableWidget {
     };
 
     explicit EntryGrid(QWidget* parent = nullptr);
+    ~EntryGrid() override;
 
     // An empty grid. It asks for the height of `visibleRows`.
     void SetUp(std::initializer_list<Column> columns, int rows, int visibleRows);

@@ -62,6 +62,7 @@ class TForm1Header : public QDialog, public HoldsEntries {
     void ShowRecord(std::size_t record);
     void SelectInDropDowns(std::size_t record);
     void OnChange(QComboBox* box, const QString& text);
+    void SetUpSteps();
     // The sample before (-1) or after (1) the one shown.
     void Step(int by);
     void ShowPlace();

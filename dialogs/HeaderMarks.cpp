@@ -84,8 +84,8 @@ void ShowCarriedOver(QWidget& control, bool carriedOver) {
     QFont font;
     if (carriedOver) {
         const QPalette& window = control.window()->palette();
-        palette.setColor(QPalette::Text, Mixed(window.color(QPalette::Text),
-                                               window.color(QPalette::Highlight)));
+        palette.setColor(QPalette::Text,
+                         Mixed(window.color(QPalette::Text), window.color(QPalette::Highlight)));
         font.setItalic(true);
     }
     edit.setPalette(palette);

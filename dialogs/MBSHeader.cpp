@@ -19,9 +19,9 @@ namespace qfr {
 namespace {
 
 constexpr int kHelpTopic = 122;
-constexpr int kBoxWidth = 369;     // pixels
+constexpr int kBoxWidth = 369;      // pixels
 constexpr double kFormPoints = 10;  // of the form's letters
-constexpr int kSlack = 4;  // pixels; the box rounds each line up
+constexpr int kSlack = 4;           // pixels; the box rounds each line up
 
 // The form's letters in the dialog's size, so that what fits the box fits the line.
 QFont FontOfForm() {
@@ -169,10 +169,10 @@ void TMBSHeader::FitToFont() {
     QPlainTextEdit& box = *ui_->RichEdit1;
     const double margins = 2 * (box.document()->documentMargin() + box.frameWidth());
     const int lines = static_cast<int>(kCommentLines) * box.fontMetrics().lineSpacing();
-    const double line = kCommentLineLength * kPointsPerInch / kFormPoints *
-                        QFontInfo(box.font()).pixelSize();
-    box.setMinimumWidth(std::max(kBoxWidth, static_cast<int>(std::ceil(line + margins)) +
-                                                box.cursorWidth()));
+    const double line =
+        kCommentLineLength * kPointsPerInch / kFormPoints * QFontInfo(box.font()).pixelSize();
+    box.setMinimumWidth(
+        std::max(kBoxWidth, static_cast<int>(std::ceil(line + margins)) + box.cursorWidth()));
     box.setFixedHeight(lines + static_cast<int>(std::ceil(margins)) + kSlack);
 }
 

@@ -32,7 +32,7 @@ struct MissingSamples {
                 "\nFrom " + Report + " on, which has no volatile section: " + BehindSection + ".";
         }
         return text.empty() ? std::nullopt
-                            : std::optional(Message{"Form 2 lacks samples of the batch." + text,
+                            : std::optional(Message{"Form II lacks samples of the batch." + text,
                                                     "Samples Missing"});
     }
 };

@@ -156,7 +156,7 @@ std::optional<Message> CommentsNotPrinted(Page& page, const std::vector<std::str
     if (rest.empty()) {
         return std::nullopt;
     }
-    return Message{"The two lines for comments on Form 4 have no room for this:" + rest,
+    return Message{"The two lines for comments on Form IV have no room for this:" + rest,
                    "Comments Too Long"};
 }
 

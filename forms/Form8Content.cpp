@@ -104,7 +104,7 @@ void TellOfMissingValues(const Form8Content& content, const SampleListType& samp
         AddIncomplete(names, SampleName(samples[i]), content.Samples[i].Peaks);
     }
     if (!names.empty()) {
-        messages.Show({"Form 8 lacks internal standard values of\n" + names + ".",
+        messages.Show({"Form VIII lacks internal standard values of\n" + names + ".",
                        "Internal Standard Values Missing"});
     }
 }

@@ -47,8 +47,8 @@ std::optional<EntryFault> OnOkInitial(FormHost& host) {
     return AcceptInitialCalibration(host.Entries(), host.LevelCount(), host.Flags());
 }
 
-bool OnShowContinuing(FormHost& host, std::size_t /*headerRecord*/) {
-    ShowContinuingCalibration(host.Entries(), host.Batch(), host.Reports(), host);
+bool OnShowContinuing(FormHost& host, std::size_t headerRecord) {
+    ShowContinuingCalibration(host.Entries(), host.Batch(), headerRecord, host.Reports(), host);
     return true;
 }
 

@@ -109,9 +109,9 @@ std::optional<DateTime> ParseDateTime(std::string_view text) {
 }
 
 std::optional<std::string> NoSuchDate(std::string_view text) {
-    static constexpr std::array kMonths = {
-        "January", "February", "March",     "April",   "May",      "June",
-        "July",    "August",   "September", "October", "November", "December"};
+    static constexpr std::array kMonths = {"January",   "February", "March",    "April",
+                                           "May",       "June",     "July",     "August",
+                                           "September", "October",  "November", "December"};
     Scanner scanner(text);
     const std::chrono::year_month_day date = TakeParts(scanner);
     if (scanner.Failed() || Exists(date)) {

@@ -82,7 +82,8 @@ void Reviewed::ReadCheck(const ReviewInput& input) {
         ReadCheckStandardInfo(Check, input.Reports, FromCheckStandard);
         ReadCheckStandardInfo(Check, input.Reports, entries.ContinuingCalibration);
     }
-    ShowContinuingCalibration(entries, Batch, input.Reports, messages);
+    ShowContinuingCalibration(entries, Batch, FirstCompleteRecord(Samples).value_or(Samples.size()),
+                              input.Reports, messages);
     Continuing = entries.ContinuingCalibration;
 
     entries = Saved;

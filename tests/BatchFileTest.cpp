@@ -208,7 +208,7 @@ TEST(BatchFile, TellsWhatWasAcceptedAndWhatChanges) {
         return message ? message->text : "none";
     };
     EXPECT_EQ(Joined({"f;2;", "f;4;", "", "f;3;"}, note),
-              "none|none|none|x.qff was saved with oil limits for Form 2.\n"
+              "none|none|none|x.qff was saved with oil limits for Form II.\n"
               "They come back as soil limits. Please check the choice.");
 }
 

@@ -196,7 +196,7 @@ TEST(CalibrationTables, NameTheAcceptedEntriesThatMissingDataFilesChange) {
         return messages.shown.empty() ? "" : messages.shown.front().text;
     };
     const std::string missing = "Calibration raw data not found: ";
-    const std::string changed = ".\nThis has changed on Form 6: the ";
+    const std::string changed = ".\nThis has changed on Form VI: the ";
     EXPECT_EQ(said("STD1.D;STD2.D;STD3.D") + said("GONE.D;GONE.D"), "");
     EXPECT_EQ(said("STD1.D;C:\\GONE.D;STD3.D"),
               missing + "GONE.D" + changed + "lab file ID of level 2.");
@@ -409,7 +409,7 @@ TEST(CalibrationEntryRules, ShowTakesWhatTheOtherDialogsHold) {
     initial.FirstStandard = kFirst;
     standard.SampleNo = "VSTD050A";
     continuing.LabFileId = "Typed.D";
-    ShowContinuingCalibration(host.entries, host.batch, host.Reports(), host);
+    ShowContinuingCalibration(host.entries, host.batch, 0, host.Reports(), host);
     EXPECT_EQ(continuing.SampleNo + " " + continuing.LabFileId, "vstd050a Typed.D");
     EXPECT_EQ(continuing.LastStandard, kLast);
     const auto showStandard = [&](int levelCount) {
@@ -431,7 +431,7 @@ TEST(CalibrationEntryRules, ShowTakesWhatTheOtherDialogsHold) {
     EXPECT_THAT(standard.Levels, ElementsAre("10", "20"));
     EXPECT_EQ(standard.LevelIndex, -1) << "the level is gone";
     host.batch.Files.CheckCal = run.dir.Write("BAD", "N;Com\n");
-    ShowContinuingCalibration(host.entries, host.batch, host.Reports(), host);
+    ShowContinuingCalibration(host.entries, host.batch, 0, host.Reports(), host);
     EXPECT_THAT(host.messages.TakeTexts(),
                 ElementsAre("The check calibration file could not be read.\nRecreate the check "
                             "calibration file."));

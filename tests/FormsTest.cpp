@@ -134,7 +134,7 @@ TEST(Forms, TellWhatADamagedReportLacksAndPrint) {
     EXPECT_THAT(told(kForm8, kCal, "A\nCompound-3", "X\nCompound-3", false), behind);
     EXPECT_THAT(told(kForm7, kCheck, "2;Compound-2;", "2;Compound-9;"),
                 HasSubstr(" in their order.\nRow 2: compound-9 instead of compound-2.\n"));
-    const std::string values = "Form 8 lacks internal standard values of\n";
+    const std::string values = "Form VIII lacks internal standard values of\n";
     EXPECT_EQ(told(kForm8, kCheck, "1,4-difluorobenzene", "other"),
               values + "the 12 hour standard (1,4-difluorobenzene).");
     EXPECT_EQ(told(kForm8, "S2.PRN", "d5;1000.9;7.25", "d5;1000.9;"),

@@ -278,6 +278,17 @@ TEST(DateTime, ReadsWhatReportsAndMasksHold) {
     for (const std::string_view text : bad) {
         EXPECT_FALSE(ParseDateTime(text) || IsDateTimeText(text)) << text;
     }
+    const std::pair<std::string_view, std::string_view> noSuch[] = {
+        {"2/30/2005 10:10", "02/30/2005 does not exist: February 2005 has 28 days."},
+        {"02/29/05", "02/29/2005 does not exist: February 2005 has 28 days."},
+        {"13/01/2005", "13/01/2005 does not exist: a year has the months 1 to 12."},
+        {"01/02/0000", "01/02/0000 does not exist."}};
+    for (const auto& [text, told] : noSuch) {
+        EXPECT_EQ(NoSuchDate(text), told);
+    }
+    for (const std::string_view text : {"02/28/2005", "02/30", "24:00", "soon", ""}) {
+        EXPECT_EQ(NoSuchDate(text), std::nullopt) << text;
+    }
     EXPECT_TRUE(ParseDateTime("12/31/1899")->HasDate() && !ParseDateTime("23:59")->HasDate());
     EXPECT_EQ(ParseDateTime("1/2/2000 11:00")->seconds - ParseDateTime("1/1/2000 23:00")->seconds,
               kTwelveHours);

@@ -579,7 +579,7 @@ std::vector<RuleCase> Cases() {
          [](Lab& lab) {
              lab.entries.Comments.Lines = {"one", "two", "three"};
          },
-         "form 4: Comments Too Long: The two lines for comments on Form 4 have no room for this: "
+         "form 4: Comments Too Long: The two lines for comments on Form IV have no room for this: "
          "Line 3: three [Method blank comments (Form IV), Line 1]",
          [](Lab& lab) {
              lab.entries.Comments.Lines = {"one", "two"};

@@ -201,7 +201,7 @@ class Program:
     def menu(self, *captions):
         for caption in captions:
             self._active("QFR Forms")  # a click before would miss it
-            self._click(self.find("menu item", caption))
+            self.click(self.find("menu item", caption))
 
     def restore(self, batch, complete="10 of 10"):
         self.menu("Data Files", "Restore Batch")
@@ -216,7 +216,7 @@ class Program:
     def choose(self, caption, item, window):
         box = self.find("combo box", caption, window)
         self._act(box, "ShowMenu")
-        self._click(self.find("list item", item, box))
+        self.click(self.find("list item", item, box))
         wait_for(f"the choice of {item}", lambda: not self._look("list item", item, box))
 
     def text(self, caption, window):
@@ -263,7 +263,7 @@ class Program:
         actions = thing.queryAction()
         actions.doAction([actions.getName(i) for i in range(actions.nActions)].index(name))
 
-    def _click(self, thing):
+    def click(self, thing):
         place = thing.queryComponent().getExtents(self._atspi.DESKTOP_COORDS)
         self._atspi.Registry.generateMouseEvent(int(SCALE * (place.x + place.width // 2)),
                                                 int(SCALE * (place.y + place.height // 2)), "b1c")

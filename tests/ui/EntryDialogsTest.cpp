@@ -92,7 +92,7 @@ TEST(MBSHeader, ShowsAndAsksAboutWhatTheFormHasNoRoomFor) {
     rig.log.answers = {false, true};
     EXPECT_TRUE(rig.Run([&] {
         const std::string asked =
-            "The two lines for comments on Form 4 have no room for this:\nThe end of line 2: " +
+            "The two lines for comments on Form IV have no room for this:\nThe end of line 2: " +
             std::string(14, 'b') + "\nLine 3: three\nPrint the form all the same?";
         EXPECT_EQ(rig.Get<QLabel>("RoomLabel").text().toStdString(),
                   "Two lines print, each 5.4 inches long. Used: 0.2 and 6.3 inches.\n"
@@ -134,6 +134,34 @@ TEST(TuneForm, IsFilledByKeyboardAlone) {
     EXPECT_EQ(rig.stored, (TuneEntry{"BFB01", "GC 2", "B0516.D", "05/16/2005", "08:30", {}}));
 }
 
+TEST(TuneForm, SaysOfEachAbundanceWhetherItIsInRange) {
+    // The row, from 0; what is typed; what is said while it is.
+    const std::tuple<int, const char*, const char*> cases[] = {
+        {0, "15", "In range: 15.0 - 40.0% of mass 95"},
+        {0, "14.9", "Out of range: 15.0 - 40.0% of mass 95"},
+        {1, "1,5", "Not a number"},
+        {2, "99", "Not flagged, but: Base peak, 100% relative abundance"},
+        {1, "\b", ""},
+        {4, "2.0", "Not flagged, but: Less than 2.0% of mass 174"},
+        {7, "78.4",
+         "Out of range: 95.0 - 101.0% of mass 174. It is 98.0% of mass 174: typed relative to "
+         "mass 95?"}};
+    TuneRig rig;
+    rig.stored.Abundances[5] = "80";
+    rig.Run(1, [&] {
+        auto& grid = rig.Get<EntryGrid>("StringGrid1");
+        for (const auto& [row, typed, said] : cases) {
+            grid.setFocus();
+            grid.setCurrentCell(row, 2);
+            rig.Type("^a");
+            rig.Type(typed);
+            EXPECT_EQ(QApplication::focusWidget()->accessibleDescription(), said) << typed;
+            EXPECT_EQ(grid.item(row, 2)->data(Qt::AccessibleDescriptionRole).toString(), said);
+        }
+        rig.Type("\33\33");
+    });
+}
+
 TEST(TuneForm, HoldsTheUserAtAWrongEntryThatIsLeft) {
     for (const char* const next : {"\t", "MaskEdit1", "OkButton"}) {
         SCOPED_TRACE(next);
@@ -154,6 +182,9 @@ TEST(TuneForm, CancelKeepsWhatWasTypedButNotTheInstrument) {
     TuneRig rig;
     EXPECT_FALSE(rig.Run(1, [&] {
         rig.Use("BFB9\tOther\t1\t", kDateFormat, "MaskEdit1");
+        const QString note = "15/16/2005 does not exist: a year has the months 1 to 12.";
+        EXPECT_EQ(rig.Get<QLabel>("DateNote").text(), note);
+        EXPECT_EQ(rig.Get("MaskEdit1").accessibleDescription(), note);
         rig.Use("\33");
     }));
     EXPECT_EQ(rig.stored.InjectionDate, "15/16/2005");
@@ -182,10 +213,11 @@ TEST(InitCalInput, ShowsTheLevelsAndAsksForTheirFiles) {
 TEST(ChkCalForm, AsksForItsCriteriaAndBrowsesOnAClick) {
     EntryRig<EntryDialog::kContinuingCalibration> rig;
     rig.form.Entries().StandardSummary.SampleNo = "VSTD050CC";
+    rig.form.Batch().SampleList.emplace(1)[0].Header[HeaderField::kInstrumentId] = "GC 2";
     const std::string good = rig.dir.Write("criteria.txt", "RF criteria\n");
     rig.chooser.answers = {{good}};
     EXPECT_FALSE(rig.Run([&] {
-        EXPECT_EQ(rig.Shown("ZOV_IDEdit"), "|vstd050cc");
+        EXPECT_EQ(rig.Shown("ZOV_IDEdit", "InstrEdit"), "|vstd050cc|GC 2");
         rig.Use("vstd050c.d\r", kRequired, "LimitEdit");
         rig.Click("LimitEdit");
         EXPECT_EQ(rig.Shown("LimitEdit"), "|" + LowerCase(good));
@@ -209,6 +241,42 @@ TEST(ARTSummForm, TheSampleNumberChoosesTheLevel) {
         rig.Use("8.84\t6.01\t11.82\t\r");
     }));
     EXPECT_EQ(rig.form.Entries().StandardSummary.LevelIndex, 2);
+}
+
+TEST(ARTSummForm, SaysWhichReportGivesAnEntry) {
+    WindowRig rig;
+    rig.form.RestoreFile(Example("example.qff"));
+    QTimer::singleShot(0, [&] {
+        rig.Face(*QApplication::activeModalWidget());
+        const auto said = [&rig](const char* name) {
+            return rig.Get<QLabel>(name).text().toStdString();
+        };
+        EXPECT_EQ(said("LabFileEditSource"), "from check report vstd050c.check");
+        EXPECT_EQ(said("MaskEdit1Source"), "from check report vstd050c.check");
+        EXPECT_EQ(said("MaskEdit2Source"), "first from calibration report voa0516.cal");
+        EXPECT_EQ(said("SampleEditSource"), "from the entry of Form VII");
+        EXPECT_EQ(rig.Get("LabFileEdit").accessibleDescription(),
+                  "from check report vstd050c.check");
+        rig.Enter("LabFileEdit", "vstd005.d");
+        EXPECT_EQ(said("LabFileEditSource"), "from calibration report voa0516.cal");
+        rig.Type("x");
+        EXPECT_EQ(said("LabFileEditSource"), "");
+        rig.Type("\33");
+    });
+    rig.Type("^8");
+}
+
+TEST(ARTSummForm, KeepsWhatItFillsSelected) {
+    EntryRig<EntryDialog::kStandardSummary> rig;
+    rig.form.Batch().Files.Calib = Example("VOA0516.CAL");
+    rig.form.LevelCount() = 5;
+    rig.Run([&] {
+        rig.Type("&zVSTD050A1\t");  // fills the entry that it goes to
+        EXPECT_EQ(rig.Shown("LabFileEdit"), "|VSTD050.D");
+        rig.Type("mine.d");
+        EXPECT_EQ(rig.Shown("LabFileEdit"), "|mine.d");
+        rig.Type("\33");
+    });
 }
 
 TEST(Browse, TakesTheIdAndTheDateOfARawDataFileOnly) {
@@ -355,6 +423,43 @@ TEST(TicForm, DeletesAndAddsRows) {
         rig.Type("&d&o");
     }));
     EXPECT_EQ(rig.List(0), (TicListType{Tic("a"), Tic("c")}));
+}
+
+TEST(TicForm, BringsBackWhatWasDeletedPastedOverTypedOrLeftOut) {
+    TicRig rig;
+    rig.List(0) = TicListType{Tic("a"), Tic("b")};
+    const auto names = [&rig] {
+        return rig.Grid().Cell(0, 1) + "|" + rig.Grid().Cell(1, 1) + "|" + rig.Grid().Cell(2, 1);
+    };
+    EXPECT_TRUE(rig.Run([&] {
+        EXPECT_FALSE(rig.Get("UndoButton").isEnabled());
+        rig.Type("&d");
+        EXPECT_EQ(names(), "b||");
+        EXPECT_EQ(rig.Get("UndoButton").accessibleDescription(), "Takes back: Delete Row");
+        rig.Type("^z");
+        EXPECT_EQ(names(), "a|b|");
+        rig.Type("\tlost");
+        EXPECT_TRUE(rig.Get("UndoButton").isEnabled());
+        rig.Click("UndoButton");
+        EXPECT_EQ(names(), "a|b|") << "what is being typed";
+        rig.Grid().setCurrentCell(0, 0);
+        rig.Paste("1\tx\n2\ty\n");
+        EXPECT_EQ(names(), "x|y|");
+        rig.Type("^z");
+        EXPECT_EQ(names(), "a|b|");
+        rig.Grid().setCurrentCell(2, 1);
+        rig.Type("no number");
+        rig.log.answers = {true};
+        rig.Type("&o");
+    }));
+    EXPECT_EQ(rig.List(0)->size(), 2U);
+    rig.Run(1, [&] { rig.Type("\33\33"); });
+    EXPECT_FALSE(rig.Run([&] {
+        EXPECT_EQ(names(), "a|b|");
+        rig.Type("&u");
+        EXPECT_EQ(names(), "a|b|no number");
+        rig.Type("\33\33");
+    }));
 }
 
 TEST(TicForm, KeepsNoMoreThanABatchMayHave) {

@@ -1,4 +1,5 @@
 // The windows that a batch is made in: its files, and the headers of their forms.
+#include <QLabel>
 #include <QListWidget>
 #include <QMimeData>
 
@@ -79,11 +80,13 @@ TEST(Form1Header, KeepsTheDropDownsInStepWithWhatIsTyped) {
     EXPECT_EQ(rig.Shown("LabComboBox"), "|L1");
 }
 
-TEST(Form1Header, GoesThroughItsValuesInTheOrderOfTheForm) {
+TEST(Form1Header, GoesThroughItsValuesColumnByColumn) {
+    constexpr int kNumbers[] = {1,  3,  5, 6, 9, 10, 11, 13, 16, 17, 18, 20, 22,
+                                24, 26, 4, 7, 8, 2,  12, 14, 15, 19, 21, 23, 25};
     HeaderRig rig;
     SampleHeader typed;
     rig.Get("ZOVComboBox").setFocus();
-    for (int number = 1; number <= SampleHeader::kCount; ++number) {
+    for (const int number : kNumbers) {
         const HeaderField field = HeaderFieldAt(number);
         const bool date =
             field == HeaderField::kDateReceived || field == HeaderField::kDateAnalyzed;
@@ -93,6 +96,80 @@ TEST(Form1Header, GoesThroughItsValuesInTheOrderOfTheForm) {
         rig.Type("\t");
     }
     EXPECT_EQ(rig.Samples()[0].Header.Values(), typed.Values());
+}
+
+TEST(Form1Header, WalksFromSampleToSample) {
+    HeaderRig rig;
+    const auto& files = rig.Get<QComboBox>("FileComboBox");
+    EXPECT_EQ(rig.Get<QLabel>("PlaceLabel").text(), "1 of 2");
+    EXPECT_FALSE(rig.Get("PreviousButton").isEnabled());
+    rig.Enter("Edit2", "C-17");
+    rig.Type("^a");
+    rig.Press(Qt::Key_PageDown, Qt::ControlModifier);
+    EXPECT_EQ(rig.Get<QLabel>("PlaceLabel").text(), "2 of 2");
+    EXPECT_EQ(rig.Shown("ZOVComboBox") + rig.Focus(), "|ZA101Edit2");
+    EXPECT_EQ(rig.Stored(0, HeaderField::kContract), "C-17");
+    rig.Press(Qt::Key_PageDown, Qt::ControlModifier);  // no further one
+    rig.Type("D-1\t");
+    rig.Press(Qt::Key_PageUp, Qt::ControlModifier);
+    EXPECT_EQ(rig.Shown("ZOVComboBox", "Edit2"), "|VBLK01|C-17") << "typed over";
+    EXPECT_EQ(rig.Stored(1, HeaderField::kContract), "D-1");
+    rig.Enter("MaskEdit1", "023020051010");
+    EXPECT_EQ(rig.Get<QLabel>("DateNote").text(),
+              "02/30/2005 does not exist: February 2005 has 28 days.");
+    rig.Click("NextButton");
+    rig.Use("", "The entry is not a correct date.", "MaskEdit1");
+    EXPECT_EQ(files.currentIndex(), 0);
+}
+
+TEST(Form1Header, MarksWhatIsCompleteAndWhatOnlyCameAlong) {
+    HeaderRig rig;
+    const auto colour = [&rig](const char* name) {
+        return rig.Get(name).palette().color(QPalette::Text);
+    };
+    const auto complete = [&rig](int sample) {
+        const auto& list = rig.Get<QComboBox>("ZOVComboBox");
+        return list.itemData(sample, Qt::AccessibleDescriptionRole).toString().toStdString();
+    };
+    EXPECT_NE(colour("Edit16"), colour("Edit1")) << "its own value is the laboratory's";
+    EXPECT_THAT(rig.Get("Edit16").accessibleDescription().toStdString(), StartsWith("Came along"));
+    rig.Get("Edit16").setFocus();
+    rig.Type("\t");
+    EXPECT_EQ(colour("Edit16"), colour("Edit1")) << "left, it is stored";
+    EXPECT_EQ(rig.Get("Edit16").accessibleDescription(), "");
+    EXPECT_THAT(complete(0), testing::EndsWith("more"));
+    rig.dialog.close();
+    for (int number = 2; number < SampleHeader::kCount; ++number) {
+        rig.Samples()[0].Header[HeaderFieldAt(number)] = "x";
+    }
+    rig.Open();
+    rig.Enter("Edit8", "\b\t");
+    EXPECT_EQ(complete(0), "1 of 26 values is empty: Column Length");
+    rig.Enter("Edit8", "30\t");
+    EXPECT_EQ(complete(0), "Complete");
+    EXPECT_EQ(rig.Get<QComboBox>("ZOVComboBox").itemText(0), "VBLK01");
+}
+
+TEST(Form1Header, TakesARenamedSampleBack) {
+    // What is typed for the blank; what is said; the button; the sample shown then.
+    const std::tuple<const char*, const char*, const char*, const char*> cases[] = {
+        {"VB", "VBLK01 renamed to VB", "UndoRenameButton", "|VBLK01"},
+        {"\b", "VBLK01 emptied", "UndoRenameButton", "|VBLK01"},
+        {"ZA101", "VBLK01 renamed to ZA101, as another sample is called", "GoToButton", "|ZA101"}};
+    for (const auto& [typed, said, button, shown] : cases) {
+        for (const char* const left : {"", "\t"}) {
+            HeaderRig rig;
+            rig.Enter("ZOVComboBox", typed);
+            rig.Type(left);
+            EXPECT_EQ(rig.Get<QLabel>("RenameLabel").text(), said);
+            EXPECT_EQ(rig.Get("GoToButton").isVisible(), button == std::string("GoToButton"));
+            rig.Click(button);
+            EXPECT_EQ(rig.Shown("ZOVComboBox"), shown);
+            EXPECT_EQ(rig.Get<QComboBox>("ZOVComboBox").itemText(0), "VBLK01");
+            EXPECT_EQ(rig.Stored(0, HeaderField::kZovSampleNo), "VBLK01");
+            EXPECT_FALSE(rig.Get("UndoRenameButton").isVisible());
+        }
+    }
 }
 
 TEST(Form1Header, HoldsTheUserAtAWrongDate) {
