@@ -4,7 +4,6 @@
 #include <array>
 #include <filesystem>
 #include <map>
-#include <ranges>
 #include <string_view>
 #include <system_error>
 #include <tuple>
@@ -50,8 +49,10 @@ class FoundFiles {
         std::ranges::sort(files_, {}, [](const FoundFile& file) {
             return std::pair(std::string_view(file.Path), !file.Named);
         });
-        const auto twice = std::ranges::unique(files_, {}, &FoundFile::Path);
-        files_.erase(twice.begin(), twice.end());
+        const auto same = [](const FoundFile& one, const FoundFile& other) {
+            return one.Path == other.Path;
+        };
+        files_.erase(std::unique(files_.begin(), files_.end(), same), files_.end());
         if (files_.size() > kMaxSortedFiles) {
             told_.push_back({FolderOnly(files_[kMaxSortedFiles].Path),
                              "There are more than 10,000 files. This one and those behind it are "
@@ -90,7 +91,7 @@ bool HasTitle(ReportKind kind, const std::string& title) {
 
 std::optional<ReportKind> KindByContent(const std::string& title) {
     const std::string text = LowerCase(title);
-    for (const ReportKind kind : kKinds | std::views::keys) {
+    for (const auto& [kind, fileKind] : kKinds) {
         // Other texts may begin with a date, too.
         if (HasTitle(kind, title) && Contains(text, "version")) {
             return kind;
@@ -201,8 +202,8 @@ class FolderSort {
         PutStandardsAside();
         ChooseBlank();
         // The first one that is taken decides the names of the files that all must share.
-        std::ranges::stable_partition(samples_,
-                                      [this](const auto& sample) { return Fits(sample); });
+        std::stable_partition(samples_.begin(), samples_.end(),
+                              [this](const auto& sample) { return Fits(sample); });
         for (const auto& sample : samples_) {
             proposal_.QFiles.push_back(sample.File);
         }
