@@ -1,4 +1,5 @@
 // A folder, or files that are dropped, on their way into the batch.
+#include <QDropEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QMimeData>
