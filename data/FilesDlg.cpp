@@ -63,20 +63,25 @@ std::optional<BatchProposal> SortWithProgress(const Batch& batch,
     });
 }
 
-QString Found(const BatchProposal& proposal) {
+// What the proposal does to the batch, in a sentence.
+QString Summary(const Batch& batch, const BatchProposal& proposal) {
     std::vector<std::string> found;
-    const auto add = [&found](bool there, const std::string& what) {
-        if (there) {
-            found.push_back(what);
+    const auto add = [&found](const std::string& file, const char* what, const std::string& old) {
+        if (!file.empty()) {
+            found.push_back(what + (old.empty() ? "" : " in place of " + FileNameOnly(old)));
         }
     };
-    const std::size_t samples = proposal.QFiles.size();
-    add(!proposal.LabBlank.empty(), "the lab blank");
-    add(samples > 0, std::to_string(samples) + (samples == 1 ? " sample" : " samples"));
-    add(!proposal.Calib.empty(), "the calibration report");
-    add(!proposal.CheckCal.empty(), "the check report");
-    return QString::fromStdString((proposal.Loaded > 0 ? "New: " : "Found: ") + Enumerated(found) +
-                                  ". OK takes what shows here, Cancel leaves the batch as it was.");
+    const FileSet& files = batch.Files;
+    add(proposal.LabBlank, "the lab blank", files.LabBlank);
+    if (const std::size_t samples = proposal.QFiles.size(); samples > 0) {
+        found.push_back(std::to_string(samples) + (samples == 1 ? " sample" : " samples"));
+    }
+    add(proposal.Calib, "the calibration report", files.Calib);
+    add(proposal.CheckCal, "the check report", files.CheckCal);
+    const bool loaded = FilesSpecified(batch) || !files.Calib.empty() || !files.CheckCal.empty();
+    return QString::fromStdString(
+        Visible((loaded ? "Added to the loaded batch: " : "Found: ") + Enumerated(found)) +
+        ". OK takes what shows here, Cancel leaves the batch as it was.");
 }
 
 // Paths are told apart by their ends.
@@ -224,7 +229,7 @@ void TFilesDlg::ShowProposalRow() {
     ui_->CancelButton->setVisible(proposal_.has_value());
     ui_->ToldButton->setVisible(proposal_ && !proposal_->Told.empty());
     if (proposal_) {
-        ui_->ProposalLabel->setText(Found(*proposal_));
+        ui_->ProposalLabel->setText(Summary(batch_, *proposal_));
     }
 }
 

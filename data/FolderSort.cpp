@@ -4,7 +4,6 @@
 #include <array>
 #include <filesystem>
 #include <map>
-#include <ranges>
 #include <string_view>
 #include <system_error>
 #include <tuple>
@@ -13,6 +12,7 @@
 #include "data/LoadFiles.h"
 #include "data/ReportFrame.h"
 #include "data/Reports.h"
+#include "data/SampleIds.h"
 #include "platform/FileChooser.h"
 #include "platform/FileLookup.h"
 #include "platform/LineReader.h"
@@ -50,8 +50,10 @@ class FoundFiles {
         std::ranges::sort(files_, {}, [](const FoundFile& file) {
             return std::pair(std::string_view(file.Path), !file.Named);
         });
-        const auto twice = std::ranges::unique(files_, {}, &FoundFile::Path);
-        files_.erase(twice.begin(), twice.end());
+        const auto same = [](const FoundFile& one, const FoundFile& other) {
+            return one.Path == other.Path;
+        };
+        files_.erase(std::unique(files_.begin(), files_.end(), same), files_.end());
         if (files_.size() > kMaxSortedFiles) {
             told_.push_back({FolderOnly(files_[kMaxSortedFiles].Path),
                              "There are more than 10,000 files. This one and those behind it are "
@@ -90,7 +92,7 @@ bool HasTitle(ReportKind kind, const std::string& title) {
 
 std::optional<ReportKind> KindByContent(const std::string& title) {
     const std::string text = LowerCase(title);
-    for (const ReportKind kind : kKinds | std::views::keys) {
+    for (const auto& [kind, fileKind] : kKinds) {
         // Other texts may begin with a date, too.
         if (HasTitle(kind, title) && Contains(text, "version")) {
             return kind;
@@ -106,48 +108,6 @@ std::optional<ReportKind> KindByName(const std::string& file) {
         }
     }
     return std::nullopt;
-}
-
-// The words of an ID, in lower case: "MB-051805" has two.
-std::vector<std::string> WordsOf(std::string_view id) {
-    std::vector<std::string> words(1);
-    for (const char character : LowerCase(id)) {
-        const bool inWord = (character >= 'a' && character <= 'z') ||
-                            (character >= '0' && character <= '9') || (character & 0x80) != 0;
-        if (inWord) {
-            words.back() += character;
-        } else if (!words.back().empty()) {
-            words.emplace_back();
-        }
-    }
-    return words;
-}
-
-// Whether the word is this one, maybe with a number behind it.
-bool IsNumbered(std::string_view word, std::string_view name) {
-    return word.starts_with(name) &&
-           word.find_first_not_of("0123456789", name.size()) == std::string_view::npos;
-}
-
-// A method blank by the usual ways to call one. Trip, field, holding and instrument blanks are
-// samples.
-bool IsBlankId(std::string_view id) {
-    const std::vector<std::string> words = WordsOf(id);
-    for (std::size_t i = 0; i < words.size(); ++i) {
-        const std::string_view word = words[i];
-        const std::string_view before = i > 0 ? std::string_view(words[i - 1]) : "";
-        const bool ofMethod = before == "method" || before == "lab" || before == "laboratory";
-        if (word.starts_with("vblk") || word.starts_with("mblk") || IsNumbered(word, "mb") ||
-            ((i == 0 || ofMethod) && (IsNumbered(word, "blank") || IsNumbered(word, "blk")))) {
-            return true;
-        }
-    }
-    return false;
-}
-
-bool IsStandardId(std::string_view id) {
-    const std::string first = WordsOf(id).front();
-    return first.starts_with("vstd") || first.starts_with("bfb");
 }
 
 template <typename Report>
@@ -201,8 +161,8 @@ class FolderSort {
         PutStandardsAside();
         ChooseBlank();
         // The first one that is taken decides the names of the files that all must share.
-        std::ranges::stable_partition(samples_,
-                                      [this](const auto& sample) { return Fits(sample); });
+        std::stable_partition(samples_.begin(), samples_.end(),
+                              [this](const auto& sample) { return Fits(sample); });
         for (const auto& sample : samples_) {
             proposal_.QFiles.push_back(sample.File);
         }

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <sstream>
 
 #include "data/FolderSort.h"
 #include "data/LoadFiles.h"
@@ -12,20 +13,40 @@
 namespace qfr::test {
 namespace {
 
-using Files = std::vector<std::pair<std::string, std::string>>;
-
-std::string Report(const std::string& id, const std::string& client = "C-17",
-                   const std::string& cal = "Day1.CAL", int rows = 2) {
-    return ReportText{.header = "Sample ID: " + id + "\nClient Sample: " + client +
-                                "\nCalibration File: C:\\" + cal + "\nCRQL Limit: 10\n",
-                      .rows = rows}
+// The file's text, from what a test says of it: the sample ID, client sample and calibration of a
+// quantitation report, with "/" between; "@cal"; "@check" and its calibration; "#" and any text.
+std::string TextFor(const std::string& what) {
+    if (what.starts_with('#')) {
+        return what.substr(1);
+    }
+    if (what == "@cal") {
+        return "Date: 5/16/2005 Initial Calibration  Version 4.2\nCalibration Data\n";
+    }
+    if (BeginsWith(what, "@check")) {
+        return "Check Calibration  Tallyworks Version 4.2\nCalibration File: C:\\" +
+               what.substr(7) + "\nN;Compound\n\n";
+    }
+    std::vector<std::string> parts;
+    std::istringstream rest(what);
+    for (std::string part; std::getline(rest, part, '/');) {
+        parts.push_back(part);
+    }
+    parts.resize(3);
+    return ReportText{.header = "Sample ID: " + parts[0] + "\nClient Sample: " + parts[1] +
+                                "\nCalibration File: C:\\" +
+                                (parts[2].empty() ? "Day1.CAL" : parts[2]) + "\n",
+                      .rows = what == "long" ? 302 : 2}
         .Text();
 }
-std::string Check(const std::string& cal) {
-    return "Check Calibration  Tallyworks Version 4.2\nCalibration File: C:\\" + cal +
-           "\nN;Compound\n\n";
+
+// Writes files: "name=what", with ";" between.
+void WriteFiles(const TempDir& dir, const std::string& files) {
+    std::istringstream rest(files);
+    for (std::string file; std::getline(rest, file, ';');) {
+        const std::size_t sign = file.find('=');
+        dir.Write(file.substr(0, sign), TextFor(file.substr(sign + 1)));
+    }
 }
-const std::string kCal = "Date: 5/16/2005 Initial Calibration  Version 4.2\nCalibration Data\n";
 
 // The base names of what is proposed, in the batch's order, and of what is told.
 std::string Summary(const BatchProposal& proposal) {
@@ -51,85 +72,47 @@ BatchProposal Propose(const Batch& batch, const std::vector<std::string>& names)
 }
 
 TEST(FolderSort, TellsWhatEachFileIs) {
-    const std::tuple<const char*, Files, const char*> cases[] = {
-        {"everything",
-         {{"B.PRN", Report("VBLK01")},
-          {"S2.prn", Report("Z2")},
-          {"S1.PRN", Report("Z1")},
-          {"DAY1.CAL", kCal},
-          {"C.Check", Check("DAY1.cal")},
-          {"notes.txt", "Date of the run\n"},
-          {".S1.prn", "x"},
-          {"a.d", "DATA FILE\n"}},
+    const std::pair<const char*, const char*> cases[] = {
+        {"B.PRN=VBLK01;S2.prn=Z2;S1.PRN=Z1;DAY1.CAL=@cal;C.Check=@check DAY1.cal;"
+         "notes.txt=#Date of the run;.S1.prn=#x;a.d=#DATA FILE",
          "b.prn:s1.prn s2.prn |day1.cal|c.check|2"},
-        {"by content under other names",
-         {{"b.txt", Report("MB-3")},
-          {"s.check", Report("Z1")},
-          {"c.prn", Check("DAY1.cal")},
-          {"day1.cal", "  " + kCal}},
+        // By content, under other names.
+        {"b.txt=MB-3;s.check=Z1;c.prn=@check DAY1.cal;day1.cal=@cal",
          "b.txt:s.check |day1.cal|c.prn|0"},
-        {"no blank of the method",
-         {{"1.prn", Report("VHBLK01")},
-          {"2.prn", Report("FB1")},
-          {"3.prn", Report("Trip Blank")},
-          {"4.prn", Report("MBX")}},
-         ":1.prn 2.prn 3.prn 4.prn |||0"},
-        {"sample ID before client sample",
-         {{"1.prn", Report("Z1", "MB-3")}, {"2.prn", Report("vblk")}},
-         "2.prn:1.prn |||0"},
-        {"client sample",
-         {{"1.prn", Report("Z1", "Method Blank")}, {"vblk.prn", Report("Z2")}},
-         "1.prn:vblk.prn |||0"},
-        {"file name last",
-         {{"1.prn", Report("Z1")}, {"VBLK2.prn", Report("Z2")}},
-         "vblk2.prn:1.prn |||0"},
-        {"two blanks",
-         {{"1.prn", Report("Blk2")}, {"2.prn", Report("Blank")}, {"3.prn", Report("Z1")}},
-         "1.prn:2.prn 3.prn |||2.prn 0"},
-        {"the majority's calibration",
-         {{"1.prn", Report("VBLK1", "", "old.cal")},
-          {"2.prn", Report("Z1")},
-          {"3.prn", Report("Z2")},
-          {"4.prn", Report("VBLK2")},
-          {"DAY1.CAL", kCal},
-          {"a.cal", kCal},
-          {"a.check", Check("old.cal")},
-          {"b.check", Check("DAY1.CAL")}},
+        {"1.prn=VHBLK01;2.prn=FB1;3.prn=Trip Blank;4.prn=MBX", ":1.prn 2.prn 3.prn 4.prn |||0"},
+        // Sample ID, client sample, file name: in this order.
+        {"1.prn=Z1/MB-3;2.prn=vblk", "2.prn:1.prn |||0"},
+        {"1.prn=Z1/Method Blank;vblk.prn=Z2", "1.prn:vblk.prn |||0"},
+        {"1.prn=Z1;VBLK2.prn=Z2", "vblk2.prn:1.prn |||0"},
+        {"1.prn=Blk2;2.prn=Blank;3.prn=Z1", "1.prn:2.prn 3.prn |||2.prn 0"},
+        // The majority's calibration.
+        {"1.prn=VBLK1//old.cal;2.prn=Z1;3.prn=Z2;4.prn=VBLK2;DAY1.CAL=@cal;a.cal=@cal;"
+         "a.check=@check old.cal;b.check=@check DAY1.CAL",
          "4.prn:2.prn 3.prn |day1.cal|b.check|1.prn a.cal a.check 0"},
-        {"damaged ones",
-         {{"1.prn", Report("Z1")},
-          {"2.prn", Report("Z2").substr(0, 80)},
-          {"3.prn", ""},
-          {"4.cal", "x"},
-          {"5.prn", Report("Z5", "", "Day1.CAL", 302)},
-          {"6.prn", "Quantitation Report Version 4.1\nCompound#\n"}},
+        {"1.prn=Z1;2.prn=#Quantitation Report Version 4.2;3.prn=#;4.cal=#x;5.prn=long;"
+         "6.prn=#Quantitation Report Version 4.1",
          ":1.prn |||2.prn 3.prn 4.cal 5.prn 6.prn 0"},
-        {"standards",
-         {{"1.prn", Report("VSTD050")}, {"BFB1.prn", Report("")}, {"2.prn", Report("Z1")}},
-         ":2.prn |||1.prn BFB1.prn 0"},
-        {"nothing", {{"a.txt", "a"}}, ":|||1"}};
-    for (const auto& [what, files, expected] : cases) {
+        {"1.prn=VSTD050;BFB1.prn=;2.prn=Z1", ":2.prn |||1.prn BFB1.prn 0"},
+        {"a.txt=#a", ":|||1"}};
+    for (const auto& [files, expected] : cases) {
         const TempDir dir;
-        for (const auto& [name, content] : files) {
-            dir.Write(name, content);
-        }
+        WriteFiles(dir, files);
         std::filesystem::create_directory(dir.Path() / "sub.prn");
         const BatchProposal proposal = Propose({}, {TextOf(dir.Path())});
-        EXPECT_EQ(Summary(proposal), expected) << what;
-        EXPECT_EQ(proposal.IsEmpty(), expected == std::string(":|||1")) << what;
+        EXPECT_EQ(Summary(proposal), expected) << files;
+        EXPECT_EQ(proposal.IsEmpty(), expected == std::string(":|||1")) << files;
         EXPECT_EQ(SamplesOf(proposal.Batch).size(),
                   proposal.QFiles.size() + (proposal.LabBlank.empty() ? 0 : 1))
-            << what;
+            << files;
     }
 }
 
 TEST(FolderSort, AddsToALoadedBatchAndKeepsWhatItHas) {
     const TempDir dir;
-    const std::string sample = dir.Write("S1.PRN", Report("VBLK9"));  // loaded as a sample
-    dir.Write("Blank.PRN", Report("Z0"));                             // and this as the blank
-    dir.Write("A.PRN", Report("VBLK1"));
-    dir.Write("S2.PRN", Report("Z2", "", "other.cal"));
-    const std::string more = dir.Write("notes.txt", "no report");
+    // The first is loaded as a sample, the second as the blank.
+    WriteFiles(dir, "S1.PRN=VBLK9;Blank.PRN=Z0;A.PRN=VBLK1;S2.PRN=Z2//other.cal;notes.txt=#x");
+    const std::string sample = TextOf(dir.Path() / "S1.PRN");
+    const std::string more = TextOf(dir.Path() / "notes.txt");
     Batch batch;
     batch.Files.CalFile = "day1.cal";
     batch.Files.LabBlank = LowerCase(TextOf(dir.Path() / "Blank.PRN"));
@@ -146,16 +129,15 @@ TEST(FolderSort, AddsToALoadedBatchAndKeepsWhatItHas) {
 }
 
 TEST(FolderSort, LooksAtSoManyFilesAndStopsWhenAsked) {
-    const TempDir dir;
+    std::vector<std::string> names;
     for (std::size_t i = 0; i <= kMaxSortedFiles; ++i) {
-        dir.Write("n" + std::to_string(i), "");
+        names.push_back("/no/such" + std::to_string(i));
     }
-    const std::vector<std::string> folder = {TextOf(dir.Path())};
-    const BatchProposal all = Propose({}, folder);
-    EXPECT_EQ(all.Others, kMaxSortedFiles);
-    EXPECT_EQ(all.Told.size(), 1U);
+    const BatchProposal all = Propose({}, names);
+    EXPECT_EQ(all.Told.size(), kMaxSortedFiles + 1) << "each, but one for the one too many";
+    EXPECT_THAT(all.Told.at(0).What, testing::EndsWith("not looked at: such9999"));
     std::size_t looked = 0;
-    const auto given = ProposeBatch({}, folder, [&](std::size_t file, std::size_t) {
+    const auto given = ProposeBatch({}, names, [&](std::size_t file, std::size_t) {
         looked = file;
         return file < 3;
     });

@@ -1,4 +1,5 @@
 // A folder, or files that are dropped, on their way into the batch.
+#include <QDropEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QMimeData>
@@ -92,11 +93,13 @@ TEST(LoadFolder, ChangesAProposalAsTheDialogChangesABatch) {
                 testing::ElementsAre("All reports there are in the batch already."));
     EXPECT_TRUE(rig.form.isVisible());
     DeleteQuantReports(rig.form.Batch(), {0, 1});
+    rig.form.Batch().Files.CheckCal = "c:\\old.check";
     const Batch before = rig.form.Batch();
     rig.LoadFolder(Example(""));
     rig.Face(rig.dialog);
     EXPECT_THAT(rig.Get<QLabel>("ProposalLabel").text().toStdString(),
-                testing::StartsWith("New: 2 samples."));
+                testing::StartsWith("Added to the loaded batch: 2 samples and the "
+                                    "check report in place of old.check."));
     rig.list.setCurrentRow(0);
     rig.Click("DeleteButton");
     rig.Enter("CheckCalEdit", "c.check");
