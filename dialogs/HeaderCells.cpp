@@ -8,6 +8,7 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPainter>
 
 #include "data/HeaderFields.h"
 #include "dialogs/HeaderTable.h"
@@ -21,6 +22,16 @@ namespace {
 
 bool HasSeveralCells(const QString& text) {
     return text.contains('\t') || text.trimmed().contains('\n');
+}
+
+QColor HueOf(HeaderMark mark) {
+    return mark == HeaderMark::kEmpty      ? QColor(0xE8, 0xB0, 0x00)
+           : mark == HeaderMark::kDoubtful ? QColor(0x30, 0x78, 0xE0)
+                                           : QColor(0xD8, 0x20, 0x20);
+}
+
+HeaderMark MarkOf(const QModelIndex& index) {
+    return static_cast<HeaderMark>(index.data(HeaderTable::kMarkRole).toInt());
 }
 
 QLineEdit* LineOf(QWidget* editor) {
@@ -46,9 +57,7 @@ QComboBox* MakeChoiceBox(const HeaderEntry& entry, QWidget* parent) {
 
 QColor ColourOf(HeaderMark mark, const QPalette& palette) {
     constexpr double kStrength = 0.3;
-    const QColor hue = mark == HeaderMark::kEmpty      ? QColor(0xE8, 0xB0, 0x00)
-                       : mark == HeaderMark::kDoubtful ? QColor(0x30, 0x78, 0xE0)
-                                                       : QColor(0xD8, 0x20, 0x20);
+    const QColor hue = HueOf(mark);
     const QColor base = palette.color(QPalette::Base);
     const auto mixed = [&](int of, int in) {
         return static_cast<int>(kStrength * of + (1 - kStrength) * in);
@@ -61,6 +70,24 @@ QColor ColourOf(HeaderMark mark, const QPalette& palette) {
 
 HeaderCells::HeaderCells(SheetView& view, std::function<void()> paste)
     : QStyledItemDelegate(&view), view_(view), paste_(std::move(paste)) {}
+
+// A corner in the mark's colour shows in a selected cell, too, and where colours are hard to tell:
+// that of a refused value is twice as large.
+void HeaderCells::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                        const QModelIndex& index) const {
+    QStyledItemDelegate::paint(painter, option, index);
+    const HeaderMark mark = MarkOf(index);
+    if (mark != HeaderMark::kDoubtful && mark != HeaderMark::kRefused) {
+        return;
+    }
+    const int size = option.rect.height() / (mark == HeaderMark::kRefused ? 2 : 4);
+    const QPoint corner = option.rect.topRight() + QPoint(1, 0);
+    painter->save();
+    painter->setPen(option.palette.color(QPalette::Base));
+    painter->setBrush(HueOf(mark));
+    painter->drawPolygon(QPolygon({corner, corner - QPoint(size, 0), corner + QPoint(0, size)}));
+    painter->restore();
+}
 
 QWidget* HeaderCells::createEditor(QWidget* parent, const QStyleOptionViewItem& /*option*/,
                                    const QModelIndex& index) const {
@@ -109,8 +136,7 @@ void HeaderCells::setModelData(QWidget* editor, QAbstractItemModel* model,
 
 void HeaderCells::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
     QStyledItemDelegate::initStyleOption(option, index);
-    const auto mark = static_cast<HeaderMark>(index.data(HeaderTable::kMarkRole).toInt());
-    if (mark != HeaderMark::kNone) {
+    if (const HeaderMark mark = MarkOf(index); mark != HeaderMark::kNone) {
         option->backgroundBrush = ColourOf(mark, option->palette);
         option->font.setItalic(mark == HeaderMark::kRefused);
     }

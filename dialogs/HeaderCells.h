@@ -21,6 +21,8 @@ class HeaderCells : public QStyledItemDelegate {
     // `paste` takes several cells that are pasted while one is typed in.
     HeaderCells(SheetView& view, std::function<void()> paste);
 
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const override;
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;

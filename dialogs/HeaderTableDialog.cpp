@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
+#include <QScreen>
 
 #include "data/HeaderFields.h"
 #include "dialogs/EntryDialogs.h"
@@ -77,7 +78,9 @@ void HeaderTableDialog::SetUpTable() {
             [this, &heads] { memory_.Keep(kWidths, heads.saveState()); });
     view.verticalHeader()->setDefaultSectionSize(metrics.height() + kRowPadding);
     view.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    resize(kLetters.width() * metrics.averageCharWidth(), kLetters.height() * metrics.height());
+    const QSize size(kLetters.width() * metrics.averageCharWidth(),
+                     kLetters.height() * metrics.height());
+    resize(size.boundedTo(screen()->availableGeometry().size()));
 }
 
 void HeaderTableDialog::AddCommand(QMenu& menu, const QString& caption,
@@ -191,8 +194,10 @@ void HeaderTableDialog::ShowState() {
         return;
     }
     const HeaderSheet& sheet = table_.Sheet();
+    const std::size_t refused = sheet.Refused().size();
     ui_->CompleteLabel->setText(
-        QString("%1 of %2 headers complete").arg(sheet.CompleteRows()).arg(sheet.Rows()));
+        QString("%1 of %2 headers complete").arg(sheet.CompleteRows()).arg(sheet.Rows()) +
+        (refused > 0 ? QString(". Not taken: %1").arg(refused) : QString()));
     if (const QModelIndex current = ui_->HeadersTable->currentIndex(); current.isValid()) {
         const HeaderCell cell = HeaderTable::CellAt(current);
         const std::string note = sheet.NoteOf(cell).Text;

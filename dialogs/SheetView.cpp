@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 
@@ -12,6 +13,12 @@ namespace {
 
 bool IsEnter(const QKeyEvent& key) {
     return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+}
+
+// Of an editor that is a line, or has one.
+QLineEdit* LineIn(QWidget* editor) {
+    auto* const line = qobject_cast<QLineEdit*>(editor);
+    return line != nullptr || editor == nullptr ? line : editor->findChild<QLineEdit*>();
 }
 
 }  // namespace
@@ -179,6 +186,11 @@ bool SheetView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* even
     const bool opened = FrozenTable::edit(index, trigger, event);
     if (opened) {
         typing_ = trigger == AnyKeyPressed;
+        // What is to be changed is not to be typed over.
+        if (QLineEdit* const line =
+                trigger == EditKeyPressed ? LineIn(indexWidget(index)) : nullptr) {
+            line->end(false);
+        }
     }
     return opened;
 }

@@ -1,4 +1,5 @@
 // Edit All Headers, as somebody works in it who knows spreadsheets.
+#include <QHeaderView>
 #include <QLabel>
 #include <QScrollBar>
 
@@ -71,19 +72,17 @@ TEST(HeaderTable, IsTypedInLikeASpreadsheet) {
     EXPECT_EQ(rig.At() + rig.Samples()[1].Header[kLabName], "2.3DE");
     rig.Press(Qt::Key_Up);
     rig.Press(Qt::Key_F2);
-    rig.Press(Qt::Key_Home);
     rig.Type("x\33");
     EXPECT_EQ(rig.Samples()[1].Header[kLabName], "DE");
     EXPECT_TRUE(rig.dialog.isVisible()) << "Escape leaves the cell only";
     rig.Press(Qt::Key_F2);
-    rig.Press(Qt::Key_Home);
     rig.Type("x\r");
-    EXPECT_EQ(rig.Samples()[1].Header[kLabName], "xDE");
+    EXPECT_EQ(rig.Samples()[1].Header[kLabName], "DEx");
     rig.Press(Qt::Key_Up);
     rig.Press(Qt::Key_Delete);
     EXPECT_EQ(rig.Samples()[1].Header[kLabName], "");
     rig.Type("^z");
-    EXPECT_EQ(rig.Samples()[1].Header[kLabName], "xDE");
+    EXPECT_EQ(rig.Samples()[1].Header[kLabName], "DEx");
 
     rig.Press(Qt::Key_End, Qt::ControlModifier);
     EXPECT_EQ(rig.At(), "3.26");
@@ -238,8 +237,12 @@ TEST(HeaderTable, KeepsTheFirstColumnInSight) {
         rig.Press(Qt::Key_Left);
         EXPECT_GE(rig.view.visualRect(rig.view.currentIndex()).left(), first.width());
     }
+    QTest::mouseClick(rig.view.horizontalHeader()->viewport(), Qt::LeftButton, {}, {20, 10});
+    EXPECT_EQ(rig.At(), "0.1") << "its head, too";
     // A selection that goes on under the first column.
-    rig.Extend(Qt::Key_Right, 15);
+    rig.To(2, kMatrix);
+    rig.Extend(Qt::Key_End, 1);
+    rig.Extend(Qt::Key_Left, 2);
     EXPECT_EQ(rig.view.selectionModel()->selectedIndexes().size(), 16);
 }
 
