@@ -41,7 +41,7 @@ TEST_F(Recovery, BringsBackWhatABatchFileLacksToo) {
     early.Batch.Files = {};
     early.Batch.SampleList->resize(120, CompleteRecord("ZA120"));
     SavedBatch oil = full;
-    oil.Batch.Files.LabBlank.clear();
+    oil.Batch.Files.CheckCal.clear();
     oil.Entries.Ranges.Limits = RecoveryLimits::kOil;
     oil.Entries.InitialCalibration.LabFileIds.back() = "VSTD200.D";
     const std::pair<SavedBatch, const char*> cases[] = {

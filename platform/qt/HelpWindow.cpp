@@ -107,6 +107,7 @@ HelpWindow::HelpWindow(std::unique_ptr<HelpFile> help)
     findRow->addWidget(findState_, 1);
 
     auto* const split = new QSplitter;
+    split->setObjectName("Parts");
     split->addWidget(contents_);
     split->addWidget(page_);
     split->setStretchFactor(1, 1);

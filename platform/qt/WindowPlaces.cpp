@@ -51,12 +51,13 @@ void ForEachPart(const QWidget& window, const QString& name, const Function& fun
     }
     for (QTableView* const table : window.findChildren<QTableView*>()) {
         // Grids for entries fit their columns to the font.
-        if (!table->objectName().isEmpty() && qobject_cast<QTableWidget*>(table) == nullptr) {
+        if (table->window() == &window && !table->objectName().isEmpty() &&
+            qobject_cast<QTableWidget*>(table) == nullptr) {
             function(name + '/' + table->objectName(), *table->horizontalHeader());
         }
     }
     for (QSplitter* const splitter : window.findChildren<QSplitter*>()) {
-        if (!splitter->objectName().isEmpty()) {
+        if (splitter->window() == &window && !splitter->objectName().isEmpty()) {
             function(name + '/' + splitter->objectName(), *splitter);
         }
     }

@@ -10,6 +10,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "app/Recovery.h"
 #include "data/LoadFiles.h"
 #include "platform/FileLookup.h"
 #include "platform/FileReplace.h"
@@ -244,6 +245,16 @@ TEST(PosixFiles, OfAProgramThatMayNotWriteThemAreTheUsersOwnCopies) {
     EXPECT_EQ(ReadAll(fresh.ForReading("p.txt")), "shipped");
     EXPECT_EQ(fresh.ForWriting("p.txt"), home / ".config" / "qfr" / "p.txt");
     EXPECT_TRUE(fs::is_directory(home / ".config" / "qfr"));
+}
+
+TEST(PosixFiles, KeptForRecoveryAreNobodyElsesToRead) {
+    const TempDir dir;
+    const fs::path file = dir.Path() / "new" / "recovery" / "a.recovery";
+    for (int write = 0; write < 2; ++write) {
+        EXPECT_EQ(WriteRecovery(file, {}, "QFRForms\n"), std::nullopt);
+        EXPECT_EQ(fs::status(file).permissions(), fs::perms(0600));
+        EXPECT_EQ(fs::status(file.parent_path()).permissions(), fs::perms(0700));
+    }
 }
 
 // Counts how often each file of a directory is opened while this lives; the directory itself, for
