@@ -9,6 +9,17 @@
 
 namespace qfr {
 
+namespace {
+
+// As the layout has it, also while the control hides.
+int NarrowestOf(const QWidget& control) {
+    const bool shrinks = (control.sizePolicy().horizontalPolicy() & QSizePolicy::ShrinkFlag) != 0;
+    const QSize usual = shrinks ? control.minimumSizeHint() : control.sizeHint();
+    return control.minimumWidth() > 0 ? control.minimumWidth() : usual.width();
+}
+
+}  // namespace
+
 FoldingRow::FoldingRow(QWidget* parent) : QWidget(parent), row_(new QHBoxLayout(this)) {
     row_->setContentsMargins({});
 }
@@ -43,8 +54,7 @@ int FoldingRow::WidthWithout(std::size_t folded) const {
         if (control == nullptr || gone || (!folds && control->isHidden())) {
             continue;
         }
-        width +=
-            row_->spacing() + std::max(control->minimumWidth(), control->minimumSizeHint().width());
+        width += row_->spacing() + NarrowestOf(*control);
     }
     return width;
 }
