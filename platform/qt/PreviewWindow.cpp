@@ -122,8 +122,12 @@ void PreviewWindow::AddControls() {
     thumbnailsButton_->setCheckable(true);
     findButton_ = AddButton(row, "Fin&d...", "FindButton");
     closeButton_ = AddButton(row, "&Close", "CloseButton");
-    controls->LetFold({findButton_, thumbnailsButton_, closeButton_, previousButton_, nextButton_,
-                       saveButton_, printButton_});
+    controls->LetFold({{findButton_},
+                       {thumbnailsButton_},
+                       {closeButton_},
+                       {previousButton_, nextButton_},
+                       {saveButton_},
+                       {printButton_}});
 
     view_->setObjectName("PageView");
     view_->setAccessibleName("Pages");
