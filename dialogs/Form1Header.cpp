@@ -34,6 +34,7 @@ namespace {
 
 constexpr int kVoaHelpTopic = 110;
 constexpr int kTicHelpTopic = 120;
+constexpr int kRightLabels = 3;  // their column among the fields
 const char* const kDefaultsFile = "DefaultInfo.txt";
 const char* const kDateMask = "!99/99/9999 99:99;1;_";
 
@@ -105,8 +106,9 @@ TForm1Header::TForm1Header(FormHost& host, WindowServices& services)
     Connect(ui_->OkButton, &TForm1Header::OkButtonClick);
     connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this,
             &TForm1Header::Button5Click);
-    PrintTarget::Insert(*ui_->Buttons, ui_->Buttons->indexOf(ui_->PrintButton) + 1,
-                        "To:", services_.Printers(), *ui_->PrintButton);
+    // The row of buttons is as wide as a small screen.
+    PrintTarget::PutBelow(*ui_->Fields, kRightLabels, *ui_->PrintButton,
+                          "Print to:", services_.Printers());
 }
 
 TForm1Header::~TForm1Header() = default;

@@ -9,12 +9,23 @@
 
 namespace qfr {
 
+namespace {
+
+// As the layout has it, also while the control hides.
+int NarrowestOf(const QWidget& control) {
+    const bool shrinks = (control.sizePolicy().horizontalPolicy() & QSizePolicy::ShrinkFlag) != 0;
+    const QSize usual = shrinks ? control.minimumSizeHint() : control.sizeHint();
+    return control.minimumWidth() > 0 ? control.minimumWidth() : usual.width();
+}
+
+}  // namespace
+
 FoldingRow::FoldingRow(QWidget* parent) : QWidget(parent), row_(new QHBoxLayout(this)) {
     row_->setContentsMargins({});
 }
 
-void FoldingRow::LetFold(std::vector<QPushButton*> buttons) {
-    buttons_ = std::move(buttons);
+void FoldingRow::LetFold(std::vector<Group> groups) {
+    groups_ = std::move(groups);
     more_ = AddButton(row_, "&More", "MoreButton");
     auto* const menu = new QMenu(more_);
     more_->setMenu(menu);
@@ -24,27 +35,30 @@ void FoldingRow::LetFold(std::vector<QPushButton*> buttons) {
 }
 
 QSize FoldingRow::minimumSizeHint() const {
-    return {WidthWithout(buttons_.size()), row_->minimumSize().height()};
+    return {WidthWithout(groups_.size()), row_->minimumSize().height()};
 }
 
-bool FoldingRow::IsFolded(const QPushButton* button, std::size_t folded) const {
-    const auto end = buttons_.begin() + static_cast<std::ptrdiff_t>(folded);
-    return std::find(buttons_.begin(), end, button) != end;
+bool FoldingRow::IsAmong(std::size_t groups, const QPushButton* button) const {
+    return std::any_of(
+        groups_.begin(), groups_.begin() + static_cast<std::ptrdiff_t>(groups),
+        [button](const Group& group) { return std::ranges::find(group, button) != group.end(); });
 }
 
 int FoldingRow::WidthWithout(std::size_t folded) const {
     int width = 0;
     for (int i = 0; i < row_->count(); ++i) {
         const QWidget* const control = row_->itemAt(i)->widget();
-        const auto* const button = qobject_cast<const QPushButton*>(control);
-        const bool gone = button == more_ ? folded == 0 : IsFolded(button, folded);
-        const bool folds =
-            button != nullptr && (button == more_ || IsFolded(button, buttons_.size()));
-        if (control == nullptr || gone || (!folds && control->isHidden())) {
+        if (control == nullptr) {
             continue;
         }
-        width +=
-            row_->spacing() + std::max(control->minimumWidth(), control->minimumSizeHint().width());
+        const auto* const button = qobject_cast<const QPushButton*>(control);
+        bool there = !control->isHidden();
+        if (button == more_) {
+            there = folded > 0;
+        } else if (IsAmong(groups_.size(), button)) {
+            there = !IsAmong(folded, button);
+        }
+        width += there ? row_->spacing() + NarrowestOf(*control) : 0;
     }
     return width;
 }
@@ -54,13 +68,15 @@ void FoldingRow::Fit() {
         return;
     }
     std::size_t folded = 0;
-    while (folded < buttons_.size() && WidthWithout(folded) > width()) {
+    while (folded < groups_.size() && WidthWithout(folded) > width()) {
         ++folded;
     }
     // Shown before others hide, so that the focus can stay in the row.
     more_->setVisible(folded > 0);
-    for (QPushButton* const button : buttons_) {
-        button->setVisible(!IsFolded(button, folded));
+    for (std::size_t i = 0; i < groups_.size(); ++i) {
+        for (QPushButton* const button : groups_[i]) {
+            button->setVisible(i >= folded);
+        }
     }
 }
 
@@ -78,13 +94,15 @@ void FoldingRow::changeEvent(QEvent* event) {
 
 void FoldingRow::FillMenu() {
     more_->menu()->clear();
-    for (QPushButton* const button : buttons_) {
-        if (button->isHidden()) {
-            QAction* const action =
-                more_->menu()->addAction(button->text(), button, &QPushButton::click);
-            action->setEnabled(button->isEnabled());
-            action->setCheckable(button->isCheckable());
-            action->setChecked(button->isChecked());
+    for (const Group& group : groups_) {
+        for (QPushButton* const button : group) {
+            if (button->isHidden()) {
+                QAction* const action =
+                    more_->menu()->addAction(button->text(), button, &QPushButton::click);
+                action->setEnabled(button->isEnabled());
+                action->setCheckable(button->isCheckable());
+                action->setChecked(button->isChecked());
+            }
         }
     }
 }

@@ -18,8 +18,10 @@ class FoldingRow : public QWidget {
 
     // Where the controls are added.
     QHBoxLayout* Row() { return row_; }
-    // Comes when everything is in the row. The first of these buttons goes first.
-    void LetFold(std::vector<QPushButton*> buttons);
+    // Comes when everything is in the row. The buttons of a group fold together, the first group
+    // first.
+    using Group = std::vector<QPushButton*>;
+    void LetFold(std::vector<Group> groups);
 
     // Of what stays.
     QSize minimumSizeHint() const override;
@@ -29,14 +31,15 @@ class FoldingRow : public QWidget {
     void changeEvent(QEvent* event) override;
 
   private:
+    // Of a row without the first so many groups.
     int WidthWithout(std::size_t folded) const;
-    bool IsFolded(const QPushButton* button, std::size_t folded) const;
+    bool IsAmong(std::size_t groups, const QPushButton* button) const;
     void Fit();
     void FillMenu();
 
     QHBoxLayout* row_;
     QPushButton* more_ = nullptr;
-    std::vector<QPushButton*> buttons_;
+    std::vector<Group> groups_;
 };
 
 }  // namespace qfr

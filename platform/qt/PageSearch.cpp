@@ -10,11 +10,18 @@
 
 namespace qfr {
 
+namespace {
+
+constexpr int kLetters = 12;  // of what is looked for, on a small screen
+
+}  // namespace
+
 PageSearch::PageSearch(PageView& view, QWidget* parent)
     : QWidget(parent), view_(view), edit_(new QLineEdit), count_(new QLabel) {
     auto* const row = new QHBoxLayout(this);
     row->setContentsMargins({});
     AddControl(row, "F&ind:", edit_, "FindEdit");
+    edit_->setMinimumWidth(kLetters * fontMetrics().averageCharWidth());
     edit_->setMaxLength(static_cast<int>(kMaxPrintedText));
     QPushButton* const previous = AddButton(row, "Find Pre&vious", "FindPreviousButton");
     QPushButton* const next = AddButton(row, "Find Ne&xt", "FindNextButton");

@@ -29,7 +29,7 @@ constexpr std::array<int, 7> kPercents = {50, 75, 100, 150, 200, 300, 400};
 const char* const kZoom = "preview/zoom";  // the list's text
 const char* const kThumbnailsShown = "preview/thumbnails";
 constexpr QSize kUsualSize(940, 1000);
-constexpr int kFormLetters = 17;  // of a job's title, on a small screen
+constexpr int kFormLetters = 20;  // of a job's title, on a small screen
 
 std::vector<const JobPage*> PagesOf(const std::vector<PrintJob>& jobs) {
     std::vector<const JobPage*> pages;
@@ -102,8 +102,6 @@ void PreviewWindow::AddControls() {
     if (jobs_.size() > 1) {
         AddControl(row, "&Form:", formCombo_, "FormCombo");
         formCombo_->setMinimumWidth(kFormLetters * fontMetrics().averageCharWidth());
-        // The longest title would else keep the window wide.
-        formCombo_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         formCombo_->show();
         row->addStretch();
     }
@@ -124,8 +122,12 @@ void PreviewWindow::AddControls() {
     thumbnailsButton_->setCheckable(true);
     findButton_ = AddButton(row, "Fin&d...", "FindButton");
     closeButton_ = AddButton(row, "&Close", "CloseButton");
-    controls->LetFold({findButton_, thumbnailsButton_, closeButton_, previousButton_, nextButton_,
-                       saveButton_, printButton_});
+    controls->LetFold({{findButton_},
+                       {thumbnailsButton_},
+                       {closeButton_},
+                       {previousButton_, nextButton_},
+                       {saveButton_},
+                       {printButton_}});
 
     view_->setObjectName("PageView");
     view_->setAccessibleName("Pages");

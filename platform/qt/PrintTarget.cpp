@@ -1,20 +1,20 @@
 #include "platform/qt/PrintTarget.h"
 
-#include <QHBoxLayout>
+#include <QGridLayout>
 #include <QKeyEvent>
-#include <QLabel>
-#include <QPushButton>
 #include <QWheelEvent>
 
 #include "platform/Text.h"
+#include "platform/qt/ControlRow.h"
 #include "platform/qt/WaitCursor.h"
 
 namespace qfr {
 
 namespace {
 
-constexpr int kLetters = 14;  // of a printer's name
-constexpr int kSpace = 12;    // pixels, before the next control of the row
+const char* const kName = "PrintToCombo";
+constexpr int kLetters = 12;  // of a printer's name
+constexpr int kSpace = 6;     // pixels, after the label
 
 bool GoesThroughList(const QKeyEvent& event) {
     switch (event.key()) {
@@ -34,7 +34,7 @@ bool GoesThroughList(const QKeyEvent& event) {
 
 PrintTarget::PrintTarget(PrinterChoice& printers, QWidget* parent)
     : QComboBox(parent), printers_(printers) {
-    setObjectName("PrintToCombo");
+    setObjectName(kName);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(kLetters);
     setFocusPolicy(Qt::StrongFocus);
@@ -48,30 +48,35 @@ PrintTarget::PrintTarget(PrinterChoice& printers, QWidget* parent)
     ShowChoice();
 }
 
-void PrintTarget::Insert(QHBoxLayout& row, int place, const QString& caption,
-                         PrinterChoice& printers, QPushButton& printButton) {
-    auto* const label = new QLabel(caption);
-    auto* const target = new PrintTarget(printers);
-    label->setBuddy(target);
-    row.insertWidget(place, label);
-    row.insertWidget(place + 1, target);
-    // The next control has nothing to do with it.
-    row.insertSpacing(place + 2, kSpace);
-    setTabOrder(&printButton, target);
-}
-
 void PrintTarget::PutBefore(QPushButton& printButton, const QString& caption,
                             PrinterChoice& printers) {
-    if (auto* const row = printButton.window()->findChild<QHBoxLayout*>("Buttons")) {
-        Insert(*row, 0, caption, printers, printButton);
+    if (auto* const buttons = printButton.window()->findChild<QHBoxLayout*>("Buttons")) {
+        auto* const row = new QHBoxLayout;
+        row->setSpacing(kSpace);
+        auto* const target = new PrintTarget(printers);
+        AddControl(row, caption, target, kName);
+        buttons->insertLayout(0, row);
+        setTabOrder(&printButton, target);
     }
+}
+
+void PrintTarget::PutBelow(QGridLayout& fields, int labelColumn, QPushButton& printButton,
+                           const QString& caption, PrinterChoice& printers) {
+    const int last = fields.rowCount() - 1;
+    const bool free = fields.itemAtPosition(last, labelColumn) == nullptr;
+    auto* const target = new PrintTarget(printers);
+    auto* const label = new QLabel(caption);
+    label->setBuddy(target);
+    fields.addWidget(label, free ? last : last + 1, labelColumn);
+    fields.addWidget(target, free ? last : last + 1, labelColumn + 1);
+    setTabOrder(&printButton, target);
 }
 
 void PrintTarget::ShowChoice() {
     const std::optional<int> chosen = printers_.Chosen();
     QStringList names;
     if (!chosen) {
-        names << "Ask when printing";
+        names << "Ask first";
     }
     for (const std::string& name : printers_.Known()) {
         names << QString::fromStdString(Visible(name));

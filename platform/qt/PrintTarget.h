@@ -6,7 +6,7 @@
 
 #include "platform/qt/PrinterChoice.h"
 
-class QHBoxLayout;
+class QGridLayout;
 class QPushButton;
 
 namespace qfr {
@@ -19,12 +19,14 @@ class PrintTarget : public QComboBox {
     // or gone through by key.
     explicit PrintTarget(PrinterChoice& printers, QWidget* parent = nullptr);
 
-    // Puts one after its label into the row before this place, next to the button in the tab order.
-    static void Insert(QHBoxLayout& row, int place, const QString& caption, PrinterChoice& printers,
-                       QPushButton& printButton);
-    // Puts one in front of the dialog's row of buttons ("Buttons"), of which this one prints.
+    // Puts one in front of the dialog's row of buttons ("Buttons"), of which this one prints. In
+    // the tab order it comes after the button.
     static void PutBefore(QPushButton& printButton, const QString& caption,
                           PrinterChoice& printers);
+    // Puts one at the lower end of two columns of labels and fields, into their last row if there
+    // is room.
+    static void PutBelow(QGridLayout& fields, int labelColumn, QPushButton& printButton,
+                         const QString& caption, PrinterChoice& printers);
 
     void showPopup() override;
 

@@ -65,7 +65,7 @@ TEST_F(DesktopSinkTest, NotesWhatAPrinterGotAndNotWhatIsOnlySeen) {
         EXPECT_EQ(package->IsOnlyShown(), printer > pdf_);
         EXPECT_EQ(printed.Jobs().size() + (printer == 0 ? 1U : 0U), notes);
     }
-    EXPECT_EQ(PrintedNote(printed.Jobs()[0]), "Form 1 VBLK01 sent to Lab");
+    EXPECT_EQ(PrintedNote(printed.Jobs().at(0)), "Form 1 VBLK01 sent to Lab");
 }
 
 TEST_F(DesktopSinkTest, JoinsAPackageWhenItIsFinished) {

@@ -179,7 +179,7 @@ TEST(MainForm, PrintsWhereAnyOfItsDropDownsSays) {
     WindowRig rig;
     rig.form.RestoreFile(Example("example.qff"));
     const auto& target = rig.Get<QComboBox>("PrintToCombo");
-    EXPECT_EQ(target.currentText(), "Ask when printing");
+    EXPECT_EQ(target.currentText(), "Ask first");
     rig.Type("^1");
     rig.Face(WindowRig::Find<QWidget>("TForm1Header"));
     EXPECT_EQ(rig.listings, 0) << "the print service may be slow";

@@ -186,7 +186,7 @@ TEST_F(Preview, FoldsItsButtonsIntoAMenu) {
     EXPECT_EQ(folded(2000), "");
     EXPECT_FALSE(Get("MoreButton").isVisible());
     Press(Qt::Key_Home);
-    EXPECT_EQ(folded(0), "Find...|Thumbnails|Close|Previous-Next|Save as PDF...|Print...|");
+    ASSERT_EQ(folded(0), "Find...|Thumbnails|Close|Previous-Next|Save as PDF...|Print...|");
     EXPECT_TRUE(Get("MoreButton").isVisible());
     menu.actions().at(1)->trigger();
     EXPECT_TRUE(Get("Thumbnails").isVisible());
@@ -209,7 +209,7 @@ TEST_F(Preview, PrintsAndSavesAllItsForms) {
     EXPECT_THAT(log.TakeTexts(),
                 ElementsAre("Form 5 BFB01 could not be printed on Stopped.\nIt is stopped."));
     ASSERT_EQ(printed.Jobs().size(), 1U);
-    EXPECT_EQ(PrintedNote(printed.Jobs()[0]), "2 forms sent to Lab");
+    EXPECT_EQ(PrintedNote(printed.Jobs().at(0)), "2 forms sent to Lab");
 
     chooser.answers = {{Path("all.pdf")}};
     Click("SaveButton");
