@@ -3,7 +3,6 @@
 from desktop import fresh_program, run_main, wait_for
 
 
-
 def walk_headers(program):
     program.menu("Forms", "Form 1 Volatile Organics Analysis")
     header = program.window("Form 1 Header")
