@@ -122,8 +122,8 @@ QRectF PageView::MarkOf(const FoundText& found) const {
 }
 
 void PageView::PaintFound(QPainter& painter, std::size_t page) const {
-    const auto here = std::ranges::equal_range(found_, page, {}, &FoundText::Page);
-    for (auto found = here.begin(); found != here.end(); ++found) {
+    auto found = std::ranges::lower_bound(found_, page, {}, &FoundText::Page);
+    for (; found != found_.end() && found->Page == page; ++found) {
         QColor colour = palette().color(QPalette::Highlight);
         const auto place = static_cast<std::size_t>(found - found_.begin());
         colour.setAlpha(place == place_ ? kMarkedHere : kMarked);

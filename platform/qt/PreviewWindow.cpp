@@ -28,7 +28,7 @@ constexpr int kFirstPercent = 2;  // index in the list
 constexpr std::array<int, 7> kPercents = {50, 75, 100, 150, 200, 300, 400};
 const char* const kZoom = "preview/zoom";  // the list's text
 const char* const kThumbnailsShown = "preview/thumbnails";
-constexpr QSize kUsualSize(940, 1000);
+constexpr QSize kUsualSize(1060, 1000);
 constexpr int kFormLetters = 20;  // of a job's title, on a small screen
 
 std::vector<const JobPage*> PagesOf(const std::vector<PrintJob>& jobs) {
@@ -124,9 +124,9 @@ void PreviewWindow::AddControls() {
     closeButton_ = AddButton(row, "&Close", "CloseButton");
     controls->LetFold({{findButton_},
                        {thumbnailsButton_},
-                       {closeButton_},
                        {previousButton_, nextButton_},
                        {saveButton_},
+                       {closeButton_},
                        {printButton_}});
 
     view_->setObjectName("PageView");
