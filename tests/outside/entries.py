@@ -20,14 +20,15 @@ def walk_headers(program):
     program.find("label", "3 of 10", header)
 
     number = program.find("text", "ZOV Sample Number", header)
-    for button, place in ("Undo", 3), ("Go To It", 5):
+    for button, shown, place in ("Undo", "ZA101", 3), ("Go To It", "ZA103", 5):
         number.queryComponent().grabFocus()
         program.type("ZA103")
         program.find("label", "ZA101 renamed to ZA103, as another sample is called", header)
         program.window("Form 1 Header", f"Form 1 Header, {button}")
         program.press(button, header)
+        wait_for("the end of the renaming", lambda: not program.has("push button", "Undo"))
         program.find("label", f"{place} of 10", header)
-    assert program.text("ZOV Sample Number", header) == "ZA103"
+        assert program.text("ZOV Sample Number", header) == shown
     program.choose("ZOV Sample Number", "ZA101", header)
     program.find("label", "3 of 10", header)
     program.press("Exit", header)
@@ -41,9 +42,9 @@ def delete_and_undo(program):
     program.press("Enter TICs", header)
     tics = program.window("Tentatively Identified Compound Input")
     program.press("Delete Row", tics)
-    wait_for("the end of the row", lambda: not program.has("table cell", "2-methylbutane"))
+    wait_for("the end of the row", lambda: not program.has("table cell", "1,2-dichlorotetrafluoroethane"))
     program.press("Undo", tics)
-    program.find("table cell", "2-methylbutane", tics)
+    program.find("table cell", "1,2-dichlorotetrafluoroethane", tics)
     program.window("Tentatively Identified Compound Input", "TICs, undone")
     program.press("Cancel", tics)
     program.gone("Tentatively Identified Compound Input")
