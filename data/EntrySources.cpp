@@ -49,7 +49,7 @@ void AddCheckReport(Sources& sources, const Batch& batch, Reports& reports) {
     const std::string note = "from check report " + FileNameOnly(name);
     sources.AddStandard(reports.Read<RawDataFile>(report->StandardFile, report.Folder), note);
     for (const char* const control : {"RTEdit1", "RTEdit2", "RTEdit3"}) {
-        sources.AddAlways(control, note + ": what is typed here does not print");
+        sources.AddAlways(control, note + "; these do not print");
     }
 }
 

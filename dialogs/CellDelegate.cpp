@@ -75,7 +75,9 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     font.setBold(note->second.Strong);
     painter->save();
     painter->setFont(font);
-    painter->setPen(option.palette.color(QPalette::Text));
+    painter->setPen(option.palette.color(option.state.testFlag(QStyle::State_Selected)
+                                             ? QPalette::HighlightedText
+                                             : QPalette::Text));
     painter->drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
                       QFontMetrics(font).elidedText(QString::fromStdString(note->second.Text),
                                                     Qt::ElideRight, place.width()));

@@ -116,7 +116,7 @@ void ShowSource(const QDialog& dialog, const std::string& control, const std::st
     Remark(*Find(dialog, control), "source", text);
     if (auto* const label = Find<QLabel>(dialog, control + "Source")) {
         // A long name of a file must not widen the dialog.
-        constexpr int kLetters = 60;
+        constexpr int kLetters = 80;
         const QFontMetrics metrics = label->fontMetrics();
         label->setText(
             metrics.elidedText(text, Qt::ElideMiddle, kLetters * metrics.averageCharWidth()));
@@ -147,7 +147,7 @@ void SetUpTune(QDialog& dialog) {
     auto& grid = *Find<EntryGrid>(dialog, "StringGrid1");
     grid.SetUp({{"m/e", 40, true},
                 {"ION ABUNDANCE CRITERIA", 220, true},
-                {"% RELATIVE ABUNDANCE", 320, false, 70}},
+                {"% RELATIVE ABUNDANCE", 370, false, 70}},
                TuneEntry::kIons, TuneEntry::kIons);
     grid.horizontalHeader()->setStretchLastSection(true);
     int row = 0;

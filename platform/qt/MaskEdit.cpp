@@ -1,5 +1,7 @@
 #include "platform/qt/MaskEdit.h"
 
+#include <algorithm>
+
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -13,6 +15,7 @@ namespace {
 
 constexpr QChar kPlace = u'0';
 constexpr QChar kLiteral = u' ';
+constexpr int kAroundText = 12;       // pixels
 constexpr qsizetype kTimeStart = 11;  // in "mm/dd/yyyy hh:nn"
 
 // A part that was not filled to its end has its unfilled places in front: "5 " becomes " 5".
@@ -50,6 +53,9 @@ void MaskEdit::SetMask(const std::string& mask) {
     }
     setInputMask(toolkitMask + u';' + unfilled_);
     setToolTip(Shape(empty_));
+    // It is seen whole, however large the letters are.
+    const int text = fontMetrics().horizontalAdvance(QString(places_.size(), kPlace));
+    setMinimumWidth(std::max(minimumWidth(), text + kAroundText));
 }
 
 std::string MaskEdit::MaskText() const {
