@@ -8,6 +8,7 @@
 #include <QEvent>
 #include <QLabel>
 #include <QLayout>
+#include <QMessageBox>
 #include <QPointer>
 #include <QScreen>
 #include <QScrollArea>
@@ -153,12 +154,18 @@ void MakeRoomForLetters(const QWidget& window) {
     }
 }
 
+bool FillsScreen(const QWidget& window) {
+    return window.isMaximized() || window.isFullScreen();
+}
+
 // Lets the window be as small as the room, whatever was fixed before.
 void Bound(QWidget& window, const QSize& room) {
     if (Exceeds(window.minimumSize(), room)) {
         window.setMinimumSize(window.minimumSize().boundedTo(room));
     }
-    window.resize(window.size().boundedTo(room));
+    if (!FillsScreen(window)) {
+        window.resize(window.size().boundedTo(room));
+    }
 }
 
 WholeArea* AreaOf(const QWidget& window) {
@@ -204,12 +211,22 @@ void FitContents(QDialog& dialog, const QSize& room) {
     const bool isHigh = dialog.layout()->hasHeightForWidth() && height > room.height();
     if (isHigh || Exceeds(dialog.layout()->totalMinimumSize(), room)) {
         Wrap(dialog);
+        if (qobject_cast<QMessageBox*>(&dialog) != nullptr) {
+            // It makes itself as small as it can be.
+            QWidget& all = *AreaOf(dialog);
+            const QMargins margins = dialog.layout()->contentsMargins();
+            const int beside =
+                std::max(margins.left() + margins.right(), margins.top() + margins.bottom());
+            all.setMinimumSize(all.sizeHint().boundedTo(room - QSize(beside, beside)));
+        }
         bar = dialog.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
         const WholeArea& area = *AreaOf(dialog);
         height = HeightFor(*area.widget()->layout(), width - 2 * kTightMargin - bar) +
                  dialog.layout()->totalSizeHint().height() - area.sizeHint().height();
     }
-    dialog.resize((wanted.expandedTo({0, height}) + QSize(bar, bar)).boundedTo(room));
+    if (!FillsScreen(dialog)) {
+        dialog.resize((wanted.expandedTo({0, height}) + QSize(bar, bar)).boundedTo(room));
+    }
 }
 
 void Fit(QWidget& window) {
@@ -260,7 +277,7 @@ class ScreenFitter : public QObject {
             if (shown || Exceeds(window.minimumSizeHint(), RoomFor(window))) {
                 // When the window has its frame and its place.
                 QTimer::singleShot(0, &window, [&window] {
-                    if (window.isVisible() && !window.isMaximized() && !window.isFullScreen()) {
+                    if (window.isVisible() && !FillsScreen(window)) {
                         Fit(window);
                         MoveInto(window);
                     }
