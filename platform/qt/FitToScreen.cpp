@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QBoxLayout>
 #include <QDialog>
+#include <QDialogButtonBox>
 #include <QEvent>
 #include <QLabel>
 #include <QLayout>
@@ -77,6 +78,11 @@ bool HoldsButtons(QLayoutItem& item) {
 
 // The row of buttons at the end of a dialog's layout, taken from there; null when it has none.
 QLayoutItem* TakeButtonRow(QLayout& rows) {
+    for (int i = 0; i < rows.count(); ++i) {
+        if (qobject_cast<QDialogButtonBox*>(rows.itemAt(i)->widget()) != nullptr) {
+            return rows.takeAt(i);
+        }
+    }
     auto* const box = qobject_cast<QBoxLayout*>(&rows);
     if (box == nullptr || box->direction() != QBoxLayout::TopToBottom || box->count() < 2 ||
         !HoldsButtons(*box->itemAt(box->count() - 1))) {
@@ -117,9 +123,9 @@ void Wrap(QDialog& dialog) {
     rows.setSizeConstraint(QLayout::SetDefaultConstraint);
     const QMargins margins = rows.contentsMargins();
     const int spacing = rows.spacing();
+    QLayoutItem* const buttons = TakeButtonRow(rows);
     contents->setLayout(&rows);  // and the controls with it
     rows.setContentsMargins(0, 0, 0, 0);
-    QLayoutItem* const buttons = TakeButtonRow(rows);
     area->setWidget(contents);
     contents->show();
 
@@ -211,18 +217,17 @@ void FitContents(QDialog& dialog, const QSize& room) {
     const bool isHigh = dialog.layout()->hasHeightForWidth() && height > room.height();
     if (isHigh || Exceeds(dialog.layout()->totalMinimumSize(), room)) {
         Wrap(dialog);
+        bar = dialog.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+        WholeArea& area = *AreaOf(dialog);
+        const QMargins margins = dialog.layout()->contentsMargins();
+        const int beside = margins.left() + margins.right();
+        const int below =
+            dialog.layout()->totalMinimumSize().height() - area.minimumSizeHint().height();
+        height = HeightFor(*area.widget()->layout(), width - beside - bar) + below;
         if (qobject_cast<QMessageBox*>(&dialog) != nullptr) {
             // It makes itself as small as it can be.
-            QWidget& all = *AreaOf(dialog);
-            const QMargins margins = dialog.layout()->contentsMargins();
-            const int beside =
-                std::max(margins.left() + margins.right(), margins.top() + margins.bottom());
-            all.setMinimumSize(all.sizeHint().boundedTo(room - QSize(beside, beside)));
+            area.setMinimumSize(area.sizeHint().boundedTo(room - QSize(beside, below)));
         }
-        bar = dialog.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-        const WholeArea& area = *AreaOf(dialog);
-        height = HeightFor(*area.widget()->layout(), width - 2 * kTightMargin - bar) +
-                 dialog.layout()->totalSizeHint().height() - area.sizeHint().height();
     }
     if (!FillsScreen(dialog)) {
         dialog.resize((wanted.expandedTo({0, height}) + QSize(bar, bar)).boundedTo(room));
