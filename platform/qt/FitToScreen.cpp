@@ -5,9 +5,11 @@
 #include <QAbstractButton>
 #include <QBoxLayout>
 #include <QDialog>
+#include <QDialogButtonBox>
 #include <QEvent>
 #include <QLabel>
 #include <QLayout>
+#include <QMessageBox>
 #include <QPointer>
 #include <QScreen>
 #include <QScrollArea>
@@ -76,6 +78,11 @@ bool HoldsButtons(QLayoutItem& item) {
 
 // The row of buttons at the end of a dialog's layout, taken from there; null when it has none.
 QLayoutItem* TakeButtonRow(QLayout& rows) {
+    for (int i = 0; i < rows.count(); ++i) {
+        if (qobject_cast<QDialogButtonBox*>(rows.itemAt(i)->widget()) != nullptr) {
+            return rows.takeAt(i);
+        }
+    }
     auto* const box = qobject_cast<QBoxLayout*>(&rows);
     if (box == nullptr || box->direction() != QBoxLayout::TopToBottom || box->count() < 2 ||
         !HoldsButtons(*box->itemAt(box->count() - 1))) {
@@ -116,9 +123,9 @@ void Wrap(QDialog& dialog) {
     rows.setSizeConstraint(QLayout::SetDefaultConstraint);
     const QMargins margins = rows.contentsMargins();
     const int spacing = rows.spacing();
+    QLayoutItem* const buttons = TakeButtonRow(rows);
     contents->setLayout(&rows);  // and the controls with it
     rows.setContentsMargins(0, 0, 0, 0);
-    QLayoutItem* const buttons = TakeButtonRow(rows);
     area->setWidget(contents);
     contents->show();
 
@@ -153,12 +160,18 @@ void MakeRoomForLetters(const QWidget& window) {
     }
 }
 
+bool FillsScreen(const QWidget& window) {
+    return window.isMaximized() || window.isFullScreen();
+}
+
 // Lets the window be as small as the room, whatever was fixed before.
 void Bound(QWidget& window, const QSize& room) {
     if (Exceeds(window.minimumSize(), room)) {
         window.setMinimumSize(window.minimumSize().boundedTo(room));
     }
-    window.resize(window.size().boundedTo(room));
+    if (!FillsScreen(window)) {
+        window.resize(window.size().boundedTo(room));
+    }
 }
 
 WholeArea* AreaOf(const QWidget& window) {
@@ -205,11 +218,20 @@ void FitContents(QDialog& dialog, const QSize& room) {
     if (isHigh || Exceeds(dialog.layout()->totalMinimumSize(), room)) {
         Wrap(dialog);
         bar = dialog.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-        const WholeArea& area = *AreaOf(dialog);
-        height = HeightFor(*area.widget()->layout(), width - 2 * kTightMargin - bar) +
-                 dialog.layout()->totalSizeHint().height() - area.sizeHint().height();
+        WholeArea& area = *AreaOf(dialog);
+        const QMargins margins = dialog.layout()->contentsMargins();
+        const int beside = margins.left() + margins.right();
+        const int below =
+            dialog.layout()->totalMinimumSize().height() - area.minimumSizeHint().height();
+        height = HeightFor(*area.widget()->layout(), width - beside - bar) + below;
+        if (qobject_cast<QMessageBox*>(&dialog) != nullptr) {
+            // It makes itself as small as it can be.
+            area.setMinimumSize(area.sizeHint().boundedTo(room - QSize(beside, below)));
+        }
     }
-    dialog.resize((wanted.expandedTo({0, height}) + QSize(bar, bar)).boundedTo(room));
+    if (!FillsScreen(dialog)) {
+        dialog.resize((wanted.expandedTo({0, height}) + QSize(bar, bar)).boundedTo(room));
+    }
 }
 
 void Fit(QWidget& window) {
@@ -260,7 +282,7 @@ class ScreenFitter : public QObject {
             if (shown || Exceeds(window.minimumSizeHint(), RoomFor(window))) {
                 // When the window has its frame and its place.
                 QTimer::singleShot(0, &window, [&window] {
-                    if (window.isVisible() && !window.isMaximized() && !window.isFullScreen()) {
+                    if (window.isVisible() && !FillsScreen(window)) {
                         Fit(window);
                         MoveInto(window);
                     }

@@ -1,6 +1,7 @@
 // Every window on the screens and with the letters that a laboratory may have.
 #include <QAction>
 #include <QLabel>
+#include <QMessageBox>
 #include <QScreen>
 #include <QScrollArea>
 
@@ -90,6 +91,8 @@ void ExpectAllFit(QScreen& screen) {
     PdfSaver saver(rig.chooser, rig.log);
     const PreviewWindow preview({{"Form 6", kLetterPaper, {LetterPage({})}}}, "Form 6",
                                 FormsTypeface(), saver, rig.log, &rig.form);
+    const QMessageBox message(QMessageBox::Warning, "Warning", QString("A line.\n").repeated(50),
+                              QMessageBox::Ok, &rig.form);
     ShowToldFiles({{"a.prn", std::string(400, 'x')}}, 0, &rig.form);
     for (QWidget* const window : QApplication::topLevelWidgets()) {
         if (qobject_cast<QDialog*>(window) != nullptr || window == &rig.form || window == &help) {
