@@ -124,7 +124,7 @@ void HeaderTableDialog::SetUpCommands() {
     ui_->HeadersTable->setContextMenuPolicy(Qt::ActionsContextMenu);
 }
 
-void HeaderTableDialog::Open() {
+void HeaderTableDialog::ShowHeaders() {
     if (SamplesOf(host_.Batch()).empty()) {
         host_.Show({std::string(kSpecifyFiles), kFilesNotSpecifiedTitle});
         return;
