@@ -168,7 +168,7 @@ void TQFRForm::AddMenus() {
         AddCommand(forms, form.menuCaption, form.shortcut, [this, &form] { FormClick(form); });
     }
     forms.addSeparator();
-    AddCommand(forms, "&Edit All Headers...", "Ctrl+H", [this] { headerTable_->Open(); });
+    AddCommand(forms, "&Edit All Headers...", "Ctrl+H", [this] { headerTable_->ShowHeaders(); });
     QMenu& reports = *menuBar()->addMenu("&Reports");
     AddCommand(reports, "Select &Printer", "Ctrl+P", [this] { page_.getPrinter(); });
     AddCommand(reports, "Print &All Forms...", "Ctrl+Shift+P", [this] {

@@ -20,9 +20,9 @@ struct HeaderEntry {
     std::string_view Control;     // in the Form 1 header dialog
     HeaderKind Kind = HeaderKind::kText;
     bool IsNumber = false;            // where it does not say that it has none
+    bool IsPlaceholder = false;       // its first text is no laboratory's, and must not stay
     std::string_view Unit = {};       // of the number, where no other value states it
     std::string_view FirstText = {};  // in the dialog before anybody types
-    bool IsPlaceholder = false;       // that text is no laboratory's, and must not stay
     std::array<std::string_view, 3> Choices = {};  // that are offered; empty texts are none
 };
 

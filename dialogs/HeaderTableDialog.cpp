@@ -20,6 +20,7 @@ namespace qfr {
 namespace {
 
 const char* const kWidths = "headers/columns";
+constexpr int kFindCommands = 3;  // at the end of the menu
 constexpr int kRowPadding = 8;    // pixels
 constexpr int kHeadPadding = 24;  // pixels, for the widest heads
 constexpr int kLettersOfText = 12;
@@ -88,6 +89,8 @@ void HeaderTableDialog::AddCommand(QMenu& menu, const QString& caption,
                                    void (HeaderTableDialog::*handler)()) {
     QAction* const action = menu.addAction(caption);
     action->setShortcut(shortcut);
+    // Where something else has the focus, nobody means the cells.
+    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     connect(action, &QAction::triggered, this, handler);
     ui_->HeadersTable->addAction(action);
 }
@@ -115,10 +118,13 @@ void HeaderTableDialog::SetUpCommands() {
     AddCommand(menu, "&Find...", QKeySequence("Ctrl+F"), &HeaderTableDialog::OpenFindBar);
     AddCommand(menu, "Find &Next", QKeySequence("F3"), &HeaderTableDialog::FindNext);
     AddCommand(menu, "Find Pre&vious", QKeySequence("Shift+F3"), &HeaderTableDialog::FindPrevious);
+    for (QAction* const find : menu.actions().last(kFindCommands)) {
+        find->setShortcutContext(Qt::WindowShortcut);
+    }
     ui_->HeadersTable->setContextMenuPolicy(Qt::ActionsContextMenu);
 }
 
-void HeaderTableDialog::Open() {
+void HeaderTableDialog::ShowHeaders() {
     if (SamplesOf(host_.Batch()).empty()) {
         host_.Show({std::string(kSpecifyFiles), kFilesNotSpecifiedTitle});
         return;

@@ -30,7 +30,7 @@ class HeaderTableDialog : public QDialog {
     ~HeaderTableDialog() override;
 
     // Shows the headers of the batch; where it has no samples, only a message.
-    void Open();
+    void ShowHeaders();
 
     // Closes, by whatever way.
     void reject() override;

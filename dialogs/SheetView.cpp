@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -102,7 +103,9 @@ bool SheetView::LeavesEditor(const QKeyEvent& key) const {
 }
 
 void SheetView::keyPressEvent(QKeyEvent* event) {
-    if (IsEnter(*event)) {
+    if (event->key() == Qt::Key_Down && event->modifiers().testFlag(Qt::AltModifier)) {
+        OfferChoices();
+    } else if (IsEnter(*event)) {
         GoByEnter(!event->modifiers().testFlag(Qt::ShiftModifier));
     } else if (event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab) {
         focusNextPrevChild(event->key() == Qt::Key_Tab);
@@ -110,6 +113,13 @@ void SheetView::keyPressEvent(QKeyEvent* event) {
         Go(target, event->modifiers().testFlag(Qt::ShiftModifier));
     } else {
         FrozenTable::keyPressEvent(event);
+    }
+}
+
+void SheetView::OfferChoices() {
+    edit(currentIndex(), EditKeyPressed, nullptr);
+    if (auto* const box = qobject_cast<QComboBox*>(indexWidget(currentIndex()))) {
+        box->showPopup();
     }
 }
 

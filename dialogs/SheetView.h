@@ -37,6 +37,8 @@ class SheetView : public FrozenTable {
   private:
     // Where the key leads, or nowhere.
     QModelIndex Target(const QKeyEvent& key);
+    // Opens the list of the cell's editor, if it has one.
+    void OfferChoices();
     bool GoByTab(bool next);
     void GoByEnter(bool down);
     bool LeaveTable(bool next);

@@ -92,6 +92,8 @@ TEST(HeaderTable, IsTypedInLikeASpreadsheet) {
     rig.Press(Qt::Key_Down);
     rig.Type("\t");
     EXPECT_EQ(rig.Focus(), "FillDownButton") << "no trap";
+    rig.Press(Qt::Key_Delete);
+    EXPECT_EQ(rig.Samples()[3].Header[kZovSampleNo], "Z3");
 }
 
 TEST(HeaderTable, TakesCellsFromTheClipboardAndGivesThem) {
@@ -181,7 +183,11 @@ TEST(HeaderTable, OffersChoicesAndFollowsTheMatrix) {
     rig.Press(Qt::Key_Up);
     rig.Type("\t");
     EXPECT_EQ(rig.Samples()[2].Header[kMatrix], "SED");
-    rig.Type("^z^z");
+    rig.Press(Qt::Key_Left);
+    rig.Press(Qt::Key_Down, Qt::AltModifier);
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    QApplication::activePopupWidget()->close();
+    rig.Type("\33^z^z");
     EXPECT_EQ(rig.Column(kMatrix) + rig.Column(kPercentMoisture),
               "WATER|WATER|WATER|WATER|N/A|N/A|N/A|N/A|");
     EXPECT_EQ(rig.At(), "1.9") << "where it was undone";
