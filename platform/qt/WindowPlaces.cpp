@@ -130,13 +130,13 @@ void WindowPlaces::Bring(QWidget& window) const {
                                ->availableGeometry()
                                .adjusted(0, bar, 0, 0);
         const QSize size = place.size().boundedTo(room.size());
-        if (screen != nullptr) {
-            window.setGeometry(
-                QRect(QPoint(std::clamp(place.x(), room.left(), room.right() + 1 - size.width()),
-                             std::clamp(place.y(), room.top(), room.bottom() + 1 - size.height())),
-                      size));
-        } else {
-            window.resize(size);
+        const QPoint at = screen != nullptr ? place.topLeft() : window.geometry().topLeft();
+        window.resize(size);
+        // A dialog that was never moved goes before the window that it belongs to.
+        if (screen != nullptr || window.testAttribute(Qt::WA_Moved)) {
+            const int x = std::clamp(at.x(), room.left(), room.right() + 1 - size.width());
+            const int y = std::clamp(at.y(), room.top(), room.bottom() + 1 - size.height());
+            window.setGeometry(QRect(QPoint(x, y), size));
         }
     }
     if (memory_.Value(name + "/maximized").toBool()) {
