@@ -270,8 +270,8 @@ std::variant<RecoveredBatch, Message> ReadRecovery(const fs::path& file) {
     RecoveryHead& head = read->Head;
     const std::string name = head.BatchFile.empty() ? "The recovered batch" : head.BatchFile;
     auto restored = RestoreBatch(LineReader(*std::move(content)), name, MissingReports::kAccepted);
-    if (auto* const refusal = std::get_if<Message>(&restored)) {
-        return *std::move(refusal);
+    if (const auto* const refusal = std::get_if<Message>(&restored)) {
+        return *refusal;
     }
     auto& saved = std::get<SavedBatch>(restored);
     saved.Batch.Folder = head.Folder;

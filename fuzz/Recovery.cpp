@@ -30,7 +30,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const qfr::fuzz::Laboratory laboratory("monday.recovery");
     laboratory.Put(data, size);
     Recover(laboratory);
-    WriteRecovery(laboratory.File(), {}, std::string(data, data + size));
+    qfr::WriteRecovery(laboratory.File(), {}, std::string(data, data + size));
     Recover(laboratory);
     return 0;
 }

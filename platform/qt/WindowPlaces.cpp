@@ -9,6 +9,7 @@
 #include <QMessageBox>
 #include <QScreen>
 #include <QSplitter>
+#include <QStyle>
 #include <QTableView>
 #include <QTableWidget>
 #include <QWidget>
@@ -30,13 +31,18 @@ bool HasPlace(const QWidget& window) {
            window.minimumSize() != window.maximumSize();
 }
 
-// A place that no screen has any more, or not for the bar by which a window is moved, is not taken.
-QScreen* ScreenOf(const QRect& place) {
-    constexpr int kBar = 20;  // pixels
+// Of the bar above a window by which it is moved. How high it really is, is known only when the
+// window shows; therefore places are without it.
+int BarOf(const QWidget& window) {
+    return window.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window);
+}
+
+// A place that no screen has any more, or not for its bar, is not taken.
+QScreen* ScreenOf(const QRect& place, int bar) {
     for (QScreen* const screen : QGuiApplication::screens()) {
         const QRect seen =
-            screen->availableGeometry() & QRect(place.topLeft(), QSize(place.width(), kBar));
-        if (seen.width() >= place.width() / 2 && seen.height() >= kBar / 2) {
+            screen->availableGeometry() & QRect(place.x(), place.y() - bar, place.width(), bar);
+        if (seen.width() >= place.width() / 2 && seen.height() >= bar / 2) {
             return screen;
         }
     }
@@ -118,14 +124,19 @@ void WindowPlaces::Bring(QWidget& window) const {
     const QString name = "places/" + NameOf(window);
     const QRect place = memory_.Value(name).toRect();
     if (place.isValid()) {
-        QScreen* const screen = ScreenOf(place);
-        const QRect room = (screen != nullptr ? screen : window.screen())->availableGeometry();
-        window.resize(place.size().boundedTo(room.size()));
-        if (screen != nullptr) {
-            const int right = std::max(room.left(), room.right() + 1 - window.width());
-            const int bottom = std::max(room.top(), room.bottom() + 1 - window.height());
-            window.move(std::clamp(place.x(), room.left(), right),
-                        std::clamp(place.y(), room.top(), bottom));
+        const int bar = BarOf(window);
+        QScreen* const screen = ScreenOf(place, bar);
+        const QRect room = (screen != nullptr ? screen : window.screen())
+                               ->availableGeometry()
+                               .adjusted(0, bar, 0, 0);
+        const QSize size = place.size().boundedTo(room.size());
+        const QPoint at = screen != nullptr ? place.topLeft() : window.geometry().topLeft();
+        window.resize(size);
+        // A dialog that was never moved goes before the window that it belongs to.
+        if (screen != nullptr || window.testAttribute(Qt::WA_Moved)) {
+            const int x = std::clamp(at.x(), room.left(), room.right() + 1 - size.width());
+            const int y = std::clamp(at.y(), room.top(), room.bottom() + 1 - size.height());
+            window.setGeometry(QRect(QPoint(x, y), size));
         }
     }
     if (memory_.Value(name + "/maximized").toBool()) {
@@ -144,7 +155,7 @@ void WindowPlaces::Keep(const QWidget& window) const {
     const bool large = window.isMaximized() || window.isFullScreen();
     memory_.Keep(name + "/maximized", large);
     if (!large) {
-        memory_.Keep(name, QRect(window.pos(), window.size()));
+        memory_.Keep(name, window.geometry());
     }
     ForEachPart(window, name, [this](const QString& part, const auto& parts) {
         if (parts.count() > 0) {

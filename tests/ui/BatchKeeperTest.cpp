@@ -3,6 +3,7 @@
 #include <QScreen>
 #include <QStandardItemModel>
 #include <QStatusBar>
+#include <QStyle>
 #include <QTableView>
 
 #include "dialogs/EntryGrid.h"
@@ -199,20 +200,21 @@ TEST(WindowPlaces, ComeBackWithinTheScreens) {
         rig.memory.Keep("places/Resizable", place);
         QWidget window;
         window.setObjectName("Resizable");
-        window.move(7, 8);
-        window.resize(200, 100);
+        window.setGeometry(7, 38, 200, 100);
         window.show();
-        return QRect(window.pos(), window.size());
+        return window.geometry();
     };
-    const QRect usual(7, 8, 200, 100);
-    const QRect large(room.topLeft(), room.size() + QSize(500, 500));
+    const int bar = rig.form.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const QRect usual(7, 38, 200, 100);
+    const QSize large = room.size() + QSize(500, 500);
     const std::pair<QRect, QRect> cases[] = {
         {{}, usual},
         {{30, 40, 300, 150}, {30, 40, 300, 150}},
         {{room.right() - 160, 40, 300, 150}, {room.right() - 299, 40, 300, 150}},
-        {{room.right() + 50, 40, 300, 150}, {7, 8, 300, 150}},  // of a screen that is gone
-        {{30, -400, 300, 150}, {7, 8, 300, 150}},               // its bar cannot be reached
-        {large, room}};
+        {{room.right() + 50, 40, 300, 150}, {7, 38, 300, 150}},  // of a screen that is gone
+        {{30, -400, 300, 150}, {7, 38, 300, 150}},               // its bar cannot be reached
+        {{{30, 40}, large}, room.adjusted(0, bar, 0, 0)},
+        {{{-9000, 40}, large}, room.adjusted(0, bar, 0, 0)}};
     for (const auto& [kept, shown] : cases) {
         EXPECT_EQ(opened(kept), shown) << kept.x() << ' ' << kept.y();
     }
