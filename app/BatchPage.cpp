@@ -114,7 +114,7 @@ void BatchPage::AddSamples(QVBoxLayout& rows) {
     connect(samplesTable_->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &BatchPage::WaitLonger);
 
-    QHBoxLayout* const head = HeadRow("Sa&mples:", samplesTable_);
+    QHBoxLayout* const head = HeadRow("Samp&les:", samplesTable_);
     previewButton_ =
         AddCommand(head, "&Preview All Forms", "PreviewAllButton", [this] { PreviewAllForms(); });
     sheetsButton_ =
@@ -133,7 +133,7 @@ void BatchPage::AddForms(QVBoxLayout& rows) {
     connect(formsTable_, &QTableView::activated, this, &BatchPage::OpenForm);
 
     QHBoxLayout* const head = HeadRow("F&orms:", formsTable_);
-    AddCommand(head, "Prin&t Form", "PrintFormButton", [this] { PrintForm(); });
+    AddCommand(head, "Print For&m", "PrintFormButton", [this] { PrintForm(); });
     AddAction(*formsTable_, "&Open Entry...", [this] { OpenForm(); });
     AddAction(*formsTable_, "&Print Form", [this] { PrintForm(); });
     rows.addLayout(head);

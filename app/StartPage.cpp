@@ -146,7 +146,7 @@ void StartPage::AddRecent(QVBoxLayout& rows) {
     connect(open, &QAction::triggered, this, &StartPage::OpenRecent);
     connect(forget, &QAction::triggered, this, &StartPage::ForgetRecent);
     recentTree_->addActions({open, forget});
-    recentLabel_ = new QLabel("Rece&nt batches:");
+    recentLabel_ = new QLabel("Recent batche&s:");
     recentLabel_->setBuddy(recentTree_);
     rows.addWidget(recentLabel_);
     rows.addWidget(recentTree_, 1);
