@@ -184,7 +184,7 @@ TEST(Desk, PrintsAFormOrTheSheetsOfASample) {
     DeskRig rig;
     rig.OpenExample();
     rig.Choose("FormsTable", 3);
-    rig.Type("&t");
+    rig.Type("&m");
     EXPECT_EQ(rig.Status(), "Print Form: 1 of 1 jobs printed.");
     EXPECT_EQ(rig.sink.jobs.at(0).title, "Form 4 VBLK01");
     rig.sink.jobs.clear();
@@ -203,11 +203,11 @@ TEST(Desk, PrintsAFormOrTheSheetsOfASample) {
         sample.TicList.reset();
     }
     rig.Choose("FormsTable", 1);
-    rig.Use("&t", "No sample has TICs.");
+    rig.Use("&m", "No sample has TICs.");
     rig.chooses = false;
     rig.form.Page().PrinterChosen = false;
     rig.Choose("FormsTable", 0);
-    rig.Use("&t");
+    rig.Use("&m");
     EXPECT_EQ(rig.sink.begun.size(), 2U) << "the printer setup was cancelled";
 }
 
