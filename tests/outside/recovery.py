@@ -93,8 +93,9 @@ def in_the_tune(chemist):
 
 def by_assistive_technology(chemist):
     window = chemist.open(STANDARD)
-    chemist.program.enter("Lab File ID:", text := chemist.text(), window)
-    chemist.wait_until_kept(text)
+    for _ in range(2):  # for the second one nothing but the text changes
+        chemist.program.enter("Lab File ID:", text := chemist.text(), window)
+        chemist.wait_until_kept(text)
     return text
 
 
