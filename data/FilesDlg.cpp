@@ -29,8 +29,9 @@ constexpr int kLinesDown = 28;
 bool IsQuantReport(const std::string& file) {
     const std::string_view patterns = RowOf(FileKind::kQuantReport).filter.Patterns();
     std::error_code error;
+    // A name that is no text is that of no file here; it is refused by a message.
     return EndsWith(file, patterns.substr(1)) &&
-           !std::filesystem::is_directory(PathOf(file), error);
+           (std::filesystem::is_regular_file(PathOf(file), error) || Contains(file, "\uFFFD"));
 }
 
 // The refusals of a proposal cost nothing that is loaded.
