@@ -273,7 +273,7 @@ void BatchPage::OpenForm() {
 
 void BatchPage::PreviewAllForms() {
     PreviewAll(window_, services_.Metrics, services_.Packages);
-    window_.ShowBatchState();
+    window_.ShowPrinted();
 }
 
 void BatchPage::PrintForm() {
@@ -281,7 +281,7 @@ void BatchPage::PrintForm() {
     choice.forms.at(static_cast<std::size_t>(formsTable_->currentIndex().row())) = true;
     choice.samples.assign(SamplesOf(window_.Batch()).size(), true);
     PrintChosen(window_, services_.Metrics, services_.Packages, "Print Form", choice);
-    window_.ShowBatchState();
+    window_.ShowPrinted();
 }
 
 void BatchPage::PrintSheets() {
@@ -296,7 +296,7 @@ void BatchPage::PrintSheets() {
     choice.samples.resize(SamplesOf(window_.Batch()).size());
     choice.samples.at(*record) = true;
     PrintChosen(window_, services_.Metrics, services_.Packages, "Print Sample's Sheets", choice);
-    window_.ShowBatchState();
+    window_.ShowPrinted();
 }
 
 }  // namespace qfr

@@ -173,7 +173,7 @@ void TQFRForm::AddMenus() {
     AddCommand(reports, "Select &Printer", "Ctrl+P", [this] { page_.getPrinter(); });
     AddCommand(reports, "Print &All Forms...", "Ctrl+Shift+P", [this] {
         PrintAll(*this, services_.Metrics, services_.Packages);
-        ShowBatchState();
+        ShowPrinted();
     });
     AddCommand(reports, "&Review Batch...", "Ctrl+Shift+R", [this] { ShowReview(); });
     QMenu& values = *reports.addMenu("&Export Values");
@@ -547,8 +547,12 @@ void TQFRForm::ShowMainWindow() {
     review_->ComeBack();
 }
 
-void TQFRForm::ShowBatchState() {
+void TQFRForm::ShowPrinted() {
     printBar_->ShowPrinted();
+    desk_->Refresh();
+}
+
+void TQFRForm::ShowBatchState() {
     const qfr::Batch& batch = Batch();
     const FileSet& files = batch.Files;
     const bool loaded = IsLoaded(batch);
@@ -571,7 +575,7 @@ void TQFRForm::ShowBatchState() {
         state_[i]->setVisible(loaded);
     }
     keeper_->Check();
-    desk_->Refresh();
+    ShowPrinted();
 }
 
 }  // namespace qfr

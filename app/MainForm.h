@@ -98,8 +98,8 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
     // What that would bring back; absent without any.
     std::optional<RecoveryOffer> Recovery() const;
 
-    // Shows what the batch, and what was printed of it, have become.
-    void ShowBatchState();
+    // Shows what was printed of the batch by now.
+    void ShowPrinted();
     // Forms | the form. One that prints for each sample begins with this one, an index of
     // SampleList.
     void FormClick(const FormRow& form, std::size_t record = 0);
@@ -153,6 +153,7 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
     SaveResult WriteBatch(const std::string& file, const QString& note = {});
     void TakeBatch(SavedBatch saved);
     void RememberBatchFolder();
+    void ShowBatchState();
 
     DesktopServices services_;
     PathsFile paths_;

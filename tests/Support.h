@@ -128,7 +128,7 @@ class JobLog : public JobSink, public PackageSink {
         }
         void Finish() override { log.finished = true; }
         std::size_t Printed() const override { return log.jobs.size(); }
-        bool IsOnlyShown() const override { return log.onlyShown; }
+        bool IsOnlyShown() const override { return log.onlyShown || log.printer == kPreviewIndex; }
         JobLog& log;
     };
 };

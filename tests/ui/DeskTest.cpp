@@ -70,8 +70,7 @@ TEST(Desk, LeadsFromAFreshStartToTheExamplesPreviewWithTwoKeys) {
     EXPECT_EQ(bare.Focus(), "LoadFilesButton") << "there is no example";
     EXPECT_FALSE(bare.Get("OpenExampleButton").isEnabled());
     DeskRig rig;
-    EXPECT_FALSE(rig.Get("RecentTree").isVisible() || rig.Get("LoadFolderButton").isVisible() ||
-                 rig.Get("RecoverButton").isVisible());
+    EXPECT_FALSE(rig.Get("RecentTree").isVisible() || rig.Get("RecoverButton").isVisible());
     rig.Get("OpenExampleButton").setFocus();
     rig.Use("\r", "", "PreviewAllButton");
     rig.Use("\r", "", "PreviewAllButton");

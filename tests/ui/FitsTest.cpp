@@ -83,14 +83,16 @@ void ExpectCommandFits(TQFRForm& form, const char* keys) {
 // All windows that the program keeps, and those that it makes when they are needed.
 void ExpectAllFit(QScreen& screen) {
     WindowRig rig;
-    rig.form.RestoreFile(Example("example.qff"));
     ShowOn(screen, rig.form);
+    ExpectFits(rig.form);
+    rig.form.RestoreFile(Example("example.qff"));
     ExpectCommandFits(rig.form, "Ctrl+Shift+P");
-    PrinterSetupDialog setup(rig.form.Page().Printer(), &rig.form);
+    PrinterSetupDialog setup(rig.form.Page().Printer(), rig.memory, &rig.form);
     HelpWindow help(HelpFile::Open(QFR_HELP_FILE));
-    PdfSaver saver(rig.chooser, rig.log);
+    PdfSaver saver(rig.chooser, rig.log, rig.memory);
     const PreviewWindow preview({{"Form 6", kLetterPaper, {LetterPage({})}}}, "Form 6",
-                                FormsTypeface(), saver, rig.log, &rig.form);
+                                {FormsTypeface(), saver, rig.log, rig.printed, rig.memory},
+                                &rig.form);
     const QMessageBox message(QMessageBox::Warning, "Warning", QString("A line.\n").repeated(50),
                               QMessageBox::Ok, &rig.form);
     ShowToldFiles({{"a.prn", std::string(400, 'x')}}, 0, &rig.form);
