@@ -62,6 +62,7 @@ class Platform : public qfr::BatchPlatform {
 
 int main(int argc, char** argv) {
     std::ios_base::sync_with_stdio(false);
+    const qfr::PlainOutput plainOutput;
     Platform platform;
     const qfr::EndRequests endRequests([&platform] { platform.RequestEnd(); });
     std::error_code failed;
