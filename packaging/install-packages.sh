@@ -23,7 +23,7 @@ packagesFor() {
                 libglib2.0-bin man-db poppler-utils ;;
         windows)
             packagesFor windows-libraries
-            echo googletest wine nsis imagemagick openbox xvfb xdotool x11-utils ;;
+            echo googletest wine nsis imagemagick openbox xvfb xauth xdotool poppler-utils ;;
         windows-libraries)
             echo cmake ninja-build g++-mingw-w64-x86-64-posix libz-mingw-w64-dev qt6-base-dev \
                 qt6-base-dev-tools dpkg-dev ;;

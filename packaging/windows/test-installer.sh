@@ -39,7 +39,12 @@ trap 'exit 1' HUP INT TERM
 
 # valueOf KEY [VALUE]: what the registry has there, or nothing.
 valueOf() {
-    wine reg query "$1" ${2+/v "$2"} ${2-/ve} 2>/dev/null | tr -d '\r' | sed -n 's/.*REG_[A-Z]* *//p'
+    if [ $# -eq 1 ]; then
+        set -- "$1" /ve
+    else
+        set -- "$1" /v "$2"
+    fi
+    wine reg query "$@" 2>/dev/null | tr -d '\r' | sed -n 's/.*REG_[A-Z]* *//p'
 }
 uninstallKey='Software\Microsoft\Windows\CurrentVersion\Uninstall\QFRForms'
 # Everything on the drive but what Windows itself writes as it goes.
@@ -80,10 +85,13 @@ testInstallation() {
     grep -q user "$folder/QFRpaths.txt" || fail "an update replaces the user's paths"
 
     echo "the user's" >"$folder/DefaultInfo.txt"
-    # It works on a copy of itself, unless it is told where it is.
-    place=$(winepath -w "$folder")
-    (cd "$folder" && cp uninstall.exe "$work/uninstall.exe" &&
-        wine "$work/uninstall.exe" /S "_?=$place") || fail "uninstall.exe ended with $?"
+    wine "$folder/uninstall.exe" /S || fail "uninstall.exe ended with $?"
+    # A copy of it does the work.
+    for _ in $(seq 300); do
+        [ -e "$folder/uninstall.exe" ] || break
+        sleep 0.1
+    done
+    wineserver -w
     [ "$(ls "$folder")" = DefaultInfo.txt ] || fail "it leaves $(ls "$folder")"
     rm -r "$folder"
     [ -z "$(valueOf "$root\\Software\\Classes\\.qff")" ] || fail "it leaves what batches are opened by"
@@ -99,9 +107,8 @@ testInstallation HKCU "$users/AppData/Local/Programs/QFR Forms" \
     "$users/AppData/Roaming/Microsoft/Windows/Start Menu/Programs"
 testInstallation HKLM "$drive/Program Files/QFR Forms" \
     "$drive/ProgramData/Microsoft/Windows/Start Menu/Programs" /AllUsers
-mkdir "$work/other place"
-testInstallation HKCU "$work/other place" \
-    "$users/AppData/Roaming/Microsoft/Windows/Start Menu/Programs" "/D=Z:$(echo "$work" | tr / '\\')\\other place"
+testInstallation HKCU "$work/elsewhere" "$users/AppData/Roaming/Microsoft/Windows/Start Menu/Programs" \
+    "/D=Z:$(echo "$work" | tr / '\\')\\elsewhere"
 
 # The archive: where it is unpacked it runs, and its settings lie beside it.
 mkdir "$work/stick"

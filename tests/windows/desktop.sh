@@ -1,13 +1,13 @@
 #!/bin/sh
 # desktop.sh PROGRAMS PICTURES: the desktop program for Windows of the folder PROGRAMS, under Wine on a screen of
 # its own, driven by its keyboard and read by the titles of its windows: a batch by argument, Form 1 with header
-# and preview, the package as a PDF file that has the bytes of qfrbatch's, the batch saved and left. Pictures of its
+# and preview, the package as a PDF file that reads as qfrbatch's, the batch saved and left. Pictures of its
 # windows stay in PICTURES. Ends with 77 where there can be no screen.
 set -eu
 programs=$1
 pictures=$2
 if [ -z "${QFR_OWN_SCREEN-}" ]; then
-    for tool in Xvfb xvfb-run openbox xdotool import; do
+    for tool in Xvfb xvfb-run openbox xdotool import pdftotext; do
         command -v $tool >/dev/null || {
             echo "Not tested: there is no $tool."
             exit 77
@@ -34,7 +34,7 @@ fail() {
     echo "$*; the active window is \"$(title)\". See $pictures/fault.png" >&2
     exit 1
 }
-# until WHAT COMMAND...: waits for the command to succeed. Only a fault takes all the time.
+# until_ WHAT COMMAND...: waits for the command to succeed. Only a fault takes all the time.
 until_() {
     what=$1
     shift
@@ -87,18 +87,24 @@ press Return "Save As"
 enter all.pdf "$main"
 until_ all.pdf [ -s "$work/all.pdf" ]
 wine ./qfrbatch.exe print example/example.qff -o "$drive\\batch.pdf"
-# Who names the document differs, and so does its number.
-[ "$(stat -c %s "$work/all.pdf")" -gt 50000 ] || fail "all.pdf is too small"
+for name in all batch; do
+    pdftotext "$work/$name.pdf" "$work/$name.txt"
+done
+cmp "$work/all.txt" "$work/batch.txt" || fail "The package reads otherwise than qfrbatch's"
 
 xdotool key alt+d
 sleep 1
 press s "Save As|Save Batch.*"
-enter saved.qff "$main"
-until_ saved.qff [ -s "$work/saved.qff" ]
-wine ./qfrbatch.exe print "$drive\\saved.qff" -o "$drive\\saved.pdf"
-# Of the same batch; the title of a document is the name of its batch.
-pages() { grep -ac '/Type /Page$' "$1" || true; }
-[ "$(pages "$work/saved.pdf")" = "$(pages "$work/batch.pdf")" ] || fail "The saved batch prints something else"
+# Beside the reports that it names.
+xdotool type --delay 20 "$drive\\program\\example\\saved.qff"
+xdotool key Return
+until_ saved.qff [ -s example/saved.qff ]
+answered() { isActive "$main" || { xdotool key Return && false; }; }
+until_ "The main window" answered
+for batch in example saved; do
+    wine ./qfrbatch.exe export "example/$batch.qff" --format csv -o "$drive\\$batch"
+done
+diff -r "$work/example" "$work/saved" || fail "The saved batch states something else"
 
 xdotool key alt+x
 hasEnded() {
