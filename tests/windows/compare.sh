@@ -42,6 +42,12 @@ take() {
     answer usage "$@" print
 }
 take windows wine "$windows/qfrbatch.exe"
+wine "$windows/qfrbatch.exe" print example.qff --printer Office 2>printer.txt && exit 1
+grep -q 'there is no printer "Office"; on this system qfrbatch prints into files' printer.txt || {
+    cat printer.txt
+    exit 1
+}
+rm printer.txt
 take here "$here"
 
 # A batch names its reports in full, as each system does.
