@@ -149,7 +149,7 @@ build_qpdf() {
         -DREQUIRE_CRYPTO_NATIVE=ON -DCMAKE_CXX_FLAGS="-include cstdint" \
         -DZLIB_H_PATH="$system/include" -DZLIB_LIB_PATH="$system/lib/libz.a" \
         -DLIBJPEG_H_PATH="$result/include" -DLIBJPEG_LIB_PATH="$result/lib/libjpeg.a"
-    make qpdf libqpdf_static
+    make qpdf libqpdf
     cmake --install "$work/qpdf/build" --component dev >/dev/null
 }
 

@@ -6,7 +6,7 @@
 set -eu
 cd "$(dirname "$(readlink -f "$0")")/../.."
 unset DISPLAY WAYLAND_DISPLAY
-export WINEPREFIX="$PWD/build/windows/wine-installer" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
+export WINEPREFIX="$PWD/build/windows/wine-installer" WINEDEBUG=-all WINEDLLOVERRIDES="winemenubuilder.exe=d;mscoree,mshtml="
 export SOURCE_DATE_EPOCH=1792000000
 
 fail() {
@@ -29,13 +29,15 @@ for package in "$setup" "$archive"; do
     [ "$size" -le $((25 * 1024 * 1024)) ] || fail "$package has more than 25 MB"
 done
 
-# A Windows of its own, so that nothing else is in its registry.
+# A Windows of its own, so that nothing else is in its registry, and none of the user's folders in it.
 rm -rf "$WINEPREFIX"
-wine wineboot -i >/dev/null 2>&1
 drive=$WINEPREFIX/drive_c
 work=$(mktemp -d)
 trap 'wineserver -k || true; rm -rf "$work" "$WINEPREFIX"' EXIT
 trap 'exit 1' HUP INT TERM
+mkdir "$work/home"
+export HOME="$work/home"
+wine wineboot -i >/dev/null 2>&1
 
 # valueOf KEY [VALUE]: what the registry has there, or nothing.
 valueOf() {

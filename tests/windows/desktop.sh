@@ -24,6 +24,8 @@ work=$(mktemp -d)
 pids=
 trap 'for pid in $pids; do kill $pid 2>/dev/null || true; done; rm -rf "$work"' EXIT
 trap 'exit 1' HUP INT TERM
+mkdir "$work/home"
+export HOME="$work/home"
 cp -R "$programs" "$work/program"
 drive=$(printf 'Z:%s' "$work" | tr / '\\')
 
@@ -57,7 +59,7 @@ enter() {
     press Return "$2"
 }
 
-openbox --startup "touch $work/managed" 2>/dev/null &
+openbox --startup "touch $work/managed" >/dev/null 2>&1 &
 pids="$pids $!"
 until_ "The window manager" [ -e "$work/managed" ]
 cd "$work/program"
@@ -115,4 +117,5 @@ until_ "The end" hasEnded
 status=0
 wait $program || status=$?
 [ $status -eq 0 ] || fail "It ended with $status"
+! wine reg query 'HKCU\Software\QtProject' /s 2>/dev/null | grep REG_ || fail "Dialogs leave settings behind"
 echo "The desktop program passes."
