@@ -20,7 +20,7 @@ std::vector<std::string> ProgramArguments(int argc, const char* const* argv);
 class PlainOutput {
   public:
     PlainOutput();
-    ~PlainOutput();
+    ~PlainOutput();  // NOLINT(performance-trivially-destructible) not on every system
     PlainOutput(const PlainOutput&) = delete;
     PlainOutput& operator=(const PlainOutput&) = delete;
 

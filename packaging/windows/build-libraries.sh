@@ -17,6 +17,8 @@ prepared=${QFR_WINDOWS_LIBRARIES:-../shared/windows-libraries.tar.xz}
 result=$repository/build/windows-libraries
 work=$repository/build/windows-sources
 system=/usr/x86_64-w64-mingw32
+# What this system has is nothing for the other one.
+export PKG_CONFIG_LIBDIR="$result/lib/pkgconfig" PKG_CONFIG_PATH=
 
 # Each library with its version in Debian 12 and what it is built with.
 list() {
