@@ -38,7 +38,8 @@ class Platform : public qfr::BatchPlatform {
     std::unique_ptr<qfr::PdfWriter> NewPdf() override { return pdf_->NewPdf(); }
     std::vector<std::string> Printers(std::string& reason) override {
         if constexpr (!QFR_HAS_QUEUES) {
-            reason = "on this system qfrbatch prints into files, and the desktop program on printers";
+            reason =
+                "on this system qfrbatch prints into files, and the desktop program on printers";
             return {};
         }
         if (const auto make = queues_ ? nullptr : MakerOf<qfr::QueueModule>(reason)) {

@@ -64,6 +64,10 @@ std::optional<std::error_code> WriteThrough(const std::filesystem::path& device,
 std::error_code WriteNewFile(const std::filesystem::path& file,
                              const std::filesystem::path& replaced, const ContentPieces& content);
 
+// Gives the file the other one's name and place, at once. Where somebody who has the other one open
+// holds it there, as a virus scanner does, it is tried for a while.
+std::error_code MoveOver(const std::filesystem::path& file, const std::filesystem::path& other);
+
 // Makes a rename in the folder last. The files are whole either way, so a file system that cannot
 // do it is no failure.
 void FlushFolder(const std::filesystem::path& folder);

@@ -163,6 +163,12 @@ std::error_code WriteNewFile(const fs::path& file, const fs::path& replaced,
     return {};
 }
 
+std::error_code MoveOver(const fs::path& file, const fs::path& other) {
+    std::error_code error;
+    fs::rename(file, other, error);
+    return error;
+}
+
 void FlushFolder(const fs::path& folder) {
     const Descriptor directory(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (directory.Value() >= 0) {

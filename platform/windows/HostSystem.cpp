@@ -116,6 +116,24 @@ std::error_code WriteNewFile(const fs::path& file, const fs::path&, const Conten
     return ::_close(out) == 0 || error ? error : std::make_error_code(std::errc::io_error);
 }
 
+std::error_code MoveOver(const fs::path& file, const fs::path& other) {
+    constexpr int kAttempts = 20;
+    constexpr DWORD kPause = 50;  // ms
+    for (int attempt = 1;; ++attempt) {
+        if (::MoveFileExW(file.c_str(), other.c_str(),
+                          MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) {
+            return {};
+        }
+        const DWORD error = ::GetLastError();
+        const bool mayEnd = error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION ||
+                            error == ERROR_ACCESS_DENIED;
+        if (!mayEnd || attempt == kAttempts) {
+            return {static_cast<int>(error), std::system_category()};
+        }
+        ::Sleep(kPause);
+    }
+}
+
 void FlushFolder(const fs::path&) {}
 
 // A window is asked to close, and a command without one is not asked.
