@@ -1,7 +1,6 @@
 #include "platform/pdf/FontFinder.h"
 
-#include <algorithm>
-#include <vector>
+#include <array>
 
 // clang-format off
 #include <windows.h>
@@ -163,8 +162,23 @@ fs::path ShippedFile(const std::string& family) {
     return ProgramFolder() / "fonts" / name;
 }
 
+// The regular face's, as the system lists it for all users or for this one; empty when it does not.
+fs::path InstalledFile(HKEY users, const std::string& family) {
+    constexpr wchar_t kList[] = L"SOFTWARE\\Microsoft\\Windows NT\\CurrentVersion\\Fonts";
+    std::array<wchar_t, 1024> name{};
+    DWORD bytes = sizeof name - sizeof(wchar_t);
+    if (::RegGetValueW(users, kList, (WideOf(family) + L" (TrueType)").c_str(), RRF_RT_REG_SZ,
+                       nullptr, name.data(), &bytes) != ERROR_SUCCESS) {
+        return {};
+    }
+    std::array<wchar_t, MAX_PATH + 1> windows{};
+    ::GetWindowsDirectoryW(windows.data(), MAX_PATH);
+    return fs::path(windows.data()) / "Fonts" / name.data();  // which may be a whole path
+}
+
 }  // namespace
 
+// Asked only when the forms' typeface lacks a character: making its list takes the system a while.
 struct FontFinder::Fonts {
     Owned<IDWriteFactory> factory = Made<IDWriteFactory>([](IDWriteFactory** made) {
         return ::DWriteCreateFactory(DWRITE_FACTORY_TYPE_SHARED, __uuidof(IDWriteFactory),
@@ -202,28 +216,27 @@ struct FontFinder::Fonts {
     }
 };
 
-FontFinder::FontFinder() : fonts_(std::make_unique<Fonts>()) {}
+FontFinder::FontFinder() = default;
 FontFinder::~FontFinder() = default;
 
 std::optional<FontFile> FontFinder::Family(const std::string& family) const {
-    std::error_code error;
-    if (const fs::path shipped = ShippedFile(family); fs::is_regular_file(shipped, error)) {
-        return FontFile{TextOf(shipped)};
+    for (const fs::path& file : {ShippedFile(family), InstalledFile(HKEY_LOCAL_MACHINE, family),
+                                 InstalledFile(HKEY_CURRENT_USER, family)}) {
+        std::error_code error;
+        if (fs::is_regular_file(file, error)) {
+            return FontFile{TextOf(file)};
+        }
     }
-    UINT32 index = 0;
-    WINBOOL found = FALSE;
-    if (!fonts_->installed ||
-        FAILED(fonts_->installed->FindFamilyName(WideOf(family).c_str(), &index, &found)) ||
-        found == FALSE) {
-        return std::nullopt;
-    }
-    return FileOf(RegularFaceOf(fonts_->FamilyAt(index).get()).get());
+    return std::nullopt;
 }
 
 std::optional<FontFile> FontFinder::With(char32_t character, const std::string& family) {
     const auto suits = [character](IDWriteFont* font) {
         return HasCharacter(font, character) && IsOneColour(font);
     };
+    if (!fonts_) {
+        fonts_ = std::make_unique<Fonts>();
+    }
     if (!fonts_->installed) {
         return std::nullopt;
     }
