@@ -37,6 +37,11 @@ class Platform : public qfr::BatchPlatform {
     qfr::TextMetrics& Metrics() override { return pdf_->Metrics(); }
     std::unique_ptr<qfr::PdfWriter> NewPdf() override { return pdf_->NewPdf(); }
     std::vector<std::string> Printers(std::string& reason) override {
+        if constexpr (!QFR_HAS_QUEUES) {
+            reason =
+                "on this system qfrbatch prints into files, and the desktop program on printers";
+            return {};
+        }
         if (const auto make = queues_ ? nullptr : MakerOf<qfr::QueueModule>(reason)) {
             queues_.reset(make());
         }
@@ -62,6 +67,7 @@ class Platform : public qfr::BatchPlatform {
 
 int main(int argc, char** argv) {
     std::ios_base::sync_with_stdio(false);
+    const qfr::PlainOutput plainOutput;
     Platform platform;
     const qfr::EndRequests endRequests([&platform] { platform.RequestEnd(); });
     std::error_code failed;

@@ -1,9 +1,7 @@
 // The desktop program.
 #include <QApplication>
 #include <QDir>
-#include <QSettings>
 #include <QStandardPaths>
-#include <QTemporaryDir>
 #include <QTimer>
 
 #include "app/MainForm.h"
@@ -24,6 +22,7 @@
 #include "platform/qt/QtFileChooser.h"
 #include "platform/qt/QtMessages.h"
 #include "platform/qt/Remembered.h"
+#include "platform/qt/ToolkitSettings.h"
 #include "platform/qt/WindowPlaces.h"
 
 int main(int argc, char** argv) {
@@ -55,9 +54,7 @@ int main(int argc, char** argv) {
           QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation)}) {
         qfr::RemoveLeftovers(directory(folder));
     }
-    // The toolkit's dialogs would keep a settings file of their own; the program has only its own.
-    const QTemporaryDir toolkitSettings(QDir::tempPath() + '/' + qfr::kTemporaryName);
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, toolkitSettings.path());
+    const qfr::ToolkitSettings toolkitSettings;
 
     qfr::QtMessages messages;
     const auto typeface = qfr::Typeface::Load();

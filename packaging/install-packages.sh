@@ -1,9 +1,11 @@
 #!/bin/sh
 # Installs what is missing of the Debian packages that a task needs: "build" the programs, "test" them,
-# "check" the sources, make the "package", build the core for "windows", measure with "bench", test the
-# server "image". Asks for nothing, and needs neither root nor the network when nothing is missing.
+# "check" the sources, make the "package", build for "windows", or the "windows-libraries" for that, measure
+# with "bench", test the server "image". Asks for nothing, and needs neither root nor the network when
+# nothing is missing.
 #
-#     packaging/install-packages.sh build [test] [check] [package] [windows] [bench] [image]
+#     packaging/install-packages.sh build [test] [check] [package] [windows] [windows-libraries] [bench]
+#         [image]
 set -eu
 
 packagesFor() {
@@ -19,7 +21,12 @@ packagesFor() {
         package)
             echo dpkg-dev file fakeroot lintian desktop-file-utils appstream shared-mime-info \
                 libglib2.0-bin man-db poppler-utils ;;
-        windows) echo g++-mingw-w64-x86-64-posix googletest ;;
+        windows)
+            packagesFor windows-libraries
+            echo googletest wine nsis imagemagick openbox xvfb xauth xdotool poppler-utils ;;
+        windows-libraries)
+            echo cmake ninja-build g++-mingw-w64-x86-64-posix libz-mingw-w64-dev qt6-base-dev \
+                qt6-base-dev-tools dpkg-dev ;;
         bench) echo libbenchmark-dev libcairo2-dev ;;
         image) echo debootstrap ;;
         *)

@@ -104,9 +104,7 @@ std::optional<std::string> Replacement::TakePlace() {
     if (temporary_.empty()) {
         return std::nullopt;
     }
-    std::error_code error;
-    fs::rename(temporary_, file_, error);
-    if (error) {
+    if (const std::error_code error = MoveOver(temporary_, file_)) {
         return error.message();
     }
     temporary_.clear();

@@ -15,6 +15,19 @@ namespace qfr {
 // The arguments that main got, as UTF-8 and without the program's name.
 std::vector<std::string> ProgramArguments(int argc, const char* const* argv);
 
+// While this lives, what is written to standard output and standard error arrives as it is: a
+// terminal takes it for UTF-8, and line ends stay.
+class PlainOutput {
+  public:
+    PlainOutput();
+    ~PlainOutput();  // NOLINT(performance-trivially-destructible) not on every system
+    PlainOutput(const PlainOutput&) = delete;
+    PlainOutput& operator=(const PlainOutput&) = delete;
+
+  private:
+    [[maybe_unused]] unsigned before_ = 0;  // what the terminal took it for
+};
+
 // The function of a module: a part of the program in a file of its own, beside the program, that is
 // loaded with the first function that is asked for and stays. The name has no extension; the caller
 // knows the function's type. Null when it cannot be loaded, with the system's reason in `reason`.
@@ -50,6 +63,10 @@ std::optional<std::error_code> WriteThrough(const std::filesystem::path& device,
 // is of the file.
 std::error_code WriteNewFile(const std::filesystem::path& file,
                              const std::filesystem::path& replaced, const ContentPieces& content);
+
+// Gives the file the other one's name and place, at once. Where somebody who has the other one open
+// holds it there, as a virus scanner does, it is tried for a while.
+std::error_code MoveOver(const std::filesystem::path& file, const std::filesystem::path& other);
 
 // Makes a rename in the folder last. The files are whole either way, so a file system that cannot
 // do it is no failure.

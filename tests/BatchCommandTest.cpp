@@ -172,9 +172,12 @@ TEST_F(BatchCommand, AnswersAsApproved) {
     EXPECT_THAT(Run("load -o no/x.qff a.prn"),
                 StartsWith("File Error: x.qff could not be written.\nqfrbatch: "));
     dir_.Write("taken", "");
-    fs::create_directory_symlink("loop", "loop");
-    EXPECT_THAT(Run("export oil.qff --format csv -o loop"),
-                HasSubstr("loop could not be written.\n"));
+    std::error_code noLinks;  // Windows has them for some users only
+    fs::create_directory_symlink("loop", "loop", noLinks);
+    if (!noLinks) {
+        EXPECT_THAT(Run("export oil.qff --format csv -o loop"),
+                    HasSubstr("loop could not be written.\n"));
+    }
     EXPECT_THAT(Run("export oil.qff --format csv -o taken"),
                 AllOf(HasSubstr(" oil limits "), HasSubstr("taken could not be written.\n")));
     EXPECT_THAT(Print("day.qff --forms 1 --output-dir a.prn"),

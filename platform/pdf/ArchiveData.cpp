@@ -2,7 +2,9 @@
 
 #include <array>
 #include <charconv>
+#include <chrono>
 #include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 #include <ctime>
 #include <string_view>
@@ -40,16 +42,29 @@ struct Time {
     std::string zone;
 };
 
+// Since any fixed day, as a clock shows them.
+std::int64_t MinutesOf(const std::tm& clock) {
+    const std::chrono::sys_days day =
+        std::chrono::year(clock.tm_year + 1900) / (clock.tm_mon + 1) / clock.tm_mday;
+    return std::int64_t{day.time_since_epoch().count()} * 1440 + clock.tm_hour * 60 + clock.tm_min;
+}
+
 Time PartsOf(std::time_t time) {
+    const std::tm* const utc = std::gmtime(&time);  // NOLINT(concurrency-mt-unsafe)
+    const std::int64_t utcMinutes = utc != nullptr ? MinutesOf(*utc) : 0;
     const std::tm* const local = std::localtime(&time);  // NOLINT(concurrency-mt-unsafe)
     std::array<char, 64> text{};
     constexpr std::size_t kDigits = 14;
-    if (local == nullptr ||
-        std::strftime(text.data(), text.size(), "%Y%m%d%H%M%S%z", local) != kDigits + 5) {
+    if (utc == nullptr || local == nullptr ||
+        std::strftime(text.data(), text.size(), "%Y%m%d%H%M%S", local) != kDigits) {
         return {"19700101000000", "+0000"};  // no such time in a year of four digits
     }
-    const std::string_view parts(text.data());
-    return {std::string(parts.substr(0, kDigits)), std::string(parts.substr(kDigits))};
+    // Not every system tells the zone in digits.
+    const auto ahead = static_cast<int>(MinutesOf(*local) - utcMinutes);
+    std::array<char, 16> zone{};
+    std::snprintf(zone.data(), zone.size(), "%c%02d%02d", ahead < 0 ? '-' : '+',
+                  std::abs(ahead) / 60, std::abs(ahead) % 60);
+    return {std::string(text.data(), kDigits), zone.data()};
 }
 
 // As "D:20050516142900+02'00'".

@@ -44,7 +44,7 @@ class Compressor {
 
     std::string Compress(std::string content) {
         deflateReset(&state_);
-        space_.resize(deflateBound(&state_, content.size()));
+        space_.resize(deflateBound(&state_, static_cast<uLong>(content.size())));
         state_.next_in = reinterpret_cast<Bytef*>(content.data());
         state_.avail_in = static_cast<uInt>(content.size());
         state_.next_out = reinterpret_cast<Bytef*>(space_.data());

@@ -26,13 +26,37 @@ struct Release {
 template <typename Type>
 using Owned = std::unique_ptr<Type, Release>;
 
+// Whether the tables of the face lie within the file: of one that was cut short, HarfBuzz takes
+// what is left, and the other characters would print as nothing.
+bool IsWhole(hb_blob_t* blob, unsigned face) {
+    unsigned size = 0;
+    const char* const bytes = hb_blob_get_data(blob, &size);
+    const auto number = [&](std::size_t at, std::size_t length) {
+        std::size_t value = 0;
+        for (std::size_t i = at; i < at + length; ++i) {
+            value = value << 8U | (i < size ? static_cast<unsigned char>(bytes[i]) : 0U);
+        }
+        return value;
+    };
+    const bool isCollection = std::string_view(bytes, size).starts_with("ttcf");
+    const std::size_t directory = isCollection ? number(12 + std::size_t{4} * face, 4) : 0;
+    const std::size_t tables = number(directory + 4, 2);
+    for (std::size_t entry = directory + 12; entry < directory + 12 + 16 * tables; entry += 16) {
+        if (number(entry + 8, 4) + number(entry + 12, 4) > size) {
+            return false;
+        }
+    }
+    return tables > 0;
+}
+
 // A font at a scale of one unit to the unit.
 struct Font {
     Owned<hb_font_t> font;  // null when the file cannot be used
 
     explicit Font(const FontFile& file) {
         const Owned<hb_blob_t> blob(hb_blob_create_from_file_or_fail(file.path.c_str()));
-        const Owned<hb_face_t> face(blob ? hb_face_create(blob.get(), file.face) : nullptr);
+        const bool isWhole = blob && IsWhole(blob.get(), file.face);
+        const Owned<hb_face_t> face(isWhole ? hb_face_create(blob.get(), file.face) : nullptr);
         if (face && hb_face_get_glyph_count(face.get()) > 0) {
             font.reset(hb_font_create(face.get()));
         }
@@ -130,15 +154,32 @@ struct Typeface::Fonts {
 std::unique_ptr<Typeface> Typeface::Load() {
     auto finder = std::make_unique<FontFinder>();
     for (const char* const family : {"Times New Roman", kFreeFamily}) {
-        if (const auto file = finder->Family(family)) {
-            auto fonts = std::make_unique<Fonts>(*file, std::move(finder));
-            if (fonts->own.GlyphOf(U' ')) {
-                return std::unique_ptr<Typeface>(new Typeface(*file, std::move(fonts)));
-            }
-            finder = std::move(fonts->finder);
+        const auto file = finder->Family(family);
+        if (auto typeface = file ? Load(*file, finder) : nullptr) {
+            return typeface;
         }
     }
     return nullptr;
+}
+
+std::unique_ptr<Typeface> Typeface::Load(const FontFile& file) {
+    auto finder = std::make_unique<FontFinder>();
+    return Load(file, finder);
+}
+
+// Leaves the finder where it is when the file cannot be used.
+std::unique_ptr<Typeface> Typeface::Load(const FontFile& file,
+                                         std::unique_ptr<FontFinder>& finder) {
+    auto fonts = std::make_unique<Fonts>(file, nullptr);
+    if (!fonts->own.font) {
+        return nullptr;
+    }
+    std::unique_ptr<Typeface> typeface(new Typeface(file, std::move(fonts)));
+    if (!typeface->IsUsable()) {
+        return nullptr;
+    }
+    typeface->fonts_->finder = std::move(finder);
+    return typeface;
 }
 
 Typeface::Typeface(FontFile file, std::unique_ptr<Fonts> fonts)
@@ -167,6 +208,19 @@ int Typeface::TextHeight(int points) {
 
 int Typeface::Ascent(int points) const {
     return static_cast<int>(std::lround(ascent_ * PixelsPerUnit(points)));
+}
+
+// A damaged file may have kept its list of characters and lost their shapes or widths.
+bool Typeface::IsUsable() const {
+    const Font& own = fonts_->own;
+    for (char32_t c = U' '; c <= U'~'; ++c) {
+        const auto glyph = own.GlyphOf(c);
+        if (!glyph || own.AdvanceOf(*glyph) <= 0 ||
+            (c != U' ' && OutlineOf({Source::kOwn, *glyph}).parts.empty())) {
+            return false;
+        }
+    }
+    return own.AdvanceOf(*own.GlyphOf(U'i')) < own.AdvanceOf(*own.GlyphOf(U'W'));
 }
 
 double Typeface::PixelsPerUnit(int points) const {

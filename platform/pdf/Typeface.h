@@ -51,6 +51,8 @@ class Typeface : public TextMetrics {
 
     // Null when the typeface is not installed or its file cannot be used.
     static std::unique_ptr<Typeface> Load();
+    // The same of a certain file. It can be used when it draws every printable character of ASCII.
+    static std::unique_ptr<Typeface> Load(const FontFile& file);
     ~Typeface() override;
     Typeface(const Typeface&) = delete;
     Typeface& operator=(const Typeface&) = delete;
@@ -88,6 +90,9 @@ class Typeface : public TextMetrics {
   private:
     struct Fonts;
     Typeface(FontFile file, std::unique_ptr<Fonts> fonts);
+    static std::unique_ptr<Typeface> Load(const FontFile& file,
+                                          std::unique_ptr<FontFinder>& finder);
+    bool IsUsable() const;
     Glyph Look(char32_t character);
 
     FontFile file_;

@@ -77,6 +77,9 @@ std::vector<std::string> ProgramArguments(int argc, const char* const* argv) {
     return argc > 0 ? std::vector<std::string>(argv + 1, argv + argc) : std::vector<std::string>();
 }
 
+PlainOutput::PlainOutput() = default;
+PlainOutput::~PlainOutput() = default;
+
 ModuleFunction FindInModule(const std::string& module, const char* function, std::string& reason) {
     std::error_code error;
     const fs::path file =
@@ -158,6 +161,12 @@ std::error_code WriteNewFile(const fs::path& file, const fs::path& replaced,
         return LastError();
     }
     return {};
+}
+
+std::error_code MoveOver(const fs::path& file, const fs::path& other) {
+    std::error_code error;
+    fs::rename(file, other, error);
+    return error;
 }
 
 void FlushFolder(const fs::path& folder) {

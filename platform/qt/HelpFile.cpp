@@ -30,7 +30,7 @@ bool IsOurs(const std::filesystem::path& path) {
 }  // namespace
 
 std::unique_ptr<HelpFile> HelpFile::Open(const std::filesystem::path& file) {
-    chmFile* const opened = IsOurs(file) ? chm_open(file.c_str()) : nullptr;
+    chmFile* const opened = IsOurs(file) ? chm_open(file.string().c_str()) : nullptr;
     if (opened == nullptr) {
         return nullptr;
     }

@@ -5,6 +5,9 @@
 namespace qfr {
 
 bool HelpViewer::Open(int topic) {
+    if (OpenSystemHelp(file_, topic)) {
+        return true;
+    }
     if (!window_) {
         std::unique_ptr<HelpFile> help = HelpFile::Open(file_);
         if (help == nullptr) {

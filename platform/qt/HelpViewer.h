@@ -1,4 +1,4 @@
-// The viewer of the help file: a window of the program's own, on Windows the system's.
+// The viewer of the help file: the system's, or a window of the program's own where it has none.
 #pragma once
 
 #include <filesystem>
@@ -9,6 +9,10 @@ namespace qfr {
 
 class HelpWindow;
 
+// Shows the page of a context number in the system's own viewer of such files. False where it has
+// none, or when there is no such file. platform/posix and platform/windows implement it.
+bool OpenSystemHelp(const std::filesystem::path& file, int topic);
+
 class HelpViewer {
   public:
     // Nothing is read before help is asked for.
@@ -18,7 +22,7 @@ class HelpViewer {
     // none. False when there is no such file, or when it is damaged.
     bool Open(int topic);
 
-    // The library that reads the help file, empty where the system does.
+    // The library that reads the help file.
     static std::string_view Library();
 
   private:

@@ -13,6 +13,7 @@
 // clang-format on
 
 #include "platform/FileLookup.h"
+#include "platform/windows/ProgramFolder.h"
 
 namespace qfr {
 
@@ -30,11 +31,27 @@ std::vector<std::string> ProgramArguments(int, const char* const*) {
     return arguments;
 }
 
-ModuleFunction FindInModule(const std::string& module, const char* function, std::string& reason) {
-    std::wstring program(32768, L'\0');
+fs::path ProgramFolder() {
+    constexpr std::size_t kLongest = 32768;
+    std::wstring program(kLongest, L'\0');
     program.resize(
         ::GetModuleFileNameW(nullptr, program.data(), static_cast<DWORD>(program.size())));
-    const fs::path file = fs::path(program).parent_path() / (module + ".dll");
+    return fs::path(program).parent_path();
+}
+
+PlainOutput::PlainOutput() : before_(::GetConsoleOutputCP()) {
+    ::_setmode(1, _O_BINARY);
+    ::_setmode(2, _O_BINARY);
+    ::SetConsoleOutputCP(CP_UTF8);
+}
+
+// The prompt outlives the program.
+PlainOutput::~PlainOutput() {
+    ::SetConsoleOutputCP(before_);
+}
+
+ModuleFunction FindInModule(const std::string& module, const char* function, std::string& reason) {
+    const fs::path file = ProgramFolder() / (module + ".dll");
     HMODULE const loaded = ::LoadLibraryW(file.c_str());
     const FARPROC found = loaded != nullptr ? ::GetProcAddress(loaded, function) : nullptr;
     if (found == nullptr) {
@@ -97,6 +114,24 @@ std::error_code WriteNewFile(const fs::path& file, const fs::path&, const Conten
         error.assign(errno, std::generic_category());
     }
     return ::_close(out) == 0 || error ? error : std::make_error_code(std::errc::io_error);
+}
+
+std::error_code MoveOver(const fs::path& file, const fs::path& other) {
+    constexpr int kAttempts = 20;
+    constexpr DWORD kPause = 50;  // ms
+    for (int attempt = 1;; ++attempt) {
+        if (::MoveFileExW(file.c_str(), other.c_str(),
+                          MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) {
+            return {};
+        }
+        const DWORD error = ::GetLastError();
+        const bool mayEnd = error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION ||
+                            error == ERROR_ACCESS_DENIED;
+        if (!mayEnd || attempt == kAttempts) {
+            return {static_cast<int>(error), std::system_category()};
+        }
+        ::Sleep(kPause);
+    }
 }
 
 void FlushFolder(const fs::path&) {}

@@ -130,20 +130,5 @@ TEST(PdfFile, ReplacesTheFileUnlessThereIsNoPage) {
                 ContainsRegex("Title: +Form 1 [?][?]\u00e4\nCreator: +QFR Forms\n"));
 }
 
-TEST(Typeface, MeasuresAsTheApprovedPages) {
-    Typeface& metrics = FormsTypeface();
-    EXPECT_EQ(metrics.TextWidth("a\nb\tc", 10), metrics.TextWidth("a b c", 10));
-    TimesMetrics approved;
-    for (const int points : {5, 8, 10, 14}) {
-        EXPECT_EQ(metrics.TextHeight(points), approved.TextHeight(points));
-        for (char character = ' '; character <= '~'; ++character) {
-            const std::string text(60, character);  // a unit more or less shows
-            EXPECT_EQ(metrics.TextWidth(text, points), approved.TextWidth(text, points)) << text;
-        }
-        const char name[] = "G\u00e9nie: AVAILABLE, fi To 1,1-VOLATILE (mm)";
-        EXPECT_EQ(metrics.TextWidth(name, points), approved.TextWidth(name, points));
-    }
-}
-
 }  // namespace
 }  // namespace qfr::test

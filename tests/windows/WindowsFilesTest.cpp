@@ -1,5 +1,7 @@
 // What only Windows can show of the program's files.
+#include <chrono>
 #include <fstream>
+#include <thread>
 
 #include "platform/FileLookup.h"
 #include "platform/FileReplace.h"
@@ -20,6 +22,19 @@ TEST(WindowsFiles, StayWhileAnotherProgramHoldsThemOpen) {
     EXPECT_NE(ReplaceFile(file, "new").value_or(""), "");
     EXPECT_EQ(ReadAll(file), "old");
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.Path()), {}), 1);
+}
+
+TEST(WindowsFiles, AreReplacedWhenTheOtherProgramLetsThemGo) {
+    const TempDir dir;
+    const std::filesystem::path file = PathOf(dir.Write("batch.qff", "old"));
+    std::ifstream other(file);
+    std::thread scanner([&other] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(200));
+        other.close();
+    });
+    EXPECT_EQ(ReplaceFile(file, "new"), std::nullopt);
+    scanner.join();
+    EXPECT_EQ(ReadAll(file), "new");
 }
 
 }  // namespace
