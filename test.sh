@@ -8,4 +8,4 @@ unset DISPLAY WAYLAND_DISPLAY
 packaging/install-packages.sh build test
 cmake --preset debug --log-level=WARNING -DCMAKE_CXX_COMPILER_LAUNCHER=ccache
 cmake --build --preset debug
-ctest --test-dir build/debug --output-on-failure --no-tests=error
+ctest --test-dir build/debug --output-on-failure --no-tests=error -j "$(nproc)"

@@ -569,6 +569,7 @@ void TQFRForm::ShowBatchState() {
     }
     // While a note shows in their place, they would show over it.
     statusBar()->clearMessage();
+    printBar_->setVisible(loaded);
     for (std::size_t i = 0; i < state_.size(); ++i) {
         state_[i]->setText(texts[i]);
         state_[i]->setToolTip(texts[i]);

@@ -4,10 +4,15 @@
 
 #include <string>
 
+#include <QString>
+
 namespace qfr {
 
 bool OpenWithDesktop(const std::string& file);
 // Shows the file among its neighbours, or where that cannot be had, the folder.
 bool ShowInFolder(const std::string& file);
+
+// Asks the system's file manager to do that; false: it cannot. Each system has its way.
+bool SelectInFileManager(const QString& file);
 
 }  // namespace qfr

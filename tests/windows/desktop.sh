@@ -66,7 +66,7 @@ cd "$work/program"
 wine ./qfrforms.exe "$drive\\program\\example\\example.qff" 2>"$work/errors" &
 program=$!
 pids="$pids $program"
-main='QFR Forms|.* - QFR Forms'
+main='QFR Forms.*'
 until_ "The main window" isActive "$main"
 sleep 3
 picture main-window

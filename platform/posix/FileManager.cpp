@@ -1,0 +1,27 @@
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QUrl>
+
+#include "platform/qt/FileOpener.h"
+
+namespace qfr {
+
+namespace {
+
+constexpr int kPatience = 3000;  // ms, for a file manager that has to be started
+
+}  // namespace
+
+bool SelectInFileManager(const QString& file) {
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) {
+        return false;
+    }
+    const QString service = "org.freedesktop.FileManager1";
+    QDBusMessage request = QDBusMessage::createMethodCall(service, "/org/freedesktop/FileManager1",
+                                                          service, "ShowItems");
+    request << QStringList(QUrl::fromLocalFile(file).toString(QUrl::FullyEncoded)) << QString();
+    return bus.call(request, QDBus::Block, kPatience).type() == QDBusMessage::ReplyMessage;
+}
+
+}  // namespace qfr
