@@ -5,7 +5,6 @@
 #include <charconv>
 #include <cstdio>
 #include <fstream>
-#include <iterator>
 #include <system_error>
 #include <utility>
 
@@ -115,8 +114,12 @@ std::optional<std::string> ContentOf(const fs::path& file, const ReadHead& head)
     if (LineReader::IsTooLarge(file)) {
         return std::nullopt;
     }
+    std::error_code unknown;
+    const std::uintmax_t size = fs::file_size(file, unknown);
+    std::string text(unknown ? 0 : size, '\0');
     std::ifstream in(file, std::ios::binary);
-    std::string text{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+    in.read(text.data(), static_cast<std::streamsize>(text.size()));
+    text.resize(static_cast<std::size_t>(in.gcount()));
     std::size_t start = 0;
     for (int line = 0; line < kHeadLines && start < text.size(); ++line) {
         start = std::min(text.find('\n', start), text.size() - 1) + 1;

@@ -134,7 +134,7 @@ void ShowVerdicts(EntryGrid& grid) {
     const int column = grid.columnCount() - 1;
     TuneAbundances typed;
     for (std::size_t ion = 0; ion < typed.size(); ++ion) {
-        typed[ion] = grid.Entered(static_cast<int>(ion), column);
+        typed[ion] = grid.TypedCell(static_cast<int>(ion), column);
     }
     for (std::size_t ion = 0; ion < typed.size(); ++ion) {
         const auto [text, flagged] = VerdictOf(typed, ion);

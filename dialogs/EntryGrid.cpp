@@ -101,12 +101,6 @@ void EntryGrid::SetCell(int row, int column, const std::string& text) {
     setItem(row, column, cell);
 }
 
-std::string EntryGrid::Entered(int row, int column) const {
-    const bool current = row == currentRow() && column == currentColumn();
-    const QLineEdit* const editor = current ? Editor() : nullptr;
-    return editor != nullptr ? EnteredField(editor->text().toStdString()) : Cell(row, column);
-}
-
 void EntryGrid::SetNote(int row, int column, const Note& note) {
     if (std::exchange(notes_[{row, column}], note) == note) {
         return;

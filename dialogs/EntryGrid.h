@@ -39,9 +39,6 @@ class EntryGrid : public QTableWidget {
     std::string TypedCell(int row, int column) const;
     void SetCell(int row, int column, const std::string& text);
 
-    // The same, or what is being typed there.
-    std::string Entered(int row, int column) const;
-
     // What is said of a cell, at its right end, also while it is being typed in; a screen reader
     // hears it as the cell's description. Only columns with a `noteFrom` have room for it.
     struct Note {

@@ -58,8 +58,12 @@ void TForm1Header::Step(int by) {
 
 void TForm1Header::NoteRename(QComboBox* box) {
     const HeaderField field = FieldOf(box);
-    const std::string before = Record() != nullptr ? Record()->Header[field] : "";
+    std::string before = Record() != nullptr ? Record()->Header[field] : "";
     const std::string after = TextOfField(field);
+    // Typed in two goes, it is one change.
+    if (rename_ && rename_->Record == currentRecord_ && rename_->Field == field) {
+        before = rename_->Before;
+    }
     rename_.reset();
     if (!before.empty() && before != after) {
         rename_ = {currentRecord_, field, before, after};

@@ -106,7 +106,7 @@ void TTICForm::OfferLeftOut(const SampleRecord& sample) {
 void TTICForm::ShowSteps() {
     const EntryGrid& grid = *ui_->StringGrid1;
     const QUndoStack& steps = ui_->StringGrid1->Steps();
-    const bool typing = grid.Entered(grid.currentRow(), grid.currentColumn()) !=
+    const bool typing = grid.TypedCell(grid.currentRow(), grid.currentColumn()) !=
                         grid.Cell(grid.currentRow(), grid.currentColumn());
     const QString step = typing ? EntryGrid::kTyping : steps.undoText();
     ui_->UndoButton->setEnabled(typing || steps.canUndo());

@@ -157,10 +157,13 @@ TEST(Form1Header, TakesARenamedSampleBack) {
         {"\b", "VBLK01 emptied", "UndoRenameButton", "|VBLK01"},
         {"ZA101", "VBLK01 renamed to ZA101, as another sample is called", "GoToButton", "|ZA101"}};
     for (const auto& [typed, said, button, shown] : cases) {
-        for (const char* const left : {"", "\t"}) {
+        for (const char* const left : {"", "\t", "in two goes"}) {
             HeaderRig rig;
+            if (left == std::string("in two goes")) {
+                rig.Enter("ZOVComboBox", "V\t");
+            }
             rig.Enter("ZOVComboBox", typed);
-            rig.Type(left);
+            rig.Type(left == std::string("in two goes") ? "" : left);
             EXPECT_EQ(rig.Get<QLabel>("RenameLabel").text(), said);
             EXPECT_EQ(rig.Get("GoToButton").isVisible(), button == std::string("GoToButton"));
             rig.Click(button);
