@@ -51,8 +51,12 @@ std::string CompletenessOf(const SampleHeader& header);
 // Whether the value is one of those that are offered for any field.
 bool IsListedChoice(std::string_view value);
 
-// What a change of the matrix does to % moisture and the soil volumes. Texts other than "WATER",
-// "SOIL" and "SED" change nothing.
+inline constexpr std::array kRuledByMatrix = {HeaderField::kPercentMoisture,
+                                              HeaderField::kSoilExtractVolume,
+                                              HeaderField::kSoilAliquotVolume};
+
+// What a change of the matrix does to the values that it rules. Texts other than "WATER", "SOIL"
+// and "SED" change nothing.
 void ApplyMatrixRules(SampleHeader& header);
 
 }  // namespace qfr

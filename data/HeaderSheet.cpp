@@ -138,6 +138,10 @@ std::vector<HeaderChange> HeaderSheet::ChangesBy(std::vector<EnteredCell> entere
                 continue;
             }
             refused[field] = std::nullopt;
+            // To empty what is empty does not leave a date open.
+            if (IsBlank(next->Text) && IsBlank(after[field])) {
+                continue;
+            }
             const bool isNew = after[field] != text;
             after[field] = std::move(text);
             if (field == kMatrix && isNew) {
@@ -261,6 +265,15 @@ std::vector<EnteredCell> HeaderSheet::FillDown(std::span<const HeaderCell> selec
     return filled;
 }
 
+void HeaderSheet::KeepRuled(std::size_t record, std::vector<EnteredCell>& entered) const {
+    for (const HeaderField field : kRuledByMatrix) {
+        const HeaderCell cell{record, field};
+        if (!IsBlank(Kept(cell))) {
+            entered.push_back({cell, Kept(cell)});
+        }
+    }
+}
+
 std::vector<EnteredCell> HeaderSheet::FillEmpty(std::span<const HeaderCell> selection) const {
     std::vector<EnteredCell> filled;
     for (const auto& [field, selected] : ByColumn(selection)) {
@@ -280,6 +293,9 @@ std::vector<EnteredCell> HeaderSheet::FillEmpty(std::span<const HeaderCell> sele
             const bool meant = selected.size() == 1 || std::ranges::binary_search(selected, record);
             if (meant && IsBlank(Text(cell)) && IsBlank(Kept(cell))) {
                 filled.push_back({cell, Kept({*source, field})});
+                if (field == kMatrix) {
+                    KeepRuled(record, filled);
+                }
             }
         }
     }

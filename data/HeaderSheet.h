@@ -92,7 +92,7 @@ class HeaderSheet {
     std::vector<EnteredCell> FillDown(std::span<const HeaderCell> selection) const;
     // The empty cells that are selected take the next value above, or, with none above, below. Of a
     // column with only one selected cell all are meant. Values that a report has for its own sample
-    // are for no other.
+    // are for no other. A matrix that is filled in changes no value that is there.
     std::vector<EnteredCell> FillEmpty(std::span<const HeaderCell> selection) const;
 
     // The next cell behind `from`, or before it, that shows the text in whatever case; from the end
@@ -101,6 +101,8 @@ class HeaderSheet {
                                    bool forward) const;
 
   private:
+    // Enters what the sample has of the values that a matrix rules, beside a new matrix.
+    void KeepRuled(std::size_t record, std::vector<EnteredCell>& entered) const;
     const std::string& Kept(const HeaderCell& cell) const;
     HeaderValue ValueOf(const HeaderCell& cell) const;
     void Set(const HeaderCell& cell, const HeaderValue& value);

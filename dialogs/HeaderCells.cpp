@@ -121,16 +121,22 @@ void HeaderCells::setEditorData(QWidget* editor, const QModelIndex& index) const
     }
 }
 
-void HeaderCells::setModelData(QWidget* editor, QAbstractItemModel* model,
-                               const QModelIndex& index) const {
-    QString text = LineOf(editor)->text();
-    if (const auto* const box = qobject_cast<QComboBox*>(editor)) {
+std::optional<QString> HeaderCells::EnteredIn(QWidget& editor, const QModelIndex& index) {
+    const QLineEdit& line = *LineOf(&editor);
+    QString text = line.text();
+    if (const auto* const box = qobject_cast<QComboBox*>(&editor)) {
         // Completed, it may be in another case.
         const int listed = box->findText(text, Qt::MatchFixedString);
         text = listed >= 0 ? box->itemText(listed) : text;
     }
-    if (LineOf(editor)->isModified() || text != index.data(Qt::EditRole).toString()) {
-        model->setData(index, text, Qt::EditRole);
+    const bool entered = line.isModified() || text != index.data(Qt::EditRole).toString();
+    return entered ? std::optional(text) : std::nullopt;
+}
+
+void HeaderCells::setModelData(QWidget* editor, QAbstractItemModel* model,
+                               const QModelIndex& index) const {
+    if (const auto text = EnteredIn(*editor, index)) {
+        model->setData(index, *text, Qt::EditRole);
     }
 }
 

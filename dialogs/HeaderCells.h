@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 
 #include <QColor>
 #include <QPalette>
@@ -26,6 +27,8 @@ class HeaderCells : public QStyledItemDelegate {
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const override;
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;
+    // What the cell's editor would enter; absent while it is as it was opened.
+    static std::optional<QString> EnteredIn(QWidget& editor, const QModelIndex& index);
     void setModelData(QWidget* editor, QAbstractItemModel* model,
                       const QModelIndex& index) const override;
 

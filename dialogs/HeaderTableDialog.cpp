@@ -50,8 +50,6 @@ HeaderTableDialog::HeaderTableDialog(FormHost& host, WindowServices& services, R
     connect(&table_, &HeaderTable::Changed, this, &HeaderTableDialog::OnChanged);
     connect(ui_->HeadersTable->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &HeaderTableDialog::ShowState);
-    connect(ui_->FillDownButton, &QPushButton::clicked, this, &HeaderTableDialog::FillDown);
-    connect(ui_->FillEmptyButton, &QPushButton::clicked, this, &HeaderTableDialog::FillEmpty);
     connect(ui_->NextButton, &QPushButton::clicked, this, &HeaderTableDialog::FindNext);
     connect(ui_->PreviousButton, &QPushButton::clicked, this, &HeaderTableDialog::FindPrevious);
     connect(ui_->FindEdit, &QLineEdit::textChanged, ui_->FoundLabel, &QLabel::clear);
@@ -84,27 +82,42 @@ void HeaderTableDialog::SetUpTable() {
     resize(size.boundedTo(screen()->availableGeometry().size()));
 }
 
-void HeaderTableDialog::AddCommand(QMenu& menu, const QString& caption,
-                                   const QKeySequence& shortcut,
-                                   void (HeaderTableDialog::*handler)()) {
+QAction* HeaderTableDialog::AddCommand(QMenu& menu, const QString& caption,
+                                       const QKeySequence& shortcut,
+                                       void (HeaderTableDialog::*handler)()) {
     QAction* const action = menu.addAction(caption);
     action->setShortcut(shortcut);
     // Where something else has the focus, nobody means the cells.
     action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    connect(action, &QAction::triggered, this, handler);
+    connect(action, &QAction::triggered, this, [this, handler] {
+        ui_->HeadersTable->FinishEditing();
+        (this->*handler)();
+    });
     ui_->HeadersTable->addAction(action);
+    return action;
+}
+
+void HeaderTableDialog::AddStep(QMenu& menu, QAction* action, void (QUndoStack::*step)()) {
+    // The stack's own way does not know what is being typed.
+    disconnect(action, nullptr, &table_.Steps(), nullptr);
+    connect(action, &QAction::triggered, this, [this, step] {
+        ui_->HeadersTable->FinishEditing();
+        (table_.Steps().*step)();
+    });
+    menu.addAction(action);
 }
 
 void HeaderTableDialog::SetUpCommands() {
     auto* const bar = new QMenuBar(this);
     layout()->setMenuBar(bar);
     QMenu& menu = *bar->addMenu("&Edit");
+    connect(&menu, &QMenu::aboutToShow, ui_->HeadersTable, &SheetView::FinishEditing);
     QAction* const undo = table_.Steps().createUndoAction(&menu);
     QAction* const redo = table_.Steps().createRedoAction(&menu);
     undo->setShortcut(QKeySequence("Ctrl+Z"));
     redo->setShortcuts({QKeySequence("Ctrl+Y"), QKeySequence("Ctrl+Shift+Z")});
-    menu.addAction(undo);
-    menu.addAction(redo);
+    AddStep(menu, undo, &QUndoStack::undo);
+    AddStep(menu, redo, &QUndoStack::redo);
     menu.addSeparator();
     AddCommand(menu, "Cu&t", QKeySequence("Ctrl+X"), &HeaderTableDialog::Cut);
     AddCommand(menu, "&Copy", QKeySequence("Ctrl+C"), &HeaderTableDialog::Copy);
@@ -112,8 +125,12 @@ void HeaderTableDialog::SetUpCommands() {
     AddCommand(menu, "&Empty", QKeySequence("Del"), &HeaderTableDialog::Clear);
     AddCommand(menu, "Select &All", QKeySequence("Ctrl+A"), &HeaderTableDialog::SelectAll);
     menu.addSeparator();
-    AddCommand(menu, "Fill &Down", QKeySequence("Ctrl+D"), &HeaderTableDialog::FillDown);
-    AddCommand(menu, "Fill E&mpty Cells", QKeySequence("Ctrl+E"), &HeaderTableDialog::FillEmpty);
+    const QAction* const fillDown =
+        AddCommand(menu, "Fill &Down", QKeySequence("Ctrl+D"), &HeaderTableDialog::FillDown);
+    const QAction* const fillEmpty = AddCommand(menu, "Fill E&mpty Cells", QKeySequence("Ctrl+E"),
+                                                &HeaderTableDialog::FillEmpty);
+    connect(ui_->FillDownButton, &QPushButton::clicked, fillDown, &QAction::trigger);
+    connect(ui_->FillEmptyButton, &QPushButton::clicked, fillEmpty, &QAction::trigger);
     menu.addSeparator();
     AddCommand(menu, "&Find...", QKeySequence("Ctrl+F"), &HeaderTableDialog::OpenFindBar);
     AddCommand(menu, "Find &Next", QKeySequence("F3"), &HeaderTableDialog::FindNext);
@@ -134,6 +151,16 @@ void HeaderTableDialog::ShowHeaders() {
     ui_->HeadersTable->Go(table_.index(0, 0));
     ShowState();
     open();
+}
+
+void HeaderTableDialog::StoreInto(Batch& batch, Entries& /*entries*/) const {
+    const QModelIndex current = ui_->HeadersTable->currentIndex();
+    QWidget* const editor = ui_->HeadersTable->indexWidget(current);
+    if (const auto text =
+            editor != nullptr ? HeaderCells::EnteredIn(*editor, current) : std::nullopt) {
+        HeaderSheet sheet(batch);
+        sheet.Redo(sheet.ChangesBy({{HeaderTable::CellAt(current), text->toStdString()}}));
+    }
 }
 
 void HeaderTableDialog::reject() {

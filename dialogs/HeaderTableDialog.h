@@ -9,6 +9,7 @@
 #include <QDialog>
 
 #include "dialogs/HeaderTable.h"
+#include "dialogs/HoldsEntries.h"
 #include "forms/FormHost.h"
 #include "platform/WindowServices.h"
 #include "platform/qt/Remembered.h"
@@ -21,7 +22,7 @@ class HeaderTableDialog;
 
 namespace qfr {
 
-class HeaderTableDialog : public QDialog {
+class HeaderTableDialog : public QDialog, public HoldsEntries {
     Q_OBJECT
 
   public:
@@ -31,6 +32,9 @@ class HeaderTableDialog : public QDialog {
 
     // Shows the headers of the batch; where it has no samples, only a message.
     void ShowHeaders();
+
+    // Of the cell that is being typed in, unless it would be refused.
+    void StoreInto(Batch& batch, Entries& entries) const override;
 
     // Closes, by whatever way.
     void reject() override;
@@ -42,8 +46,10 @@ class HeaderTableDialog : public QDialog {
   private:
     void SetUpTable();
     void SetUpCommands();
-    void AddCommand(QMenu& menu, const QString& caption, const QKeySequence& shortcut,
-                    void (HeaderTableDialog::*handler)());
+    // Commands work on what is being typed, too.
+    QAction* AddCommand(QMenu& menu, const QString& caption, const QKeySequence& shortcut,
+                        void (HeaderTableDialog::*handler)());
+    void AddStep(QMenu& menu, QAction* action, void (QUndoStack::*step)());
     void ShowColours();
     void ShowState();
 

@@ -114,6 +114,13 @@ TEST_F(Sheet, FillsDownAndFillsTheEmptyOnes) {
     Enter(sheet.FillDown(Cells(1, kLabName, 3, kLabName)));
     EXPECT_EQ(Values(Column(kLabName)), "A|A|A|A|");
 
+    Header(1)[kMatrix] = "";
+    Header(1)[kPercentMoisture] = "12";
+    Header(1)[kSoilAliquotVolume] = "";
+    Enter(sheet.FillEmpty(Column(kMatrix)));
+    EXPECT_EQ(Header(1)[kMatrix] + Header(1)[kPercentMoisture] + Header(1)[kSoilAliquotVolume],
+              "WATER12N/A");
+
     Header(0)[kDateReceived] = "  /  /       :  ";
     Header(2)[kDateReceived] = "05/18/2005 10:00";
     Enter({{{3, kDateReceived}, "32/1"}});
@@ -150,8 +157,9 @@ TEST_F(Sheet, TellsWhatIsToBeLookedAt) {
            {{1, kZovSampleNo}, "Z1 "},
            {{2, kLabName}, "lab"},
            {{2, kLevel}, "MEDIUM"},
-           {{0, kDateReceived}, ""},
-           {{1, kDateReceived}, ""},
+           {{0, kDateReceived}, ":"},
+           {{1, kDateReceived}, ":"},
+           {{2, kDateReceived}, " "},
            {{3, kZovSampleNo}, " "}});
     struct Case {
         HeaderCell cell;
@@ -167,6 +175,7 @@ TEST_F(Sheet, TellsWhatIsToBeLookedAt) {
         {{2, kLevel}, HeaderMark::kDoubtful, "Level is \"MEDIUM\", none of TRACE, LOW and MED."},
         {{0, kDateReceived}, HeaderMark::kNone},
         {{1, kDateReceived}, HeaderMark::kDoubtful, "Date Received is left open."},
+        {{2, kDateReceived}, HeaderMark::kEmpty, "Date Received is empty."},
         {{1, kDateAnalyzed}, HeaderMark::kEmpty, "Date Analyzed is empty."},
         {{1, kMatrix}, HeaderMark::kNone},
     };

@@ -13,7 +13,7 @@ SAMPLES = 61
 MOST_KEYS = 150
 
 LABORATORY = "Fairhaven Analytical\tTQW-05-0417\tFHAV\t34417\t1284.1\tZB001"
-RECEIVED = ["", *(f"5/{10 + i % 7}/2005 {8 + i % 9}:{i % 60:02}" for i in range(SAMPLES))]
+RECEIVED = [":", *(f"5/{10 + i % 7}/2005 {8 + i % 9}:{i % 60:02}" for i in range(SAMPLES))]
 DILUTIONS = ["1", *(str(1 + i % 5) for i in range(SAMPLES))]
 
 

@@ -111,6 +111,7 @@ TEST(BatchKeeper, KeepsWhatIsTypedInAnOpenWindow) {
     using Place = std::tuple<const char*, const char*, const char*>;
     const Place places[] = {{"^1", "TForm1Header", "Edit1"},
                             {"^4", "TMBSHeader", "RichEdit1"},
+                            {"^h", "HeaderTableDialog", "HeadersTable"},
                             {"^5", "TTuneForm", "SampleEdit"},
                             {"^5", "TTuneForm", "StringGrid1"},
                             {"", "TTICForm", "StringGrid1"}};

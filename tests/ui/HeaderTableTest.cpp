@@ -1,6 +1,8 @@
 // Edit All Headers, as somebody works in it who knows spreadsheets.
+#include <QAction>
 #include <QHeaderView>
 #include <QLabel>
+#include <QMenu>
 #include <QScrollBar>
 
 #include "dialogs/HeaderTableDialog.h"
@@ -142,10 +144,52 @@ TEST(HeaderTable, FillsLaboratoryWideValues) {
     EXPECT_EQ(rig.Column(kLabName) + rig.Column(kSdgNo), "||||||||");
 }
 
+TEST(HeaderTable, WorksOnWhatIsBeingTyped) {
+    struct Case {
+        const char* command;
+        int row;
+        int up;  // rows that are selected above it
+        const char* column;
+        const char* clipboard = "A\nB\nC";
+    };
+    const Case cases[] = {
+        {"&Copy", 1, 0, "A|X|C||", "X\n"}, {"Cu&t", 1, 0, "A||C||", "X\n"},
+        {"Fill &Down", 2, 1, "A|X|X||"},   {"Fill E&mpty Cells", 3, 0, "A|B|C|X|"},
+        {"Undo Paste", 1, 0, "A|B|C||"},
+    };
+    for (const auto& [command, row, up, column, clipboard] : cases) {
+        SCOPED_TRACE(command);
+        TableRig rig;
+        rig.To(0, kLabName);
+        rig.Paste("A\nB\nC");
+        rig.To(row, kLabName);
+        rig.Extend(Qt::Key_Up, up);
+        rig.Type("X");
+        EXPECT_EQ(rig.Column(kLabName), "A|B|C||");
+        for (QAction* const action : rig.dialog.findChildren<QAction*>()) {
+            if (action->text() == command) {
+                action->trigger();
+                break;
+            }
+        }
+        EXPECT_EQ(rig.Column(kLabName), column);
+        EXPECT_EQ(QApplication::clipboard()->text().toStdString(), clipboard);
+    }
+    // A menu that is opened tells already what it would undo.
+    TableRig rig;
+    rig.Type("X");
+    emit rig.dialog.findChild<QMenu*>()->aboutToShow();
+    EXPECT_EQ(rig.Samples()[0].Header[kZovSampleNo], "X");
+}
+
 TEST(HeaderTable, TellsWhatItDoesNotTake) {
     TableRig rig;
     rig.To(1, kDateAnalyzed);
-    rig.Type("2/30/2005 9:00\r");
+    rig.Type("2/30/2005 9:00");
+    Batch copy = rig.form.Batch();
+    rig.dialog.StoreInto(copy, rig.form.Entries());
+    EXPECT_EQ(copy.SampleList->at(1).Header[kDateAnalyzed], "") << "nor keeps it for recovery";
+    rig.Type("\r");
     rig.Press(Qt::Key_Up);
     const std::string fault = "Z1: Date Analyzed is no date. It was not taken.";
     EXPECT_EQ(rig.Text("NoteLabel"), fault);
@@ -198,7 +242,7 @@ TEST(HeaderTable, CountsCompleteHeadersAndFinds) {
     std::string all = "ZA1";
     for (int number = 2; number <= SampleHeader::kCount; ++number) {
         all += "\t";
-        all += number == 14 || number == 15 ? "" : std::to_string(number);
+        all += number == 14 || number == 15 ? ":" : std::to_string(number);
     }
     rig.To(3, kZovSampleNo);
     EXPECT_EQ(rig.Text("CompleteLabel"), "0 of 4 headers complete");
