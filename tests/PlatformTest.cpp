@@ -128,9 +128,10 @@ TEST_F(Paths, AreFourLines) {
 
 TEST_F(Paths, OfCalibrationsAndBatchesAreThoseOfTheReportsAtFirst) {
     const std::string program = settings_.ProgramDir();
+    const std::string example = TextOf(PathOf(program) / "example" / "");
     const std::pair<std::string, std::string> cases[] = {
         {"/r\ninstallPath\n/t\n" + program + "\n", "/r|/r|/t|/r"},
-        {"/r\n/c\ninstallPath\n/b\n", "/r|/c|" + program + "example/|/b"},
+        {"/r\n/c\ninstallPath\n/b\n", "/r|/c|" + example + "|/b"},
         {program + "\n/c\n/t\n" + program + "\n", program + "|/c|/t|" + program}};
     for (const auto& [content, lines] : cases) {
         Write(content);
