@@ -224,10 +224,10 @@ struct EntryDialogParts {
     const char* firstFocus;  // null: `prepare` sets it
     const char* okButton;
     const char* helpButton;
-    int helpTopic;
     // What its entries may have come from; null: nobody asks.
     std::vector<EntrySource> (*sources)(const Entries& entries, const Batch& batch,
                                         Reports& reports, int levelCount);
+    int helpTopic;
     // A click on Help leaves the entry, and may leave a wrong one; otherwise it leaves none, so
     // that a wrong one does not stand in its way.
     bool helpTakesFocus;
@@ -237,15 +237,15 @@ namespace {
 
 constexpr EntryDialogParts kParts[] = {
     {EntryDialog::kRecoveryRanges, SetUp<Ui::TForm2Dlg>, FocusChosenLimits, nullptr, "Button1",
-     "HelpButton", 121, nullptr, true},
-    {EntryDialog::kTune, SetUpTune, nullptr, "SampleEdit", "OkButton", "HelpButton", 130, nullptr,
+     "HelpButton", nullptr, 121, true},
+    {EntryDialog::kTune, SetUpTune, nullptr, "SampleEdit", "OkButton", "HelpButton", nullptr, 130,
      false},
     {EntryDialog::kInitialCalibration, SetUpInitialCalibration, ShowLevels, "CalStartMaskEdit",
-     "OkButton", "HelpButton", 140, nullptr, true},
+     "OkButton", "HelpButton", nullptr, 140, true},
     {EntryDialog::kContinuingCalibration, SetUpContinuingCalibration, nullptr, "LabFileEdit",
-     "OkButton", "Button2", 150, nullptr, false},
+     "OkButton", "Button2", nullptr, 150, false},
     {EntryDialog::kStandardSummary, SetUpStandardSummary, OfferLevels, "SampleEdit", "OkButton",
-     "Button1", 160, SourcesOfStandardSummary, false},
+     "Button1", SourcesOfStandardSummary, 160, false},
 };
 
 }  // namespace
