@@ -90,6 +90,7 @@ void BatchKeeper::Restored(const std::string& fileName, bool asSaved) {
         saved_ = SaveBatch(window_.Batch(), window_.Entries());
     }
     Check();
+    told_ = false;  // the window, which shows the batch anew, clears the note
 }
 
 void BatchKeeper::Saved(const std::string& fileName, std::string content, bool restorable) {
@@ -112,7 +113,8 @@ void BatchKeeper::Recovered(const RecoveryOffer& offer) {
     Replaced(offer.Head.BatchFile);
     stamp_ = offer.Head.Stamp;
     Check();
-    if (!told_) {  // it is kept anew
+    told_ = false;   // as after a restore
+    if (!failed_) {  // it is kept anew
         store_.Remove(offer);
     }
 }
@@ -154,7 +156,7 @@ void BatchKeeper::Check() {
     }
     pause_ = std::clamp(kDiskShare * static_cast<int>(time.elapsed()), kSoon, kAtLeast);
     // Assistive technology and the like enter texts without an event.
-    if (!window_.isVisible() || QApplication::activeModalWidget() != nullptr) {
+    if (!IsWindowFree()) {
         timer_.start(kAtLeast);
     }
 }
@@ -178,10 +180,17 @@ void BatchKeeper::Keep(const Batch& batch, const Entries& entries, const std::st
     head.BatchFile = fileName_;
     head.Stamp = stamp_;
     const auto failure = store_.Keep(std::move(head), content);
-    if (failure && !told_) {
+    failed_ = failure.has_value();
+    if (!failed_) {
+        told_ = false;
+    } else if (!told_ && IsWindowFree()) {
         tell_("What is not saved cannot be kept for recovery: " + QString::fromStdString(*failure));
+        told_ = true;
     }
-    told_ = failure.has_value();
+}
+
+bool BatchKeeper::IsWindowFree() const {
+    return window_.isVisible() && QApplication::activeModalWidget() == nullptr;
 }
 
 void BatchKeeper::ShowTitle(bool loaded, bool unsaved) {

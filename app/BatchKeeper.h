@@ -63,6 +63,8 @@ class BatchKeeper : public QObject {
     void Look(const Batch& batch, const Entries& entries);
     void Keep(const Batch& batch, const Entries& entries, const std::string& content);
     void ShowTitle(bool loaded, bool unsaved);
+    // Whether the main window shows, with no dialog before it.
+    bool IsWindowFree() const;
 
     TQFRForm& window_;
     std::function<void(const QString& note)> tell_;
@@ -73,7 +75,8 @@ class BatchKeeper : public QObject {
     std::optional<FileStamp> stamp_;    // of the file when it was last read or written
     std::optional<std::string> saved_;  // what the file holds; absent: not this batch
     bool restorable_ = true;            // what the file holds can be restored
-    bool told_ = false;                 // that the last attempt to keep the batch has failed
+    bool failed_ = false;               // the last attempt to keep the batch
+    bool told_ = false;                 // of that, where it could be seen
 };
 
 }  // namespace qfr

@@ -24,6 +24,7 @@
 #include "app/PrintAll.h"
 #include "app/PrintBar.h"
 #include "app/ReviewDialog.h"
+#include "data/TicRows.h"
 #include "dialogs/EntryFormDialog.h"
 #include "platform/FileLookup.h"
 #include "platform/FileReplace.h"
@@ -92,6 +93,14 @@ class NameLabel : public QLabel {
                               isEnabled(), caption + name, foregroundRole());
     }
 };
+
+void ShowEach(const std::vector<std::optional<Message>>& notes, Messages& messages) {
+    for (const std::optional<Message>& note : notes) {
+        if (note) {
+            messages.Show(*note);
+        }
+    }
+}
 
 }  // namespace
 
@@ -338,11 +347,7 @@ bool TQFRForm::RestoreFile(const std::string& fileName) {
     desk_->BeginBatch();
     printBar_->Forget();
     ShowBatchState();
-    for (const std::optional<Message>& note : notes) {
-        if (note) {
-            Show(*note);
-        }
-    }
+    ShowEach(notes, *this);
     return true;
 }
 
@@ -382,15 +387,14 @@ void TQFRForm::RecoverLastBatch() {
     }
     OfferSave();
     const WaitCursor wait;
-    auto& saved = std::get<RecoveredBatch>(read).Saved;
-    const std::optional<Message> note = std::move(saved.TextsNote);
-    TakeBatch(std::move(saved));
+    auto& recovered = std::get<RecoveredBatch>(read);
+    const std::vector notes = {recovered.Saved.TextsNote,
+                               IncompleteTicsNote(recovered.Saved.Batch)};
+    TakeBatch(std::move(recovered.Saved));
     keeper_->Recovered(*offer);
     desk_->BeginBatch();
     ShowBatchState();
-    if (note) {
-        Show(*note);
-    }
+    ShowEach(notes, *this);
 }
 
 void TQFRForm::FormClick(const FormRow& form, std::size_t record) {

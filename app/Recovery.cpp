@@ -21,6 +21,8 @@ namespace {
 
 constexpr std::string_view kFirstLine = "QFRForms recovery 1";
 constexpr int kHeadLines = 8;
+constexpr std::string_view kDamagedEnding = ".damaged";  // behind that of the others
+constexpr std::time_t kAhead = 24 * 3600;                // seconds by which a clock may be set back
 
 // A file is offered by its head, so what follows it needs a mark of its own.
 std::uint64_t HashOf(std::string_view content) {
@@ -149,8 +151,8 @@ std::string LocalTime(std::time_t time) {
     return text.data();
 }
 
-// Calls the function for each file of the folder that is a recovery file by its name.
-void ForEachRecovery(const fs::path& folder, const auto& function) {
+// Calls the function for each file of the folder whose name ends so.
+void ForEachFile(const fs::path& folder, const std::string& ending, const auto& function) {
     std::error_code error;
     std::vector<fs::path> files;
     for (fs::directory_iterator entry(folder, error); !error && entry != fs::directory_iterator();
@@ -158,7 +160,7 @@ void ForEachRecovery(const fs::path& folder, const auto& function) {
         files.push_back(entry->path());
     }
     for (const fs::path& file : files) {
-        if (EndsWith(TextOf(file.filename()), kRecoveryEnding)) {
+        if (EndsWith(TextOf(file.filename()), ending)) {
             function(file);
         }
     }
@@ -166,6 +168,18 @@ void ForEachRecovery(const fs::path& folder, const auto& function) {
 
 bool IsExpired(std::time_t writtenAt, std::time_t now) {
     return now - writtenAt > kRecoveryTime;
+}
+
+// By the time of the file itself. One that a clock ahead has dated is as new as now, from now on:
+// it may be today's clock that is wrong.
+bool IsOldFile(const fs::path& file, std::error_code& error) {
+    const auto now = fs::file_time_type::clock::now();
+    const auto writtenAt = fs::last_write_time(file, error);
+    if (!error && writtenAt - now > std::chrono::seconds(kAhead)) {
+        fs::last_write_time(file, now, error);
+        return false;
+    }
+    return now - writtenAt > std::chrono::seconds(kRecoveryTime);
 }
 
 }  // namespace
@@ -235,7 +249,7 @@ std::string OfferText(const RecoveryOffer& offer) {
 std::vector<RecoveryOffer> RecoveryOffers(const fs::path& folder, std::time_t now,
                                           const StillWritten& stillWritten) {
     std::vector<RecoveryOffer> offers;
-    ForEachRecovery(folder, [&](const fs::path& file) {
+    ForEachFile(folder, std::string(kRecoveryEnding), [&](const fs::path& file) {
         auto read = ReadHeadOf(file);
         if (read && !IsExpired(read->Head.WrittenAt, now) && !stillWritten(file)) {
             offers.push_back({file, std::move(read->Head)});
@@ -249,17 +263,19 @@ std::vector<RecoveryOffer> RecoveryOffers(const fs::path& folder, std::time_t no
 void RemoveExpiredRecoveries(const fs::path& folder, std::time_t now,
                              const StillWritten& stillWritten) {
     RemoveLeftovers(folder);
-    const auto clockNow = fs::file_time_type::clock::now();
-    ForEachRecovery(folder, [&](const fs::path& file) {
-        std::error_code error;
-        const auto read = ReadHeadOf(file);
-        const bool expired = read ? IsExpired(read->Head.WrittenAt, now)
-                                  : clockNow - fs::last_write_time(file, error) >
-                                        std::chrono::seconds(kRecoveryTime);
-        if (!error && expired && !stillWritten(file)) {
-            fs::remove(file, error);
-        }
-    });
+    const std::string ending(kRecoveryEnding);
+    for (const std::string& each : {ending, ending + std::string(kDamagedEnding)}) {
+        ForEachFile(folder, each, [&](const fs::path& file) {
+            std::error_code error;
+            const auto read = ReadHeadOf(file);
+            const bool dated = read && read->Head.WrittenAt - now <= kAhead;
+            const bool expired =
+                dated ? IsExpired(read->Head.WrittenAt, now) : IsOldFile(file, error);
+            if (!error && expired && !stillWritten(file)) {
+                fs::remove(file, error);
+            }
+        });
+    }
 }
 
 std::variant<RecoveredBatch, Message> ReadRecovery(const fs::path& file) {

@@ -78,7 +78,8 @@ bool RecoveryStore::Lock() {
 std::optional<std::string> RecoveryStore::Keep(RecoveryHead head, const std::string& content) {
     head.WrittenAt = 0;
     std::string whole = RecoveryText(head, content);
-    if (whole == kept_) {
+    std::error_code unknown;
+    if (whole == kept_ && fs::exists(own_, unknown)) {
         return std::nullopt;
     }
     if (!Lock()) {
@@ -105,9 +106,11 @@ void RecoveryStore::SetAside() {
     std::error_code failed;
     const fs::path aside = NewName();
     fs::rename(own_, aside, failed);
-    if (!failed) {
-        dropped_.push_back(aside);
+    if (failed) {
+        // It stays under its name, and what follows gets one of its own.
+        lock_.reset();
     }
+    dropped_.push_back(failed ? std::exchange(own_, {}) : aside);
 }
 
 void RecoveryStore::DropOffers() {

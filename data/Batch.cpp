@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "data/TicRows.h"
 #include "platform/Text.h"
 
 namespace qfr {
@@ -43,12 +44,9 @@ bool IsWholeRow(const TicEntry& row) {
 }  // namespace
 
 std::optional<TicListType> TicListFromRows(const std::vector<TicEntry>& rows) {
-    constexpr std::size_t kNameCell = 1;
     TicListType list;
     for (const TicEntry& row : rows) {
-        TicEntry entry;
-        std::ranges::transform(row.cells, entry.cells.begin(), Trim);
-        entry.cells[kNameCell] = LowerCase(entry.cells[kNameCell]);
+        TicEntry entry = KeptTic(row);
         if (IsWholeRow(entry)) {
             list.push_back(std::move(entry));
         }

@@ -286,7 +286,10 @@ void TForm1Header::StoreInto(Batch& batch, Entries& /*entries*/) const {
     }
     for (int number = 1; number <= SampleHeader::kCount; ++number) {
         const HeaderField field = HeaderFieldAt(number);
-        batch.SampleList->at(currentRecord_).Header[field] = TextOfField(field);
+        std::string text = TextOfField(field);
+        if (!HeaderFault(field, text)) {
+            batch.SampleList->at(currentRecord_).Header[field] = std::move(text);
+        }
     }
 }
 

@@ -8,6 +8,7 @@
 
 #include <QShortcut>
 
+#include "data/TicRows.h"
 #include "dialogs/EntryDialogs.h"
 #include "platform/Text.h"
 #include "ui_TicForm.h"
@@ -154,6 +155,7 @@ void TTICForm::StoreInto(Batch& batch, Entries& /*entries*/) const {
         return;
     }
     TicListType list = Rows();
+    std::ranges::transform(list, list.begin(), KeptTic);
     std::erase_if(list, [](const TicEntry& row) {
         return std::ranges::all_of(row.cells,
                                    [](const std::string& cell) { return IsBlank(cell); });

@@ -87,8 +87,16 @@ TEST_F(Recovery, OffersTheNewestThatNobodyWritesForAWeek) {
     Write("running-old.recovery", full, kNow - 8 * kDay);
     Write("other.txt", full, kNow);
     dir.Write("new/recovery/damaged.recovery", "QFRForms recovery 1\n");
-    fs::last_write_time(dir.Write("new/recovery/gone.recovery", ""),
-                        fs::file_time_type::clock::now() - std::chrono::hours(24 * 8));
+    Write("far-old.recovery", full, kNow + 3 * kDay);
+    Write("far.recovery", full, kNow + 2 * kDay);
+    dir.Write("new/recovery/new.recovery.damaged", "");
+    dir.Write("new/recovery/gone.recovery", "");
+    dir.Write("new/recovery/gone.recovery.damaged", "");
+    const auto clockNow = fs::file_time_type::clock::now();
+    fs::last_write_time(folder / "far.recovery", clockNow + std::chrono::hours(24 * 8));
+    for (const char* const name : {"gone.recovery", "gone.recovery.damaged", "far-old.recovery"}) {
+        fs::last_write_time(folder / name, clockNow - std::chrono::hours(24 * 8));
+    }
     const auto stillWritten = [](const fs::path& file) {
         return TextOf(file.filename()).starts_with("running");
     };
@@ -96,14 +104,16 @@ TEST_F(Recovery, OffersTheNewestThatNobodyWritesForAWeek) {
     for (const RecoveryOffer& offer : RecoveryOffers(folder, kNow, stillWritten)) {
         offered += TextOf(offer.File.stem()) + "|";
     }
-    EXPECT_EQ(offered, "ahead|new|week|");
+    EXPECT_EQ(offered, "far-old|far|ahead|new|week|");
     RemoveExpiredRecoveries(folder, kNow, stillWritten);
     std::vector<std::string> left;
     for (const fs::directory_entry& file : fs::directory_iterator(folder)) {
         left.push_back(TextOf(file.path().stem()));
     }
-    EXPECT_THAT(left, UnorderedElementsAre("week", "new", "ahead", "running", "running-old",
-                                           "other", "damaged"));
+    EXPECT_THAT(left, UnorderedElementsAre("week", "new", "ahead", "far", "new.recovery", "running",
+                                           "running-old", "other", "damaged"));
+    EXPECT_LE(fs::last_write_time(folder / "far.recovery"), clockNow + std::chrono::hours(24))
+        << "its week has begun";
     EXPECT_THAT(RecoveryOffers(dir.Path() / "none", kNow, stillWritten), IsEmpty());
 }
 

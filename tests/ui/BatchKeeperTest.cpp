@@ -6,9 +6,11 @@
 #include <QStyle>
 #include <QTableView>
 
+#include "app/RecoveryStore.h"
 #include "dialogs/EntryGrid.h"
 #include "dialogs/TicForm.h"
 #include "platform/Text.h"
+#include "platform/qt/MaskEdit.h"
 #include "platform/qt/WindowPlaces.h"
 #include "tests/ui/WindowRig.h"
 
@@ -109,6 +111,7 @@ TEST(BatchKeeper, AsksForAFileWhereTheBatchHasNoneOfItsOwn) {
 // The header dialog is left open; the others are closed, but not before it is kept what they hold.
 TEST(BatchKeeper, KeepsWhatIsTypedInAnOpenWindow) {
     using Place = std::tuple<const char*, const char*, const char*>;
+    constexpr const char* kWrong = "13/45/2005 10:00";
     const Place places[] = {{"^1", "TForm1Header", "Edit1"},
                             {"^4", "TMBSHeader", "RichEdit1"},
                             {"^h", "HeaderTableDialog", "HeadersTable"},
@@ -123,8 +126,11 @@ TEST(BatchKeeper, KeepsWhatIsTypedInAnOpenWindow) {
             rig.RestoreCopy();
             const auto type = [&, window = window, control = control] {
                 rig.Face(rig.Find<QWidget>(window));
+                if (key == std::string("^1")) {
+                    rig.Get<MaskEdit>("MaskEdit1").SetMaskText(kWrong);
+                }
                 rig.Get(control).setFocus(Qt::TabFocusReason);
-                rig.Type("4711");
+                rig.Type(*key != '\0' ? "4711" : "x\tBenzol 4711 ");
                 EXPECT_TRUE(rig.Keeps("4711"));
                 kept = rig.Kept();
                 if (auto* const dialog =
@@ -143,7 +149,13 @@ TEST(BatchKeeper, KeepsWhatIsTypedInAnOpenWindow) {
         KeeperRig next(kept);
         next.form.RecoverLastBatch();
         EXPECT_EQ(next.Title(), "QFR Forms - my.qff[*] unsaved");
-        EXPECT_THAT(SaveBatch(next.form.Batch(), next.form.Entries()), testing::HasSubstr("4711"));
+        const std::string batch = SaveBatch(next.form.Batch(), next.form.Entries());
+        EXPECT_THAT(batch, testing::HasSubstr(*key != '\0' ? "4711" : ";benzol 4711;"));
+        EXPECT_THAT(batch, testing::Not(testing::HasSubstr(kWrong)));
+        EXPECT_EQ(next.log.TakeTexts(),
+                  *key != '\0'
+                      ? std::vector<std::string>()
+                      : std::vector<std::string>{"Look at the TICs of VHBLK01: rows lack a cell."});
         EXPECT_TRUE(next.Keeps("4711")) << "a crash may come twice";
         EXPECT_FALSE(next.form.Recovery()) << "it is this program's now";
     }
@@ -185,12 +197,52 @@ TEST(BatchKeeper, TellsOnceThatItCannotKeepTheBatch) {
     KeeperRig rig;
     rig.dir.Write("recovery", "no folder");
     rig.RestoreCopy();
-    for (const char* const text : {"What is not saved cannot be kept for recovery: ", ""}) {
-        rig.form.Entries().Tune.SampleNo += "x";
-        rig.Title();
-        EXPECT_EQ(rig.form.statusBar()->currentMessage().left(47).toStdString(), text);
-    }
+    const auto told = [&rig] {
+        return rig.form.statusBar()->currentMessage().startsWith(
+            "What is not saved cannot be kept for recovery: ");
+    };
+    rig.Type("^1");  // nobody sees the main window
+    rig.Face(rig.Find<QWidget>("TForm1Header"));
+    rig.Enter("Edit1", "4711");
+    EXPECT_TRUE(QTest::qWaitFor([&rig] { return rig.form.isWindowModified(); }, 60'000));
+    rig.Click("OkButton");
+    EXPECT_TRUE(QTest::qWaitFor(told, 60'000));
+    rig.form.Entries().Tune.SampleNo = "x";
+    rig.Title();
+    EXPECT_FALSE(told());
     EXPECT_TRUE(rig.log.shown.empty());
+    // Of another batch, which is not restored as it stands in its file.
+    rig.form.Entries().Tune.SampleNo = std::string(500, 'x');
+    rig.form.RestoreFile(
+        rig.dir.Write("long.qff", SaveBatch(rig.form.Batch(), rig.form.Entries())));
+    EXPECT_TRUE(rig.form.isWindowModified());
+    EXPECT_TRUE(told());
+}
+
+TEST(BatchKeeper, LosesNoBatchWhereItsFileIsNotAsItWasLeft) {
+    const TempDir dir;
+    const fs::path folder = dir.Path() / "recovery";
+    RecoveryStore store(folder);
+    const auto kept = [&folder] {
+        std::string texts;
+        for (const auto& file : fs::directory_iterator(folder)) {
+            texts += file.path().extension() == ".recovery" ? ReadAll(file.path()) : "";
+        }
+        return texts;
+    };
+    EXPECT_EQ(store.Keep({}, "First"), std::nullopt);
+    fs::rename(folder, dir.Path() / "away");
+    EXPECT_EQ(store.Keep({}, "First"), std::nullopt);
+    EXPECT_THAT(kept(), testing::HasSubstr("First")) << "it was removed";
+    // The file cannot be given another name just now.
+    fs::rename(folder, dir.Path() / "away2");
+    store.SetAside();
+    fs::rename(dir.Path() / "away2", folder);
+    EXPECT_TRUE(store.Offer());
+    EXPECT_EQ(store.Keep({}, "Second"), std::nullopt);
+    EXPECT_THAT(kept(), testing::AllOf(testing::HasSubstr("First"), testing::HasSubstr("Second")));
+    store.DropOffers();
+    EXPECT_THAT(kept(), testing::Not(testing::HasSubstr("First")));
 }
 
 TEST(WindowPlaces, ComeBackWithinTheScreens) {
