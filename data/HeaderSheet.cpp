@@ -292,7 +292,10 @@ std::vector<EnteredCell> HeaderSheet::FillEmpty(std::span<const HeaderCell> sele
             const HeaderCell cell{record, field};
             const bool meant = selected.size() == 1 || std::ranges::binary_search(selected, record);
             if (meant && IsBlank(Text(cell)) && IsBlank(Kept(cell))) {
-                filled.push_back({cell, Kept({*source, field})});
+                // What the laboratory made itself, it never received.
+                const bool staysOpen =
+                    field == HeaderField::kDateReceived && record < LabBlankRecords(batch_);
+                filled.push_back({cell, staysOpen ? ":" : Kept({*source, field})});
                 if (field == kMatrix) {
                     KeepRuled(record, filled);
                 }

@@ -92,7 +92,8 @@ class HeaderSheet {
     std::vector<EnteredCell> FillDown(std::span<const HeaderCell> selection) const;
     // The empty cells that are selected take the next value above, or, with none above, below. Of a
     // column with only one selected cell all are meant. Values that a report has for its own sample
-    // are for no other. A matrix that is filled in changes no value that is there.
+    // are for no other, and the lab blank's date of receipt is left open. A matrix that is filled
+    // in changes no value that is there.
     std::vector<EnteredCell> FillEmpty(std::span<const HeaderCell> selection) const;
 
     // The next cell behind `from`, or before it, that shows the text in whatever case; from the end

@@ -127,6 +127,9 @@ TEST_F(Sheet, FillsDownAndFillsTheEmptyOnes) {
     Enter(sheet.FillEmpty(Column(kDateReceived)));
     EXPECT_EQ(Values(Column(kDateReceived)), "  /  /       :  |05/18/2005 10:00|05/18/2005 10:00||")
         << "neither one left open nor one refused is a value to fill in or over";
+    Header(0)[kDateReceived] = "";
+    Enter(sheet.FillEmpty(Column(kDateReceived)));
+    EXPECT_EQ(Header(0)[kDateReceived], "  /  /       :  ") << "of the lab blank";
     Header(0)[kDateAnalyzed] = "05/18/2005 10:00";
     Enter(sheet.FillEmpty(Column(kDateAnalyzed)));
     EXPECT_EQ(Values(Column(kDateAnalyzed)), "05/18/2005 10:00||||") << "a report's own";
