@@ -10,8 +10,9 @@ namespace qfr {
 class HoldsEntries {
   public:
     virtual ~HoldsEntries() = default;
-    // While the window shows: puts what stands in its controls, checked or not, where it would be
-    // stored. Both are those of the program, or copies of them.
+    // While the window shows: puts what stands in its controls, complete or not, where it would be
+    // stored; in the place of a wrong date the one before stays. Both are those of the program, or
+    // copies of them.
     virtual void StoreInto(Batch& batch, Entries& entries) const = 0;
 };
 
