@@ -79,6 +79,9 @@ def in_a_sample_without_tics(chemist):
     chemist.program.press("Enter TICs", window)
     chemist.program.window("Tentatively Identified Compound Input")
     chemist.program.type(text := chemist.text())
+    for cell in ("x", "1", "2"):
+        chemist.program.press_keys("Tab")
+        chemist.program.type(cell)
     chemist.wait_until_kept(text)
     return text
 
