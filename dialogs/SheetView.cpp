@@ -40,8 +40,8 @@ void SheetView::Go(const QModelIndex& index, bool extend) {
         return;
     }
     const QModelIndex anchor = anchor_;
-    const auto [top, bottom] = std::minmax(anchor.row(), index.row());
-    const auto [left, right] = std::minmax(anchor.column(), index.column());
+    const auto [top, bottom] = std::minmax({anchor.row(), index.row()});
+    const auto [left, right] = std::minmax({anchor.column(), index.column()});
     selectionModel()->select({model()->index(top, left), model()->index(bottom, right)},
                              QItemSelectionModel::ClearAndSelect);
     const QScopedValueRollback extending(extending_, true);
@@ -179,8 +179,8 @@ void SheetView::setSelection(const QRect& area, QItemSelectionModel::SelectionFl
         FrozenTable::setSelection(area, command);
         return;
     }
-    const auto [top, bottom] = std::minmax(from.row(), to.row());
-    const auto [left, right] = std::minmax(from.column(), to.column());
+    const auto [top, bottom] = std::minmax({from.row(), to.row()});
+    const auto [left, right] = std::minmax({from.column(), to.column()});
     selectionModel()->select({model()->index(top, left), model()->index(bottom, right)}, command);
 }
 

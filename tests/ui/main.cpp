@@ -29,6 +29,7 @@ class PlainTextCheck : public QObject {
             labels << qobject_cast<QLabel*>(window);
             labels.removeAll(nullptr);
             for (const QLabel* const label : labels) {
+                label->ensurePolished();  // as it is before it is measured or painted
                 EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->text().toStdString();
             }
         }
