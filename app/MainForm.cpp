@@ -548,6 +548,7 @@ void TQFRForm::ShowHelp(int topic) {
 void TQFRForm::ShowMainWindow() {
     ShowBatchState();
     show();
+    activateWindow();  // a question that has just closed may have taken its owner with it
     review_->ComeBack();
 }
 

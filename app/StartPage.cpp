@@ -164,8 +164,9 @@ void StartPage::Refresh() {
 void StartPage::ShowExample() {
     const bool there = IsThere(exampleFile_);
     example_.Button->setEnabled(there);
-    example_.Describe(there ? QString("Ten samples with everything typed, to look around")
-                            : Shown(exampleFile_) + " is missing");
+    example_.Describe(
+        there ? QString("Nine samples and a lab blank, with everything typed, to look around")
+              : Shown(exampleFile_) + " is missing");
 }
 
 void StartPage::ShowRecent() {

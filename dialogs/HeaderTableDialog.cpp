@@ -24,7 +24,7 @@ constexpr int kFindCommands = 3;  // at the end of the menu
 constexpr int kRowPadding = 8;    // pixels
 constexpr int kHeadPadding = 24;  // pixels, for the widest heads
 constexpr int kLettersOfText = 12;
-constexpr int kLettersOfDate = 19;
+constexpr int kLettersOfDate = 23;
 constexpr QSize kLetters(150, 30);  // that the window has room for
 
 int LettersIn(HeaderField field) {
