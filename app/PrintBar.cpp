@@ -13,6 +13,7 @@
 #include "platform/Text.h"
 #include "platform/qt/ControlRow.h"
 #include "platform/qt/PrintTarget.h"
+#include "platform/qt/ShownText.h"
 
 namespace qfr {
 
@@ -37,7 +38,7 @@ PrintBar::PrintBar(Services services, QWidget* parent)
     setObjectName("PrintBar");
     setWindowTitle("Printing");
     setMovable(false);
-    // It is always there.
+    // It comes and goes with the batch, and no menu hides it.
     toggleViewAction()->setEnabled(false);
     toggleViewAction()->setVisible(false);
     auto* const controls = new QWidget;
@@ -61,7 +62,7 @@ void PrintBar::ShowPrinted() {
     Forget();
     const PrintedJobs& last = services_.Printed.Jobs().back();
     note_->setText(QString::fromStdString(PrintedNote(last)));
-    note_->setToolTip(QString::fromStdString(Visible(last.Where)));
+    note_->setToolTip(Shown(last.Where));
     openButton_->setVisible(last.IsFile);
     folderButton_->setVisible(last.IsFile);
 }

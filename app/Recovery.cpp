@@ -21,8 +21,7 @@ namespace {
 
 constexpr std::string_view kFirstLine = "QFRForms recovery 1";
 constexpr int kHeadLines = 8;
-constexpr std::string_view kDamagedEnding = ".damaged";  // behind that of the others
-constexpr std::time_t kAhead = 24 * 3600;                // seconds by which a clock may be set back
+constexpr std::time_t kAhead = 24 * 3600;  // seconds by which a clock may be set back
 
 // A file is offered by its head, so what follows it needs a mark of its own.
 std::uint64_t HashOf(std::string_view content) {

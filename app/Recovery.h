@@ -20,6 +20,7 @@
 namespace qfr {
 
 inline constexpr std::string_view kRecoveryEnding = ".recovery";  // of the files' names
+inline constexpr std::string_view kDamagedEnding = ".damaged";    // behind that, of a damaged one
 inline constexpr std::time_t kRecoveryTime = 7 * 24 * 3600;       // seconds that one is offered
 
 // By which a file that another program has changed is told.

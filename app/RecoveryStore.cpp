@@ -132,7 +132,7 @@ std::variant<RecoveredBatch, Message> RecoveryStore::Read(const RecoveryOffer& o
     if (std::holds_alternative<Message>(read)) {
         std::error_code ignored;
         fs::path damaged = offer.File;
-        fs::rename(offer.File, damaged += ".damaged", ignored);
+        fs::rename(offer.File, damaged += kDamagedEnding, ignored);
     }
     return read;
 }

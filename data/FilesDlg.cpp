@@ -8,11 +8,11 @@
 #include <QProgressDialog>
 #include <QShortcut>
 
-#include "data/ToldFilesDialog.h"
 #include "platform/FileLookup.h"
 #include "platform/Text.h"
 #include "platform/qt/FieldEntry.h"
 #include "platform/qt/FileDrops.h"
+#include "platform/qt/ToldFilesDialog.h"
 #include "platform/qt/WaitCursor.h"
 #include "ui_FilesDlg.h"
 

@@ -18,12 +18,6 @@ namespace qfr {
 // report, of up to LineReader::kMaxFileSize bytes, is read once.
 inline constexpr std::size_t kMaxSortedFiles = 10'000;
 
-// A file that the user should know something about, most often why it is not proposed.
-struct ToldFile {
-    std::string File;  // full path
-    std::string What;  // one line
-};
-
 struct BatchProposal {
     // With what was found, which came to it as it would through the Load Files dialog: reports are
     // added, the others take the places of those it has. Its SampleList is built.

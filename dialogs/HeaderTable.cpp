@@ -5,6 +5,7 @@
 
 #include "data/HeaderFields.h"
 #include "platform/Text.h"
+#include "platform/qt/ShownText.h"
 
 namespace qfr {
 
@@ -78,7 +79,7 @@ QVariant HeaderTable::data(const QModelIndex& index, int role) const {
     const HeaderCell cell = CellAt(index);
     switch (role) {
         case Qt::DisplayRole:
-            return QString::fromStdString(Visible(sheet_->Shown(cell)));
+            return Shown(sheet_->Shown(cell));
         case Qt::EditRole:
             return QString::fromStdString(sheet_->Text(cell));
         case Qt::ToolTipRole:

@@ -33,6 +33,12 @@ Message TextsWereCut(std::string_view fileName);
 // A warning: `head`, then these lines; of many, only the first ones.
 Message ListMessage(const std::string& head, const std::vector<std::string>& lines);
 
+// A file that the user should know something about, most often why it is not taken.
+struct ToldFile {
+    std::string File;  // full path
+    std::string What;  // one line
+};
+
 // That the name, in lower case as the batch keeps it, does not tell one of the user's files from
 // another.
 Message NameIsNotUnique(std::string_view fileName);

@@ -6,6 +6,7 @@
 
 #include "platform/Text.h"
 #include "platform/qt/ControlRow.h"
+#include "platform/qt/ShownText.h"
 #include "platform/qt/WaitCursor.h"
 
 namespace qfr {
@@ -79,7 +80,7 @@ void PrintTarget::ShowChoice() {
         names << "Ask first";
     }
     for (const std::string& name : printers_.Known()) {
-        names << QString::fromStdString(Visible(name));
+        names << Shown(name);
     }
     QStringList shown;
     for (int item = 0; item < count(); ++item) {

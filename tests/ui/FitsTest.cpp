@@ -5,11 +5,11 @@
 #include <QScreen>
 #include <QScrollArea>
 
-#include "data/ToldFilesDialog.h"
 #include "platform/qt/HelpFile.h"
 #include "platform/qt/HelpWindow.h"
 #include "platform/qt/PreviewWindow.h"
 #include "platform/qt/PrinterSetupDialog.h"
+#include "platform/qt/ToldFilesDialog.h"
 #include "tests/pdf/PdfSupport.h"
 #include "tests/ui/WindowRig.h"
 

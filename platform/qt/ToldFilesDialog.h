@@ -5,7 +5,7 @@
 
 #include <QWidget>
 
-#include "data/FolderSort.h"
+#include "platform/Messages.h"
 
 namespace qfr {
 

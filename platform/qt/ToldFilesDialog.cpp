@@ -1,4 +1,4 @@
-#include "data/ToldFilesDialog.h"
+#include "platform/qt/ToldFilesDialog.h"
 
 #include <QClipboard>
 #include <QDialog>
@@ -12,6 +12,7 @@
 
 #include "platform/Text.h"
 #include "platform/WindowServices.h"
+#include "platform/qt/ShownText.h"
 
 namespace qfr {
 
@@ -19,10 +20,6 @@ namespace {
 
 constexpr int kLettersAcross = 110;  // of the window
 constexpr int kLinesDown = 22;
-
-QString Shown(const std::string& text) {
-    return QString::fromStdString(Visible(text));
-}
 
 void Fill(QTableWidget& table, const std::vector<ToldFile>& files) {
     table.setRowCount(static_cast<int>(files.size()));
