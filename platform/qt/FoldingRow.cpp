@@ -92,17 +92,17 @@ void FoldingRow::changeEvent(QEvent* event) {
     }
 }
 
+// In the order of the row, whatever folds first.
 void FoldingRow::FillMenu() {
     more_->menu()->clear();
-    for (const Group& group : groups_) {
-        for (QPushButton* const button : group) {
-            if (button->isHidden()) {
-                QAction* const action =
-                    more_->menu()->addAction(button->text(), button, &QPushButton::click);
-                action->setEnabled(button->isEnabled());
-                action->setCheckable(button->isCheckable());
-                action->setChecked(button->isChecked());
-            }
+    for (int i = 0; i < row_->count(); ++i) {
+        auto* const button = qobject_cast<QPushButton*>(row_->itemAt(i)->widget());
+        if (button != nullptr && button->isHidden() && IsAmong(groups_.size(), button)) {
+            QAction* const action =
+                more_->menu()->addAction(button->text(), button, &QPushButton::click);
+            action->setEnabled(button->isEnabled());
+            action->setCheckable(button->isCheckable());
+            action->setChecked(button->isChecked());
         }
     }
 }
