@@ -54,7 +54,7 @@ void ExportFromMenu(TQFRForm& window, TextMetrics& metrics, FileChooser& chooser
     memory.KeepFolder(kExportFolder, format == ExportFormat::kJson ? FolderOnly(*place) : *place);
     const WaitCursor wait;
     const CollectedValues values = CollectValues(window, metrics);
-    std::string done = std::to_string(values.Forms.size()) + " forms exported.";
+    std::string done = Counted(values.Forms.size(), "form") + " exported.";
     if (values.Forms.empty()) {
         done = "No form states any values; nothing was written.";
     } else if (const auto failure =

@@ -221,9 +221,9 @@ void PrintDue(TQFRForm& window, TextMetrics& metrics, PackageSink& sink, const D
     if (!outcome.cancelled && !outcome.failed) {
         package->Finish();
     }
-    const QString summary = QString("%1 of %2 jobs %3.")
+    const QString summary = QString("%1 of %2 %3.")
                                 .arg(package->Printed())
-                                .arg(due.jobs.size())
+                                .arg(QString::fromStdString(Counted(due.jobs.size(), "job")))
                                 .arg(package->IsOnlyShown() ? "shown" : "printed");
     // Of a package that the user gave up with nothing printed, he need not hear more.
     if (!outcome.notes.empty() && (!outcome.cancelled || package->Printed() > 0)) {

@@ -277,6 +277,10 @@ std::string EnteredField(std::string_view text) {
     return field;
 }
 
+std::string Counted(std::size_t count, std::string_view thing) {
+    return std::to_string(count) + " " + std::string(thing) + (count == 1 ? "" : "s");
+}
+
 std::string Enumerated(const std::vector<std::string>& items) {
     std::string text;
     for (std::size_t i = 0; i < items.size(); ++i) {

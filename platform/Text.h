@@ -67,6 +67,9 @@ std::string EnteredText(std::string_view text);
 // The same for a field of a batch file's line, which its ";" would end: that becomes ",".
 std::string EnteredField(std::string_view text);
 
+// "1 sample", "2 samples".
+std::string Counted(std::size_t count, std::string_view thing);
+
 // "1", "1 and 2", "1, 2 and 3".
 std::string Enumerated(const std::vector<std::string>& items);
 

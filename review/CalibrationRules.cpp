@@ -107,8 +107,9 @@ void LargeRsd(const Reviewed& batch, Findings& findings) {
 
 void FewLevels(const Reviewed& batch, Findings& findings) {
     if (batch.Calibration && batch.LevelCount < batch.Limits.MinLevels) {
-        findings.AddBatch("The initial calibration has " + std::to_string(batch.LevelCount) +
-                              " levels, fewer than " + FormatGeneral(batch.Limits.MinLevels) + ".",
+        findings.AddBatch("The initial calibration has " +
+                              Counted(static_cast<std::size_t>(batch.LevelCount), "level") +
+                              ", fewer than " + FormatGeneral(batch.Limits.MinLevels) + ".",
                           CalibrationFilePlace());
     }
 }
@@ -123,9 +124,9 @@ void UnusedLevels(const Reviewed& batch, Findings& findings) {
             }
         }
         if (!unused.empty()) {
-            findings.AddBatch(
-                "Not used: level " + Enumerated(unused) + " of " + std::to_string(rfs.size()) + ".",
-                CalibrationFilePlace(), compound.Name);
+            findings.AddBatch((unused.size() == 1 ? "Not used: level " : "Not used: levels ") +
+                                  Enumerated(unused) + " of " + std::to_string(rfs.size()) + ".",
+                              CalibrationFilePlace(), compound.Name);
         }
     }
 }

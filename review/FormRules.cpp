@@ -249,7 +249,7 @@ void Prints(const Reviewed& /*batch*/, const RecordedForm& form, Findings& findi
         const auto pages = std::ranges::count_if(
             PagesOf(form), [](const JobPage& page) { return !page.items.empty(); });
         findings.Add(form.Record, "",
-                     "Prints " + std::to_string(pages) + (pages == 1 ? " page." : " pages."), {},
+                     "Prints " + Counted(static_cast<std::size_t>(pages), "page") + ".", {},
                      form.Form);
     }
 }
@@ -265,7 +265,7 @@ void Refused(const Reviewed& batch, const RecordedForm& form, Findings& findings
         sentence += " " + AsLine(form.Messages[i]);
     }
     if (form.Messages.size() > kTold) {
-        sentence += " And " + std::to_string(form.Messages.size() - kTold) + " more messages.";
+        sentence += " And " + Counted(form.Messages.size() - kTold, "more message") + ".";
     }
     findings.Add(SampleOfRefusal(batch, form), "", sentence, PlaceOfRefusal(batch, form),
                  form.Form);

@@ -55,7 +55,7 @@ std::string Difference(const std::vector<std::string>& names,
         return "";
     }
     if (name == names.end() || other == others.end()) {
-        return std::to_string(names.size()) + " compounds; " + otherSample + " has " +
+        return Counted(names.size(), "compound") + "; " + otherSample + " has " +
                std::to_string(others.size()) + ".";
     }
     return "Compound " + std::to_string(name - names.begin() + 1) + " is " + Quoted(*name) +

@@ -419,7 +419,7 @@ std::vector<RuleCase> Cases() {
          "form 6: The initial calibration has 4 levels, fewer than 5. [Load Files, Calib. File]",
          Nothing},
         {"calibration.unused-level", Edit("run.cal", "11111;", "10101;"),
-         "form 6: benzene: Not used: level 2 and 4 of 5. [Load Files, Calib. File]",
+         "form 6: benzene: Not used: levels 2 and 4 of 5. [Load Files, Calib. File]",
          Edit("run.cal", "11111;", "111110;")},
         {"calibration.rf-number", Edit("run.cal", "400.0", "n/a"),
          "form 6: benzene: The response factor \"n/a\" is no number. [Load Files, Calib. File]",
