@@ -65,24 +65,38 @@ std::optional<BatchProposal> SortWithProgress(const Batch& batch,
 }
 
 // What the proposal does to the batch, in a sentence.
-QString Summary(const Batch& batch, const BatchProposal& proposal) {
+QString Summary(const Batch& batch, const Batch& proposed) {
     std::vector<std::string> found;
-    const auto add = [&found](const std::string& file, const char* what, const std::string& old) {
-        if (!file.empty()) {
+    const FileSet& files = batch.Files;
+    const auto add = [&](std::string FileSet::*file, const char* what) {
+        const std::string& old = files.*file;
+        if (!(proposed.Files.*file).empty() && proposed.Files.*file != old) {
             found.push_back(what + (old.empty() ? "" : " in place of " + FileNameOnly(old)));
         }
     };
-    const FileSet& files = batch.Files;
-    add(proposal.LabBlank, "the lab blank", files.LabBlank);
-    if (const std::size_t samples = proposal.QFiles.size(); samples > 0) {
-        found.push_back(std::to_string(samples) + (samples == 1 ? " sample" : " samples"));
+    add(&FileSet::LabBlank, "the lab blank");
+    const auto isNew = [&](const std::string& file) {
+        return !std::ranges::binary_search(files.QFiles, file);
+    };
+    if (const auto samples = std::ranges::count_if(proposed.Files.QFiles, isNew); samples > 0) {
+        found.push_back(Counted(static_cast<std::size_t>(samples), "sample"));
     }
-    add(proposal.Calib, "the calibration report", files.Calib);
-    add(proposal.CheckCal, "the check report", files.CheckCal);
-    const bool loaded = FilesSpecified(batch) || !files.Calib.empty() || !files.CheckCal.empty();
+    add(&FileSet::Calib, "the calibration report");
+    add(&FileSet::CheckCal, "the check report");
+    const std::string what = found.empty() ? "nothing" : Enumerated(found);
     return QString::fromStdString(
-        Visible((loaded ? "Added to the loaded batch: " : "Found: ") + Enumerated(found)) +
+        Visible((IsLoaded(batch) ? "Added to the loaded batch: " : "Found: ") + what) +
         ". OK takes what shows here, Cancel leaves the batch as it was.");
+}
+
+// What was told of an earlier proposal, and what there is to tell of one that builds on it.
+std::vector<ToldFile> Joined(std::vector<ToldFile> told, const std::vector<ToldFile>& more) {
+    for (const ToldFile& file : more) {
+        if (std::ranges::find(told, file) == told.end()) {
+            told.push_back(file);
+        }
+    }
+    return told;
 }
 
 // Paths are told apart by their ends.
@@ -189,18 +203,25 @@ bool TFilesDlg::Propose(const std::vector<std::string>& names, QWidget* above) {
     if (!proposal) {
         return false;
     }
-    if (!proposal->IsEmpty()) {
-        proposal_ = std::move(proposal);
-        return true;
+    hasNews_ = !proposal->Told.empty();
+    if (proposal_) {
+        proposal->Told = Joined(std::move(proposal_->Told), proposal->Told);
     }
-    if (proposal->Told.empty()) {
+    const bool proposes = !proposal->IsEmpty();
+    if (!proposes && !hasNews_) {
         messages_.Show({proposal->Loaded > 0 ? "All reports there are in the batch already."
                                              : "No reports were found there.",
                         kFileNotFoundTitle});
-    } else {
+    } else if (!proposes) {
         ShowToldFiles(proposal->Told, kHelpTopic, above);
     }
-    return false;
+    if (proposes) {
+        proposal_ = std::move(proposal);
+    } else if (proposal_) {
+        proposal_->Told = std::move(proposal->Told);
+        ShowProposalRow();
+    }
+    return proposes;
 }
 
 void TFilesDlg::ShowProposal() {
@@ -220,7 +241,7 @@ void TFilesDlg::ShowProposal() {
     for (const Message& note : proposal.Notes) {
         messages_.Show(note);
     }
-    if (!proposal.Told.empty()) {
+    if (hasNews_) {
         ShowToldFiles(proposal.Told, kHelpTopic, this);
     }
 }
@@ -230,7 +251,7 @@ void TFilesDlg::ShowProposalRow() {
     ui_->CancelButton->setVisible(proposal_.has_value());
     ui_->ToldButton->setVisible(proposal_ && !proposal_->Told.empty());
     if (proposal_) {
-        ui_->ProposalLabel->setText(Summary(batch_, *proposal_));
+        ui_->ProposalLabel->setText(Summary(batch_, proposal_->Batch));
     }
 }
 
@@ -257,6 +278,7 @@ void TFilesDlg::Take(TakeReports& take, const std::vector<std::string>& files) {
     // Also after a rejection, which may have taken the names of the library and the like, or
     // cleared the batch.
     ShowFileSet();
+    ShowProposalRow();
 }
 
 void TFilesDlg::reject() {
@@ -297,6 +319,7 @@ void TFilesDlg::DeleteButtonClick() {
     std::sort(positions.begin(), positions.end());
     DeleteQuantReports(Shown(), positions);
     ShowFileSet();
+    ShowProposalRow();
 }
 
 void TFilesDlg::ClearAllButtonClick() {

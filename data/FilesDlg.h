@@ -72,6 +72,7 @@ class TFilesDlg : public QDialog {
     Messages& messages_;
     qfr::Batch batch_;
     std::optional<BatchProposal> proposal_;
+    bool hasNews_ = false;  // that nobody has been told of yet
     std::unique_ptr<Ui::TFilesDlg> ui_;
 };
 

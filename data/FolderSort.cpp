@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
 #include <map>
 #include <string_view>
-#include <system_error>
 #include <tuple>
 #include <utility>
 
+#include "data/CutReports.h"
+#include "data/FoundFiles.h"
 #include "data/LoadFiles.h"
 #include "data/ReportFrame.h"
 #include "data/Reports.h"
@@ -20,69 +20,11 @@
 
 namespace qfr {
 
-namespace fs = std::filesystem;
-
 namespace {
 
 constexpr std::array kKinds = {std::pair(ReportKind::kQuantitation, FileKind::kQuantReport),
                                std::pair(ReportKind::kCalibration, FileKind::kCalibration),
                                std::pair(ReportKind::kCheck, FileKind::kCheckReport)};
-
-struct FoundFile {
-    std::string Path;
-    bool Named = false;  // by the user himself, and not by way of its folder
-};
-
-// What is there to sort, by name and each file once.
-class FoundFiles {
-  public:
-    explicit FoundFiles(std::vector<ToldFile>& told) : told_(told) {}
-
-    std::vector<FoundFile> Find(const std::vector<std::string>& names) {
-        for (const std::string& name : names) {
-            std::error_code error;
-            if (fs::is_directory(PathOf(name), error)) {
-                List(name);
-            } else {
-                files_.push_back({name, true});
-            }
-        }
-        std::ranges::sort(files_, {}, [](const FoundFile& file) {
-            return std::pair(std::string_view(file.Path), !file.Named);
-        });
-        const auto same = [](const FoundFile& one, const FoundFile& other) {
-            return one.Path == other.Path;
-        };
-        files_.erase(std::unique(files_.begin(), files_.end(), same), files_.end());
-        if (files_.size() > kMaxSortedFiles) {
-            told_.push_back({FolderOnly(files_[kMaxSortedFiles].Path),
-                             "There are more than 10,000 files. This one and those behind it are "
-                             "not looked at: " +
-                                 FileNameOnly(files_[kMaxSortedFiles].Path)});
-            files_.resize(kMaxSortedFiles);
-        }
-        return std::move(files_);
-    }
-
-  private:
-    void List(const std::string& folder) {
-        std::error_code error;
-        for (fs::directory_iterator entry(PathOf(folder).lexically_normal(), error);
-             !error && entry != fs::directory_iterator(); entry.increment(error)) {
-            std::error_code unknown;
-            const std::string path = TextOf(entry->path());
-            if (!FileNameOnly(path).starts_with('.') && !entry->is_directory(unknown)) {
-                files_.push_back({path, false});
-            }
-        }
-        if (error) {
-            told_.push_back({folder, CouldNotBeRead(folder).text});
-        }
-    }
-
-    std::vector<ToldFile>& told_;
-    std::vector<FoundFile> files_;
-};
 
 bool HasTitle(ReportKind kind, const std::string& title) {
     ReportFrame frame;
@@ -150,7 +92,7 @@ class FolderSort {
 
     std::optional<BatchProposal> Run(const std::vector<std::string>& names,
                                      const SortProgress& progress) {
-        const std::vector<FoundFile> files = FoundFiles(proposal_.Told).Find(names);
+        const std::vector<FoundFile> files = FindFiles(names, proposal_.Told);
         for (std::size_t i = 0; i < files.size(); ++i) {
             if (!progress(i, files.size())) {
                 return std::nullopt;
@@ -176,6 +118,8 @@ class FolderSort {
         Choose(calibrations_, kept_.Calib, proposal_.Calib, isNamed);
         Choose(checks_, kept_.CheckCal, proposal_.CheckCal, fits);
         TakeAll();
+        TellOfCutReports();
+        TellOfSameSamples();
         return progress(files.size(), files.size()) ? std::optional(std::move(proposal_))
                                                     : std::nullopt;
     }
@@ -364,6 +308,49 @@ class FolderSort {
             BuildSampleList(batch, reports_);
         }
         proposal_.Notes = notes.Take();
+    }
+
+    void TellOfCutReports() {
+        std::vector<std::string> quants = proposal_.QFiles;
+        quants.insert(quants.begin(), proposal_.LabBlank);
+        for (const std::string& file : quants) {
+            TellIfCut<QuantReport>(file);
+        }
+        TellIfCut<CalibrationReport>(proposal_.Calib);
+        TellIfCut<CheckReport>(proposal_.CheckCal);
+    }
+
+    template <typename Report>
+    void TellIfCut(const std::string& file) {
+        const auto report = file.empty() ? FileContent<Report>() : reports_.Read<Report>(file, "");
+        if (const std::string lacks = report ? WhatIsCutOff(*report) : ""; !lacks.empty()) {
+            Tell(file, "It looks cut short, without " + lacks + ". It is proposed all the same.");
+        }
+    }
+
+    // What the batch has keeps its number, and then the first one by name.
+    void TellOfSameSamples() {
+        std::map<std::string, std::string> proposed;  // their paths, by those of the batch
+        for (const std::string& file : proposal_.QFiles) {
+            proposed.emplace(LowerCase(file), file);
+        }
+        std::map<std::string, std::string> firsts;  // files, by sample number
+        for (const bool isProposed : {false, true}) {
+            for (const SampleRecord& sample : SamplesOf(proposal_.Batch)) {
+                const std::string number = Trim(sample.Header[HeaderField::kZovSampleNo]);
+                const auto file = proposed.find(sample.FileName);
+                if (number.empty() || (file != proposed.end()) != isProposed) {
+                    continue;
+                }
+                const auto [first, isNew] =
+                    firsts.emplace(LowerCase(number), FileNameOnly(sample.FileName));
+                if (!isNew && isProposed) {
+                    Tell(file->second, "It is of sample " + number + ", as is " + first->second +
+                                           ". It is proposed all the same: delete the one that is "
+                                           "not meant.");
+                }
+            }
+        }
     }
 
     BatchProposal proposal_;

@@ -9,14 +9,10 @@
 #include <vector>
 
 #include "data/Batch.h"
+#include "data/FoundFiles.h"
 #include "platform/Messages.h"
 
 namespace qfr {
-
-// So many files are looked at, the first ones by name; of a folder its own, none of its subfolders
-// and none whose name begins with ".". Of a file that is no report only the first line is read; a
-// report, of up to LineReader::kMaxFileSize bytes, is read once.
-inline constexpr std::size_t kMaxSortedFiles = 10'000;
 
 struct BatchProposal {
     // With what was found, which came to it as it would through the Load Files dialog: reports are
@@ -40,8 +36,10 @@ struct BatchProposal {
 // Comes before each of `count` files, from 0, and once at the end; false gives up.
 using SortProgress = std::function<bool(std::size_t file, std::size_t count)>;
 
-// Sorts the files, and those of the folders, among these full paths. What a file is its first line
-// tells, and where that tells nothing, its extension. Which report is the lab blank's its sample ID
+// Sorts the files, and those of the folders, among these full paths; the first kMaxSortedFiles. Of
+// a file that is no report only the first line is read; a report, of up to LineReader::kMaxFileSize
+// bytes, is read once. What a file is its first line tells, and where that tells nothing, its
+// extension. Which report is the lab blank's its sample ID
 // or client sample tells, as "VBLK01", "MB-3" or "Method Blank", or, where none does, its file's
 // name. Where reports name different calibrations or libraries, the batch decides, and when it is
 // empty, the majority. What the batch already holds keeps its place. Absent when given up.

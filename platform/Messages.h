@@ -37,6 +37,7 @@ Message ListMessage(const std::string& head, const std::vector<std::string>& lin
 struct ToldFile {
     std::string File;  // full path
     std::string What;  // one line
+    bool operator==(const ToldFile&) const = default;
 };
 
 // That the name, in lower case as the batch keeps it, does not tell one of the user's files from

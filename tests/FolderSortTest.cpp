@@ -13,6 +13,25 @@
 namespace qfr::test {
 namespace {
 
+// What stands below the rows of a report.
+constexpr const char* kEndOfReport =
+    "\nVolatile Monitoring Compound Recovery\nN;Compound;% Recovery\n1;Toluene-d8;99.6\n\n"
+    "----------     Internal Standard Data     ----------\nInternal Standard;Area;RT\n"
+    "1,4-Difluorobenzene;1633505.0;6.03\nChlorobenzene-d5;1308436.0;8.84\n"
+    "1,2-Dichlorobenzene-d4;676646.0;11.84\n";
+constexpr const char* kCalibration =
+    "Date: 5/16/2005 Initial Calibration  Version 4.2\nCalibration Data\n\n\n"
+    "Toluene;5.00;7.2;1.2;1438.93;98;1637691;1;108-88-3\nAverage RF\nA\n"
+    "Styrene;5.00;9.3;1.2;1438.93;98;1637691;1;100-42-5\nAverage RF\nA\n"
+    "1,4-Difluorobenzene;50.00;6.0;1.0;1000.00;114;1527251;1;\nAverage RF\nI\n"
+    "Chlorobenzene-d5;50.00;8.8;1.0;1000.00;117;1110989;1;\nAverage RF\nI\n"
+    "1,2-Dichlorobenzene-d4;50.00;11.8;1.0;1000.00;152;610080;1;\nAverage RF\nI\n";
+constexpr const char* kCheckTable =
+    "\nN;Compound\n-\n1;Toluene;1438.93;A;50.00;51.80;103.6;1490.87;3.6;1637691.0;7.21\n"
+    "2;1,4-Difluorobenzene;1000.00;I;50.00;50.00;100.0;1000.00;0.0;1470434.0;6.01\n"
+    "3;Chlorobenzene-d5;1000.00;I;50.00;50.00;100.0;1000.00;0.0;1098483.0;8.84\n"
+    "4;1,2-Dichlorobenzene-d4;1000.00;I;50.00;50.00;100.0;1000.00;0.0;652545.0;11.82\n";
+
 // The file's text, from what a test says of it: the sample ID, client sample and calibration of a
 // quantitation report, with "/" between; "@cal"; "@check" and its calibration; "#" and any text.
 std::string TextFor(const std::string& what) {
@@ -20,11 +39,11 @@ std::string TextFor(const std::string& what) {
         return what.substr(1);
     }
     if (what == "@cal") {
-        return "Date: 5/16/2005 Initial Calibration  Version 4.2\nCalibration Data\n";
+        return kCalibration;
     }
     if (BeginsWith(what, "@check")) {
         return "Check Calibration  Tallyworks Version 4.2\nCalibration File: C:\\" +
-               what.substr(7) + "\nN;Compound\n\n";
+               what.substr(7) + kCheckTable;
     }
     std::vector<std::string> parts;
     std::istringstream rest(what);
@@ -35,7 +54,8 @@ std::string TextFor(const std::string& what) {
     return ReportText{.header = "Sample ID: " + parts[0] + "\nClient Sample: " + parts[1] +
                                 "\nCalibration File: C:\\" +
                                 (parts[2].empty() ? "Day1.CAL" : parts[2]) + "\n",
-                      .rows = what == "long" ? 302 : 2}
+                      .rows = what == "long" ? 302 : 2,
+                      .afterRows = kEndOfReport}
         .Text();
 }
 
@@ -126,6 +146,62 @@ TEST(FolderSort, AddsToALoadedBatchAndKeepsWhatItHas) {
     EXPECT_EQ(Summary(proposal), "blank.prn:a.prn s1.prn ||c.check|A.PRN S2.PRN notes.txt 0");
     EXPECT_EQ(proposal.Batch.SampleList->at(2).Header[HeaderField::kLabName], "Lab");
     EXPECT_EQ(batch, before);
+}
+
+std::string WhatIsTold(const BatchProposal& proposal) {
+    std::string text;
+    for (const ToldFile& told : proposal.Told) {
+        text += FileNameOnly(told.File) + ": " + told.What + "|";
+    }
+    return text;
+}
+
+TEST(FolderSort, TellsOfReportsThatAreCutShort) {
+    const std::string cut = "It looks cut short, without the ";
+    const std::tuple<std::string, const char*, std::string> cases[] = {
+        {"Z1", "1,2-Dichloro", cut + "internal standard 1,2-dichlorobenzene-d4."},
+        {"Z1", "------", cut + "internal standards."},
+        {"Z1", "Volatile", cut + "monitoring compounds and the internal standards."},
+        {"Z1", "N;Comp", cut + "monitoring compounds and the internal standards."},
+        {"Z1", "5.04;;;;1200;71-43-2\n\n",
+         cut + "end of row 2, the monitoring compounds and the internal standards."},
+        {"Z1", "1;Compound",
+         cut + "compounds, the monitoring compounds and the internal standards."},
+        {"Z1", "Compound#", "file does not appear to be a quantitation file. The file will not be"},
+        {"@cal", "Chloro", cut + "internal standards chlorobenzene-d5 and 1,2-dichlorobenzene-d4."},
+        {"@cal", "7.2;", cut + "compounds and the internal standards."},
+        {"@cal", "9.3;", cut + "end of a compound and the internal standards."},
+        {"@cal", "Calibration Data", "file does not appear to be a calibration file."},
+        {"@check Day1.CAL", "1;Tol", cut + "compounds and the internal standards."},
+        {"@check Day1.CAL", "2;1,4", cut + "internal standards."},
+        {"@check Day1.CAL", "N;Comp", "file does not appear to be a check calibration file."},
+    };
+    for (const auto& [what, end, told] : cases) {
+        const TempDir dir;
+        const std::string whole = TextFor(what);
+        const std::string file = dir.Write("file", whole);
+        EXPECT_EQ(WhatIsTold(Propose({}, {file})), "") << what;
+        dir.Write("file", whole.substr(0, whole.find(end)));
+        const BatchProposal proposal = Propose({}, {file});
+        EXPECT_THAT(WhatIsTold(proposal), testing::StartsWith("file: " + told)) << end;
+        EXPECT_EQ(proposal.IsEmpty(), !told.starts_with(cut)) << end;
+    }
+}
+
+TEST(FolderSort, TellsOfSeveralReportsOfOneSample) {
+    const std::string why = ". It is proposed all the same: delete the one that is not meant.|";
+    const TempDir dir;
+    WriteFiles(dir, "1.prn=Z1;2.PRN=z1;3.prn=Z2;4.prn=Z1;5.prn=;6.prn=");
+    const BatchProposal proposal = Propose({}, {TextOf(dir.Path())});
+    EXPECT_EQ(proposal.QFiles.size(), 6U);
+    EXPECT_EQ(WhatIsTold(proposal), "2.PRN: It is of sample z1, as is 1.prn" + why +
+                                        "4.prn: It is of sample Z1, as is 1.prn" + why);
+    // What is loaded was there first.
+    Batch batch = proposal.Batch;
+    DeleteQuantReports(batch, {0, 1, 2});
+    EXPECT_EQ(WhatIsTold(Propose(batch, {TextOf(dir.Path())})),
+              "1.prn: It is of sample Z1, as is 4.prn" + why +
+                  "2.PRN: It is of sample z1, as is 4.prn" + why);
 }
 
 TEST(FolderSort, LooksAtSoManyFilesAndStopsWhenAsked) {

@@ -141,6 +141,22 @@ TEST(LoadFolder, ProposesFilesThatAreDropped) {
     EXPECT_TRUE(rig.dialog.isVisible());
     // What is dropped on the proposal adds to it; reports alone are taken one by one, as ever.
     rig.Drop(*rig.list.viewport(), {Example("VSTD050C.CHECK")});
+    EXPECT_EQ(rig.TakeTold(), "") << "nothing new";
+    EXPECT_THAT(rig.dialog.findChild<QLabel*>("ProposalLabel")->text().toStdString(),
+                testing::StartsWith("Found: the calibration report and the check report."));
+    const std::string notes = dir.Write("notes.txt", "no report");
+    rig.Drop(rig.dialog, {Example("ZA101.PRN"), notes, text});
+    EXPECT_EQ(rig.TakeTold(), "text.prn notes.txt ");
+    rig.Drop(rig.dialog, {TextOf(dir.Path() / "none")});
+    EXPECT_EQ(rig.TakeTold(), "text.prn notes.txt none ") << "nothing was proposed";
+    rig.dialog.findChild<QAbstractButton*>("ToldButton")->click();
+    EXPECT_EQ(rig.TakeTold(), "text.prn notes.txt none ");
+    rig.list.setCurrentRow(0);
+    EXPECT_THAT(rig.dialog.findChild<QLabel*>("ProposalLabel")->text().toStdString(),
+                testing::StartsWith("Found: 1 sample, the calibration"));
+    rig.dialog.findChild<QAbstractButton*>("DeleteButton")->click();
+    EXPECT_THAT(rig.dialog.findChild<QLabel*>("ProposalLabel")->text().toStdString(),
+                testing::StartsWith("Found: the calibration"));
     rig.Drop(rig.dialog, {text});
     EXPECT_EQ(rig.log.TakeTexts().size(), 1U);
     rig.Face(rig.dialog);
