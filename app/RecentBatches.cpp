@@ -4,15 +4,18 @@
 #include <system_error>
 
 #include "platform/FileLookup.h"
+#include "platform/Text.h"
 
 namespace qfr {
 
 namespace {
 
-// By another name too, as through a link. What is not there is told by its name alone.
+// In another folder too, as through a link. What is not there is told by its name alone, and so is
+// what is called otherwise: on a share that does not answer, each look takes its time.
 bool IsSameFile(const std::string& one, const std::string& other) {
     std::error_code failed;
-    return one == other || std::filesystem::equivalent(PathOf(one), PathOf(other), failed);
+    return one == other || (LowerCase(FileNameOnly(one)) == LowerCase(FileNameOnly(other)) &&
+                            std::filesystem::equivalent(PathOf(one), PathOf(other), failed));
 }
 
 }  // namespace

@@ -26,11 +26,16 @@ namespace {
 const char* const kRecentName = "batches/recent";
 constexpr int kMargin = 20;
 constexpr int kRowPadding = 6;
-constexpr int kFolder = 2;  // the column
+constexpr int kSaved = 1;  // the columns
+constexpr int kFolder = 2;
 constexpr int kFileRole = Qt::UserRole;
 
 bool IsThere(const std::string& file) {
     return QFileInfo(QString::fromStdString(file)).isFile();
+}
+
+std::string FileOf(const QTreeWidgetItem& item) {
+    return item.data(0, kFileRole).toString().toStdString();
 }
 
 void KeepRecent(Remembered& memory, const std::vector<std::string>& files) {
@@ -87,7 +92,11 @@ StartPage::StartPage(StartCommands commands, Messages& messages, Remembered& mem
     : commands_(std::move(commands)),
       messages_(messages),
       memory_(memory),
-      exampleFile_(std::move(exampleFile)) {
+      exampleFile_(std::move(exampleFile)),
+      dates_([this](const std::string& file, const std::optional<std::time_t>& written) {
+          QMetaObject::invokeMethod(
+              this, [this, file, written] { TakeDate(file, written); }, Qt::QueuedConnection);
+      }) {
     setObjectName("StartPage");
     auto* const rows = new QVBoxLayout(this);
     rows->setContentsMargins(kMargin, kMargin / 2, kMargin, kMargin / 2);
@@ -173,27 +182,47 @@ void StartPage::ShowRecent() {
     const int chosen = recentTree_->indexOfTopLevelItem(recentTree_->currentItem());
     recentTree_->clear();
     for (const std::string& file : RecentBatches(memory_)) {
-        const QFileInfo info(QString::fromStdString(file));
-        const QString saved =
-            info.isFile() ? info.lastModified().toString(kShownDateTime) : QString("is missing");
         auto* const item = new QTreeWidgetItem(
-            recentTree_, {Shown(FileNameOnly(file)), saved, Shown(FolderOnly(file))});
+            recentTree_, {Shown(FileNameOnly(file)), "", Shown(FolderOnly(file))});
         item->setSizeHint(kFolder, {0, recentTree_->fontMetrics().height() + kRowPadding});
         item->setData(0, kFileRole, QString::fromStdString(file));
         for (int column = 0; column < recentTree_->columnCount(); ++column) {
             item->setToolTip(column, Shown(file));
-            if (!info.isFile()) {
-                item->setForeground(column, palette().brush(QPalette::Disabled, QPalette::Text));
-            }
         }
+        ShowDate(*item);
+        dates_.Look(file);
     }
     const int rows = recentTree_->topLevelItemCount();
     recentTree_->setCurrentItem(
         recentTree_->topLevelItem(std::clamp(chosen, 0, std::max(rows - 1, 0))));
     recentTree_->setVisible(rows > 0);
     recentLabel_->setVisible(rows > 0);
-    for (int column = 0; column < kFolder; ++column) {
-        recentTree_->resizeColumnToContents(column);
+    recentTree_->resizeColumnToContents(0);
+    recentTree_->resizeColumnToContents(kSaved);
+}
+
+void StartPage::ShowDate(QTreeWidgetItem& item) const {
+    const auto known = saved_.find(FileOf(item));
+    if (known == saved_.end()) {
+        item.setText(kSaved, kNotKnownYet);
+        return;
+    }
+    const std::optional<std::time_t>& saved = known->second;
+    item.setText(kSaved, saved ? QDateTime::fromSecsSinceEpoch(*saved).toString(kShownDateTime)
+                               : QString("is missing"));
+    for (int column = 0; column < item.columnCount(); ++column) {
+        item.setForeground(column,
+                           saved ? QBrush() : palette().brush(QPalette::Disabled, QPalette::Text));
+    }
+}
+
+void StartPage::TakeDate(const std::string& file, const std::optional<std::time_t>& written) {
+    saved_[file] = written;
+    for (int row = 0; row < recentTree_->topLevelItemCount(); ++row) {
+        if (QTreeWidgetItem& item = *recentTree_->topLevelItem(row); FileOf(item) == file) {
+            ShowDate(item);
+            recentTree_->resizeColumnToContents(kSaved);
+        }
     }
 }
 
@@ -219,7 +248,7 @@ void StartPage::OpenRecent() {
     if (item == nullptr) {
         return;
     }
-    const std::string file = item->data(0, kFileRole).toString().toStdString();
+    const std::string file = FileOf(*item);
     if (IsThere(file)) {
         commands_.OpenBatch(file);
         return;
@@ -232,7 +261,7 @@ void StartPage::OpenRecent() {
 void StartPage::ForgetRecent() {
     if (const QTreeWidgetItem* const item = recentTree_->currentItem()) {
         std::vector<std::string> files = RecentBatches(memory_);
-        std::erase(files, item->data(0, kFileRole).toString().toStdString());
+        std::erase(files, FileOf(*item));
         KeepRecent(memory_, files);
         ShowRecent();
     }

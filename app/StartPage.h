@@ -1,12 +1,16 @@
 // The main window without a batch: what there is to begin with, and the batches of late.
 #pragma once
 
+#include <ctime>
 #include <functional>
+#include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include <QWidget>
 
+#include "platform/FileDates.h"
 #include "platform/Messages.h"
 #include "platform/qt/Remembered.h"
 
@@ -14,6 +18,7 @@ class QGridLayout;
 class QLabel;
 class QPushButton;
 class QTreeWidget;
+class QTreeWidgetItem;
 class QVBoxLayout;
 
 namespace qfr {
@@ -56,6 +61,8 @@ class StartPage : public QWidget {
     void AddRecent(QVBoxLayout& rows);
     void ShowExample();
     void ShowRecent();
+    void ShowDate(QTreeWidgetItem& item) const;
+    void TakeDate(const std::string& file, const std::optional<std::time_t>& written);
     void OpenRecent();
     void ForgetRecent();
 
@@ -68,6 +75,9 @@ class StartPage : public QWidget {
     Command recover_;
     QLabel* recentLabel_;
     QTreeWidget* recentTree_;
+    // When the recent batches were saved, as far as that is known; absent: one is missing.
+    std::map<std::string, std::optional<std::time_t>> saved_;
+    FileDates dates_;
 };
 
 }  // namespace qfr

@@ -1,8 +1,13 @@
 // Files as the host system has them, and what texts hold: fields, paths, numbers, dates.
+#include <atomic>
+#include <chrono>
 #include <cmath>
+#include <future>
+#include <map>
 
 #include "app/PathsFile.h"
 #include "platform/DateTime.h"
+#include "platform/FileDates.h"
 #include "platform/FileLookup.h"
 #include "platform/FileReplace.h"
 #include "platform/LineReader.h"
@@ -69,6 +74,46 @@ TEST(FileLookup, FindsNamesInAnyCaseAndWithEitherSeparator) {
               "Lab Data/VBLK01.PRN|Lab Data/VBLK01.PRN|-|-");
     EXPECT_EQ(moved(root + "here/vblk01.prn"), "here/vblk01.prn");
     EXPECT_EQ(find("c:\\gone\\vblk01.prn", ""), "-");
+}
+
+TEST(FileDates, AreFoundOutWhileAShareDoesNotAnswer) {
+    const TempDir dir;
+    const std::string kept = dir.Write("kept.qff", "");
+    const std::chrono::sys_seconds saved(std::chrono::seconds(1'116'412'680));
+    fs::last_write_time(PathOf(kept), std::chrono::file_clock::from_sys(saved));
+    std::promise<void> answer;
+    std::promise<void> isDone;
+    std::promise<void> bothTold;
+    std::atomic<int> looks = 0;
+    std::map<std::string, std::time_t> told;
+    {
+        FileDates dates(
+            [&](const std::string& file, const std::optional<std::time_t>& written) {
+                told[file] = written.value_or(-1);
+                if (told.size() == 2) {
+                    bothTold.set_value();
+                }
+            },
+            [&](const std::string& file) {
+                ++looks;
+                if (file == "share") {
+                    answer.get_future().wait();
+                    isDone.set_value_at_thread_exit();
+                }
+                return FileDate(file);
+            });
+        for (const std::string& file :
+             {std::string("share"), kept, std::string("share"), TextOf(dir.Path())}) {
+            dates.Look(file);
+        }
+        bothTold.get_future().wait();
+    }
+    answer.set_value();
+    isDone.get_future().wait();
+    EXPECT_EQ(looks, 3) << "the share is looked at once";
+    EXPECT_THAT(told,
+                testing::UnorderedElementsAre(testing::Pair(kept, saved.time_since_epoch().count()),
+                                              testing::Pair(TextOf(dir.Path()), -1)));
 }
 
 TEST(FileReplace, WritesNewFilesAndReplacesOldOnes) {
@@ -204,6 +249,7 @@ TEST(Text, IsTrimmedCutAndSplit) {
     EXPECT_EQ(Joined({"a\nb\r\nc\rd", "a\n"}, OneLine), "a b c d|a ");
     EXPECT_EQ(EnteredText("a;\r\nb\n") + EnteredField("a;\r\nb\n"), "a; ba, b");
     EXPECT_EQ(Enumerated({"1"}) + Enumerated({"1", "2", "3"}), "11, 2 and 3");
+    EXPECT_EQ(Counted(1, "form") + Counted(0, "form"), "1 form0 forms");
     EXPECT_EQ(Joined({"\x1F ~\x7F", "\u0080\u009F\u00A0é😀", "\u061C\u200D\u200E\u200F\u2010",
                       "\u2029\u202A\u202E\u202F", "\u2065\u2066\u2069\u206A", "a\x9B\xE4z"},
                      Visible),
