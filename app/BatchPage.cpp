@@ -18,6 +18,7 @@
 #include "app/MainForm.h"
 #include "app/PrintAll.h"
 #include "platform/qt/ControlRow.h"
+#include "platform/qt/ElidedLabel.h"
 
 namespace qfr {
 
@@ -25,11 +26,12 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr milliseconds kPause(200);      // before it counts as idle,
-constexpr milliseconds kPauseEach(1);    // and for each sample, as these take their time
-constexpr milliseconds kUnnoticed(100);  // a look through that nobody notices
-constexpr int kRowsMeasured = 50;        // for the widths of the columns
-constexpr int kWidestColumn = 56;        // letters
+constexpr milliseconds kPause(200);       // before it counts as idle
+constexpr milliseconds kStep(10);         // in which input waits
+constexpr milliseconds kUnnoticed(100);   // a look through that costs nothing
+constexpr milliseconds kWorthAWord(500);  // one that lasts
+constexpr int kRowsMeasured = 50;         // for the widths of the columns
+constexpr int kWidestColumn = 56;         // letters
 
 void SetUp(QTableView& table, QAbstractItemModel& model) {
     table.setModel(&model);
@@ -90,14 +92,15 @@ QHBoxLayout* HeadRow(const QString& caption, QWidget* table) {
 BatchPage::BatchPage(TQFRForm& window, const DesktopServices& services)
     : window_(window),
       services_(services),
+      lookingLabel_(new ElidedLabel("Looking through the batch...")),
       samplesTable_(new QTableView),
       formsTable_(new QTableView) {
     setObjectName("BatchPage");
     auto* const rows = new QVBoxLayout(this);
     AddSamples(*rows);
     AddForms(*rows);
-    idle_.setSingleShot(true);
-    connect(&idle_, &QTimer::timeout, this, &BatchPage::LookThroughNow);
+    next_.setSingleShot(true);
+    connect(&next_, &QTimer::timeout, this, &BatchPage::GoOnLooking);
     ForgetPrinted();
 }
 
@@ -115,6 +118,9 @@ void BatchPage::AddSamples(QVBoxLayout& rows) {
             &BatchPage::WaitLonger);
 
     QHBoxLayout* const head = HeadRow("Samp&les:", samplesTable_);
+    lookingLabel_->setObjectName("LookingLabel");
+    lookingLabel_->hide();
+    head->insertWidget(1, lookingLabel_);
     previewButton_ =
         AddCommand(head, "&Preview All Forms", "PreviewAllButton", [this] { PreviewAllForms(); });
     sheetsButton_ =
@@ -155,6 +161,7 @@ void BatchPage::Refresh() {
 }
 
 void BatchPage::ShowNew() {
+    EndLooking();
     source_.reset();
     states_ = {};
     samples_.ShowFindings({});
@@ -184,41 +191,73 @@ BatchPage::Source BatchPage::Now() const {
     return {window_.Batch(), window_.Entries(), window_.Flags()};
 }
 
-bool BatchPage::IsLookedThrough() const {
-    return source_ && source_->Batch == window_.Batch() && source_->Entries == window_.Entries() &&
-           source_->Flags == window_.Flags();
+bool BatchPage::IsNow(const std::optional<Source>& source) const {
+    return source && source->Batch == window_.Batch() && source->Entries == window_.Entries() &&
+           source->Flags == window_.Flags();
 }
 
 // The files may have changed on disk: where that costs nothing, it is found out each time.
 void BatchPage::LookThroughWhenIdle() {
-    if (isVisible() && (lookedFor_ < kUnnoticed || !IsLookedThrough())) {
-        idle_.start(kPause + kPauseEach * samples_.rowCount());
+    if (!isVisible()) {
+        return;
+    }
+    const bool known = IsNow(source_);
+    if (!known) {
+        EndLooking();
+    }
+    if (looking_ || !known || lookedFor_ < kUnnoticed) {
+        next_.start(kPause);
     }
 }
 
 // Somebody is at work in the samples.
 void BatchPage::WaitLonger() {
-    if (idle_.isActive()) {
-        idle_.start();
+    if (next_.isActive()) {
+        next_.start(kPause);
     }
 }
 
-void BatchPage::LookThroughNow() {
+void BatchPage::GoOnLooking() {
     // Above it something else is in use; when that closes, the window is activated again.
     if (!isVisible() || QApplication::activeModalWidget() != nullptr) {
         return;
     }
     if (QApplication::activePopupWidget() != nullptr) {
-        idle_.start();
+        next_.start(kPause);
         return;
     }
     QElapsedTimer time;
     time.start();
-    source_ = Now();
-    states_ = LookThrough({source_->Batch, source_->Entries, source_->Flags}, window_.LevelCount(),
-                          services_.Metrics);
-    lookedFor_ = milliseconds(time.elapsed());
-    ShowStates();
+    if (!looking_) {
+        source_ = Now();
+        lookedFor_ = {};
+        looking_ = std::make_unique<LookThrough>(
+            SavedBatch{source_->Batch, source_->Entries, source_->Flags}, window_.LevelCount(),
+            services_.Metrics);
+    }
+    bool goesOn = true;
+    while (goesOn && !time.hasExpired(kStep.count())) {
+        goesOn = looking_->Step();
+    }
+    lookedFor_ += std::chrono::nanoseconds(time.nsecsElapsed());
+    if (goesOn) {
+        lookingLabel_->setVisible(lookedFor_ > kWorthAWord);
+        next_.start(0);
+        return;
+    }
+    const BatchStates states = looking_->Take();
+    EndLooking();
+    if (IsNow(source_)) {
+        states_ = states;
+        ShowStates();
+    } else {
+        Refresh();  // it has changed meanwhile
+    }
+}
+
+void BatchPage::EndLooking() {
+    looking_.reset();
+    lookingLabel_->hide();
 }
 
 void BatchPage::ShowStates() {

@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <memory>
 #include <optional>
 
 #include <QSortFilterProxyModel>
@@ -22,6 +23,7 @@ class QVBoxLayout;
 
 namespace qfr {
 
+class ElidedLabel;
 class TQFRForm;
 struct DesktopServices;
 
@@ -29,8 +31,8 @@ class BatchPage : public QWidget {
   public:
     BatchPage(TQFRForm& window, const DesktopServices& services);
 
-    // Shows the batch as it is now. What its forms lack and a review finds follows when the window
-    // has nothing else to do.
+    // Shows the batch as it is now. What its forms lack and a review finds follows step by step,
+    // while the window has nothing else to do.
     void Refresh();
     // Another batch is there: its first sample is chosen, and the focus is on the preview.
     void ShowNew();
@@ -53,10 +55,11 @@ class BatchPage : public QWidget {
     void AddSamples(QVBoxLayout& rows);
     void AddForms(QVBoxLayout& rows);
     Source Now() const;
-    bool IsLookedThrough() const;
+    bool IsNow(const std::optional<Source>& source) const;
     void LookThroughWhenIdle();
     void WaitLonger();
-    void LookThroughNow();
+    void GoOnLooking();
+    void EndLooking();
     void ShowStates();
 
     std::optional<std::size_t> CurrentRecord() const;
@@ -73,12 +76,14 @@ class BatchPage : public QWidget {
     SampleTable samples_;
     QSortFilterProxyModel sorted_;
     FormsTable forms_;
-    std::size_t printedBefore_ = 0;  // entries of the log about other batches
-    std::optional<Source> source_;   // absent: nothing was looked through
+    std::size_t printedBefore_ = 0;          // entries of the log about other batches
+    std::optional<Source> source_;           // of the last look through; absent: there was none
+    std::unique_ptr<LookThrough> looking_;   // null: it has come to its end
+    std::chrono::nanoseconds lookedFor_{0};  // by now
     BatchStates states_;
-    QTimer idle_;
-    std::chrono::milliseconds lookedFor_{0};
+    QTimer next_;  // step
 
+    ElidedLabel* lookingLabel_;
     QPushButton* previewButton_;
     QPushButton* sheetsButton_;
     QTableView* samplesTable_;

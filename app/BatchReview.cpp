@@ -1,40 +1,42 @@
 #include "app/BatchReview.h"
 
-#include <optional>
 #include <utility>
-
-#include "app/HeadlessHost.h"
-#include "app/Package.h"
 
 namespace qfr {
 
-std::vector<Finding> ReviewAsPrinted(SavedBatch saved, int levelCount, TextMetrics& metrics,
-                                     const ReviewLimits& limits,
-                                     const std::function<void(const RecordedForm&)>& watch) {
-    const std::vector<PackageWork> works = PlanWholePackage(saved.Batch);
-    KeptMessages messages;
-    const std::optional<Message> limitsNote = saved.LimitsNote;
-    HeadlessHost host(std::move(saved), metrics, messages);
-    host.LevelCount() = levelCount;
+SteppedReview::SteppedReview(SavedBatch saved, int levelCount, TextMetrics& metrics,
+                             const ReviewLimits& limits, Watch watch)
+    : watch_(std::move(watch)),
+      works_(PlanWholePackage(saved.Batch)),
+      limitsNote_(saved.LimitsNote),
+      host_(std::move(saved), metrics, messages_),
+      review_({host_.Batch(), host_.Entries(), host_.Flags(), host_.Reports(),
+               [this] { return PrintNext(); }, limits}) {
+    host_.LevelCount() = levelCount;
+}
 
-    auto next = works.begin();
-    const auto printNext = [&]() -> std::optional<RecordedForm> {
-        if (next == works.end()) {
-            return std::nullopt;
-        }
-        const PackageWork& work = *next++;
-        if (limitsNote && work.form->entry == EntryDialog::kRecoveryRanges) {
-            messages.Show(*limitsNote);
-        }
-        std::optional<PrintJob> job = PrintWork(host, work);
-        RecordedForm form{work.form->name, work.record, std::move(job), messages.Take()};
-        if (watch) {
-            watch(form);
-        }
-        return form;
-    };
-    return ReviewBatch(
-        {host.Batch(), host.Entries(), host.Flags(), host.Reports(), printNext, limits});
+std::optional<RecordedForm> SteppedReview::PrintNext() {
+    if (next_ == works_.size()) {
+        return std::nullopt;
+    }
+    const PackageWork& work = works_[next_++];
+    if (limitsNote_ && work.form->entry == EntryDialog::kRecoveryRanges) {
+        messages_.Show(*limitsNote_);
+    }
+    std::optional<PrintJob> job = PrintWork(host_, work);
+    RecordedForm form{work.form->name, work.record, std::move(job), messages_.Take()};
+    if (watch_) {
+        watch_(form);
+    }
+    return form;
+}
+
+std::vector<Finding> ReviewAsPrinted(SavedBatch saved, int levelCount, TextMetrics& metrics,
+                                     const ReviewLimits& limits) {
+    SteppedReview review(std::move(saved), levelCount, metrics, limits, {});
+    while (review.Step()) {
+    }
+    return review.Take();
 }
 
 }  // namespace qfr

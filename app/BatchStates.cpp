@@ -6,7 +6,6 @@
 #include <string_view>
 #include <utility>
 
-#include "app/BatchReview.h"
 #include "platform/Text.h"
 
 namespace qfr {
@@ -14,44 +13,6 @@ namespace qfr {
 namespace {
 
 constexpr std::string_view kRefusedRule = "form.refused";
-
-// How the jobs of one form have fared.
-struct Tally {
-    std::size_t Due = 0;
-    std::size_t Refused = 0;
-    std::size_t Unfinished = 0;  // printed, with an incomplete header
-    std::string Refusal;         // why the first one was refused
-    std::string Mend;            // where that is mended; empty: not known
-};
-
-void Count(Tally& tally, const RecordedForm& form, std::span<const SampleRecord> samples) {
-    ++tally.Due;
-    if (!form.Job) {
-        // The last message is the one after which the form gives up.
-        if (tally.Refused++ == 0 && !form.Messages.empty()) {
-            tally.Refusal = OneLine(form.Messages.back().text);
-        }
-    } else if (form.Record && FirstEmptyField(samples[*form.Record].Header)) {
-        ++tally.Unfinished;
-    }
-}
-
-FormState StateOf(const Tally& tally) {
-    const std::string ofAll = " of " + std::to_string(tally.Due);
-    if (tally.Due == 0) {
-        return {false, std::string(kNoTics)};
-    }
-    if (tally.Refused > 0) {
-        const std::string count = tally.Due > 1 ? std::to_string(tally.Refused) + ofAll + ": " : "";
-        // In a narrow column only the beginning shows: the place says most.
-        const std::string place = tally.Mend.empty() ? "" : tally.Mend + ": ";
-        return {false, count + place + tally.Refusal};
-    }
-    if (tally.Unfinished > 0) {
-        return {false, "Incomplete headers: " + std::to_string(tally.Unfinished) + ofAll};
-    }
-    return {true, "Ready"};
-}
 
 }  // namespace
 
@@ -72,22 +33,51 @@ std::string FindingText(const FindingCount& count) {
     return text.empty() ? "none" : text;
 }
 
-BatchStates LookThrough(SavedBatch saved, int levelCount, TextMetrics& metrics) {
-    const Batch batch = saved.Batch;
-    const std::span<const SampleRecord> samples = SamplesOf(batch);
+LookThrough::LookThrough(SavedBatch saved, int levelCount, TextMetrics& metrics)
+    : review_(std::move(saved), levelCount, metrics, {},
+              [this](const RecordedForm& form) { Count(form); }) {}
+
+LookThrough::Tally& LookThrough::TallyOf(std::string_view form) {
+    const auto row = std::ranges::find(kForms, form, &FormRow::name);
+    return tallies_[static_cast<std::size_t>(row - kForms.begin())];
+}
+
+void LookThrough::Count(const RecordedForm& form) {
+    Tally& tally = TallyOf(form.Form);
+    ++tally.Due;
+    if (!form.Job) {
+        // The last message is the one after which the form gives up.
+        if (tally.Refused++ == 0 && !form.Messages.empty()) {
+            tally.Refusal = OneLine(form.Messages.back().text);
+        }
+    } else if (form.Record && FirstEmptyField(review_.Samples()[*form.Record].Header)) {
+        ++tally.Unfinished;
+    }
+}
+
+FormState LookThrough::StateOf(const Tally& tally) {
+    const std::string ofAll = " of " + std::to_string(tally.Due);
+    if (tally.Due == 0) {
+        return {false, std::string(kNoTics)};
+    }
+    if (tally.Refused > 0) {
+        const std::string count = tally.Due > 1 ? std::to_string(tally.Refused) + ofAll + ": " : "";
+        // In a narrow column only the beginning shows: the place says most.
+        const std::string place = tally.Mend.empty() ? "" : tally.Mend + ": ";
+        return {false, count + place + tally.Refusal};
+    }
+    if (tally.Unfinished > 0) {
+        return {false, "Incomplete headers: " + std::to_string(tally.Unfinished) + ofAll};
+    }
+    return {true, "Ready"};
+}
+
+BatchStates LookThrough::Take() {
     BatchStates states;
-    states.Samples.resize(samples.size());
-    std::vector<Tally> tallies(kForms.size());
-    const auto tallyOf = [&tallies](std::string_view form) -> Tally& {
-        const auto row = std::ranges::find(kForms, form, &FormRow::name);
-        return tallies[static_cast<std::size_t>(row - kForms.begin())];
-    };
-    const std::vector<Finding> findings = ReviewAsPrinted(
-        std::move(saved), levelCount, metrics, {},
-        [&](const RecordedForm& form) { Count(tallyOf(form.Form), form, samples); });
-    for (const Finding& finding : findings) {
+    states.Samples.resize(review_.Samples().size());
+    for (const Finding& finding : review_.Take()) {
         if (finding.Rule->Id == kRefusedRule) {
-            tallyOf(finding.Form).Mend = MendText(finding.Mend);
+            TallyOf(finding.Form).Mend = MendText(finding.Mend);
         }
         const Severity severity = finding.Rule->Severity;
         for (const std::size_t record : finding.Records) {
@@ -95,7 +85,7 @@ BatchStates LookThrough(SavedBatch saved, int levelCount, TextMetrics& metrics) 
             states.Samples[record].Warnings += severity == Severity::kWarning ? 1 : 0;
         }
     }
-    for (const Tally& tally : tallies) {
+    for (const Tally& tally : tallies_) {
         states.Forms.push_back(StateOf(tally));
     }
     return states;

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "app/BatchFile.h"
+#include "app/BatchReview.h"
 #include "data/Batch.h"
 #include "forms/FormList.h"
 #include "platform/PrintLog.h"
@@ -44,8 +45,33 @@ struct BatchStates {
 };
 
 // Tries all forms once, as the review does, without asking anything: the dialogs answer with what
-// was entered. `levelCount` is as for ReviewAsPrinted. Files are read anew.
-BatchStates LookThrough(SavedBatch saved, int levelCount, TextMetrics& metrics);
+// was entered. Files are read anew. It goes in small steps, so that a window can answer meanwhile.
+class LookThrough {
+  public:
+    // `levelCount` is as for ReviewAsPrinted. The metrics outlive it.
+    LookThrough(SavedBatch saved, int levelCount, TextMetrics& metrics);
+
+    // Goes on by one sample, rule or form. False: there was nothing left to do.
+    bool Step() { return review_.Step(); }
+    // Comes once, when there is nothing left to do.
+    BatchStates Take();
+
+  private:
+    // How the jobs of one form have fared.
+    struct Tally {
+        std::size_t Due = 0;
+        std::size_t Refused = 0;
+        std::size_t Unfinished = 0;  // printed, with an incomplete header
+        std::string Refusal;         // why the first one was refused
+        std::string Mend;            // where that is mended; empty: not known
+    };
+    Tally& TallyOf(std::string_view form);
+    void Count(const RecordedForm& form);
+    static FormState StateOf(const Tally& tally);
+
+    std::vector<Tally> tallies_ = std::vector<Tally>(kForms.size());
+    SteppedReview review_;
+};
 
 // What the form's jobs are called, before the sample's number where they have one.
 std::string JobTitle(const FormRow& form);

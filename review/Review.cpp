@@ -259,28 +259,38 @@ std::string CountText(std::span<const Finding> findings, Severity severity) {
 }
 
 std::string CountText(std::size_t count, Severity severity) {
-    return std::to_string(count) + " " + std::string(SeverityName(severity)) +
-           (count == 1 ? "" : "s");
+    return Counted(count, SeverityName(severity));
 }
 
-std::vector<Finding> ReviewBatch(const ReviewInput& input) {
-    const Reviewed batch(input);
-    std::vector<Findings> findings;
-    for (const Rule& rule : kRules) {
-        findings.emplace_back(rule);
+RunningReview::RunningReview(ReviewInput input)
+    : input_(std::move(input)), batch_(std::make_unique<Reviewed>(input_)) {}
+
+RunningReview::~RunningReview() = default;
+
+bool RunningReview::Step() {
+    if (batch_->ReadNext(input_)) {
+        return true;
+    }
+    if (findings_.size() < std::size(kRules)) {
+        const Rule& rule = kRules[findings_.size()];
+        findings_.emplace_back(rule);
         if (rule.Look != nullptr) {
-            rule.Look(batch, findings.back());
+            rule.Look(*batch_, findings_.back());
+        }
+        return true;
+    }
+    const auto form = input_.NextForm();
+    for (std::size_t i = 0; form && i < std::size(kRules); ++i) {
+        if (kRules[i].LookAtForm != nullptr) {
+            kRules[i].LookAtForm(*batch_, *form, findings_[i]);
         }
     }
-    while (const auto form = input.NextForm()) {
-        for (std::size_t i = 0; i < std::size(kRules); ++i) {
-            if (kRules[i].LookAtForm != nullptr) {
-                kRules[i].LookAtForm(batch, *form, findings[i]);
-            }
-        }
-    }
+    return form.has_value();
+}
+
+std::vector<Finding> RunningReview::Take() {
     std::vector<Finding> all;
-    for (Findings& ofRule : findings) {
+    for (Findings& ofRule : findings_) {
         std::ranges::move(ofRule.Take(), std::back_inserter(all));
     }
     std::ranges::stable_sort(all, {}, [](const Finding& finding) {
@@ -288,6 +298,13 @@ std::vector<Finding> ReviewBatch(const ReviewInput& input) {
                          finding.Records.empty() ? 0 : finding.Records.front() + 1);
     });
     return all;
+}
+
+std::vector<Finding> ReviewBatch(const ReviewInput& input) {
+    RunningReview review(input);
+    while (review.Step()) {
+    }
+    return review.Take();
 }
 
 void Findings::Add(std::optional<std::size_t> record, const std::string& subject,

@@ -10,6 +10,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -106,5 +107,24 @@ struct ReviewInput {
 // By form, then sample (what is about the batch comes first), then rule. Time and memory go with
 // the number of samples.
 std::vector<Finding> ReviewBatch(const ReviewInput& input);
+
+// The same in small steps, for a window that has to answer between them.
+class RunningReview {
+  public:
+    explicit RunningReview(ReviewInput input);
+    ~RunningReview();
+    RunningReview(const RunningReview&) = delete;
+    RunningReview& operator=(const RunningReview&) = delete;
+
+    // Goes on by one sample, rule or form. False: there was nothing left to do.
+    bool Step();
+    // What was found. Comes once, when there is nothing left to do.
+    std::vector<Finding> Take();
+
+  private:
+    const ReviewInput input_;
+    std::unique_ptr<Reviewed> batch_;
+    std::vector<Findings> findings_;  // of the rules that have looked at the batch
+};
 
 }  // namespace qfr

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "data/CalibrationEntryRules.h"
@@ -31,22 +32,31 @@ Reviewed::Reviewed(const ReviewInput& input)
     : Batch(input.Batch),
       Samples(SamplesOf(input.Batch)),
       Limits(input.Limits),
-      Saved(input.Entries) {
-    ReadSamples(input);
-    ReadCalibration(input);
-    ReadCheck(input);
-    BuildSummaries(input);
+      Saved(input.Entries) {}
+
+bool Reviewed::ReadNext(const ReviewInput& input) {
+    constexpr std::array kParts = {&Reviewed::ReadCalibration, &Reviewed::ReadCheck,
+                                   &Reviewed::BuildRecoveries, &Reviewed::BuildCalibrations,
+                                   &Reviewed::BuildStandards};
+    if (Quant.size() < Samples.size()) {
+        ReadSample(input);
+        return true;
+    }
+    if (partsRead_ == kParts.size()) {
+        return false;
+    }
+    (this->*kParts[partsRead_++])(input);
+    return true;
 }
 
-void Reviewed::ReadSamples(const ReviewInput& input) {
+void Reviewed::ReadSample(const ReviewInput& input) {
     Unheard messages;
-    for (std::size_t record = 0; record < Samples.size(); ++record) {
-        Quant.push_back(input.Reports.Read<QuantReport>(Samples[record].FileName, Batch.Folder));
-        DataSheets.push_back(BuildForm1VoaContent(Batch, record, input.Reports, messages));
-        for (int number = 1; number <= SampleHeader::kCount; ++number) {
-            const HeaderField field = HeaderFieldAt(number);
-            HeaderTexts.try_emplace(Header(record, field), record, field);
-        }
+    const std::size_t record = Quant.size();
+    Quant.push_back(input.Reports.Read<QuantReport>(Samples[record].FileName, Batch.Folder));
+    DataSheets.push_back(BuildForm1VoaContent(Batch, record, input.Reports, messages));
+    for (int number = 1; number <= SampleHeader::kCount; ++number) {
+        const HeaderField field = HeaderFieldAt(number);
+        HeaderTexts.try_emplace(Header(record, field), record, field);
     }
 }
 
@@ -93,14 +103,20 @@ void Reviewed::ReadCheck(const ReviewInput& input) {
     }
 }
 
-void Reviewed::BuildSummaries(const ReviewInput& input) {
+void Reviewed::BuildRecoveries(const ReviewInput& input) {
+    Unheard messages;
+    if (const auto record = FirstCompleteRecord(Samples)) {
+        Recoveries = BuildForm2Content(Batch, *record, Saved.Ranges, input.Reports, messages);
+    }
+}
+
+void Reviewed::BuildCalibrations(const ReviewInput& input) {
     Unheard messages;
     const std::optional<std::size_t> record = FirstCompleteRecord(Samples);
     if (!record) {
         return;
     }
     const SampleHeader& header = Samples[*record].Header;
-    Recoveries = BuildForm2Content(Batch, *record, Saved.Ranges, input.Reports, messages);
     if (Calibration) {
         InitialCalibration = BuildForm6Content(header, *Calibration, LevelCount, Initial, messages);
     }
@@ -110,7 +126,12 @@ void Reviewed::BuildSummaries(const ReviewInput& input) {
         ContinuingCalibration = BuildForm7Content(header, InitialCalibration->Compounds, *Check,
                                                   criteria->Criteria, Continuing);
     }
-    if (Check || Calibration) {
+}
+
+void Reviewed::BuildStandards(const ReviewInput& input) {
+    Unheard messages;
+    const std::optional<std::size_t> record = FirstCompleteRecord(Samples);
+    if (record && (Check || Calibration)) {
         InternalStandards = BuildForm8Content(Batch, *record, Check ? &*Check : nullptr,
                                               Calibration ? &*Calibration : nullptr, LevelCount,
                                               Summary, input.Reports, messages);

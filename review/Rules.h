@@ -29,6 +29,10 @@ namespace qfr {
 struct Reviewed {
     explicit Reviewed(const ReviewInput& input);
 
+    // Reads the next sample, and behind the last one what the batch's forms state, part by part.
+    // False: everything was read.
+    bool ReadNext(const ReviewInput& input);
+
     const qfr::Batch& Batch;
     std::span<const SampleRecord> Samples;
     const ReviewLimits& Limits;
@@ -71,10 +75,14 @@ struct Reviewed {
     std::optional<DateTime> StandardAnalyzed() const;
 
   private:
-    void ReadSamples(const ReviewInput& input);
+    void ReadSample(const ReviewInput& input);
     void ReadCalibration(const ReviewInput& input);
     void ReadCheck(const ReviewInput& input);
-    void BuildSummaries(const ReviewInput& input);
+    void BuildRecoveries(const ReviewInput& input);
+    void BuildCalibrations(const ReviewInput& input);
+    void BuildStandards(const ReviewInput& input);
+
+    std::size_t partsRead_ = 0;  // besides the samples
 };
 
 // Takes what a rule finds. What it says of several samples in the same words becomes one finding.

@@ -14,11 +14,17 @@ SavedBatch ExampleBatch() {
     return std::get<SavedBatch>(RestoreBatch(*LineReader::Open(PathOf(file)), file));
 }
 
-// Of the forms that are not ready, after their names.
-std::string Lacking(const SavedBatch& saved) {
+BatchStates LookedThrough(const SavedBatch& saved) {
     TimesMetrics metrics;
+    LookThrough look(saved, 0, metrics);
+    while (look.Step()) {
+    }
+    return look.Take();
+}
+
+// Of the forms that are not ready, after their names.
+std::string Lacking(const BatchStates& states) {
     std::string texts;
-    const BatchStates states = LookThrough(saved, 0, metrics);
     for (std::size_t i = 0; i < kForms.size(); ++i) {
         EXPECT_EQ(states.Forms[i].Ready, states.Forms[i].Text == "Ready");
         if (!states.Forms[i].Ready) {
@@ -51,28 +57,47 @@ TEST(BatchStates, SayInOneLineWhatEachFormLacks) {
     for (const auto& [change, lacking] : cases) {
         SavedBatch saved = ExampleBatch();
         change(saved);
-        EXPECT_EQ(Lacking(saved), lacking);
+        EXPECT_EQ(Lacking(LookedThrough(saved)), lacking);
     }
     SavedBatch unfinished = ExampleBatch();
     for (SampleRecord& sample : *unfinished.Batch.SampleList) {
         sample.Header[HeaderField::kContract] = " ";
     }
-    EXPECT_THAT(Lacking(unfinished),
+    EXPECT_THAT(Lacking(LookedThrough(unfinished)),
                 testing::StartsWith("1: Incomplete headers: 10 of 10|tic: Incomplete headers: 2 of "
                                     "2|2: Form 1 Header, Contract: Header information is not "
                                     "complete for Form 2. Go to Form1 "));
-    EXPECT_THAT(Lacking({}),
+    EXPECT_THAT(Lacking(LookedThrough({})),
                 testing::HasSubstr("|tic: No sample has TICs.|2: Load Files, Quant. Files: Please "
                                    "use Data Files|Load Files menu selections to specify files.|4: "
                                    "Load Files, Lab Blank: "));
 }
 
+TEST(BatchStates, AreFoundOutInSmallStepsOnABatchOfTheirOwn) {
+    TimesMetrics metrics;
+    auto saved = std::make_unique<SavedBatch>(ExampleBatch());
+    LookThrough example(*saved, 0, metrics);
+    saved->Entries.Tune.SampleNo.clear();
+    LookThrough changed(*saved, 0, metrics);
+    const std::size_t least = SamplesOf(saved->Batch).size() + ReviewRules().size() +
+                              PlanWholePackage(saved->Batch).size();
+    saved.reset();
+    std::size_t steps = 0;
+    while (example.Step()) {
+        changed.Step();
+        ++steps;
+    }
+    EXPECT_FALSE(changed.Step() || example.Step());
+    EXPECT_GE(steps, least);
+    EXPECT_EQ(Lacking(example.Take()) + Lacking(changed.Take()),
+              "5: BFB tune (Form V), Sample no.: Please enter a value.|");
+}
+
 TEST(BatchStates, CountTheFindingsOfEachSample) {
     SavedBatch saved = ExampleBatch();
     saved.Batch.SampleList->at(3).Header[HeaderField::kConcUnits] = "ug/kg";
-    TimesMetrics metrics;
     std::string texts;
-    for (const FindingCount& count : LookThrough(saved, 0, metrics).Samples) {
+    for (const FindingCount& count : LookedThrough(saved).Samples) {
         texts += FindingText(count) + "|";
     }
     EXPECT_EQ(texts,
@@ -105,7 +130,8 @@ TEST(BatchStates, KnowTheFormsOfPrintedJobsByTheirTitles) {
 TEST(RecentBatches, AreTheLastEightEachOnce) {
     const TempDir dir;
     const std::string kept = dir.Write("kept.qff", "");
-    fs::create_hard_link(PathOf(kept), dir.Path() / "link.qff");
+    fs::create_directory(dir.Path() / "link");
+    fs::create_hard_link(PathOf(kept), dir.Path() / "link" / "kept.qff");
     const auto gone = [&dir](int number) {
         return TextOf(dir.Path() / (std::to_string(number) + ".qff"));
     };
@@ -117,7 +143,7 @@ TEST(RecentBatches, AreTheLastEightEachOnce) {
     EXPECT_EQ(recent.back(), kept);
     recent = WithRecentBatch(recent, TextOf(dir.Path() / "." / "x" / ".." / "3.qff"));
     EXPECT_EQ(recent[0] + recent[1] + recent.back(), gone(3) + gone(7) + kept);
-    recent = WithRecentBatch(recent, TextOf(dir.Path() / "link.qff"));
+    recent = WithRecentBatch(recent, TextOf(dir.Path() / "link" / "kept.qff"));
     EXPECT_EQ(recent.size(), kRecentBatches) << "the same file";
     EXPECT_EQ(recent[1], gone(3));
     EXPECT_EQ(WithRecentBatch(recent, gone(9)).back(), gone(2));

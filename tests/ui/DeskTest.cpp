@@ -1,4 +1,7 @@
 // The main window's own page: what there is to begin with, and the batch's two tables.
+#include <chrono>
+#include <optional>
+
 #include <QAccessible>
 #include <QLabel>
 #include <QMenuBar>
@@ -14,6 +17,7 @@ namespace qfr::test {
 namespace {
 
 namespace fs = std::filesystem;
+using std::chrono::milliseconds;
 
 struct DeskRig : WindowRig {
     DeskRig() {
@@ -96,6 +100,9 @@ TEST(Desk, OffersTheBatchesOfLate) {
     rig.form.ShowMainWindow();
     EXPECT_EQ(rig.Focus(), "RecentTree");
     const auto& tree = rig.Get<QTreeWidget>("RecentTree");
+    ASSERT_EQ(tree.topLevelItemCount(), 3) << "at once";
+    const auto isKnown = [&] { return tree.findItems("...", Qt::MatchExactly, 1).empty(); };
+    ASSERT_TRUE(QTest::qWaitFor(isKnown));
     std::string shown;
     for (int row = 0; row < tree.topLevelItemCount(); ++row) {
         const QTreeWidgetItem& item = *tree.topLevelItem(row);
@@ -159,6 +166,63 @@ TEST(Desk, ShowsHowFarSamplesAndFormsAre) {
     EXPECT_THAT(rig.Row("FormsTable", 0), testing::EndsWith("|...|||")) << "another batch";
 }
 
+// Acts in the middle of a look through, of which a form takes its time.
+struct InterruptedRig : DeskRig {
+    bool LookAndAct(milliseconds time, const std::function<void()>& act) {
+        bool acted = false;
+        metrics.onMeasure = [&, time] {
+            QTest::qSleep(static_cast<int>(time.count()));
+            QTimer::singleShot(0, &form, [&] {
+                EXPECT_THAT(Row("FormsTable", 0), testing::HasSubstr("|...|"));
+                act();
+                acted = true;
+            });
+        };
+        OpenExample();
+        return QTest::qWaitFor([&] { return acted; });
+    }
+    // Of the first form, when it is known again.
+    std::string State() const {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !Contains(Row("FormsTable", 0), "|...|"); }));
+        return Row("FormsTable", 0);
+    }
+};
+
+TEST(Desk, StartsItsLookThroughAnewWhenTheBatchChanges) {
+    for (const bool isTold : {false, true}) {
+        InterruptedRig rig;
+        EXPECT_TRUE(rig.LookAndAct(milliseconds(30), [&] {
+            rig.Samples()[4].Header[HeaderField::kLabName] = "";
+            if (isTold) {
+                rig.form.ShowMainWindow();
+            }
+        }));
+        EXPECT_THAT(rig.State(), testing::HasSubstr("|Incomplete headers: 1 of 10|"));
+    }
+}
+
+TEST(Desk, RestsItsLookThroughWhileADialogIsOpenAndEndsItWithTheProgram) {
+    std::optional<InterruptedRig> rig(std::in_place);
+    int measured = 0;
+    const std::function<void()> count = [&] {
+        ++measured;
+        rig->metrics.onMeasure = count;
+    };
+    EXPECT_TRUE(rig->LookAndAct(milliseconds(600), [&] {
+        EXPECT_TRUE(rig->Get("LookingLabel").isVisible());
+        QDialog dialog(&rig->form);
+        QTimer::singleShot(300, &dialog, &QDialog::reject);
+        count();
+        dialog.exec();
+    }));
+    EXPECT_EQ(measured, 1);
+    EXPECT_THAT(rig->State(), testing::HasSubstr("|Ready|"));
+    EXPECT_GT(measured, 1);
+    EXPECT_FALSE(rig->Get("LookingLabel").isVisible());
+    EXPECT_TRUE(rig->LookAndAct(milliseconds(30), [] {}));
+    rig.reset();
+}
+
 TEST(Desk, LeadsToTheEntries) {
     DeskRig rig;
     rig.OpenExample();
@@ -184,7 +248,7 @@ TEST(Desk, PrintsAFormOrTheSheetsOfASample) {
     rig.OpenExample();
     rig.Choose("FormsTable", 3);
     rig.Type("&m");
-    EXPECT_EQ(rig.Status(), "Print Form: 1 of 1 jobs printed.");
+    EXPECT_EQ(rig.Status(), "Print Form: 1 of 1 job printed.");
     EXPECT_EQ(rig.sink.jobs.at(0).title, "Form 4 VBLK01");
     rig.sink.jobs.clear();
     rig.Choose("SamplesTable", 6);

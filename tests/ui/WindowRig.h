@@ -8,6 +8,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include <QAbstractButton>
@@ -156,6 +157,17 @@ inline std::string Example(const std::string& name) {
     return TextOf(ExampleDir() / name);
 }
 
+// Something else is done the next time a text is measured.
+struct InterruptedMetrics : TimesMetrics {
+    int TextWidth(std::string_view utf8, int points) override {
+        if (const auto act = std::exchange(onMeasure, nullptr)) {
+            act();
+        }
+        return TimesMetrics::TextWidth(utf8, points);
+    }
+    std::function<void()> onMeasure;
+};
+
 struct WindowRig : WindowUser {
     WindowRig() {
         dir.Write("QFRpaths.txt", "/reports\n/calibrations\n/texts\n/batches\n");
@@ -198,7 +210,7 @@ struct WindowRig : WindowUser {
     TempDir dir;
     MessageLog log;
     ChooserScript chooser;
-    TimesMetrics metrics;
+    InterruptedMetrics metrics;
     JobLog sink;
     SettingsDir settings{dir.Path(), dir.Path()};
     Remembered memory{settings};
