@@ -164,6 +164,11 @@ class Program:
              and each.get_process_id() == self._process.pid), None))
         self._root.setCacheMask(0)
 
+    def file_manager(self, log):
+        """Starts one for this desktop. What it is to show it writes to the log."""
+        self._desktop.run(sys.executable, "-B", str(pathlib.Path(__file__).with_name("file_manager.py")), str(log))
+        wait_for("the file manager", log.exists)
+
     def send(self, signal_number):
         """What ends the program at once, or asks it to end."""
         self._process.send_signal(signal_number)

@@ -4,6 +4,8 @@ Form 4 goes to a file and Form 2 to the preview, each by the drop-down beside th
 
 from desktop import fresh_program, run_main, wait_for
 
+FILE = "blank #1.pdf"  # as no URL has it
+
 
 def print_to_file(program, directory):
     program.menu("Forms", "Form 4 Method Blank Summary")
@@ -11,17 +13,21 @@ def print_to_file(program, directory):
     program.choose("Print to:", "PDF file", dialog)
     program.press("OK", dialog)
     save = program.window("Save As")
-    program.enter("File name:", str(directory / "blank.pdf"), save)
+    program.enter("File name:", str(directory / FILE), save)
     program.press("Save", save)
     program.gone("Save As")
-    assert (directory / "blank.pdf").exists()
-    program.find("label", "Form 4 VBLK01 saved as blank.pdf")
+    assert (directory / FILE).exists()
+    program.find("label", f"Form 4 VBLK01 saved as {FILE}")
     window = program.window("QFR Forms", "printed")
-    (directory / "blank.pdf").unlink()
+    program.file_manager(directory / "shown")
+    program.press("Show in Folder", window)
+    wait_for("the file in its folder",
+             lambda: (directory / "shown").read_text(encoding="utf-8") == (directory / FILE).as_uri() + "\n")
+    (directory / FILE).unlink()
     for caption in ("Open File", "Show in Folder"):
         program.press(caption, window)
         message = program.window("File Not Found", "moved")
-        program.find("label", "blank.pdf is no longer where it was saved.", message)
+        program.find("label", f"{FILE} is no longer where it was saved.", message)
         program.press("OK", message)
         program.gone("File Not Found")
 
@@ -52,7 +58,7 @@ def look_at_pages(program):
     wait_for("the first page", lambda: page.currentValue == 1)
     program.press_keys("Escape")
     program.gone("Print Preview - Form 2")
-    assert program.has("label", "Form 4 VBLK01 saved as blank.pdf"), "what was only looked at is not printed"
+    assert program.has("label", f"Form 4 VBLK01 saved as {FILE}"), "what was only looked at is not printed"
 
 
 def main(programs, pictures):

@@ -2,12 +2,15 @@
 // pages as they are painted on all of them.
 #include <gmock/gmock.h>
 
+#include <QDesktopServices>
 #include <QFileDialog>
 #include <QImage>
 #include <QMessageBox>
+#include <QTextBrowser>
 
 #include "platform/Text.h"
 #include "platform/qt/DesktopSink.h"
+#include "platform/qt/FileOpener.h"
 #include "platform/qt/PagePainter.h"
 #include "platform/qt/PrinterQueue.h"
 #include "platform/qt/PrinterSetupDialog.h"
@@ -90,6 +93,16 @@ TEST_F(DesktopSinkTest, TellsOfCharactersThatNoFontHas) {
     EXPECT_THAT(log.TakeTexts(),
                 testing::ElementsAre("No installed font has the character U+10FFFB.\n"
                                      "A box is printed in its place."));
+}
+
+TEST(FileOpener, HandsOverTheFileThatTheNameSays) {
+    QTextBrowser desktop;  // which is asked to open URLs
+    QDesktopServices::setUrlHandler("file", &desktop, "setSource");
+    for (const char* const file : {"/no such folder/50%25 #1?.pdf", "/\u00e9/\u65e5.pdf"}) {
+        EXPECT_TRUE(OpenWithDesktop(file));
+        EXPECT_EQ(desktop.source().toLocalFile().toStdString(), file);
+    }
+    QDesktopServices::unsetUrlHandler("file");
 }
 
 TEST(PrinterSetup, GivesThePrinterWhatIsChosen) {
