@@ -218,11 +218,12 @@ void BatchPage::WaitLonger() {
 }
 
 void BatchPage::GoOnLooking() {
-    // Above it something else is in use; when that closes, the window is activated again.
-    if (!isVisible() || QApplication::activeModalWidget() != nullptr) {
-        return;
+    if (!isVisible()) {
+        return;  // it is shown again
     }
-    if (QApplication::activePopupWidget() != nullptr) {
+    // Above it something else is in use.
+    if (QApplication::activeModalWidget() != nullptr ||
+        QApplication::activePopupWidget() != nullptr) {
         next_.start(kPause);
         return;
     }
