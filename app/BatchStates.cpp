@@ -55,11 +55,6 @@ FormState StateOf(const Tally& tally) {
 
 }  // namespace
 
-int FilledFields(const SampleHeader& header) {
-    return static_cast<int>(std::ranges::count_if(
-        header.Values(), [](const std::string& value) { return !IsBlank(value); }));
-}
-
 std::string FindingText(const FindingCount& count) {
     std::string text;
     const auto add = [&text](std::size_t number, Severity severity) {
