@@ -145,8 +145,10 @@ TEST_F(Sheet, KeepsRefusedValuesOutAndMatrixRulesIn) {
     EXPECT_EQ(Values(Cells(1, kDateAnalyzed, 1, kPercentMoisture)), "05/18/2005 10:00|12|");
     EXPECT_EQ(Header(1)[kSoilExtractVolume] + Header(1)[kSoilAliquotVolume], "00");
     EXPECT_EQ(sheet.Shown({1, kDateAnalyzed}), "5/32/2005");
-    EXPECT_EQ(sheet.NoteOf({1, kDateAnalyzed}).Text,
-              "Date Analyzed is no date. It was not taken; the header has 05/18/2005 10:00.");
+    EXPECT_EQ(
+        sheet.NoteOf({1, kDateAnalyzed}).Text,
+        "Date Analyzed is no date. 05/32/2005 does not exist: May 2005 has 31 days. It was not "
+        "taken; the header has 05/18/2005 10:00.");
     EXPECT_TRUE(
         sheet.ChangesBy({{{1, kDateAnalyzed}, "5/32/2005"}, {{1, kMatrix}, "SOIL"}}).empty());
 

@@ -49,9 +49,9 @@ TEST_F(Recovery, BringsBackWhatABatchFileLacksToo) {
     blank.Batch.Files.QFiles.clear();
     blank.Batch.SampleList->resize(1);
     const std::pair<SavedBatch, const char*> cases[] = {
-        {blank, "lab blank A1, no samples yet, as of"},
-        {full, "2 samples, A1 to A2"},
-        {early, "120 samples, A1 to ZA120"},
+        {blank, "lab blank /d/vblk.prn1, no samples yet, as of"},
+        {full, "2 samples, /d/a.prn1 to /d/gelöst.prn1, as of"},
+        {early, "120 samples, /d/vblk.prn1 to ZA120, as of"},
         {oil, "2 samples"}};
     for (const auto& [saved, samples] : cases) {
         const fs::path file = PathOf(Write("a.recovery", saved));

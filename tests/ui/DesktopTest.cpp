@@ -307,6 +307,8 @@ TEST(QtMessages, TakeEscapeForNoOnlyWhereNoIsTheDefault) {
                                                            {Qt::Key_Escape, true, true, false},
                                                            {Qt::Key_Return, true, true, false}};
     for (const auto& [key, noByDefault, answers, answer] : cases) {
+        Message question{"Close?", "Warning"};
+        question.noByDefault = noByDefault;
         bool answered = false;
         QTimer::singleShot(0, [&, pressed = key] {
             auto& box = *static_cast<QMessageBox*>(QApplication::activeModalWidget());
@@ -314,7 +316,7 @@ TEST(QtMessages, TakeEscapeForNoOnlyWhereNoIsTheDefault) {
             answered = !box.isVisible();
             answered ? void() : box.button(QMessageBox::Yes)->click();
         });
-        EXPECT_EQ(QtMessages().AskYesNo({.text = "Close?", .noByDefault = noByDefault}), answer);
+        EXPECT_EQ(QtMessages().AskYesNo(question), answer);
         EXPECT_EQ(answered, answers);
     }
 }
