@@ -82,7 +82,7 @@ def find_and_refuse(program):
     window = program.window("Edit All Headers", "Edit All Headers, again")
     program.press_keys("Ctrl+f")
     program.wait_for_focus("text", "Find:", window)
-    program.type("zb00")
+    program.type("zb01")
     program.find("label", "1 of 20", window)  # ten numbers, and ten lab file IDs
     program.press_keys("Return", "Shift+F3", "Shift+F3")
     program.find("label", "20 of 20", window)
