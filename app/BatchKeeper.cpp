@@ -40,6 +40,18 @@ std::vector<const HoldsEntries*> OpenWindows() {
     return windows;
 }
 
+bool LiesIn(fs::path folder, const fs::path& outer) {
+    std::error_code unknown;
+    while (!fs::equivalent(folder, outer, unknown)) {
+        const fs::path above = folder.parent_path();
+        if (above == folder) {
+            return false;
+        }
+        folder = above;
+    }
+    return true;
+}
+
 }  // namespace
 
 BatchKeeper::BatchKeeper(TQFRForm& window, std::function<void(const QString& note)> tell)
@@ -71,9 +83,14 @@ std::optional<Message> BatchKeeper::ReplaceQuestion() const {
                    "Warning", MessageIcon::kWarning};
 }
 
-SaveRequest BatchKeeper::Proposal(const std::string& folder) const {
-    return {SaveKind::kBatch, HasFileOfItsOwn() ? FolderOnly(fileName_) : folder,
-            FileNameOnly(fileName_)};
+SaveRequest BatchKeeper::Proposal(const std::string& folder, const Remembered& memory) const {
+    std::string start = folder;
+    if (HasFileOfItsOwn()) {
+        start = FolderOnly(fileName_);
+    } else if (LiesIn(PathOf(folder), PathOf(window_.Settings().ProgramDir()))) {
+        start = memory.UsersFolder({kBatchFolder});
+    }
+    return {SaveKind::kBatch, start, FileNameOnly(fileName_)};
 }
 
 void BatchKeeper::Replaced(std::string fileName) {

@@ -13,6 +13,7 @@
 #include "app/Recovery.h"
 #include "app/RecoveryStore.h"
 #include "platform/FileChooser.h"
+#include "platform/qt/Remembered.h"
 
 namespace qfr {
 
@@ -31,8 +32,9 @@ class BatchKeeper : public QObject {
     // The question that Save asks where another program has changed the file; absent where it has
     // not.
     std::optional<Message> ReplaceQuestion() const;
-    // What the save dialog starts with: the batch's own name and folder, or else this folder.
-    SaveRequest Proposal(const std::string& folder) const;
+    // What the save dialog starts with: the batch's own name and folder. One without a file of its
+    // own goes to `folder`, or where that is the program's, to where the user has batches.
+    SaveRequest Proposal(const std::string& folder, const Remembered& memory) const;
 
     // The main window has taken the batch of a file; `asSaved`: nothing of it came back otherwise.
     void Restored(const std::string& fileName, bool asSaved);

@@ -16,11 +16,6 @@ constexpr std::string_view kRefusedRule = "form.refused";
 
 }  // namespace
 
-int FilledFields(const SampleHeader& header) {
-    return static_cast<int>(std::ranges::count_if(
-        header.Values(), [](const std::string& value) { return !IsBlank(value); }));
-}
-
 std::string FindingText(const FindingCount& count) {
     std::string text;
     const auto add = [&text](std::size_t number, Severity severity) {

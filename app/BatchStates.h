@@ -18,9 +18,6 @@
 
 namespace qfr {
 
-// How many of the 26 header values are not blank.
-int FilledFields(const SampleHeader& header);
-
 // What a reviewer would flag about one sample.
 struct FindingCount {
     std::size_t Errors = 0;

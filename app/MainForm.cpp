@@ -10,15 +10,14 @@
 #include <QIcon>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPainter>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QStatusBar>
-#include <QStyle>
 
 #include "app/AboutBox.h"
 #include "app/BatchKeeper.h"
 #include "app/BatchReview.h"
+#include "app/BatchStatus.h"
 #include "app/Desk.h"
 #include "app/ExportMenu.h"
 #include "app/PrintAll.h"
@@ -46,7 +45,6 @@ constexpr int kHelpTopic = 10;
 constexpr QSize kWindowSize(960, 640);
 constexpr QSize kWindowFrame(10, 40);
 constexpr int kStateLetters = 130;  // that the status bar has room for
-constexpr int kNameLetters = 17;    // of them for each file
 constexpr int kNoteTime = 8000;     // ms
 
 QIcon ProgramIcon() {
@@ -56,43 +54,6 @@ QIcon ProgramIcon() {
     }
     return icon;
 }
-
-bool IsComplete(const SampleRecord& record) {
-    return !FirstEmptyField(record.Header);
-}
-
-QString NameOrNone(const std::string& path) {
-    return path.empty() ? QString("none") : QString::fromStdString(FileNameOnly(path));
-}
-
-// Shows the ends of a name that the status bar has no room for, so that the counts beside it stay
-// whole.
-class NameLabel : public QLabel {
-  public:
-    using QLabel::QLabel;
-
-    QSize minimumSizeHint() const override {
-        const QSize whole = QLabel::minimumSizeHint();
-        return {std::min(whole.width(), kNameLetters * fontMetrics().averageCharWidth()),
-                whole.height()};
-    }
-
-  protected:
-    void paintEvent(QPaintEvent* event) override {
-        if (width() >= sizeHint().width()) {
-            QLabel::paintEvent(event);
-            return;
-        }
-        QPainter painter(this);
-        const QRect place = contentsRect();
-        const QString caption = text().left(text().indexOf(' ', text().indexOf(':')) + 1);
-        const QString name =
-            fontMetrics().elidedText(text().mid(caption.size()), Qt::ElideMiddle,
-                                     place.width() - fontMetrics().horizontalAdvance(caption));
-        style()->drawItemText(&painter, place, Qt::AlignLeft | Qt::AlignVCenter, palette(),
-                              isEnabled(), caption + name, foregroundRole());
-    }
-};
 
 void ShowEach(const std::vector<std::optional<Message>>& notes, Messages& messages) {
     for (const std::optional<Message>& note : notes) {
@@ -149,12 +110,7 @@ void TQFRForm::OnCreate() {
                       .RecoverBatch = [this] { RecoverLastBatch(); },
                       .OpenBatch = openBatch});
     setCentralWidget(desk_);
-    state_ = {new NameLabel(this), new QLabel(this), new QLabel(this), new NameLabel(this),
-              new NameLabel(this)};
-    for (QLabel* const label : state_) {
-        label->setContentsMargins(6, 1, 6, 1);
-        statusBar()->addWidget(label);
-    }
+    status_ = std::make_unique<BatchStatus>(*statusBar());
     printBar_ = new PrintBar(
         {*this, runPrinter_, services_.Printed, services_.OpenFile, services_.ShowInFolder}, this);
     addToolBar(Qt::BottomToolBarArea, printBar_);
@@ -260,8 +216,8 @@ void TQFRForm::OpenDropped(const std::vector<std::string>& files) {
 }
 
 TQFRForm::SaveResult TQFRForm::Save() {
-    const std::optional<ChosenFiles> chosen =
-        services_.Chooser.Save(keeper_->Proposal(paths_.StartFolder(FileKind::kBatch)));
+    const std::optional<ChosenFiles> chosen = services_.Chooser.Save(
+        keeper_->Proposal(paths_.StartFolder(FileKind::kBatch), services_.Memory));
     return chosen ? WriteBatch(chosen->files.front()) : SaveResult::kCancelled;
 }
 
@@ -548,7 +504,8 @@ void TQFRForm::ShowHelp(int topic) {
 void TQFRForm::ShowMainWindow() {
     ShowBatchState();
     show();
-    activateWindow();  // a question that has just closed may have taken its owner with it
+    // The focus may be on its way from a question to its owner, which has just closed, too.
+    activateWindow();
     review_->ComeBack();
 }
 
@@ -558,28 +515,8 @@ void TQFRForm::ShowPrinted() {
 }
 
 void TQFRForm::ShowBatchState() {
-    const qfr::Batch& batch = Batch();
-    const FileSet& files = batch.Files;
-    const bool loaded = IsLoaded(batch);
-    std::array<QString, 5> texts;
-    if (loaded) {
-        const SampleListType none;
-        const SampleListType& samples = batch.SampleList ? *batch.SampleList : none;
-        const auto complete = std::count_if(samples.begin(), samples.end(), IsComplete);
-        texts = {QString("Lab blank: ") + NameOrNone(files.LabBlank),
-                 QString("Samples: %1").arg(files.QFiles.size()),
-                 QString("Headers complete: %1 of %2").arg(complete).arg(samples.size()),
-                 QString("Calibration: ") + NameOrNone(files.Calib),
-                 QString("Check: ") + NameOrNone(files.CheckCal)};
-    }
-    // While a note shows in their place, they would show over it.
-    statusBar()->clearMessage();
-    printBar_->setVisible(loaded);
-    for (std::size_t i = 0; i < state_.size(); ++i) {
-        state_[i]->setText(texts[i]);
-        state_[i]->setToolTip(texts[i]);
-        state_[i]->setVisible(loaded);
-    }
+    status_->Show(Batch());
+    printBar_->setVisible(IsLoaded(Batch()));
     keeper_->Check();
     ShowPrinted();
 }

@@ -1,7 +1,6 @@
 // The main window: its menu starts everything that the program does.
 #pragma once
 
-#include <array>
 #include <functional>
 #include <map>
 #include <memory>
@@ -9,7 +8,6 @@
 #include <string_view>
 #include <vector>
 
-#include <QLabel>
 #include <QMainWindow>
 
 #include "app/BatchFile.h"
@@ -57,6 +55,7 @@ struct DesktopServices {
 };
 
 class BatchKeeper;
+class BatchStatus;
 class Desk;
 class PrintBar;
 class ReviewDialog;
@@ -163,7 +162,7 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
     BatchFlags flags_;
     qfr::Entries entries_;
     Desk* desk_ = nullptr;
-    std::array<QLabel*, 5> state_{};  // of the batch, in the status bar
+    std::unique_ptr<BatchStatus> status_;
     PrintBar* printBar_ = nullptr;
     bool exiting_ = false;
 

@@ -194,11 +194,12 @@ std::optional<FileStamp> StampOf(const fs::path& file) {
 
 RecoveryHead RecoveryHeadOf(const Batch& batch, const Entries& entries) {
     RecoveryHead head;
-    const std::span<const SampleRecord> samples = SamplesOf(batch);
+    const std::span<const SampleRecord> samples = SamplesBesidesBlank(batch);
+    const std::span<const SampleRecord> named = samples.empty() ? SamplesOf(batch) : samples;
     head.Samples = samples.size();
-    if (!samples.empty()) {
-        head.FirstSample = SampleName(samples.front());
-        head.LastSample = SampleName(samples.back());
+    if (!named.empty()) {
+        head.FirstSample = SampleName(named.front());
+        head.LastSample = SampleName(named.back());
     }
     head.Folder = batch.Folder;
     head.Limits = entries.Ranges.Limits;
@@ -235,6 +236,7 @@ std::string OfferText(const RecoveryOffer& offer) {
     const RecoveryHead& head = offer.Head;
     std::string text = head.BatchFile.empty() ? "" : FileNameOnly(head.BatchFile) + ": ";
     if (head.Samples == 0) {
+        text += head.FirstSample.empty() ? "" : "lab blank " + head.FirstSample + ", ";
         text += "no samples yet";
     } else if (head.Samples == 1) {
         text += "1 sample, " + head.FirstSample;

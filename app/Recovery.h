@@ -35,8 +35,9 @@ std::optional<FileStamp> StampOf(const std::filesystem::path& file);
 // What stands in a recovery file before the batch.
 struct RecoveryHead {
     std::time_t WrittenAt = 0;
-    std::size_t Samples = 0;
-    std::string FirstSample;  // their numbers, or else their reports
+    std::size_t Samples = 0;  // besides the lab blank
+    // Their numbers, or else their reports; without samples, the lab blank's if there is one.
+    std::string FirstSample;
     std::string LastSample;
     std::string BatchFile;           // full path (UTF-8); empty: the batch has never had a file
     std::optional<FileStamp> Stamp;  // of that file when it was last read or written
@@ -59,7 +60,7 @@ struct RecoveryOffer {
     std::filesystem::path File;
     RecoveryHead Head;
 };
-// "monday.qff: 10 samples, VBLK01 to ZA109, as of 05/18/2005 14:05", in local time.
+// "monday.qff: 9 samples, ZA101 to ZA109, as of 05/18/2005 14:05", in local time.
 std::string OfferText(const RecoveryOffer& offer);
 
 // Whether the program that writes a recovery file still runs.

@@ -24,7 +24,7 @@ SampleTable::Line SampleTable::LineOf(const SampleRecord& sample, int number) {
     Line line;
     line.Path = Shown(sample.FileName);
     line.Analyzed = ParseDateTime(date).value_or(DateTime{}).seconds;
-    line.Filled = FilledFields(sample.Header);
+    line.Filled = SampleHeader::kCount - static_cast<int>(EmptyFields(sample.Header).size());
     line.Tics = sample.TicList ? static_cast<int>(sample.TicList->size()) : -1;
     line.Cells = {QString::number(number),
                   Shown(sample.Header[HeaderField::kZovSampleNo]),

@@ -26,12 +26,21 @@ SampleHeader::SampleHeader() {
 }
 
 std::optional<HeaderField> FirstEmptyField(const SampleHeader& header) {
+    const auto& values = header.Values();
+    const auto empty = std::ranges::find_if(values, IsBlank);
+    return empty == values.end()
+               ? std::nullopt
+               : std::optional(HeaderFieldAt(static_cast<int>(empty - values.begin()) + 1));
+}
+
+std::vector<HeaderField> EmptyFields(const SampleHeader& header) {
+    std::vector<HeaderField> empty;
     for (int number = 1; number <= SampleHeader::kCount; ++number) {
-        if (Trim(header[HeaderFieldAt(number)]).empty()) {
-            return HeaderFieldAt(number);
+        if (IsBlank(header[HeaderFieldAt(number)])) {
+            empty.push_back(HeaderFieldAt(number));
         }
     }
-    return std::nullopt;
+    return empty;
 }
 
 namespace {
@@ -86,6 +95,11 @@ bool CheckReportNamed(const Batch& batch) {
 
 std::span<const SampleRecord> SamplesOf(const Batch& batch) {
     return batch.SampleList ? std::span(*batch.SampleList) : std::span<const SampleRecord>();
+}
+
+std::span<const SampleRecord> SamplesBesidesBlank(const Batch& batch) {
+    const std::span<const SampleRecord> records = SamplesOf(batch);
+    return records.subspan(std::min(records.size(), LabBlankRecords(batch)));
 }
 
 std::size_t LabBlankRecords(const Batch& batch) {

@@ -73,6 +73,8 @@ constexpr HeaderField HeaderFieldAt(int number) {
 
 // The first field that is empty or blank; absent when the header is complete.
 std::optional<HeaderField> FirstEmptyField(const SampleHeader& header);
+// All of them, in the order of their numbers.
+std::vector<HeaderField> EmptyFields(const SampleHeader& header);
 
 // One tentatively identified compound, as typed.
 struct TicEntry {
@@ -169,6 +171,8 @@ bool CheckReportNamed(const Batch& batch);
 
 // The records of the batch; none where it has no list.
 std::span<const SampleRecord> SamplesOf(const Batch& batch);
+// Those without the lab blank's: what is counted as samples.
+std::span<const SampleRecord> SamplesBesidesBlank(const Batch& batch);
 
 // 1 when the first record of SampleList is the lab blank's, else 0.
 std::size_t LabBlankRecords(const Batch& batch);

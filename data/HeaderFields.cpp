@@ -204,7 +204,8 @@ std::optional<std::string> HeaderFault(HeaderField field, std::string_view value
     const std::string label(HeaderEntryOf(field).Label);
     const std::string date = WithoutUnfilledTime(value);
     if (!IsDateTimeText(date) || !Contains(date, "/")) {
-        return label + " is no date.";
+        const auto noSuchDate = NoSuchDate(date);
+        return label + " is no date." + (noSuchDate ? " " + *noSuchDate : "");
     }
     if (field == HeaderField::kDateAnalyzed && !Contains(date, ":")) {
         return label + " has no time.";
@@ -237,24 +238,19 @@ std::optional<std::string> ChoiceDoubt(HeaderField field, std::string_view value
 
 std::string CompletenessOf(const SampleHeader& header) {
     constexpr std::size_t kNamed = 4;
-    std::vector<std::string> names;
-    std::size_t empty = 0;
-    for (int number = 1; number <= SampleHeader::kCount; ++number) {
-        if (!Trim(header[HeaderFieldAt(number)]).empty()) {
-            continue;
-        }
-        if (++empty <= kNamed) {
-            names.emplace_back(HeaderEntryOf(HeaderFieldAt(number)).Label);
-        }
-    }
-    if (empty == 0) {
+    const std::vector<HeaderField> empty = EmptyFields(header);
+    if (empty.empty()) {
         return "Complete";
     }
-    if (empty > kNamed) {
-        names.push_back(std::to_string(empty - kNamed) + " more");
+    std::vector<std::string> names;
+    for (std::size_t i = 0; i < std::min(empty.size(), kNamed); ++i) {
+        names.emplace_back(HeaderEntryOf(empty[i]).Label);
     }
-    return std::to_string(empty) + " of " + std::to_string(SampleHeader::kCount) +
-           (empty == 1 ? " values is empty: " : " values are empty: ") + Enumerated(names);
+    if (empty.size() > kNamed) {
+        names.push_back(std::to_string(empty.size() - kNamed) + " more");
+    }
+    return std::to_string(empty.size()) + " of " + std::to_string(SampleHeader::kCount) +
+           (empty.size() == 1 ? " values is empty: " : " values are empty: ") + Enumerated(names);
 }
 
 bool IsListedChoice(std::string_view value) {

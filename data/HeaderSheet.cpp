@@ -88,6 +88,15 @@ std::string HeaderSheet::NameOf(const HeaderCell& cell) const {
            std::string(HeaderEntryOf(cell.Field).Label);
 }
 
+std::string HeaderSheet::RefusalOf(const HeaderCell& cell) const {
+    constexpr std::size_t kLetters = 40;
+    const std::string& text = refused_.at(cell);
+    const std::string_view shown = FirstCharacters(text, kLetters);
+    return SampleName(SamplesOf(batch_)[cell.Record]) + ": \"" + std::string(shown) +
+           (shown.size() < text.size() ? "...\". " : "\". ") +
+           HeaderFault(cell.Field, text).value_or("");
+}
+
 HeaderNote HeaderSheet::NoteOf(const HeaderCell& cell) const {
     using enum HeaderMark;
     const HeaderField field = cell.Field;
@@ -305,20 +314,18 @@ std::vector<EnteredCell> HeaderSheet::FillEmpty(std::span<const HeaderCell> sele
     return filled;
 }
 
-std::optional<HeaderCell> HeaderSheet::Find(std::string_view text, const HeaderCell& from,
-                                            bool forward) const {
-    constexpr std::size_t kAcross = SampleHeader::kCount;
+std::vector<HeaderCell> HeaderSheet::Find(std::string_view text) const {
+    std::vector<HeaderCell> found;
     const std::string wanted = LowerCase(text);
-    const std::size_t all = Rows() * kAcross;
-    std::size_t place = from.Record * kAcross + ColumnOf(from.Field);
-    for (std::size_t looked = 0; looked < all && !wanted.empty(); ++looked) {
-        place = (place + (forward ? 1 : all - 1)) % all;
-        const HeaderCell cell{place / kAcross, FieldAt(place % kAcross)};
-        if (Contains(LowerCase(Shown(cell)), wanted)) {
-            return cell;
+    for (std::size_t record = 0; record < Rows() && !IsBlank(wanted); ++record) {
+        for (int number = 1; number <= SampleHeader::kCount; ++number) {
+            const HeaderCell cell{record, HeaderFieldAt(number)};
+            if (Contains(LowerCase(Shown(cell)), wanted)) {
+                found.push_back(cell);
+            }
         }
     }
-    return std::nullopt;
+    return found;
 }
 
 }  // namespace qfr

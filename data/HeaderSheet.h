@@ -70,6 +70,8 @@ class HeaderSheet {
     // As it is copied and edited: such a date is empty.
     std::string Text(const HeaderCell& cell) const;
     HeaderNote NoteOf(const HeaderCell& cell) const;
+    // Of a refused cell: "ZA101: "2/30/2005". Date Analyzed is no date."
+    std::string RefusalOf(const HeaderCell& cell) const;
     // "ZA101, Date Analyzed"
     std::string NameOf(const HeaderCell& cell) const;
 
@@ -96,10 +98,8 @@ class HeaderSheet {
     // in changes no value that is there.
     std::vector<EnteredCell> FillEmpty(std::span<const HeaderCell> selection) const;
 
-    // The next cell behind `from`, or before it, that shows the text in whatever case; from the end
-    // the search goes on at the beginning. Absent when there is none.
-    std::optional<HeaderCell> Find(std::string_view text, const HeaderCell& from,
-                                   bool forward) const;
+    // The cells that show the text in whatever case, sample by sample; none show a blank one.
+    std::vector<HeaderCell> Find(std::string_view text) const;
 
   private:
     // Enters what the sample has of the values that a matrix rules, beside a new matrix.

@@ -1,9 +1,6 @@
 #include "dialogs/Form1Header.h"
 
 #include <algorithm>
-#include <iterator>
-#include <tuple>
-#include <utility>
 
 #include <QApplication>
 #include <QFocusEvent>
@@ -12,15 +9,12 @@
 #include <QShortcut>
 
 #include "data/HeaderFields.h"
-#include "data/LabFiles.h"
 #include "dialogs/EntryDialogs.h"
 #include "dialogs/FieldRemarks.h"
 #include "dialogs/HeaderMarks.h"
 #include "forms/Form1TicContent.h"
 #include "forms/Form1VoaContent.h"
 #include "platform/DateTime.h"
-#include "platform/FileLookup.h"
-#include "platform/FileReplace.h"
 #include "platform/Text.h"
 #include "platform/qt/FieldEntry.h"
 #include "platform/qt/MaskEdit.h"
@@ -35,8 +29,6 @@ namespace {
 constexpr int kVoaHelpTopic = 110;
 constexpr int kTicHelpTopic = 120;
 constexpr int kRightLabels = 3;  // their column among the fields
-const char* const kDefaultsFile = "DefaultInfo.txt";
-const char* const kDateMask = "!99/99/9999 99:99;1;_";
 
 // Whether the focus goes from control to control, and not to a menu, a popup or another window and
 // back.
@@ -54,16 +46,17 @@ bool IsBetweenControls(const QFocusEvent& event) {
 }  // namespace
 
 TForm1Header::TForm1Header(FormHost& host, WindowServices& services)
-    : host_(host), services_(services), ui_(std::make_unique<Ui::TForm1Header>()) {
+    : host_(host),
+      services_(services),
+      ui_(std::make_unique<Ui::TForm1Header>()),
+      guard_(controls_, host) {
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                    Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
     ui_->setupUi(this);
-    for (int number = 1; number <= SampleHeader::kCount; ++number) {
-        SetUpControl(HeaderFieldAt(number));
-    }
+    controls_.FindIn(*this);
     ui_->Button1->hide();
 
-    for (QWidget* const control : fieldControls_) {
+    for (QWidget* const control : controls_.All()) {
         control->installEventFilter(this);
     }
     for (QWidget* const control :
@@ -87,10 +80,9 @@ TForm1Header::TForm1Header(FormHost& host, WindowServices& services)
         connect(box, &QComboBox::editTextChanged, this,
                 [this, box](const QString& text) { OnChange(box, text); });
     }
-    for (QWidget* const control : fieldControls_) {
-        auto* const box = qobject_cast<QComboBox*>(control);
-        connect(box != nullptr ? box->lineEdit() : static_cast<QLineEdit*>(control),
-                &QLineEdit::textEdited, this, [control] { ShowCarriedOver(*control, false); });
+    for (QWidget* const control : controls_.All()) {
+        connect(&HeaderControls::EditOf(*control), &QLineEdit::textEdited, this,
+                [control] { ShowCarriedOver(*control, false); });
     }
     connect(ui_->ComboBox2, &QComboBox::currentTextChanged, this, &TForm1Header::ComboBox2Change);
 
@@ -112,25 +104,6 @@ TForm1Header::TForm1Header(FormHost& host, WindowServices& services)
 }
 
 TForm1Header::~TForm1Header() = default;
-
-void TForm1Header::SetUpControl(HeaderField field) {
-    const HeaderEntry& entry = HeaderEntryOf(field);
-    const auto text = [](std::string_view ascii) {
-        return QString::fromLatin1(ascii.data(), std::ssize(ascii));
-    };
-    auto* const control = findChild<QWidget*>(text(entry.Control));
-    fieldControls_.at(static_cast<std::size_t>(field) - 1) = control;
-    if (auto* const date = qobject_cast<MaskEdit*>(control)) {
-        date->SetMask(kDateMask);
-        return;
-    }
-    if (auto* const box = qobject_cast<QComboBox*>(control)) {
-        for (const std::string_view choice : entry.Choices) {
-            choice.empty() ? void() : box->addItem(text(choice));
-        }
-    }
-    SetTextOfField(field, std::string(entry.FirstText));
-}
 
 // A button that is chosen while a date is wrong does nothing: the date is complained about instead,
 // also where the choice (by a mnemonic) did not move the focus.
@@ -181,15 +154,15 @@ void TForm1Header::Reset() {
     const QScopedValueRollback loading(loading_, true);
     ui_->FileComboBox->clear();
     for (int number = 1; number <= SampleHeader::kCount; ++number) {
-        SetTextOfField(HeaderFieldAt(number), "");
-        ShowCarriedOver(*ControlOf(HeaderFieldAt(number)), false);
+        controls_.SetText(HeaderFieldAt(number), "");
+        ShowCarriedOver(*controls_.Of(HeaderFieldAt(number)), false);
     }
     rename_.reset();
     ShowRename();
 }
 
 void TForm1Header::SetPendingFocus(HeaderField field) {
-    pendingFocus_ = ControlOf(field);
+    pendingFocus_ = controls_.Of(field);
 }
 
 void TForm1Header::OnSelect(int record) {
@@ -249,12 +222,12 @@ void TForm1Header::LoadRecord() {
     }
     ui_->FileComboBox->setToolTip(QString::fromStdString(record->FileName));
     for (int number = 1; number <= SampleHeader::kCount; ++number) {
-        const std::string& value = record->Header[HeaderFieldAt(number)];
+        const HeaderField field = HeaderFieldAt(number);
+        const std::string& value = record->Header[field];
         if (!value.empty()) {
-            SetTextOfField(HeaderFieldAt(number), value);
+            controls_.SetText(field, value);
         }
-        ShowCarriedOver(*ControlOf(HeaderFieldAt(number)),
-                        value.empty() && !IsUnfilled(TextOfField(HeaderFieldAt(number))));
+        ShowCarriedOver(*controls_.Of(field), value.empty() && !IsUnfilled(controls_.Text(field)));
     }
 }
 
@@ -267,11 +240,11 @@ void TForm1Header::Save(QWidget* control) {
 
 void TForm1Header::Store(QWidget* control) {
     SampleRecord* const record = Record();
-    if (record == nullptr || std::ranges::count(fieldControls_, control) == 0) {
+    const auto field = controls_.FieldOf(control);
+    if (record == nullptr || !field) {
         return;
     }
-    const HeaderField field = FieldOf(control);
-    record->Header[field] = TextOfField(field);
+    record->Header[*field] = controls_.Text(*field);
     ShowCarriedOver(*control, false);
     // A value that was carried over is not yet in the list of its drop-down.
     if (control == ui_->ZOVComboBox || control == ui_->LabComboBox) {
@@ -286,7 +259,7 @@ void TForm1Header::StoreInto(Batch& batch, Entries& /*entries*/) const {
     }
     for (int number = 1; number <= SampleHeader::kCount; ++number) {
         const HeaderField field = HeaderFieldAt(number);
-        std::string text = TextOfField(field);
+        std::string text = controls_.Text(field);
         if (!HeaderFault(field, text)) {
             batch.SampleList->at(currentRecord_).Header[field] = std::move(text);
         }
@@ -294,7 +267,7 @@ void TForm1Header::StoreInto(Batch& batch, Entries& /*entries*/) const {
 }
 
 void TForm1Header::SaveAll() {
-    for (QWidget* const control : fieldControls_) {
+    for (QWidget* const control : controls_.All()) {
         Store(control);
     }
     if (Record() != nullptr) {
@@ -302,53 +275,15 @@ void TForm1Header::SaveAll() {
     }
 }
 
-HeaderField TForm1Header::FieldOf(const QWidget* control) const {
-    const auto place = std::ranges::find(fieldControls_, control);
-    return HeaderFieldAt(static_cast<int>(place - fieldControls_.begin()) + 1);
-}
-
-bool TForm1Header::IsWrong(const MaskEdit* date) const {
-    const HeaderField field = FieldOf(date);
-    return HeaderFault(field, TextOfField(field)).has_value();
-}
-
-void TForm1Header::OnDateExit(MaskEdit* date) {
-    if (IsWrong(date)) {
-        RefuseDate(date);
-    } else if (!IsUnfilled(TextOfField(FieldOf(date)))) {
-        Save(date);
-    }
+// One that is left open as it was found is no entry.
+bool TForm1Header::IsOpenDate(const QWidget* control) const {
+    const auto* const date = qobject_cast<const MaskEdit*>(control);
+    return date != nullptr && IsUnfilled(controls_.Text(*controls_.FieldOf(date)));
 }
 
 // Whether the user is held at a wrong date.
 bool TForm1Header::DateRefused() {
-    if (refusedDate_ != nullptr) {
-        return true;
-    }
-    auto* const date = qobject_cast<MaskEdit*>(focusWidget());
-    if (date == nullptr || !IsWrong(date)) {
-        return false;
-    }
-    RefuseDate(date);
-    return true;
-}
-
-// The message has to wait until the focus, which may be on its way to another control or its popup,
-// has arrived there; only then can it be brought back.
-void TForm1Header::RefuseDate(MaskEdit* date) {
-    refusedDate_ = date;
-    QMetaObject::invokeMethod(this, &TForm1Header::ReturnToDate, Qt::QueuedConnection);
-}
-
-void TForm1Header::ReturnToDate() {
-    while (QWidget* const popup = QApplication::activePopupWidget()) {
-        popup->close();
-    }
-    returning_ = true;
-    refusedDate_->setFocus();
-    host_.Show({"The entry is not a correct date.", "Entry Error"});
-    returning_ = false;
-    refusedDate_ = nullptr;
+    return guard_.IsHolding() || guard_.Refuses(focusWidget());
 }
 
 bool TForm1Header::eventFilter(QObject* watched, QEvent* event) {
@@ -359,20 +294,16 @@ bool TForm1Header::eventFilter(QObject* watched, QEvent* event) {
                                   control == ui_->ZOVComboBox || control == ui_->LabComboBox ||
                                   control == ui_->FileComboBox;
             // A refused date is not stored by way of the control that was to be entered.
-            if (savesAll && isVisible() && refusedDate_ == nullptr &&
+            if (savesAll && isVisible() && !guard_.IsHolding() &&
                 IsBetweenControls(*static_cast<QFocusEvent*>(event))) {
                 SaveAll();
             }
             break;
         }
         case QEvent::FocusOut: {
-            if (!isVisible() || returning_ ||
-                !IsBetweenControls(*static_cast<QFocusEvent*>(event))) {
-                break;
-            }
-            if (auto* const date = qobject_cast<MaskEdit*>(control)) {
-                OnDateExit(date);
-            } else {
+            const bool leaves = isVisible() && !guard_.IsReturning() &&
+                                IsBetweenControls(*static_cast<QFocusEvent*>(event));
+            if (leaves && !guard_.Refuses(control) && !IsOpenDate(control)) {
                 Save(control);
             }
             break;
@@ -411,15 +342,12 @@ void TForm1Header::ComboBox2Change() {
     if (loading_) {
         return;
     }
-    SampleHeader header;
-    for (int number = 1; number <= SampleHeader::kCount; ++number) {
-        header[HeaderFieldAt(number)] = TextOfField(HeaderFieldAt(number));
-    }
-    ApplyMatrixRules(header);
-    for (int number = 1; number <= SampleHeader::kCount; ++number) {
-        const HeaderField field = HeaderFieldAt(number);
-        if (header[field] != TextOfField(field)) {
-            SetTextOfField(field, header[field]);
+    const SampleHeader before = controls_.Texts();
+    SampleHeader after = before;
+    ApplyMatrixRules(after);
+    for (const HeaderField field : kRuledByMatrix) {
+        if (after[field] != before[field]) {
+            controls_.SetText(field, after[field]);
         }
     }
 }
@@ -427,38 +355,6 @@ void TForm1Header::ComboBox2Change() {
 void TForm1Header::EnterButtonClick() {
     if (Record() != nullptr) {
         services_.EnterTics(currentRecord_, ui_->ZOVComboBox->currentText().toStdString());
-    }
-}
-
-void TForm1Header::Button1Click() {
-    if (const std::optional<std::string> file = services_.ChooseLaboratoryFile()) {
-        if (WriteValueLines(PathOf(*file), TextsOf(kLaboratoryFields))) {
-            host_.Show(CouldNotBeWritten(*file));
-        }
-    }
-}
-
-void TForm1Header::Button2Click() {
-    if (const auto chosen = services_.ChooseFiles(FileKind::kText, false)) {
-        const std::string& file = chosen->files.front();
-        if (!TakeTexts(kLaboratoryFields, ReadLaboratoryFile(PathOf(file)), file)) {
-            host_.Show(CouldNotReadValues());
-        }
-    }
-}
-
-void TForm1Header::Button3Click() {
-    const std::filesystem::path file = services_.Settings().ForWriting(kDefaultsFile);
-    if (AgreesToReplace(file, host_) && WriteValueLines(file, TextsOf(kDefaultsFields))) {
-        host_.Show(CouldNotBeWritten(kDefaultsFile));
-    }
-}
-
-void TForm1Header::Button4Click() {
-    const auto texts = ReadDefaultsFile(services_.Settings().ForReading(kDefaultsFile));
-    if (!TakeTexts(kDefaultsFields, texts, kDefaultsFile) ||
-        texts->size() < kDefaultsFields.size()) {
-        host_.Show(CouldNotReadValues());
     }
 }
 
@@ -490,56 +386,6 @@ void TForm1Header::OkButtonClick() {
     SaveAll();
     hide();
     services_.ShowMainWindow();
-}
-
-QWidget* TForm1Header::ControlOf(HeaderField field) const {
-    return fieldControls_.at(static_cast<std::size_t>(field) - 1);
-}
-
-std::string TForm1Header::TextOfField(HeaderField field) const {
-    const QWidget* const control = ControlOf(field);
-    if (const auto* const date = qobject_cast<const MaskEdit*>(control)) {
-        return HeaderText(field, date->MaskText());
-    }
-    if (const auto* const box = qobject_cast<const QComboBox*>(control)) {
-        return HeaderText(field, box->currentText().toStdString());
-    }
-    return HeaderText(field, static_cast<const QLineEdit*>(control)->text().toStdString());
-}
-
-void TForm1Header::SetTextOfField(HeaderField field, const std::string& text) {
-    QWidget* const control = ControlOf(field);
-    if (auto* const date = qobject_cast<MaskEdit*>(control)) {
-        date->SetMaskText(text);
-    } else if (auto* const box = qobject_cast<QComboBox*>(control)) {
-        box->setEditText(QString::fromStdString(text));
-    } else {
-        auto& edit = *static_cast<QLineEdit*>(control);
-        FillEdit(edit, [&] { edit.setText(QString::fromStdString(text)); });
-    }
-}
-
-std::vector<std::string> TForm1Header::TextsOf(std::span<const HeaderField> fields) const {
-    std::vector<std::string> texts;
-    for (const HeaderField field : fields) {
-        texts.push_back(TextOfField(field));
-    }
-    return texts;
-}
-
-bool TForm1Header::TakeTexts(std::span<const HeaderField> fields,
-                             std::optional<std::vector<std::string>> texts,
-                             const std::string& fileName) {
-    if (!texts) {
-        return false;
-    }
-    for (const Message& message : MakeBatchTexts(*texts, fileName)) {
-        host_.Show(message);
-    }
-    for (std::size_t i = 0; i < fields.size() && i < texts->size(); ++i) {
-        SetTextOfField(fields[i], (*texts)[i]);
-    }
-    return true;
 }
 
 }  // namespace qfr

@@ -2,7 +2,6 @@
 // TIC.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <memory>
 #include <optional>
@@ -13,6 +12,8 @@
 #include <QDialog>
 
 #include "data/Batch.h"
+#include "dialogs/DateGuard.h"
+#include "dialogs/HeaderControls.h"
 #include "dialogs/HoldsEntries.h"
 #include "forms/FormHost.h"
 #include "platform/WindowServices.h"
@@ -25,8 +26,6 @@ class TForm1Header;
 }
 
 namespace qfr {
-
-class MaskEdit;
 
 // The modes of the dialog.
 inline constexpr int kFormIVoa = 0;
@@ -75,7 +74,6 @@ class TForm1Header : public QDialog, public HoldsEntries {
     void UndoRenameClick();
     void GoToClick();
 
-    void OnDateExit(MaskEdit* date);
     void ComboBox2Change();
 
     SampleRecord* Record();
@@ -87,8 +85,7 @@ class TForm1Header : public QDialog, public HoldsEntries {
     void MarkRecord(std::size_t record);
 
     bool DateRefused();
-    void RefuseDate(MaskEdit* date);
-    void ReturnToDate();
+    bool IsOpenDate(const QWidget* control) const;
 
     void EnterButtonClick();  // "Enter TICs"
     void Button1Click();      // "Save  "
@@ -100,14 +97,6 @@ class TForm1Header : public QDialog, public HoldsEntries {
     void OkButtonClick();     // "Exit"
 
     void Connect(QAbstractButton* button, void (TForm1Header::*handler)());
-    // Finds the control of the value and shows in it what it has at first.
-    void SetUpControl(HeaderField field);
-    QWidget* ControlOf(HeaderField field) const;
-    HeaderField FieldOf(const QWidget* control) const;  // of the 26
-    bool IsWrong(const MaskEdit* date) const;
-    std::string TextOfField(HeaderField field) const;
-    void SetTextOfField(HeaderField field, const std::string& text);
-    std::vector<std::string> TextsOf(std::span<const HeaderField> fields) const;
     // Of the file of that name. False: it could not be read.
     bool TakeTexts(std::span<const HeaderField> fields,
                    std::optional<std::vector<std::string>> texts, const std::string& fileName);
@@ -117,8 +106,8 @@ class TForm1Header : public QDialog, public HoldsEntries {
     std::unique_ptr<Ui::TForm1Header> ui_;
     std::size_t currentRecord_ = 0;
     QWidget* pendingFocus_ = nullptr;
-    // The input control of each header value, in tag order.
-    std::array<QWidget*, SampleHeader::kCount> fieldControls_{};
+    HeaderControls controls_;
+    DateGuard guard_;
     struct Rename {
         std::size_t Record = 0;
         HeaderField Field = HeaderField::kZovSampleNo;
@@ -127,9 +116,6 @@ class TForm1Header : public QDialog, public HoldsEntries {
     };
     std::optional<Rename> rename_;
     bool loading_ = false;  // the program, not the user, is changing the controls
-    // The date whose message is still to be shown.
-    MaskEdit* refusedDate_ = nullptr;
-    bool returning_ = false;  // the focus is on its way back to a refused date
 };
 
 }  // namespace qfr

@@ -57,9 +57,9 @@ void TForm1Header::Step(int by) {
 }
 
 void TForm1Header::NoteRename(QComboBox* box) {
-    const HeaderField field = FieldOf(box);
+    const HeaderField field = *controls_.FieldOf(box);
     std::string before = Record() != nullptr ? Record()->Header[field] : "";
-    const std::string after = TextOfField(field);
+    const std::string after = controls_.Text(field);
     // Typed in two goes, it is one change.
     if (rename_ && rename_->Record == currentRecord_ && rename_->Field == field) {
         before = rename_->Before;
@@ -108,13 +108,13 @@ void TForm1Header::UndoRenameClick() {
         return;
     }
     const auto [record, field, before, after] = *std::exchange(rename_, std::nullopt);
-    auto* const box = static_cast<QComboBox*>(ControlOf(field));
+    auto* const box = static_cast<QComboBox*>(controls_.Of(field));
     host_.Batch().SampleList->at(record).Header[field] = before;
     {
         const QScopedValueRollback loading(loading_, true);
         box->setItemText(static_cast<int>(record), QString::fromStdString(before));
         if (record == currentRecord_) {
-            SetTextOfField(field, before);
+            controls_.SetText(field, before);
         }
     }
     MarkRecord(record);
@@ -143,7 +143,7 @@ void TForm1Header::changeEvent(QEvent* event) {
     if (event->type() != QEvent::PaletteChange || !isVisible()) {
         return;
     }
-    for (QWidget* const control : fieldControls_) {
+    for (QWidget* const control : controls_.All()) {
         if (IsShownCarriedOver(*control)) {
             ShowCarriedOver(*control, true);
         }

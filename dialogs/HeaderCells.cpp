@@ -106,7 +106,8 @@ QWidget* HeaderCells::createEditor(QWidget* parent, const QStyleOptionViewItem& 
     editor->setAccessibleName(QString::fromStdString(table.Sheet().NameOf(cell)));
     QLineEdit& line = *LineOf(editor);
     line.setMaxLength(kMaxPrintedText);
-    KeepToOneField(line);
+    KeepToOneField(line, [this] { emit FieldEndEntered(); });
+    emit EditingBegan();
     return editor;
 }
 

@@ -18,6 +18,8 @@ class SheetView;
 QColor ColourOf(HeaderMark mark, const QPalette& palette);
 
 class HeaderCells : public QStyledItemDelegate {
+    Q_OBJECT
+
   public:
     // `paste` takes several cells that are pasted while one is typed in.
     HeaderCells(SheetView& view, std::function<void()> paste);
@@ -31,6 +33,11 @@ class HeaderCells : public QStyledItemDelegate {
     static std::optional<QString> EnteredIn(QWidget& editor, const QModelIndex& index);
     void setModelData(QWidget* editor, QAbstractItemModel* model,
                       const QModelIndex& index) const override;
+
+  signals:
+    void EditingBegan() const;
+    // A ";" was typed or pasted, which no value can hold.
+    void FieldEndEntered() const;
 
   protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;

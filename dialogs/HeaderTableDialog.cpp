@@ -1,6 +1,7 @@
 #include "dialogs/HeaderTableDialog.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <QClipboard>
 #include <QKeyEvent>
@@ -12,6 +13,7 @@
 #include "dialogs/EntryDialogs.h"
 #include "dialogs/HeaderCells.h"
 #include "platform/Text.h"
+#include "platform/qt/ShownText.h"
 #include "platform/qt/WaitCursor.h"
 #include "ui_HeaderTableDialog.h"
 
@@ -20,6 +22,8 @@ namespace qfr {
 namespace {
 
 const char* const kWidths = "headers/columns";
+constexpr const char* kNoFieldEnd =
+    "A value cannot hold \";\": typed, it is left out; pasted, it becomes \",\".";
 constexpr int kFindCommands = 3;  // at the end of the menu
 constexpr int kRowPadding = 8;    // pixels
 constexpr int kHeadPadding = 24;  // pixels, for the widest heads
@@ -45,14 +49,11 @@ HeaderTableDialog::HeaderTableDialog(FormHost& host, WindowServices& services, R
     SetUpTable();
     SetUpCommands();
     ShowColours();
-    ui_->FindBar->hide();
+    ui_->FindBar->LookIn(table_, *ui_->HeadersTable);
 
     connect(&table_, &HeaderTable::Changed, this, &HeaderTableDialog::OnChanged);
     connect(ui_->HeadersTable->selectionModel(), &QItemSelectionModel::currentChanged, this,
             &HeaderTableDialog::ShowState);
-    connect(ui_->NextButton, &QPushButton::clicked, this, &HeaderTableDialog::FindNext);
-    connect(ui_->PreviousButton, &QPushButton::clicked, this, &HeaderTableDialog::FindPrevious);
-    connect(ui_->FindEdit, &QLineEdit::textChanged, ui_->FoundLabel, &QLabel::clear);
     connect(ui_->CloseButton, &QPushButton::clicked, this, &HeaderTableDialog::reject);
     ConnectHelp(*this, services_, kHeadersHelpTopic, ui_->HelpButton);
 }
@@ -62,7 +63,13 @@ HeaderTableDialog::~HeaderTableDialog() = default;
 void HeaderTableDialog::SetUpTable() {
     SheetView& view = *ui_->HeadersTable;
     view.setModel(&table_);
-    view.setItemDelegate(new HeaderCells(view, [this] { Paste(); }));
+    auto* const cells = new HeaderCells(view, [this] { Paste(); });
+    view.setItemDelegate(cells);
+    connect(cells, &HeaderCells::EditingBegan, this, [this] { fieldEndEntered_ = false; });
+    connect(cells, &HeaderCells::FieldEndEntered, this, [this] {
+        fieldEndEntered_ = true;
+        ShowRemark(kNoFieldEnd);
+    });
     ensurePolished();
     const QFontMetrics metrics = fontMetrics();
     QHeaderView& heads = *view.horizontalHeader();
@@ -91,6 +98,7 @@ QAction* HeaderTableDialog::AddCommand(QMenu& menu, const QString& caption,
     action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     connect(action, &QAction::triggered, this, [this, handler] {
         ui_->HeadersTable->FinishEditing();
+        fieldEndEntered_ = false;
         (this->*handler)();
     });
     ui_->HeadersTable->addAction(action);
@@ -147,8 +155,9 @@ void HeaderTableDialog::ShowHeaders() {
         return;
     }
     table_.Open(host_.Batch());
-    CloseFindBar();
+    ui_->FindBar->Close();
     ui_->HeadersTable->Go(table_.index(0, 0));
+    ShowRemark("");
     ShowState();
     open();
 }
@@ -169,23 +178,26 @@ void HeaderTableDialog::reject() {
     }
     SheetView& view = *ui_->HeadersTable;
     view.FinishEditing();
-    const auto& refused = table_.Sheet().Refused();
-    if (!refused.empty()) {
-        std::vector<std::string> lines;
-        for (const auto& [cell, text] : refused) {
-            lines.push_back(table_.Sheet().NameOf(cell) + ": " + text);
-        }
-        Message question = ListMessage("These values were not taken:", lines);
-        question.text += "\nClose without them?";
-        if (!host_.AskYesNo(question)) {
-            view.Go(table_.IndexOf(refused.begin()->first));
-            view.setFocus();
-            return;
-        }
+    if (!AgreesToLose()) {
+        view.Go(table_.IndexOf(table_.Sheet().Refused().begin()->first));
+        view.setFocus();
+        return;
     }
     QDialog::reject();
     table_.Close();
     services_.ShowMainWindow();
+}
+
+bool HeaderTableDialog::AgreesToLose() const {
+    constexpr std::size_t kMost = 5;
+    std::vector<std::string> lines;
+    for (const auto& [cell, text] : table_.Sheet().Refused()) {
+        lines.push_back(Visible(table_.Sheet().RefusalOf(cell)));
+    }
+    Message question = ListMessage("These values were not taken:", lines, kMost);
+    question.text += "\nClose without them?";
+    question.noByDefault = true;
+    return lines.empty() || host_.AskYesNo(question);
 }
 
 void HeaderTableDialog::changeEvent(QEvent* event) {
@@ -195,18 +207,14 @@ void HeaderTableDialog::changeEvent(QEvent* event) {
     }
 }
 
-// Enter looks for the next place in the find bar, and must never close the window; Escape closes
-// the bar first.
+// Enter must never close the window; Escape closes the find bar first.
 void HeaderTableDialog::keyPressEvent(QKeyEvent* event) {
-    const bool finding = ui_->FindBar->isAncestorOf(focusWidget());
-    if (event->key() == Qt::Key_Escape && finding) {
-        CloseFindBar();
+    if (event->key() == Qt::Key_Escape && ui_->FindBar->isVisible()) {
+        ui_->FindBar->Close();
     } else if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
         QDialog::keyPressEvent(event);
     } else if (auto* const button = qobject_cast<QAbstractButton*>(focusWidget())) {
         button->click();
-    } else if (finding) {
-        Find(!event->modifiers().testFlag(Qt::ShiftModifier));
     }
 }
 
@@ -235,9 +243,31 @@ void HeaderTableDialog::ShowState() {
         const HeaderCell cell = HeaderTable::CellAt(current);
         const std::string note = sheet.NoteOf(cell).Text;
         const std::string sample = SampleName(SamplesOf(host_.Batch())[cell.Record]);
-        ui_->NoteLabel->setText(QString::fromStdString(
-            Visible(note.empty() ? sheet.NameOf(cell) : sample + ": " + note)));
+        ui_->NoteLabel->setText(Shown(note.empty() ? sheet.NameOf(cell) : sample + ": " + note));
+        ui_->NoteLabel->setToolTip(ui_->NoteLabel->text());
     }
+}
+
+void HeaderTableDialog::ShowRemark(const QString& text) {
+    ui_->RemarkLabel->setText(text);
+    ui_->RemarkLabel->setToolTip(text);
+}
+
+QString HeaderTableDialog::RemarkOn(const std::vector<HeaderChange>& changes) const {
+    const HeaderSheet& sheet = table_.Sheet();
+    std::vector<HeaderCell> refused;
+    for (const auto& [cell, before, after] : changes) {
+        if (sheet.Refused().contains(cell) && before.Refused != after.Refused) {
+            refused.push_back(cell);
+        }
+    }
+    if (refused.empty()) {
+        return {};
+    }
+    const QString first = Shown(sheet.RefusalOf(refused.front()));
+    return refused.size() == 1
+               ? "Not taken: " + first
+               : QString("%1 values were not taken. The first: ").arg(refused.size()) + first;
 }
 
 void HeaderTableDialog::OnChanged(const std::vector<HeaderChange>& changes, bool again) {
@@ -248,6 +278,12 @@ void HeaderTableDialog::OnChanged(const std::vector<HeaderChange>& changes, bool
         ui_->HeadersTable->Go(table_.IndexOf(last));
         ui_->HeadersTable->Go(table_.IndexOf({changes.front().Cell.Record, left.Cell.Field}), true);
     }
+    QStringList remarks = {RemarkOn(changes)};
+    if (std::exchange(fieldEndEntered_, false)) {
+        remarks << kNoFieldEnd;
+    }
+    remarks.removeAll("");
+    ShowRemark(remarks.join(' '));
     ShowState();
 }
 
@@ -286,6 +322,8 @@ void HeaderTableDialog::Paste() {
     }
     const QModelIndex first = table_.IndexOf(pasted.Cells.front().Cell);
     const QModelIndex last = table_.IndexOf(pasted.Cells.back().Cell);
+    fieldEndEntered_ = std::ranges::any_of(
+        pasted.Cells, [](const EnteredCell& entered) { return Contains(entered.Text, ";"); });
     {
         const WaitCursor wait;
         table_.Enter(std::move(pasted.Cells), "Paste");
@@ -314,28 +352,15 @@ void HeaderTableDialog::SelectAll() {
 }
 
 void HeaderTableDialog::OpenFindBar() {
-    ui_->FindBar->show();
-    ui_->FindEdit->setFocus(Qt::ShortcutFocusReason);
-    ui_->FindEdit->selectAll();
+    ui_->FindBar->Open();
 }
 
-void HeaderTableDialog::CloseFindBar() {
-    ui_->FindBar->hide();
-    ui_->HeadersTable->setFocus();
+void HeaderTableDialog::FindNext() {
+    ui_->FindBar->GoOn(1);
 }
 
-void HeaderTableDialog::Find(bool forward) {
-    if (ui_->FindEdit->text().isEmpty()) {
-        OpenFindBar();
-        return;
-    }
-    SheetView& view = *ui_->HeadersTable;
-    const auto found = table_.Sheet().Find(ui_->FindEdit->text().toStdString(),
-                                           HeaderTable::CellAt(view.currentIndex()), forward);
-    ui_->FoundLabel->setText(found ? "" : "Not found.");
-    if (found) {
-        view.Go(table_.IndexOf(*found));
-    }
+void HeaderTableDialog::FindPrevious() {
+    ui_->FindBar->GoOn(-1);
 }
 
 }  // namespace qfr

@@ -52,6 +52,10 @@ class HeaderTableDialog : public QDialog, public HoldsEntries {
     void AddStep(QMenu& menu, QAction* action, void (QUndoStack::*step)());
     void ShowColours();
     void ShowState();
+    // What the last change has not taken as it was entered.
+    void ShowRemark(const QString& text);
+    QString RemarkOn(const std::vector<HeaderChange>& changes) const;
+    bool AgreesToLose() const;
 
     // Never empty: without a selection the current cell is meant.
     std::vector<HeaderCell> Selection() const;
@@ -66,16 +70,15 @@ class HeaderTableDialog : public QDialog, public HoldsEntries {
     void OnChanged(const std::vector<HeaderChange>& changes, bool again);
 
     void OpenFindBar();
-    void CloseFindBar();
-    void FindNext() { Find(true); }
-    void FindPrevious() { Find(false); }
-    void Find(bool forward);
+    void FindNext();
+    void FindPrevious();
 
     FormHost& host_;
     WindowServices& services_;
     Remembered& memory_;
     std::unique_ptr<Ui::HeaderTableDialog> ui_;
     HeaderTable table_;
+    bool fieldEndEntered_ = false;  // in what is to be taken next
 };
 
 }  // namespace qfr

@@ -21,14 +21,14 @@ Message TextsWereCut(std::string_view fileName) {
             "Warning", MessageIcon::kWarning};
 }
 
-Message ListMessage(const std::string& head, const std::vector<std::string>& lines) {
-    constexpr std::size_t kMost = 20;  // that a message box has room for
+Message ListMessage(const std::string& head, const std::vector<std::string>& lines,
+                    std::size_t most) {
     std::string text = head;
-    for (std::size_t i = 0; i < std::min(lines.size(), kMost); ++i) {
+    for (std::size_t i = 0; i < std::min(lines.size(), most); ++i) {
         text += "\n" + lines[i];
     }
-    if (lines.size() > kMost) {
-        text += "\nand " + std::to_string(lines.size() - kMost) + " more";
+    if (lines.size() > most) {
+        text += "\nand " + std::to_string(lines.size() - most) + " more";
     }
     return {text, "Warning", MessageIcon::kWarning};
 }

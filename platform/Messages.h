@@ -2,6 +2,7 @@
 // a display, a log in tests.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -21,6 +22,9 @@ struct Message {
     std::string title;  // empty: a box without a title of its own
     MessageIcon icon = MessageIcon::kNone;
     bool offerCancel = false;  // a Cancel button beside OK; the answer is not used
+    // Of a question: Enter answers No, and so do Escape and the close box, which otherwise are no
+    // answer.
+    bool noByDefault = false;
 };
 
 // That the user's file, given by its path, could not be written, or not read.
@@ -30,8 +34,10 @@ Message CouldNotBeRead(std::string_view fileName);
 // What became of texts of the file that are longer than kMaxPrintedText.
 Message TextsWereCut(std::string_view fileName);
 
-// A warning: `head`, then these lines; of many, only the first ones.
-Message ListMessage(const std::string& head, const std::vector<std::string>& lines);
+// A warning: `head`, then these lines; of more than `most`, usually what a message box has room
+// for, only the first ones.
+Message ListMessage(const std::string& head, const std::vector<std::string>& lines,
+                    std::size_t most = 20);
 
 // A file that the user should know something about, most often why it is not taken.
 struct ToldFile {

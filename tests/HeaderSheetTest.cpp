@@ -1,4 +1,5 @@
 // All headers as one sheet: what is pasted and filled where, and what is refused.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
@@ -144,8 +145,10 @@ TEST_F(Sheet, KeepsRefusedValuesOutAndMatrixRulesIn) {
     EXPECT_EQ(Values(Cells(1, kDateAnalyzed, 1, kPercentMoisture)), "05/18/2005 10:00|12|");
     EXPECT_EQ(Header(1)[kSoilExtractVolume] + Header(1)[kSoilAliquotVolume], "00");
     EXPECT_EQ(sheet.Shown({1, kDateAnalyzed}), "5/32/2005");
-    EXPECT_EQ(sheet.NoteOf({1, kDateAnalyzed}).Text,
-              "Date Analyzed is no date. It was not taken; the header has 05/18/2005 10:00.");
+    EXPECT_EQ(
+        sheet.NoteOf({1, kDateAnalyzed}).Text,
+        "Date Analyzed is no date. 05/32/2005 does not exist: May 2005 has 31 days. It was not "
+        "taken; the header has 05/18/2005 10:00.");
     EXPECT_TRUE(
         sheet.ChangesBy({{{1, kDateAnalyzed}, "5/32/2005"}, {{1, kMatrix}, "SOIL"}}).empty());
 
@@ -191,17 +194,14 @@ TEST_F(Sheet, TellsWhatIsToBeLookedAt) {
     EXPECT_EQ(sheet.Copy(Cells(0, kLevel, 0, kDateReceived)), CellRows({{"LOW", ""}}));
 }
 
-TEST_F(Sheet, FindsRoundAndRound) {
+TEST_F(Sheet, FindsWhatItsCellsShow) {
     Header(0)[kLabName] = "Fair";
     Header(3)[kZovSampleNo] = "AFAIR";
-    const HeaderCell name{0, kLabName};
-    const HeaderCell number{3, kZovSampleNo};
-    EXPECT_EQ(sheet.Find("fair", {0, kZovSampleNo}, true), name);
-    EXPECT_EQ(sheet.Find("fair", name, true), number);
-    EXPECT_EQ(sheet.Find("fair", number, true), name);
-    EXPECT_EQ(sheet.Find("fair", name, false), number);
-    EXPECT_EQ(sheet.Find("air", name, true).value_or(name), number);
-    EXPECT_FALSE(sheet.Find("none", name, true) || sheet.Find("", name, true));
+    Enter({{{2, kDateAnalyzed}, "fair"}});
+    EXPECT_THAT(sheet.Find("faIr"),
+                testing::ElementsAre(HeaderCell{0, kLabName}, HeaderCell{2, kDateAnalyzed},
+                                     HeaderCell{3, kZovSampleNo}));
+    EXPECT_TRUE(sheet.Find("none").empty() && sheet.Find(" ").empty());
 }
 
 }  // namespace

@@ -44,8 +44,15 @@ TEST_F(Recovery, BringsBackWhatABatchFileLacksToo) {
     oil.Batch.Files.CheckCal.clear();
     oil.Entries.Ranges.Limits = RecoveryLimits::kOil;
     oil.Entries.InitialCalibration.LabFileIds.back() = "VSTD200.D";
+    SavedBatch blank = full;
+    blank.Batch.Files.LabBlank = "a1.prn";
+    blank.Batch.Files.QFiles.clear();
+    blank.Batch.SampleList->resize(1);
     const std::pair<SavedBatch, const char*> cases[] = {
-        {full, "2 samples, A1 to A2"}, {early, "120 samples, A1 to ZA120"}, {oil, "2 samples"}};
+        {blank, "lab blank /d/vblk.prn1, no samples yet, as of"},
+        {full, "2 samples, /d/a.prn1 to /d/gelöst.prn1, as of"},
+        {early, "120 samples, /d/vblk.prn1 to ZA120, as of"},
+        {oil, "2 samples"}};
     for (const auto& [saved, samples] : cases) {
         const fs::path file = PathOf(Write("a.recovery", saved));
         const auto read = ReadRecovery(file);
@@ -59,7 +66,8 @@ TEST_F(Recovery, BringsBackWhatABatchFileLacksToo) {
         EXPECT_EQ(recovered.Batch.Folder, saved.Batch.Folder);
         EXPECT_EQ(head.BatchFile, "/d/monday; early.qff");
         EXPECT_EQ(head.Stamp, (FileStamp{17, -4}));
-        EXPECT_THAT(OfferText({file, head}), StartsWith("monday; early.qff: "));
+        EXPECT_THAT(OfferText({file, head}),
+                    StartsWith("monday; early.qff: " + std::string(samples)));
     }
 }
 

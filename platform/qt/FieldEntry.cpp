@@ -1,5 +1,7 @@
 #include "platform/qt/FieldEntry.h"
 
+#include <utility>
+
 #include <QComboBox>
 #include <QKeyEvent>
 
@@ -12,19 +14,25 @@ namespace {
 constexpr QChar kFieldEnd = u';';
 
 struct FieldEndFilter : QObject {
-    using QObject::QObject;
+    FieldEndFilter(QWidget& entry, std::function<void()> heard)
+        : QObject(&entry), tell(std::move(heard)) {}
 
     bool eventFilter(QObject* watched, QEvent* event) override {
-        return (event->type() == QEvent::KeyPress &&
-                static_cast<QKeyEvent*>(event)->text() == kFieldEnd) ||
-               QObject::eventFilter(watched, event);
+        if (event->type() != QEvent::KeyPress ||
+            static_cast<QKeyEvent*>(event)->text() != kFieldEnd) {
+            return QObject::eventFilter(watched, event);
+        }
+        tell ? tell() : void();
+        return true;
     }
+
+    std::function<void()> tell;
 };
 
 }  // namespace
 
-void TypeNoFieldEnd(QWidget& entry) {
-    auto* const filter = new FieldEndFilter(&entry);
+void TypeNoFieldEnd(QWidget& entry, const std::function<void()>& tell) {
+    auto* const filter = new FieldEndFilter(entry, tell);
     entry.installEventFilter(filter);
     // A combo box hands its keys to its edit past the edit's filters.
     if (auto* const box = qobject_cast<QComboBox*>(entry.parentWidget())) {
@@ -32,9 +40,12 @@ void TypeNoFieldEnd(QWidget& entry) {
     }
 }
 
-void KeepToOneField(QLineEdit& edit) {
-    TypeNoFieldEnd(edit);
-    QObject::connect(&edit, &QLineEdit::textEdited, &edit, [&edit](const QString& text) {
+void KeepToOneField(QLineEdit& edit, const std::function<void()>& tell) {
+    TypeNoFieldEnd(edit, tell);
+    QObject::connect(&edit, &QLineEdit::textEdited, &edit, [&edit, tell](const QString& text) {
+        if (tell && text.contains(kFieldEnd)) {
+            tell();
+        }
         const QString field = QString::fromStdString(EnteredField(text.toStdString()));
         if (field != text) {
             const int caret = edit.cursorPosition();

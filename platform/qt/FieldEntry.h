@@ -9,12 +9,13 @@
 
 namespace qfr {
 
-// ";" cannot be typed into the widget, nor into a combo box that has it as its edit.
-void TypeNoFieldEnd(QWidget& entry);
+// ";" cannot be typed into the widget, nor into a combo box that has it as its edit. `tell` hears
+// of each one.
+void TypeNoFieldEnd(QWidget& entry, const std::function<void()>& tell = {});
 
 // The same; what comes in by another way, such as a paste, becomes one field as EnteredField makes
 // it.
-void KeepToOneField(QLineEdit& edit);
+void KeepToOneField(QLineEdit& edit, const std::function<void()>& tell = {});
 // So in all edits of the window that take any text.
 void KeepToOneFieldEach(const QWidget& window);
 

@@ -26,7 +26,8 @@ QMessageBox::Icon IconOf(MessageIcon icon) {
     return QMessageBox::NoIcon;
 }
 
-// A question is answered by one of its buttons; Escape and the close box are no answer.
+// Where nothing is meant by default, a question is answered by one of its buttons; Escape and the
+// close box are no answer.
 class QuestionBox : public QMessageBox {
   public:
     using QMessageBox::QMessageBox;
@@ -41,10 +42,12 @@ class QuestionBox : public QMessageBox {
 };
 
 template <typename Box>
-QMessageBox::StandardButton Ask(const Message& message, QMessageBox::StandardButtons buttons) {
+QMessageBox::StandardButton Ask(const Message& message, QMessageBox::StandardButtons buttons,
+                                QMessageBox::StandardButton byDefault = QMessageBox::NoButton) {
     const AskingCursor asking;
     Box box(IconOf(message.icon), QString(), QString::fromStdString(message.text), buttons,
             QApplication::activeWindow());
+    box.setDefaultButton(byDefault);
     // A file name in the text may look like markup.
     box.setTextFormat(Qt::PlainText);
     // The toolkit puts the program's name in the place of an empty title.
@@ -66,7 +69,10 @@ void QtMessages::Show(const Message& message) {
 }
 
 bool QtMessages::AskYesNo(const Message& question) {
-    return Ask<QuestionBox>(question, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+    constexpr QMessageBox::StandardButtons kAnswers = QMessageBox::Yes | QMessageBox::No;
+    const auto answer = question.noByDefault ? Ask<QMessageBox>(question, kAnswers, QMessageBox::No)
+                                             : Ask<QuestionBox>(question, kAnswers);
+    return answer == QMessageBox::Yes;
 }
 
 }  // namespace qfr

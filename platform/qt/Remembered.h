@@ -3,6 +3,7 @@
 // counts as empty, and one that cannot be written is not told of.
 #pragma once
 
+#include <initializer_list>
 #include <string>
 
 #include <QSettings>
@@ -32,6 +33,9 @@ class Remembered {
 
     // A folder of that name, if it is still there; else an empty text (UTF-8).
     std::string Folder(const QString& name) const;
+    // The first of the folders of these names that is still there; else that of the user's
+    // documents, or his home.
+    std::string UsersFolder(std::initializer_list<const char*> names) const;
     void KeepFolder(const QString& name, const std::string& folder);
 
   private:

@@ -233,9 +233,10 @@ class Program:
     def has(self, role, name):
         return self._look(role, name, self._root) is not None
 
-    def type(self, text):
+    def type(self, text, over=True):
         """Over what the control that has the focus holds."""
-        self.press_keys("Ctrl+a")
+        if over:
+            self.press_keys("Ctrl+a")
         for character in text:
             self._atspi.Registry.generateKeyboardEvent(ord(character), None, self._atspi.KEY_SYM)
             time.sleep(0.02)  # the next one may need another keyboard mapping

@@ -14,6 +14,7 @@ MOST_KEYS = 150
 
 LABORATORY = "Fairhaven Analytical\tTQW-05-0417\tFHAV\t34417\t1284.1\tZB001"
 RECEIVED = [":", *(f"5/{10 + i % 7}/2005 {8 + i % 9}:{i % 60:02}" for i in range(SAMPLES))]
+NO_FIELD_END = 'A value cannot hold ";": typed, it is left out; pasted, it becomes ",".'
 DILUTIONS = ["1", *(str(1 + i % 5) for i in range(SAMPLES))]
 
 
@@ -75,6 +76,33 @@ def paste_all(program):
     return keys
 
 
+def find_and_refuse(program):
+    """What is looked for is counted; and a date that is none is not lost without a word."""
+    program.press_keys("Ctrl+h")
+    window = program.window("Edit All Headers", "Edit All Headers, again")
+    program.press_keys("Ctrl+f")
+    program.wait_for_focus("text", "Find:", window)
+    program.type("zb01")
+    program.find("label", "1 of 20", window)  # ten numbers, and ten lab file IDs
+    program.press_keys("Return", "Shift+F3", "Shift+F3")
+    program.find("label", "20 of 20", window)
+    program.type("nowhere")
+    program.find("label", "Not found", window)
+    program.window("Edit All Headers", "Edit All Headers, finding")
+    program.press_keys("Escape", "Ctrl+Home", *["Right"] * 14)
+    program.type("5/32/2005;", over=False)
+    program.press_keys("Return")
+    reason = "Date Analyzed is no date. 05/32/2005 does not exist: May 2005 has 31 days."
+    program.find("label", f'Not taken: VBLK01: "5/32/2005". {reason} {NO_FIELD_END}', window)
+    program.window("Edit All Headers", "Edit All Headers, refused")
+    for key, stays in (("Escape", True), ("Return", True), ("Alt+y", False)):
+        program.press_keys("Alt+c")
+        program.window("Warning", "Close without them")
+        program.press_keys(key)
+        program.gone("Warning")
+        program.window("Edit All Headers" if stays else "QFR Forms")
+
+
 def print_sample(program, number, pdf):
     program.menu("Forms", "Form 1 Volatile Organics Analysis")
     dialog = program.window("Form 1 Header")
@@ -100,6 +128,7 @@ def main(programs, pictures):
         print("Keys:", keys)
         assert keys <= MOST_KEYS
         program.find("label", f"Headers complete: {SAMPLES + 1} of {SAMPLES + 1}")
+        find_and_refuse(program)
         page = print_sample(program, "ZB005", fresh.parent / "ZB005.pdf")
         for value in ("Fairhaven Analytical", "TQW-05-0417", "05/15/2005 13:05", "VOCOL", "0.25"):
             assert value in page, (value, page)

@@ -15,6 +15,7 @@
 #include "platform/qt/PrinterQueue.h"
 #include "platform/qt/PrinterSetupDialog.h"
 #include "platform/qt/QtFileChooser.h"
+#include "platform/qt/QtMessages.h"
 #include "tests/pdf/PdfSupport.h"
 #include "tests/ui/WindowRig.h"
 
@@ -313,6 +314,26 @@ TEST(PaintPage, ShowsWhatThePdfFileShows) {
     compare(JobOf({TextAt(1, 1, "\u0416\u03b1 \u2600 \U0010FFFC end", 14), TextAt(1, 2, "MMMMMM"),
                    TextAt(1.2, 2.02, "over"), RuleBetween(1, 3, 2, 3.5, 60)}));
     EXPECT_TRUE(FormsTypeface().TakeBoxesNote());
+}
+
+TEST(QtMessages, TakeEscapeForNoOnlyWhereNoIsTheDefault) {
+    // The key; whether No is the default; whether the key answers; the answer, or else that of Yes.
+    const std::tuple<Qt::Key, bool, bool, bool> cases[] = {{Qt::Key_Escape, false, false, true},
+                                                           {Qt::Key_Escape, true, true, false},
+                                                           {Qt::Key_Return, true, true, false}};
+    for (const auto& [key, noByDefault, answers, answer] : cases) {
+        Message question{"Close?", "Warning"};
+        question.noByDefault = noByDefault;
+        bool answered = false;
+        QTimer::singleShot(0, [&, pressed = key] {
+            auto& box = *static_cast<QMessageBox*>(QApplication::activeModalWidget());
+            QTest::keyClick(&box, pressed);
+            answered = !box.isVisible();
+            answered ? void() : box.button(QMessageBox::Yes)->click();
+        });
+        EXPECT_EQ(QtMessages().AskYesNo(question), answer);
+        EXPECT_EQ(answered, answers);
+    }
 }
 
 }  // namespace

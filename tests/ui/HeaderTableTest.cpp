@@ -14,6 +14,9 @@ namespace {
 
 using enum HeaderField;
 
+const std::string kNoFieldEnd =
+    "A value cannot hold \";\": typed, it is left out; pasted, it becomes \",\".";
+
 // The table on a blank and three samples without typed values.
 struct TableRig : WindowRig {
     TableRig() {
@@ -70,8 +73,10 @@ TEST(HeaderTable, IsTypedInLikeASpreadsheet) {
     EXPECT_EQ(rig.At(), "1.3") << "below where the Tabs began";
     EXPECT_EQ(rig.Column(kLabName) + rig.Column(kLabCode), "A||||C||||");
     rig.Type("D;E");
+    EXPECT_EQ(rig.Text("RemarkLabel"), kNoFieldEnd);
     rig.Press(Qt::Key_Down);
     EXPECT_EQ(rig.At() + rig.Samples()[1].Header[kLabName], "2.3DE");
+    EXPECT_EQ(rig.Text("RemarkLabel"), kNoFieldEnd) << "for whoever looks at what was entered only";
     rig.Press(Qt::Key_Up);
     rig.Press(Qt::Key_F2);
     rig.Type("x\33");
@@ -79,7 +84,7 @@ TEST(HeaderTable, IsTypedInLikeASpreadsheet) {
     EXPECT_TRUE(rig.dialog.isVisible()) << "Escape leaves the cell only";
     rig.Press(Qt::Key_F2);
     rig.Type("x\r");
-    EXPECT_EQ(rig.Samples()[1].Header[kLabName], "DEx");
+    EXPECT_EQ(rig.Samples()[1].Header[kLabName] + rig.Text("RemarkLabel"), "DEx");
     rig.Press(Qt::Key_Up);
     rig.Press(Qt::Key_Delete);
     EXPECT_EQ(rig.Samples()[1].Header[kLabName], "");
@@ -104,7 +109,9 @@ TEST(HeaderTable, TakesCellsFromTheClipboardAndGivesThem) {
     rig.Paste("Fair;haven\tC-17\r\n\"two\r\nlines\"\t\r\n");
     EXPECT_EQ(rig.Column(kLabName) + rig.Column(kContract), "Fair,haven|two lines|||C-17||||");
     EXPECT_EQ(rig.view.selectionModel()->selectedIndexes().size(), 4);
+    EXPECT_EQ(rig.Text("RemarkLabel"), kNoFieldEnd);
     rig.Type("^c^z");
+    EXPECT_EQ(rig.Text("RemarkLabel"), "");
     EXPECT_EQ(rig.Column(kLabName) + rig.Column(kContract), "||||||||") << "one step";
     EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "Fair,haven\tC-17\ntwo lines\t\n");
     rig.Type("^y^x");
@@ -125,6 +132,11 @@ TEST(HeaderTable, TakesCellsFromTheClipboardAndGivesThem) {
     rig.Press(Qt::Key_F2);
     rig.Paste("1\n2");
     EXPECT_EQ(rig.Column(kCaseNo), "1|2|||");
+    rig.Press(Qt::Key_F2);
+    rig.Paste(";3");
+    EXPECT_EQ(rig.Text("RemarkLabel"), kNoFieldEnd);
+    rig.Type("\r");
+    EXPECT_EQ(rig.Column(kCaseNo) + rig.Text("RemarkLabel"), "1,3|2|||" + kNoFieldEnd);
 }
 
 TEST(HeaderTable, FillsLaboratoryWideValues) {
@@ -190,12 +202,18 @@ TEST(HeaderTable, TellsWhatItDoesNotTake) {
     rig.dialog.StoreInto(copy, rig.form.Entries());
     EXPECT_EQ(copy.SampleList->at(1).Header[kDateAnalyzed], "") << "nor keeps it for recovery";
     rig.Type("\r");
+    const std::string fault =
+        "Date Analyzed is no date. 02/30/2005 does not exist: February 2005 has 28 days.";
+    const std::string refusal = "Z1: \"2/30/2005 9:00\". " + fault;
+    EXPECT_EQ(rig.Text("NoteLabel"), "Z2: Date Analyzed is empty.");
+    EXPECT_EQ(rig.Text("RemarkLabel"), "Not taken: " + refusal);
     rig.Press(Qt::Key_Up);
-    const std::string fault = "Z1: Date Analyzed is no date. It was not taken.";
-    EXPECT_EQ(rig.Text("NoteLabel"), fault);
+    EXPECT_EQ(rig.Text("NoteLabel"), "Z1: " + fault + " It was not taken.");
     EXPECT_EQ(rig.Samples()[1].Header[kDateAnalyzed], "");
-    EXPECT_EQ(rig.view.currentIndex().data(Qt::AccessibleDescriptionRole).toString(),
-              "Date Analyzed is no date. It was not taken.");
+    for (const int role : {Qt::AccessibleDescriptionRole, Qt::ToolTipRole}) {
+        EXPECT_EQ(rig.view.currentIndex().data(role).toString().toStdString(),
+                  fault + " It was not taken.");
+    }
 
     rig.log.answers = {false, true};
     rig.To(0, kLabName);
@@ -204,11 +222,34 @@ TEST(HeaderTable, TellsWhatItDoesNotTake) {
     EXPECT_TRUE(rig.dialog.isVisible());
     rig.Type("\33");
     EXPECT_FALSE(rig.dialog.isVisible());
+    EXPECT_TRUE(rig.log.shown.at(0).noByDefault);
     const std::string question =
-        "These values were not taken:\nZ1, Date Analyzed: 2/30/2005 9:00\nClose without them?";
+        "These values were not taken:\n" + refusal + "\nClose without them?";
     EXPECT_THAT(rig.log.TakeTexts(), testing::ElementsAre(question, question));
 
     rig.Open();
+    EXPECT_EQ(rig.Text("RemarkLabel"), "");
+    rig.To(0, kDateReceived);
+    rig.Paste("x\ty\nx\ty\nx\ty\nx" + std::string(50, 'x'));
+    EXPECT_EQ(rig.Text("RemarkLabel"),
+              "7 values were not taken. The first: Z0: \"x\". Date Received is no date.");
+    rig.log.answers = {false};
+    rig.Type("\33");
+    EXPECT_THAT(rig.log.TakeTexts().at(0),
+                testing::EndsWith("Z2: \"x\". Date Received is no date.\nand 2 more\n"
+                                  "Close without them?"));
+    rig.To(0, kDateReceived);
+    rig.Extend(Qt::Key_Down, 2);
+    rig.Press(Qt::Key_Delete);
+    rig.To(0, kDateAnalyzed);
+    rig.Extend(Qt::Key_Down, 2);
+    rig.Press(Qt::Key_Delete);
+    rig.log.answers = {false};
+    rig.Type("\33");
+    EXPECT_THAT(rig.log.TakeTexts().at(0),
+                testing::HasSubstr("Z3: \"" + std::string(40, 'x') + "...\". Date"));
+    rig.Type("^z^z^z");
+    EXPECT_EQ(rig.Text("CompleteLabel"), "0 of 4 headers complete");
     rig.To(1, kDateAnalyzed);
     EXPECT_EQ(rig.Text("NoteLabel"), "Z1: Date Analyzed is empty.");
     rig.Type("2/28/2005 9:00\r");
@@ -253,19 +294,32 @@ TEST(HeaderTable, CountsCompleteHeadersAndFinds) {
     rig.To(0, kZovSampleNo);
     rig.Type("^f");
     EXPECT_EQ(rig.Focus(), "FindEdit");
-    rig.Type("za1\r");
-    EXPECT_EQ(rig.At(), "3.1");
+    rig.Type("za1");
+    const auto found = [&rig] { return rig.At() + " " + rig.Text("FindCount"); };
+    EXPECT_EQ(found(), "3.1 1 of 1");
     rig.Enter("FindEdit", "2");
-    rig.Type("&n&n");
-    EXPECT_EQ(rig.At(), "3.12");
-    rig.Press(Qt::Key_F3, Qt::ShiftModifier);
-    rig.Type("&p");
-    EXPECT_EQ(rig.At(), "2.1") << "Z2";
+    EXPECT_EQ(found(), "3.2 2 of 10") << "behind Z2";
+    const std::tuple<Qt::Key, Qt::KeyboardModifiers, const char*> steps[] = {
+        {Qt::Key_Return, {}, "3.12 3 of 10"},
+        {Qt::Key_Return, Qt::ShiftModifier, "3.2 2 of 10"},
+        {Qt::Key_F3, Qt::ShiftModifier, "2.1 1 of 10"},
+        {Qt::Key_F3, Qt::ShiftModifier, "3.26 10 of 10"},
+        {Qt::Key_X, Qt::AltModifier, "2.1 1 of 10"},
+        {Qt::Key_F3, {}, "3.2 2 of 10"}};
+    for (const auto& [key, modifiers, place] : steps) {
+        rig.Press(key, modifiers);
+        QTest::qWait(modifiers == Qt::AltModifier ? 150 : 0);
+        EXPECT_EQ(found(), place);
+    }
     rig.Enter("FindEdit", "nowhere\r");
-    EXPECT_EQ(rig.Text("FoundLabel"), "Not found.");
+    EXPECT_EQ(rig.Text("FindCount"), "Not found");
     rig.Type("\33");
     EXPECT_EQ(rig.Focus(), "HeadersTable");
     EXPECT_TRUE(rig.dialog.isVisible());
+    // From wherever the cursor is, in what the cells hold by now.
+    rig.To(1, kZovSampleNo);
+    rig.Type("Z22\r^f2");
+    EXPECT_EQ(found(), "2.1 2 of 11");
 }
 
 TEST(HeaderTable, KeepsTheFirstColumnInSight) {
