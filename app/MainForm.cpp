@@ -10,11 +10,9 @@
 #include <QIcon>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPainter>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QStatusBar>
-#include <QStyle>
 
 #include "app/AboutBox.h"
 #include "app/BatchKeeper.h"
@@ -30,6 +28,7 @@
 #include "platform/FileReplace.h"
 #include "platform/LineReader.h"
 #include "platform/Text.h"
+#include "platform/qt/ElidedLabel.h"
 #include "platform/qt/FileDrops.h"
 #include "platform/qt/WaitCursor.h"
 
@@ -46,7 +45,8 @@ constexpr int kHelpTopic = 10;
 constexpr QSize kWindowSize(960, 640);
 constexpr QSize kWindowFrame(10, 40);
 constexpr int kStateLetters = 130;  // that the status bar has room for
-constexpr int kNameLetters = 17;    // of them for each file
+constexpr int kNameLetters = 17;    // of them for each file, and
+constexpr int kCountLetters = 40;   // for each count, more than any has
 constexpr int kNoteTime = 8000;     // ms
 
 QIcon ProgramIcon() {
@@ -64,35 +64,6 @@ bool IsComplete(const SampleRecord& record) {
 QString NameOrNone(const std::string& path) {
     return path.empty() ? QString("none") : QString::fromStdString(FileNameOnly(path));
 }
-
-// Shows the ends of a name that the status bar has no room for, so that the counts beside it stay
-// whole.
-class NameLabel : public QLabel {
-  public:
-    using QLabel::QLabel;
-
-    QSize minimumSizeHint() const override {
-        const QSize whole = QLabel::minimumSizeHint();
-        return {std::min(whole.width(), kNameLetters * fontMetrics().averageCharWidth()),
-                whole.height()};
-    }
-
-  protected:
-    void paintEvent(QPaintEvent* event) override {
-        if (width() >= sizeHint().width()) {
-            QLabel::paintEvent(event);
-            return;
-        }
-        QPainter painter(this);
-        const QRect place = contentsRect();
-        const QString caption = text().left(text().indexOf(' ', text().indexOf(':')) + 1);
-        const QString name =
-            fontMetrics().elidedText(text().mid(caption.size()), Qt::ElideMiddle,
-                                     place.width() - fontMetrics().horizontalAdvance(caption));
-        style()->drawItemText(&painter, place, Qt::AlignLeft | Qt::AlignVCenter, palette(),
-                              isEnabled(), caption + name, foregroundRole());
-    }
-};
 
 void ShowEach(const std::vector<std::optional<Message>>& notes, Messages& messages) {
     for (const std::optional<Message>& note : notes) {
@@ -149,9 +120,11 @@ void TQFRForm::OnCreate() {
                       .RecoverBatch = [this] { RecoverLastBatch(); },
                       .OpenBatch = openBatch});
     setCentralWidget(desk_);
-    state_ = {new NameLabel(this), new QLabel(this), new QLabel(this), new NameLabel(this),
-              new NameLabel(this)};
-    for (QLabel* const label : state_) {
+    state_ = {
+        new ElidedLabel("Lab blank: ", kNameLetters), new ElidedLabel("Samples: ", kCountLetters),
+        new ElidedLabel("Headers complete: ", kCountLetters),
+        new ElidedLabel("Calibration: ", kNameLetters), new ElidedLabel("Check: ", kNameLetters)};
+    for (ElidedLabel* const label : state_) {
         label->setContentsMargins(6, 1, 6, 1);
         statusBar()->addWidget(label);
     }
@@ -566,18 +539,15 @@ void TQFRForm::ShowBatchState() {
         const SampleListType none;
         const SampleListType& samples = batch.SampleList ? *batch.SampleList : none;
         const auto complete = std::count_if(samples.begin(), samples.end(), IsComplete);
-        texts = {QString("Lab blank: ") + NameOrNone(files.LabBlank),
-                 QString("Samples: %1").arg(files.QFiles.size()),
-                 QString("Headers complete: %1 of %2").arg(complete).arg(samples.size()),
-                 QString("Calibration: ") + NameOrNone(files.Calib),
-                 QString("Check: ") + NameOrNone(files.CheckCal)};
+        texts = {NameOrNone(files.LabBlank), QString::number(files.QFiles.size()),
+                 QString("%1 of %2").arg(complete).arg(samples.size()), NameOrNone(files.Calib),
+                 NameOrNone(files.CheckCal)};
     }
     // While a note shows in their place, they would show over it.
     statusBar()->clearMessage();
     printBar_->setVisible(loaded);
     for (std::size_t i = 0; i < state_.size(); ++i) {
-        state_[i]->setText(texts[i]);
-        state_[i]->setToolTip(texts[i]);
+        state_[i]->Show(texts[i]);
         state_[i]->setVisible(loaded);
     }
     keeper_->Check();

@@ -9,7 +9,6 @@
 #include <string_view>
 #include <vector>
 
-#include <QLabel>
 #include <QMainWindow>
 
 #include "app/BatchFile.h"
@@ -58,6 +57,7 @@ struct DesktopServices {
 
 class BatchKeeper;
 class Desk;
+class ElidedLabel;
 class PrintBar;
 class ReviewDialog;
 
@@ -163,7 +163,7 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
     BatchFlags flags_;
     qfr::Entries entries_;
     Desk* desk_ = nullptr;
-    std::array<QLabel*, 5> state_{};  // of the batch, in the status bar
+    std::array<ElidedLabel*, 5> state_{};  // of the batch, in the status bar
     PrintBar* printBar_ = nullptr;
     bool exiting_ = false;
 

@@ -5,33 +5,15 @@
 #include <utility>
 
 #include <QHBoxLayout>
-#include <QLabel>
-#include <QPainter>
-#include <QStyle>
 
 #include "platform/FileLookup.h"
 #include "platform/Text.h"
 #include "platform/qt/ControlRow.h"
+#include "platform/qt/ElidedLabel.h"
 #include "platform/qt/PrintTarget.h"
 #include "platform/qt/ShownText.h"
 
 namespace qfr {
-
-// One line; of a text that has no room, both ends show.
-class ElidedLabel : public QLabel {
-  public:
-    using QLabel::QLabel;
-
-    QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
-
-  protected:
-    void paintEvent(QPaintEvent*) override {
-        QPainter painter(this);
-        style()->drawItemText(
-            &painter, contentsRect(), Qt::AlignLeft | Qt::AlignVCenter, palette(), isEnabled(),
-            fontMetrics().elidedText(text(), Qt::ElideMiddle, width()), foregroundRole());
-    }
-};
 
 PrintBar::PrintBar(Services services, QWidget* parent)
     : QToolBar(parent), services_(std::move(services)), note_(new ElidedLabel) {
@@ -44,7 +26,7 @@ PrintBar::PrintBar(Services services, QWidget* parent)
     auto* const controls = new QWidget;
     auto* const row = new QHBoxLayout(controls);
     row->setContentsMargins(6, 2, 6, 2);
-    AddControl(row, "Print &to:", new PrintTarget(services_.Printers), "PrintToCombo");
+    PrintTarget::PutInto(*row, services_.Printers);
     note_->setObjectName("PrintedNote");
     row->addWidget(note_, 1);
     openButton_ = AddButton(row, "Open F&ile", "OpenFileButton");
