@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <functional>
 #include <span>
+#include <utility>
+#include <vector>
 
 #include <QAction>
 #include <QApplication>
@@ -19,6 +21,7 @@
 #include "app/PrintAll.h"
 #include "platform/qt/ControlRow.h"
 #include "platform/qt/ElidedLabel.h"
+#include "platform/qt/Tables.h"
 
 namespace qfr {
 
@@ -30,36 +33,16 @@ constexpr milliseconds kPause(200);       // before it counts as idle
 constexpr milliseconds kStep(10);         // in which input waits
 constexpr milliseconds kUnnoticed(100);   // a look through that costs nothing
 constexpr milliseconds kWorthAWord(500);  // one that lasts
-constexpr int kRowsMeasured = 50;         // for the widths of the columns
-constexpr int kWidestColumn = 56;         // letters
 
-void SetUp(QTableView& table, QAbstractItemModel& model) {
+// With commands for the chosen row; long texts are in these columns.
+void SetUp(QTableView& table, QAbstractItemModel& model, std::vector<int> longTexts) {
     table.setModel(&model);
-    table.setSelectionBehavior(QAbstractItemView::SelectRows);
-    table.setSelectionMode(QAbstractItemView::SingleSelection);
-    table.setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table.setTabKeyNavigation(false);
-    table.setWordWrap(false);
+    SetUpRows(table);
+    KeepColumnsInSight(table, std::move(longTexts));
+    table.setTextElideMode(Qt::ElideMiddle);
     table.setAlternatingRowColors(true);
     table.setShowGrid(false);
     table.setContextMenuPolicy(Qt::ActionsContextMenu);
-    table.setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    QHeaderView& columns = *table.horizontalHeader();
-    columns.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    columns.setHighlightSections(false);
-    columns.setStretchLastSection(true);
-    columns.setResizeContentsPrecision(kRowsMeasured);
-    table.verticalHeader()->hide();
-    table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() + 6);
-}
-
-// Each as wide as what it holds; the last one takes the rest.
-void FitColumns(QTableView& table) {
-    const int widest = kWidestColumn * table.fontMetrics().averageCharWidth();
-    for (int column = 0; column + 1 < table.model()->columnCount(); ++column) {
-        table.resizeColumnToContents(column);
-        table.setColumnWidth(column, std::min(table.columnWidth(column), widest));
-    }
 }
 
 void AddAction(QTableView& table, const QString& caption, const std::function<void()>& handler) {
@@ -108,7 +91,8 @@ void BatchPage::AddSamples(QVBoxLayout& rows) {
     samplesTable_->setObjectName("SamplesTable");
     sorted_.setSourceModel(&samples_);
     sorted_.setSortRole(SampleTable::kSortRole);
-    SetUp(*samplesTable_, sorted_);
+    SetUp(*samplesTable_, sorted_,
+          {SampleTable::kSampleNo, SampleTable::kLabSampleId, SampleTable::kReport});
     samplesTable_->horizontalHeader()->setSortIndicator(SampleTable::kNumber, Qt::AscendingOrder);
     samplesTable_->setSortingEnabled(true);
     connect(samplesTable_, &QTableView::activated, this, &BatchPage::OpenSample);
@@ -122,7 +106,7 @@ void BatchPage::AddSamples(QVBoxLayout& rows) {
     lookingLabel_->hide();
     head->insertWidget(1, lookingLabel_);
     previewButton_ =
-        AddCommand(head, "&Preview All Forms", "PreviewAllButton", [this] { PreviewAllForms(); });
+        AddCommand(head, "Pre&view All Forms", "PreviewAllButton", [this] { PreviewAllForms(); });
     sheetsButton_ =
         AddCommand(head, "Print &Sample's Sheets", "PrintSheetsButton", [this] { PrintSheets(); });
     AddAction(*samplesTable_, "&Header...", [this] { OpenHeader(); });
@@ -135,7 +119,7 @@ void BatchPage::AddSamples(QVBoxLayout& rows) {
 
 void BatchPage::AddForms(QVBoxLayout& rows) {
     formsTable_->setObjectName("FormsTable");
-    SetUp(*formsTable_, forms_);
+    SetUp(*formsTable_, forms_, {FormsTable::kForm, FormsTable::kState});
     connect(formsTable_, &QTableView::activated, this, &BatchPage::OpenForm);
 
     QHBoxLayout* const head = HeadRow("F&orms:", formsTable_);

@@ -3,10 +3,10 @@
 
 #include <array>
 
-#include <QLabel>
 #include <QStatusBar>
 
 #include "data/Batch.h"
+#include "platform/qt/ElidedLabel.h"
 
 namespace qfr {
 
@@ -20,7 +20,7 @@ class BatchStatus {
 
   private:
     QStatusBar& bar_;
-    std::array<QLabel*, 5> labels_;
+    std::array<ElidedLabel*, 5> labels_;
 };
 
 }  // namespace qfr

@@ -1,5 +1,6 @@
 #include "app/PrintAll.h"
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <span>
@@ -7,8 +8,8 @@
 #include <utility>
 #include <vector>
 
-#include <QHeaderView>
 #include <QProgressDialog>
+#include <QScrollBar>
 #include <QStatusBar>
 
 #include "app/BatchStates.h"
@@ -17,6 +18,7 @@
 #include "dialogs/EntryDialogs.h"
 #include "platform/Text.h"
 #include "platform/qt/PrintTarget.h"
+#include "platform/qt/Tables.h"
 #include "platform/qt/WaitCursor.h"
 #include "ui_PackageNotesDialog.h"
 #include "ui_PrintAllDialog.h"
@@ -28,11 +30,13 @@ namespace {
 constexpr int kReviewAsked = QDialog::Accepted + 1;  // how the dialog ends
 constexpr int kProgressDelay = 250;                  // ms; what is done sooner shows no progress
 constexpr int kClosingNote = 8000;                   // ms
+constexpr int kListLetters = 50;                     // of a line that no list elides
 
 void AddChecked(QListWidget& list, const std::string& text) {
     auto* const item = new QListWidgetItem(QString::fromStdString(text), &list);
     item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
     item->setCheckState(Qt::Checked);
+    item->setToolTip(item->text());
 }
 
 void CheckAll(QListWidget& list, Qt::CheckState state) {
@@ -85,6 +89,12 @@ PrintAllDialog::PrintAllDialog(const Batch& batch, std::span<const Finding> find
         AddChecked(*ui_.SamplesList, line);
     }
     const auto connectList = [this](QListWidget& list, QPushButton& all, QPushButton& none) {
+        // As wide as its longest line, within reason.
+        const int bars = list.verticalScrollBar()->sizeHint().width() + 2 * list.frameWidth();
+        const int widest = kListLetters * list.fontMetrics().averageCharWidth();
+        list.setMinimumWidth(
+            std::max(list.minimumWidth(), std::min(list.sizeHintForColumn(0) + bars, widest)));
+        ElideItems(list);
         list.setCurrentRow(0);
         connect(&list, &QListWidget::itemChanged, this, &PrintAllDialog::ShowCount);
         connect(&all, &QPushButton::clicked, &list, [&list] { CheckAll(list, Qt::Checked); });
@@ -99,7 +109,7 @@ PrintAllDialog::PrintAllDialog(const Batch& batch, std::span<const Finding> find
     connect(ui_.PrintButton, &QPushButton::clicked, this, &QDialog::accept);
     connect(ui_.CancelButton, &QPushButton::clicked, this, &QDialog::reject);
     ConnectHelp(*this, services, kPrintAllHelpTopic, ui_.HelpButton);
-    PrintTarget::PutBefore(*ui_.PrintButton, "Print &to:", services.Printers());
+    PrintTarget::PutBefore(*ui_.PrintButton, services.Printers());
     ShowCount();
     ui_.FormsList->setFocus();
 }
@@ -184,29 +194,15 @@ void ShowPackageNotes(const std::vector<PackageNote>& notes, const Batch& batch,
     ui.setupUi(&dialog);
     dialog.setProperty(kHelpTopicProperty, kPrintAllHelpTopic);
     ui.NotesLabel->setText(summary + " &Messages:");
-    QTableWidget& table = *ui.NotesTable;
-    table.setRowCount(static_cast<int>(notes.size()));
-    for (int row = 0; row < table.rowCount(); ++row) {
-        const PackageNote& note = notes[static_cast<std::size_t>(row)];
+    std::vector<std::vector<std::string>> rows;
+    for (const PackageNote& note : notes) {
         const auto& record = note.work->record;
-        int column = 0;
-        for (const std::string& text :
-             {std::string(note.work->form->caption),
-              record ? SampleName((*batch.SampleList)[*record]) : std::string(), note.text,
-              std::string(note.printed ? "Yes" : "No")}) {
-            auto* const cell = new QTableWidgetItem(QString::fromStdString(text));
-            cell->setTextAlignment(Qt::AlignLeft | Qt::AlignTop);
-            table.setItem(row, column++, cell);
-        }
+        rows.push_back({std::string(note.work->form->caption),
+                        record ? SampleName((*batch.SampleList)[*record]) : "", note.text,
+                        note.printed ? "Yes" : "No"});
     }
-    QHeaderView& columns = *table.horizontalHeader();
-    columns.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    columns.setSectionResizeMode(QHeaderView::ResizeToContents);
-    columns.setSectionResizeMode(2, QHeaderView::Stretch);
-    // Long messages wrap.
-    table.verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    table.verticalHeader()->hide();
-    table.setCurrentCell(0, 0);
+    constexpr int kMessage = 2;
+    FillWrapped(*ui.NotesTable, rows, kMessage);
     QObject::connect(ui.OkButton, &QPushButton::clicked, &dialog, &QDialog::accept);
     ui.OkButton->setFocus();
     dialog.exec();

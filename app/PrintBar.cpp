@@ -26,7 +26,7 @@ PrintBar::PrintBar(Services services, QWidget* parent)
     auto* const controls = new QWidget;
     auto* const row = new QHBoxLayout(controls);
     row->setContentsMargins(6, 2, 6, 2);
-    AddControl(row, "Print &to:", new PrintTarget(services_.Printers), "PrintToCombo");
+    PrintTarget::PutInto(*row, services_.Printers);
     note_->setObjectName("PrintedNote");
     row->addWidget(note_, 1);
     openButton_ = AddButton(row, "Open F&ile", "OpenFileButton");

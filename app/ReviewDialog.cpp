@@ -5,13 +5,13 @@
 #include <utility>
 
 #include <QClipboard>
-#include <QHeaderView>
 #include <QSignalBlocker>
 
 #include "app/MainForm.h"
 #include "dialogs/EntryDialogs.h"
 #include "forms/FormList.h"
 #include "platform/Text.h"
+#include "platform/qt/Tables.h"
 #include "platform/qt/WaitCursor.h"
 #include "review/FindingsList.h"
 #include "ui_ReviewDialog.h"
@@ -37,7 +37,9 @@ const std::array<SeverityChoice, 5>& SeverityChoices() {
 
 constexpr int kWhyLines = 4;
 constexpr int kLettersOf[] = {12, 7, 30, 66};  // of the columns; the last one takes the rest
-constexpr int kSampleLetters = 12;
+constexpr int kAboutColumn = 2;
+constexpr int kFindingColumn = 3;
+constexpr int kFilterLetters = 12;
 constexpr int kLettersAcross = 158;  // of the window
 
 }  // namespace
@@ -52,23 +54,22 @@ ReviewDialog::ReviewDialog(TQFRForm& window)
     for (const FormRow& form : kForms) {
         ui_->FormBox->addItem(QString::fromStdString(std::string(form.caption)));
     }
+    for (QComboBox* const box : {ui_->FormBox, ui_->SampleBox}) {
+        box->setMinimumContentsLength(kFilterLetters);
+    }
     for (QComboBox* const box : {ui_->SeverityBox, ui_->FormBox, ui_->SampleBox}) {
-        box->setMinimumContentsLength(kSampleLetters);
         connect(box, &QComboBox::currentIndexChanged, this, &ReviewDialog::ShowFiltered);
     }
 
     QTableView& table = *ui_->FindingsTable;
     table.setModel(&model_);
-    table.horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    table.horizontalHeader()->setStretchLastSection(true);
-    table.horizontalHeader()->setHighlightSections(false);
-    table.verticalHeader()->hide();
     ensurePolished();
+    SetUpRows(table);
+    KeepColumnsInSight(table, {kAboutColumn, kFindingColumn});
     const int letter = fontMetrics().averageCharWidth();
     for (int column = 0; const int letters : kLettersOf) {
         table.setColumnWidth(column++, letters * letter);
     }
-    table.verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
     ui_->WhyEdit->setFixedHeight(kWhyLines * fontMetrics().lineSpacing() + 14);
     resize(kLettersAcross * letter, sizeHint().height());
 

@@ -12,6 +12,7 @@
 #include "platform/Text.h"
 #include "platform/qt/FieldEntry.h"
 #include "platform/qt/FileDrops.h"
+#include "platform/qt/Tables.h"
 #include "platform/qt/ToldFilesDialog.h"
 #include "platform/qt/WaitCursor.h"
 #include "ui_FilesDlg.h"
@@ -145,6 +146,7 @@ TFilesDlg::TFilesDlg(FilesDlgOwner& owner, WindowServices& services, Messages& m
     onClick(ui_->ToldButton, [this] { ShowToldFiles(proposal_->Told, kHelpTopic, this); });
     onClick(ui_->Button1, &TFilesDlg::Button1Click);
 
+    ElideItems(*ui_->QFilesList);
     auto* const deleteKey = new QShortcut(QKeySequence::Delete, ui_->QFilesList);
     deleteKey->setContext(Qt::WidgetShortcut);
     connect(deleteKey, &QShortcut::activated, this, &TFilesDlg::DeleteButtonClick);

@@ -43,18 +43,28 @@ TuneVerdict VerdictOf(const TuneAbundances& typed, std::size_t ion) {
     const std::string criterion(known.DialogCriterion);
     const auto abundance = ParseNumber(typed.at(ion));
     if (!abundance) {
-        return {Trim(typed.at(ion)).empty() ? "" : "Not a number"};
+        const std::string text = Trim(typed.at(ion)).empty() ? "" : "Not a number";
+        return {text, text};
     }
     if (!known.Accepts(*abundance)) {
         const auto percent = PercentOfOwnBase(typed, ion);
-        return {"Out of range: " + criterion +
+        return {"Out of range",
+                "Out of range: " + criterion +
                     (percent ? ". It is " + FormatFixed(*percent, 1) + "% of mass " +
                                    std::string(known.Base) + ": typed relative to mass 95?"
                              : ""),
                 true};
     }
-    const bool against = IsAgainstCriterionUnflagged(ion, *abundance);
-    return {(against ? "Not flagged, but: " : "In range: ") + criterion};
+    if (!IsAgainstCriterionUnflagged(ion, *abundance)) {
+        return {"In range", "In range: " + criterion};
+    }
+    return known.Mass == kTuneBase
+               ? TuneVerdict{"Not 100%",
+                             "The base peak is 100% by definition. Form V prints any other value "
+                             "without a flag."}
+               : TuneVerdict{"At the limit", "The criterion is \"" + criterion +
+                                                 "\", and this is the limit itself. Form V prints "
+                                                 "it without a flag."};
 }
 
 }  // namespace qfr

@@ -58,9 +58,10 @@ bool IsAgainstCriterionUnflagged(std::size_t ion, double abundance);
 // been typed relative to mass 95. Absent for any other.
 std::optional<double> PercentOfOwnBase(const TuneAbundances& typed, std::size_t ion);
 
-// Whether the ion is in range, and the range, in a line for who types it.
+// Whether the ion is in range, for who types it.
 struct TuneVerdict {
-    std::string Text;
+    std::string Text;      // a few words; the range stands beside it
+    std::string Sentence;  // the same with the range and what may be wrong
     bool Flagged = false;  // the form marks it
 };
 TuneVerdict VerdictOf(const TuneAbundances& typed, std::size_t ion);

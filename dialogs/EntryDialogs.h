@@ -22,9 +22,6 @@ class QWidget;
 
 namespace qfr {
 
-// Before the drop-down of a dialog whose OK prints.
-inline constexpr const char* kPrintTo = "&Print to:";
-
 // A dialog that a form's driver shows.
 class EntryWindow : public QDialog, public HoldsEntries {
   public:

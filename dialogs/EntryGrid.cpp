@@ -54,6 +54,7 @@ EntryGrid::EntryGrid(QWidget* parent) : QTableWidget(parent) {
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setSectionsClickable(false);
     horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    horizontalHeader()->setStretchLastSection(true);
     steps_.setUndoLimit(kMostSteps);
     connect(this, &QTableWidget::itemChanged, this, &EntryGrid::Edited);
 }
@@ -108,7 +109,7 @@ void EntryGrid::SetNote(int row, int column, const Note& note) {
     if (item(row, column) == nullptr) {
         SetCell(row, column, "");
     }
-    const QString text = QString::fromStdString(note.Text);
+    const QString text = QString::fromStdString(note.Whole);
     {
         // The view would put the cell's text back into the edit in which it is being changed.
         const QSignalBlocker blocker(model());
@@ -120,6 +121,10 @@ void EntryGrid::SetNote(int row, int column, const Note& note) {
         editor->setAccessibleDescription(text);
     }
     viewport()->update();
+}
+
+QString EntryGrid::CurrentNote() const {
+    return currentIndex().data(Qt::AccessibleDescriptionRole).toString();
 }
 
 QRect EntryGrid::TextPlace(const QModelIndex& index, const QRect& cell) const {
@@ -358,7 +363,8 @@ int EntryGrid::HeightOf(int rows) const {
 }
 
 QSize EntryGrid::sizeHint() const {
-    const int bar = rowCount() > visibleRows_ ? verticalScrollBar()->sizeHint().width() : 0;
+    // The bar is there where the screen is too low for all rows, and must not cut the last column.
+    const int bar = verticalScrollBar()->sizeHint().width();
     return {columnsWidth_ + 2 * frameWidth() + bar, HeightOf(visibleRows_)};
 }
 

@@ -39,14 +39,18 @@ class EntryGrid : public QTableWidget {
     std::string TypedCell(int row, int column) const;
     void SetCell(int row, int column, const std::string& text);
 
-    // What is said of a cell, at its right end, also while it is being typed in; a screen reader
-    // hears it as the cell's description. Only columns with a `noteFrom` have room for it.
+    // What is said of a cell: a few words at its right end, also while it is being typed in, and
+    // the whole as its tooltip and as what a screen reader hears. Only columns with a `noteFrom`
+    // have room for it.
     struct Note {
         std::string Text;
+        std::string Whole;
         bool Strong = false;
         bool operator==(const Note&) const = default;
     };
     void SetNote(int row, int column, const Note& note);
+    // The whole note of the current cell; empty: there is none.
+    QString CurrentNote() const;
 
     // Takes over what is being typed and leaves the cell.
     void FinishEditing();

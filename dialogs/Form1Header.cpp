@@ -99,8 +99,7 @@ TForm1Header::TForm1Header(FormHost& host, WindowServices& services)
     connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this,
             &TForm1Header::Button5Click);
     // The row of buttons is as wide as a small screen.
-    PrintTarget::PutBelow(*ui_->Fields, kRightLabels, *ui_->PrintButton,
-                          "Print to:", services_.Printers());
+    PrintTarget::PutBelow(*ui_->Fields, kRightLabels, *ui_->PrintButton, services_.Printers());
 }
 
 TForm1Header::~TForm1Header() = default;

@@ -26,7 +26,6 @@ constexpr const char* kNoFieldEnd =
     "A value cannot hold \";\": typed, it is left out; pasted, it becomes \",\".";
 constexpr int kFindCommands = 3;  // at the end of the menu
 constexpr int kRowPadding = 8;    // pixels
-constexpr int kHeadPadding = 24;  // pixels, for the widest heads
 constexpr int kLettersOfText = 12;
 constexpr int kLettersOfDate = 23;
 constexpr QSize kLetters(150, 30);  // that the window has room for
@@ -75,9 +74,8 @@ void HeaderTableDialog::SetUpTable() {
     QHeaderView& heads = *view.horizontalHeader();
     for (int column = 0; column < table_.columnCount(); ++column) {
         const HeaderField field = HeaderFieldAt(column + 1);
-        const QString head = QString::fromStdString(HeaderHeading(field));
         view.setColumnWidth(column, std::max(LettersIn(field) * metrics.averageCharWidth(),
-                                             metrics.horizontalAdvance(head) + kHeadPadding));
+                                             heads.sectionSizeHint(column)));
     }
     heads.restoreState(memory_.Value(kWidths).toByteArray());
     connect(&heads, &QHeaderView::sectionResized, this,

@@ -50,7 +50,7 @@ TMBSHeader::TMBSHeader(FormHost& host, WindowServices& services, QWidget* parent
     connect(ui_->OkButton, &QPushButton::clicked, this, &TMBSHeader::OkClick);
     connect(ui_->CancelButton, &QPushButton::clicked, this, &TMBSHeader::reject);
     ConnectHelp(*this, services, kHelpTopic);
-    PrintTarget::PutBefore(*ui_->OkButton, kPrintTo, services.Printers());
+    PrintTarget::PutBefore(*ui_->OkButton, services.Printers());
 }
 
 TMBSHeader::~TMBSHeader() = default;

@@ -1,6 +1,7 @@
 #include "platform/qt/FitToScreen.h"
 
 #include <algorithm>
+#include <functional>
 
 #include <QAbstractButton>
 #include <QBoxLayout>
@@ -25,7 +26,12 @@ constexpr const char* kAreaName = "FitArea";
 constexpr QMargins kUsualFrame(2, 32, 2, 2);  // of a window whose own is not known yet
 constexpr int kTightMargin = 6;
 constexpr qsizetype kShortCaption = 12;  // letters of one that stays in one line
+constexpr int kAreaEdge = 2;             // around what scrolls
 constexpr int kFocusMargin = 12;         // around the control that has the focus
+
+int BarExtent(const QWidget& widget) {
+    return widget.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+}
 
 // Asks for all of its contents' size; the toolkit's own asks for a part of it.
 class WholeArea : public QScrollArea {
@@ -41,7 +47,7 @@ class WholeArea : public QScrollArea {
 
   private:
     QSize Around(const QSize& contents) const {
-        return contents + QSize(style()->pixelMetric(QStyle::PM_ScrollBarExtent) + 2, 2);
+        return contents + QSize(BarExtent(*this) + kAreaEdge, kAreaEdge);
     }
 };
 
@@ -189,7 +195,7 @@ int HeightFor(const QLayout& layout, int width) {
 }
 
 // Saves width where that is enough, before anything has to scroll: narrow margins, and captions of
-// two lines.
+// two lines, the longest first.
 void Tighten(QDialog& dialog, const QSize& room) {
     const QMargins margins = dialog.layout()->contentsMargins();
     dialog.layout()->setContentsMargins(std::min(margins.left(), kTightMargin), margins.top(),
@@ -197,40 +203,59 @@ void Tighten(QDialog& dialog, const QSize& room) {
     if (Least(dialog).width() <= room.width()) {
         return;
     }
-    for (QLabel* const label : dialog.findChildren<QLabel*>()) {
-        if (label->window() == &dialog && label->text().size() > kShortCaption) {
-            label->setWordWrap(true);
+    QList<QLabel*> captions = dialog.findChildren<QLabel*>();
+    captions.removeIf([&](const QLabel* label) {
+        return label->window() != &dialog || label->text().size() <= kShortCaption;
+    });
+    std::ranges::stable_sort(captions, std::greater(),
+                             [](const QLabel* label) { return label->sizeHint().width(); });
+    for (QLabel* const caption : captions) {
+        caption->setWordWrap(true);
+        // Otherwise the inner ones would not know before the next event.
+        for (QLayout* const layout : dialog.findChildren<QLayout*>()) {
+            layout->invalidate();
+        }
+        if (Least(dialog).width() <= room.width()) {
+            return;
         }
     }
+}
+
+// Lets the contents scroll; gives the height that they have use for at this width, all in all.
+int Scroll(QDialog& dialog, const QSize& room, int width) {
+    Wrap(dialog);
+    WholeArea& area = *AreaOf(dialog);
+    const QMargins margins = dialog.layout()->contentsMargins();
+    const int beside = margins.left() + margins.right();
+    const int below =
+        dialog.layout()->totalMinimumSize().height() - area.minimumSizeHint().height();
+    if (qobject_cast<QMessageBox*>(&dialog) != nullptr) {
+        // It makes itself as small as it can be.
+        area.setMinimumSize(area.sizeHint().boundedTo(room - QSize(beside, below)));
+    }
+    return HeightFor(*area.widget()->layout(), width - beside - BarExtent(dialog)) + below;
 }
 
 void FitContents(QDialog& dialog, const QSize& room) {
     const QSize wanted = dialog.size().expandedTo(dialog.layout()->totalSizeHint());
     dialog.setMinimumSize(0, 0);
-    if (dialog.layout()->totalMinimumSize().width() > room.width()) {
-        Tighten(dialog, room);
+    // The bar of contents that are too high, if only by captions of two lines, takes of the width.
+    const int bar = BarExtent(dialog);
+    const QSize besideBar = room - QSize(bar + kAreaEdge, 0);
+    if (const QSize least = dialog.layout()->totalMinimumSize();
+        Exceeds(least, room) && least.width() > besideBar.width()) {
+        Tighten(dialog, besideBar);
     }
     const int width = std::min(wanted.width(), room.width());
     int height = HeightFor(*dialog.layout(), width);
-    int bar = 0;
-    // Captions of two lines need height.
     const bool isHigh = dialog.layout()->hasHeightForWidth() && height > room.height();
-    if (isHigh || Exceeds(dialog.layout()->totalMinimumSize(), room)) {
-        Wrap(dialog);
-        bar = dialog.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-        WholeArea& area = *AreaOf(dialog);
-        const QMargins margins = dialog.layout()->contentsMargins();
-        const int beside = margins.left() + margins.right();
-        const int below =
-            dialog.layout()->totalMinimumSize().height() - area.minimumSizeHint().height();
-        height = HeightFor(*area.widget()->layout(), width - beside - bar) + below;
-        if (qobject_cast<QMessageBox*>(&dialog) != nullptr) {
-            // It makes itself as small as it can be.
-            area.setMinimumSize(area.sizeHint().boundedTo(room - QSize(beside, below)));
-        }
+    const bool scrolls = isHigh || Exceeds(dialog.layout()->totalMinimumSize(), room);
+    if (scrolls) {
+        height = Scroll(dialog, room, width);
     }
     if (!FillsScreen(dialog)) {
-        dialog.resize((wanted.expandedTo({0, height}) + QSize(bar, bar)).boundedTo(room));
+        const int more = scrolls ? bar : 0;
+        dialog.resize((wanted.expandedTo({0, height}) + QSize(more, more)).boundedTo(room));
     }
 }
 
@@ -242,6 +267,14 @@ void Fit(QWidget& window) {
         FitContents(*dialog, room);
     }
     Bound(window, room);
+}
+
+// The toolkit shows a dialog that nobody has made larger on two thirds of the screen at most.
+void UseRoom(QWidget& window) {
+    if (!window.testAttribute(Qt::WA_Resized) && qobject_cast<QDialog*>(&window) != nullptr) {
+        window.resize(window.size().expandedTo(window.sizeHint()).boundedTo(RoomFor(window)));
+        window.setAttribute(Qt::WA_Resized, false);
+    }
 }
 
 // Into its screen, frame and all.
@@ -277,6 +310,7 @@ class ScreenFitter : public QObject {
             auto& window = *static_cast<QWidget*>(watched);
             if (shown) {
                 MakeRoomForLetters(window);
+                UseRoom(window);
                 Fit(window);
             }
             if (shown || Exceeds(window.minimumSizeHint(), RoomFor(window))) {

@@ -14,6 +14,7 @@ namespace qfr {
 namespace {
 
 const char* const kName = "PrintToCombo";
+const char* const kCaption = "&Print to:";
 constexpr int kLetters = 12;  // of a printer's name
 constexpr int kSpace = 6;     // pixels, after the label
 
@@ -49,24 +50,26 @@ PrintTarget::PrintTarget(PrinterChoice& printers, QWidget* parent)
     ShowChoice();
 }
 
-void PrintTarget::PutBefore(QPushButton& printButton, const QString& caption,
-                            PrinterChoice& printers) {
+void PrintTarget::PutInto(QHBoxLayout& row, PrinterChoice& printers) {
+    AddControl(&row, kCaption, new PrintTarget(printers), kName);
+}
+
+void PrintTarget::PutBefore(QPushButton& printButton, PrinterChoice& printers) {
     if (auto* const buttons = printButton.window()->findChild<QHBoxLayout*>("Buttons")) {
         auto* const row = new QHBoxLayout;
         row->setSpacing(kSpace);
-        auto* const target = new PrintTarget(printers);
-        AddControl(row, caption, target, kName);
+        PutInto(*row, printers);
         buttons->insertLayout(0, row);
-        setTabOrder(&printButton, target);
+        setTabOrder(&printButton, row->itemAt(row->count() - 1)->widget());
     }
 }
 
 void PrintTarget::PutBelow(QGridLayout& fields, int labelColumn, QPushButton& printButton,
-                           const QString& caption, PrinterChoice& printers) {
+                           PrinterChoice& printers) {
     const int last = fields.rowCount() - 1;
     const bool free = fields.itemAtPosition(last, labelColumn) == nullptr;
     auto* const target = new PrintTarget(printers);
-    auto* const label = new QLabel(caption);
+    auto* const label = new QLabel(QString(kCaption).remove('&'));
     label->setBuddy(target);
     fields.addWidget(label, free ? last : last + 1, labelColumn);
     fields.addWidget(target, free ? last : last + 1, labelColumn + 1);

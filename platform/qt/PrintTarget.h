@@ -7,6 +7,7 @@
 #include "platform/qt/PrinterChoice.h"
 
 class QGridLayout;
+class QHBoxLayout;
 class QPushButton;
 
 namespace qfr {
@@ -21,12 +22,13 @@ class PrintTarget : public QComboBox {
 
     // Puts one in front of the dialog's row of buttons ("Buttons"), of which this one prints. In
     // the tab order it comes after the button.
-    static void PutBefore(QPushButton& printButton, const QString& caption,
-                          PrinterChoice& printers);
+    static void PutBefore(QPushButton& printButton, PrinterChoice& printers);
+    // Puts one at the end of a row.
+    static void PutInto(QHBoxLayout& row, PrinterChoice& printers);
     // Puts one at the lower end of two columns of labels and fields, into their last row if there
-    // is room.
+    // is room. It has no mnemonic: beside so many fields its letters are theirs.
     static void PutBelow(QGridLayout& fields, int labelColumn, QPushButton& printButton,
-                         const QString& caption, PrinterChoice& printers);
+                         PrinterChoice& printers);
 
     void showPopup() override;
 

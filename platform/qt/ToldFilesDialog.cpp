@@ -1,10 +1,12 @@
 #include "platform/qt/ToldFilesDialog.h"
 
+#include <string>
+#include <vector>
+
 #include <QClipboard>
 #include <QDialog>
 #include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QTableWidget>
@@ -13,6 +15,7 @@
 #include "platform/Text.h"
 #include "platform/WindowServices.h"
 #include "platform/qt/ShownText.h"
+#include "platform/qt/Tables.h"
 
 namespace qfr {
 
@@ -21,37 +24,21 @@ namespace {
 constexpr int kLettersAcross = 110;  // of the window
 constexpr int kLinesDown = 22;
 
-void Fill(QTableWidget& table, const std::vector<ToldFile>& files) {
-    table.setRowCount(static_cast<int>(files.size()));
-    for (int row = 0; const ToldFile& file : files) {
-        int column = 0;
-        for (const std::string& text : {FileNameOnly(file.File), file.What}) {
-            auto* const cell = new QTableWidgetItem(Shown(text));
-            cell->setTextAlignment(Qt::AlignLeft | Qt::AlignTop);
-            cell->setToolTip(Shown(file.File));
-            table.setItem(row, column++, cell);
-        }
-        ++row;
-    }
-    table.setCurrentCell(0, 0);
-}
-
 QTableWidget* MakeTable(const std::vector<ToldFile>& files, QWidget& parent) {
     auto* const table = new QTableWidget(0, 2, &parent);
     table->setObjectName("ToldFilesTable");
     table->setHorizontalHeaderLabels({"File", "What to know"});
-    table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table->setTabKeyNavigation(false);
-    table->verticalHeader()->hide();
-    // Long texts wrap.
-    table->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    QHeaderView& columns = *table->horizontalHeader();
-    columns.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    columns.setHighlightSections(false);
-    columns.setSectionResizeMode(0, QHeaderView::ResizeToContents);
-    columns.setSectionResizeMode(1, QHeaderView::Stretch);
-    Fill(*table, files);
+    std::vector<std::vector<std::string>> rows;
+    for (const ToldFile& file : files) {
+        rows.push_back({FileNameOnly(file.File), file.What});
+    }
+    FillWrapped(*table, rows, 1);
+    for (int row = 0; const ToldFile& file : files) {
+        for (int column = 0; column < table->columnCount(); ++column) {
+            table->item(row, column)->setToolTip(Shown(file.File));
+        }
+        ++row;
+    }
     return table;
 }
 

@@ -56,7 +56,7 @@ def hear_verdicts(program):
     base_peak = program.find("table cell", "100.0", tune)
     assert base_peak.description == "In range: Base peak, 100% relative abundance", base_peak.description
     program.click(base_peak)
-    for typed, verdict in (("99", "Not flagged, but: Base peak, 100% relative abundance"), ("x", "Not a number")):
+    for typed, verdict in (("99", "The base peak is 100% by definition. Form V prints any other value without a flag."), ("x", "Not a number")):
         program.type(typed)
         wait_for(verdict, lambda expected=verdict: base_peak.description == expected)
     program.window("Instrument Performance Check", "Instrument Performance Check, verdicts")

@@ -140,9 +140,12 @@ TEST(TuneForm, SaysOfEachAbundanceWhetherItIsInRange) {
         {0, "15", "In range: 15.0 - 40.0% of mass 95"},
         {0, "14.9", "Out of range: 15.0 - 40.0% of mass 95"},
         {1, "1,5", "Not a number"},
-        {2, "99", "Not flagged, but: Base peak, 100% relative abundance"},
+        {2, "99",
+         "The base peak is 100% by definition. Form V prints any other value without a flag."},
         {1, "\b", ""},
-        {4, "2.0", "Not flagged, but: Less than 2.0% of mass 174"},
+        {4, "2.0",
+         "The criterion is \"Less than 2.0% of mass 174\", and this is the limit itself. Form V "
+         "prints it without a flag."},
         {7, "78.4",
          "Out of range: 95.0 - 101.0% of mass 174. It is 98.0% of mass 174: typed relative to "
          "mass 95?"}};

@@ -1,12 +1,17 @@
 // Every window on the screens and with the letters that a laboratory may have.
 #include <QAction>
+#include <QHeaderView>
 #include <QLabel>
 #include <QMessageBox>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
+#include <QStyleOptionComboBox>
 
+#include "dialogs/EntryGrid.h"
 #include "platform/qt/HelpFile.h"
 #include "platform/qt/HelpWindow.h"
+#include "platform/qt/PageView.h"
 #include "platform/qt/PreviewWindow.h"
 #include "platform/qt/PrinterSetupDialog.h"
 #include "platform/qt/ToldFilesDialog.h"
@@ -25,35 +30,85 @@ bool Scrolls(const QWidget& widget) {
 
 // The least size in which the widget's caption is whole.
 QSize Needed(const QWidget& widget) {
-    const auto* const label = qobject_cast<const QLabel*>(&widget);
-    const bool captioned = qobject_cast<const QAbstractButton*>(&widget) != nullptr;
-    if (label != nullptr && label->wordWrap()) {
-        return {0, std::min(label->heightForWidth(label->width()), label->sizeHint().height())};
+    if (const auto* const label = qobject_cast<const QLabel*>(&widget)) {
+        return label->wordWrap() ? QSize(0, label->heightForWidth(label->width()))
+                                 : label->minimumSizeHint();
     }
-    const QSize given = widget.minimumSize();  // on purpose, where a row has little room
-    const QSize hint = captioned || label != nullptr ? widget.minimumSizeHint() : QSize();
-    return {given.width() > 0 ? given.width() : hint.width(), hint.height()};
+    if (const auto* const button = qobject_cast<const QAbstractButton*>(&widget)) {
+        const QSize caption = button->fontMetrics().size(Qt::TextShowMnemonic, button->text());
+        const int given = button->minimumWidth();  // on purpose, where a row has little room
+        const QSize hint = button->minimumSizeHint();
+        return {given > 0 ? std::max(given, caption.width()) : hint.width(), hint.height()};
+    }
+    if (const auto* const box = qobject_cast<const QComboBox*>(&widget)) {
+        QStyleOptionComboBox option;
+        option.initFrom(box);
+        option.editable = box->isEditable();
+        const QRect place = box->style()->subControlRect(QStyle::CC_ComboBox, &option,
+                                                         QStyle::SC_ComboBoxEditField, box);
+        const int text = box->fontMetrics().horizontalAdvance(box->currentText());
+        return {box->width() + std::max(text - place.width(), 0), box->minimumSizeHint().height()};
+    }
+    return widget.minimumSize();
+}
+
+// Pages, and the 26 columns of all headers, are wider than any window.
+bool IsWideByNature(const QAbstractScrollArea& area) {
+    return area.objectName() == "HeadersTable" || qobject_cast<const PageView*>(&area) != nullptr;
+}
+
+// Nothing of it is beside what shows, and nothing below while its window could be higher.
+void ExpectInSight(const QAbstractScrollArea& area, const std::string& name) {
+    if (!IsWideByNature(area)) {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return area.horizontalScrollBar()->maximum() == 0; }))
+            << name << " scrolls sideways";
+    }
+    const bool asksForAll =
+        qobject_cast<const EntryGrid*>(&area) != nullptr || area.objectName() == "FitArea";
+    if (asksForAll && area.height() < area.sizeHint().height()) {
+        const QWidget& window = *area.window();
+        EXPECT_GE(window.frameGeometry().height() + 40,
+                  window.screen()->availableGeometry().height())
+            << name << " scrolls down in a low window";
+    }
+}
+
+// Or, where there is little room, some letters of them.
+void ExpectHeadsShow(const QHeaderView& heads, const std::string& name) {
+    const int letters = 9 * heads.fontMetrics().averageCharWidth();
+    for (int section = 0; section < heads.count(); ++section) {
+        EXPECT_GE(heads.sectionSize(section), std::min(heads.sectionSizeHint(section), letters))
+            << name << ", section " << section;
+    }
+}
+
+void ExpectWhole(const QWidget& widget) {
+    const std::string name = widget.objectName().toStdString() + " of " +
+                             widget.parentWidget()->objectName().toStdString();
+    EXPECT_TRUE(Scrolls(widget) || widget.parentWidget()->rect().contains(widget.geometry()))
+        << name << " is clipped";
+    const QSize needed = Needed(widget);
+    EXPECT_TRUE(widget.width() >= needed.width() && widget.height() >= needed.height())
+        << name << ": " << widget.width() << " x " << widget.height() << " instead of "
+        << needed.width() << " x " << needed.height();
+    if (const auto* const heads = qobject_cast<const QHeaderView*>(&widget)) {
+        ExpectHeadsShow(*heads, name);
+    } else if (const auto* const area = qobject_cast<const QAbstractScrollArea*>(&widget)) {
+        ExpectInSight(*area, name);
+    }
 }
 
 void ExpectFits(QWidget& window) {
     SCOPED_TRACE(window.objectName().toStdString() + " " + window.windowTitle().toStdString());
     QTest::qWait(0);
     const QRect screen = window.screen()->availableGeometry();
-    EXPECT_TRUE(screen.contains(window.frameGeometry()))
+    EXPECT_TRUE(QTest::qWaitFor([&] { return screen.contains(window.frameGeometry()); }))
         << window.frameGeometry().right() << "," << window.frameGeometry().bottom();
     for (const QWidget* const widget : window.findChildren<QWidget*>()) {
-        if (widget->window() != &window || !widget->isVisible() ||
-            widget->objectName().startsWith("qt_")) {
-            continue;
+        if (widget->window() == &window && widget->isVisible() &&
+            !widget->objectName().startsWith("qt_")) {
+            ExpectWhole(*widget);
         }
-        const std::string name = widget->objectName().toStdString() + " of " +
-                                 widget->parentWidget()->objectName().toStdString();
-        EXPECT_TRUE(Scrolls(*widget) || widget->parentWidget()->rect().contains(widget->geometry()))
-            << name << " is clipped";
-        const QSize needed = Needed(*widget);
-        EXPECT_TRUE(widget->width() >= needed.width() && widget->height() >= needed.height())
-            << name << ": " << widget->width() << " x " << widget->height() << " instead of "
-            << needed.width() << " x " << needed.height();
     }
 }
 
@@ -65,19 +120,35 @@ void ShowOn(QScreen& screen, QWidget& window) {
     EXPECT_EQ(window.screen(), &screen);
 }
 
-// The dialog that the menu command with these keys opens.
-void ExpectCommandFits(TQFRForm& form, const char* keys) {
+// The window that a menu command opens, with what the batch has for it.
+void ExpectCommandFits(TQFRForm& form, QAction& command) {
     QTimer::singleShot(0, [] {
-        auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        ASSERT_NE(dialog, nullptr);
-        ExpectFits(*dialog);
-        dialog->reject();
+        if (auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+            ExpectFits(*dialog);
+            dialog->reject();
+        }
     });
-    for (QAction* const action : form.findChildren<QAction*>()) {
-        if (action->shortcut() == QKeySequence(keys)) {
-            action->trigger();
+    command.trigger();
+    QTest::qWait(0);
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() && window != &form) {
+            ExpectFits(*window);
+            window->close();
         }
     }
+}
+
+// The keys of the commands that open one.
+const QStringList kOpening = {"Ctrl+1", "Ctrl+T", "Ctrl+2",       "Ctrl+4",
+                              "Ctrl+5", "Ctrl+6", "Ctrl+7",       "Ctrl+8",
+                              "Ctrl+O", "Ctrl+H", "Ctrl+Shift+P", "Ctrl+Shift+R"};
+
+// The example with long names of reports.
+std::string BatchOfLongNames(const WindowRig& rig) {
+    QString batch = QString::fromStdString(ReadAll(ExampleDir() / "example.qff"));
+    batch.replace("\\za10", "\\" + QString("run of may ").repeated(9) + "za10");
+    rig.dir.Write("long.qff", batch.toStdString());
+    return rig.Path("long.qff");
 }
 
 // All windows that the program keeps, and those that it makes when they are needed.
@@ -85,8 +156,15 @@ void ExpectAllFit(QScreen& screen) {
     WindowRig rig;
     ShowOn(screen, rig.form);
     ExpectFits(rig.form);
-    rig.form.RestoreFile(Example("example.qff"));
-    ExpectCommandFits(rig.form, "Ctrl+Shift+P");
+    for (const std::string& batch : {BatchOfLongNames(rig), Example("example.qff")}) {
+        rig.form.RestoreFile(batch);
+        ExpectFits(rig.form);
+        for (QAction* const action : rig.form.findChildren<QAction*>()) {
+            if (kOpening.contains(action->shortcut().toString())) {
+                ExpectCommandFits(rig.form, *action);
+            }
+        }
+    }
     PrinterSetupDialog setup(rig.form.Page().Printer(), rig.memory, &rig.form);
     HelpWindow help(HelpFile::Open(QFR_HELP_FILE));
     PdfSaver saver(rig.chooser, rig.log, rig.memory);

@@ -51,11 +51,11 @@ TEST(PrintAll, PrintsWhatIsCheckedByKeyboardAndListsRefusalsAtTheEnd) {
     EXPECT_THAT(rig.log.TakeTitles(), testing::ElementsAre("Help"));
     EXPECT_TRUE(rig.setups == 0 && rig.sink.begun.empty());
 
-    rig.PrintAll("&n&f &o&s &p");
+    rig.PrintAll("&n&f &o&s &i");
     EXPECT_EQ(rig.Done(), "Form 1 VBLK01|Print All Forms: 1 of 1 job printed.");
     EXPECT_TRUE(rig.setups == 1 && rig.sink.finished && rig.list.empty());
     rig.sink.onlyShown = true;
-    rig.PrintAll("&n&f &o&s &p");
+    rig.PrintAll("&n&f &o&s &i");
     EXPECT_EQ(rig.Done(), "Form 1 VBLK01|Print All Forms: 1 of 1 job shown.");
     rig.sink.onlyShown = false;
 
