@@ -28,6 +28,7 @@
 #include "dialogs/EntryFormDialog.h"
 #include "platform/FileLookup.h"
 #include "platform/FileReplace.h"
+#include "platform/HostSystem.h"
 #include "platform/LineReader.h"
 #include "platform/Text.h"
 #include "platform/qt/FileDrops.h"
@@ -316,9 +317,7 @@ void TQFRForm::OpenArguments(const std::vector<std::string>& arguments) {
         return;
     }
     // Wherever the program was started, the file's folder is known from now on.
-    std::error_code failed;
-    const std::string file =
-        TextOf(std::filesystem::absolute(PathOf(arguments.front()), failed).lexically_normal());
+    const std::string file = TextOf(FullPathOf(PathOf(arguments.front())));
     if (RestoreFile(file)) {
         paths_.RememberDir(file, FileKind::kBatch);
     }

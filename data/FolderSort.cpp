@@ -15,6 +15,7 @@
 #include "data/SampleIds.h"
 #include "platform/FileChooser.h"
 #include "platform/FileLookup.h"
+#include "platform/HostSystem.h"
 #include "platform/LineReader.h"
 #include "platform/Text.h"
 
@@ -67,7 +68,7 @@ class FoundFiles {
   private:
     void List(const std::string& folder) {
         std::error_code error;
-        for (fs::directory_iterator entry(PathOf(folder).lexically_normal(), error);
+        for (fs::directory_iterator entry(FullPathOf(PathOf(folder)), error);
              !error && entry != fs::directory_iterator(); entry.increment(error)) {
             std::error_code unknown;
             const std::string path = TextOf(entry->path());
