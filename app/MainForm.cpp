@@ -275,8 +275,7 @@ TQFRForm::SaveResult TQFRForm::WriteBatch(const std::string& file, const QString
     }
     const auto warning = RestoreWarning(Batch().Files, content, file);
     keeper_->Saved(file, std::move(content), !warning);
-    RememberBatchFolder();
-    desk_->RememberBatch(file);
+    RememberBatch();
     if (note.isEmpty()) {
         paths_.RememberDir(file, FileKind::kBatch);
         Show({"File information saved.", "", MessageIcon::kInformation});
@@ -341,8 +340,7 @@ bool TQFRForm::RestoreFile(const std::string& fileName) {
     const std::vector notes = {saved.TextsNote, saved.LimitsNote};
     TakeBatch(std::move(saved));
     keeper_->Restored(fileName, asSaved);
-    RememberBatchFolder();
-    desk_->RememberBatch(fileName);
+    RememberBatch();
     desk_->BeginBatch();
     printBar_->Forget();
     ShowBatchState();
@@ -350,10 +348,12 @@ bool TQFRForm::RestoreFile(const std::string& fileName) {
     return true;
 }
 
-void TQFRForm::RememberBatchFolder() {
+void TQFRForm::RememberBatch() {
     if (keeper_->HasFileOfItsOwn()) {
         services_.Memory.KeepFolder(kBatchFolder, FolderOnly(BatchFileName()));
     }
+    desk_->RememberBatch(BatchFileName());
+    services_.NoteFile(BatchFileName());
 }
 
 void TQFRForm::TakeBatch(SavedBatch saved) {

@@ -79,6 +79,10 @@ std::error_code MoveOver(const std::filesystem::path& file, const std::filesyste
 // do it is no failure.
 void FlushFolder(const std::filesystem::path& folder);
 
+// Puts the file into the desktop's list of those that the user has worked on, where the system
+// keeps one for programs, as behind the task bar's buttons.
+void NoteRecentFile(const std::filesystem::path& file);
+
 // While this lives, the system's wish that the program ends (SIGTERM; where there is none, Ctrl+C,
 // or that the prompt closes) does not end it, but is passed on, on a thread of its own. Made before
 // the program starts any other thread, and only once at a time.

@@ -186,6 +186,9 @@ void FlushFolder(const fs::path& folder) {
     }
 }
 
+// Each desktop keeps a list of its own.
+void NoteRecentFile(const fs::path&) {}
+
 struct EndRequests::Listener {
     sigset_t signals{};
     std::atomic<bool> done = false;

@@ -13,6 +13,7 @@
 // clang-format off
 #include <windows.h>
 #include <shellapi.h>
+#include <shlobj.h>
 // clang-format on
 
 #include "platform/FileLookup.h"
@@ -210,6 +211,10 @@ std::error_code MoveOver(const fs::path& file, const fs::path& other) {
 }
 
 void FlushFolder(const fs::path&) {}
+
+void NoteRecentFile(const fs::path& file) {
+    ::SHAddToRecentDocs(SHARD_PATHW, FullPathOf(file).c_str());
+}
 
 struct EndRequests::Listener {
     std::function<void()> onRequest;
