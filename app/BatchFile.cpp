@@ -16,6 +16,7 @@
 #include "data/EntryTables.h"
 #include "platform/DateTime.h"
 #include "platform/FileLookup.h"
+#include "platform/HostSystem.h"
 #include "platform/Numbers.h"
 #include "platform/Text.h"
 
@@ -275,9 +276,7 @@ void ParseEntry(BatchParser& in, std::string_view rest, const EntryTable& table,
 }
 
 std::string FolderOf(std::string_view fileName) {
-    std::error_code failed;
-    const std::filesystem::path full = std::filesystem::absolute(PathOf(fileName), failed);
-    return failed ? std::string() : TextOf(full.parent_path());
+    return TextOf(FullPathOf(PathOf(fileName)).parent_path());
 }
 
 }  // namespace

@@ -27,6 +27,7 @@
 #include "dialogs/EntryFormDialog.h"
 #include "platform/FileLookup.h"
 #include "platform/FileReplace.h"
+#include "platform/HostSystem.h"
 #include "platform/LineReader.h"
 #include "platform/Text.h"
 #include "platform/qt/FileDrops.h"
@@ -230,8 +231,7 @@ TQFRForm::SaveResult TQFRForm::WriteBatch(const std::string& file, const QString
     }
     const auto warning = RestoreWarning(Batch().Files, content, file);
     keeper_->Saved(file, std::move(content), !warning);
-    RememberBatchFolder();
-    desk_->RememberBatch(file);
+    RememberBatch();
     if (note.isEmpty()) {
         paths_.RememberDir(file, FileKind::kBatch);
         Show({"File information saved.", "", MessageIcon::kInformation});
@@ -272,9 +272,7 @@ void TQFRForm::OpenArguments(const std::vector<std::string>& arguments) {
         return;
     }
     // Wherever the program was started, the file's folder is known from now on.
-    std::error_code failed;
-    const std::string file =
-        TextOf(std::filesystem::absolute(PathOf(arguments.front()), failed).lexically_normal());
+    const std::string file = TextOf(FullPathOf(PathOf(arguments.front())));
     if (RestoreFile(file)) {
         paths_.RememberDir(file, FileKind::kBatch);
     }
@@ -298,8 +296,7 @@ bool TQFRForm::RestoreFile(const std::string& fileName) {
     const std::vector notes = {saved.TextsNote, saved.LimitsNote};
     TakeBatch(std::move(saved));
     keeper_->Restored(fileName, asSaved);
-    RememberBatchFolder();
-    desk_->RememberBatch(fileName);
+    RememberBatch();
     desk_->BeginBatch();
     printBar_->Forget();
     ShowBatchState();
@@ -307,10 +304,12 @@ bool TQFRForm::RestoreFile(const std::string& fileName) {
     return true;
 }
 
-void TQFRForm::RememberBatchFolder() {
+void TQFRForm::RememberBatch() {
     if (keeper_->HasFileOfItsOwn()) {
         services_.Memory.KeepFolder(kBatchFolder, FolderOnly(BatchFileName()));
     }
+    desk_->RememberBatch(BatchFileName());
+    services_.NoteFile(BatchFileName());
 }
 
 void TQFRForm::TakeBatch(SavedBatch saved) {

@@ -52,6 +52,8 @@ struct DesktopServices {
     // Hand a file over to the desktop's other programs; false: there is none for it.
     std::function<bool(const std::string& file)> OpenFile;
     std::function<bool(const std::string& file)> ShowInFolder;
+    // Tells the desktop of a file that the user works on.
+    std::function<void(const std::string& file)> NoteFile;
 };
 
 class BatchKeeper;
@@ -151,7 +153,7 @@ class TQFRForm : public QMainWindow, public FormHost, public FilesDlgOwner, publ
     // Without a note: the user has chosen the file just now.
     SaveResult WriteBatch(const std::string& file, const QString& note = {});
     void TakeBatch(SavedBatch saved);
-    void RememberBatchFolder();
+    void RememberBatch();
     void ShowBatchState();
 
     DesktopServices services_;

@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "platform/FileLookup.h"
+#include "platform/HostSystem.h"
 #include "platform/Text.h"
 
 namespace qfr {
@@ -22,9 +23,7 @@ bool IsSameFile(const std::string& one, const std::string& other) {
 
 std::vector<std::string> WithRecentBatch(const std::vector<std::string>& recent,
                                          const std::string& file) {
-    std::error_code failed;
-    const std::string newest =
-        TextOf(std::filesystem::absolute(PathOf(file), failed).lexically_normal());
+    const std::string newest = TextOf(FullPathOf(PathOf(file)));
     std::vector<std::string> list;
     if (!newest.empty()) {
         list.push_back(newest);

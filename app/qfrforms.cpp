@@ -89,6 +89,7 @@ int main(int argc, char** argv) {
         .OpenHelp = [&help](int topic) { return help.Open(topic); },
         .OpenFile = qfr::OpenWithDesktop,
         .ShowInFolder = qfr::ShowInFolder,
+        .NoteFile = [](const std::string& file) { qfr::NoteRecentFile(qfr::PathOf(file)); },
     });
     mainWindow.show();
     // With the window in sight, where messages about the file belong.

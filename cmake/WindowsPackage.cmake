@@ -7,10 +7,18 @@ set(libraries ${QFR_RUNTIME_FILES})
 list(FILTER libraries EXCLUDE REGEX "/(platforms|styles)/|Qt6Test")
 install(FILES ${libraries} DESTINATION .)
 install(FILES packaging/copyright DESTINATION . RENAME copyright.txt)
-# Those of what comes along, as far as this system has them.
-foreach(package fonts-liberation qt6-base-dev libqpdf-dev libharfbuzz-dev libchm-dev libz-mingw-w64-dev
-        gcc-mingw-w64-x86-64-posix)
-  install(FILES /usr/share/doc/${package}/copyright DESTINATION licenses RENAME ${package}.txt OPTIONAL)
+# What comes along has its licences there; the packages are those that it is built from.
+install(FILES packaging/windows/licences.txt DESTINATION licences RENAME README.txt)
+foreach(entry Qt:qt6-base-dev qpdf:libqpdf-dev libjpeg-turbo:libjpeg62-turbo HarfBuzz:libharfbuzz-dev
+        zlib:libz-mingw-w64-dev CHMLib:libchm-dev GCC:gcc-mingw-w64-x86-64-posix MinGW-w64:mingw-w64-x86-64-dev
+        Liberation:fonts-liberation)
+  string(REPLACE ":" ";" entry ${entry})
+  list(GET entry 0 name)
+  list(GET entry 1 package)
+  install(FILES /usr/share/doc/${package}/copyright DESTINATION licences RENAME ${name}.txt)
+endforeach()
+foreach(licence LGPL-3 LGPL-2.1 GPL-3 GPL-2 Apache-2.0)
+  install(FILES /usr/share/common-licenses/${licence} DESTINATION licences RENAME ${licence}.txt)
 endforeach()
 
 list(APPEND CMAKE_MODULE_PATH ${CMAKE_SOURCE_DIR}/packaging/windows)

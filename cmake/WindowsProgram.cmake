@@ -50,7 +50,7 @@ foreach(name libgcc_s_seh-1.dll libstdc++-6.dll libwinpthread-1.dll)
   qfr_runtime("" ${file})
 endforeach()
 if(QFR_BUILD_UI)
-  foreach(library Core Gui PrintSupport Widgets Test)
+  foreach(library Core Gui Widgets Test)
     qfr_runtime("" ${QFR_WINDOWS_LIBRARIES}/bin/Qt6${library}.dll)
   endforeach()
   qfr_runtime(platforms/ ${QFR_WINDOWS_LIBRARIES}/plugins/platforms/qwindows.dll

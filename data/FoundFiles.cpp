@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/FileLookup.h"
+#include "platform/HostSystem.h"
 #include "platform/Text.h"
 
 namespace qfr {
@@ -17,7 +18,7 @@ namespace {
 
 void List(const std::string& folder, std::vector<FoundFile>& files, std::vector<ToldFile>& told) {
     std::error_code error;
-    for (fs::directory_iterator entry(PathOf(folder).lexically_normal(), error);
+    for (fs::directory_iterator entry(FullPathOf(PathOf(folder)), error);
          !error && entry != fs::directory_iterator(); entry.increment(error)) {
         std::error_code unknown;
         const std::string path = TextOf(entry->path());

@@ -23,6 +23,8 @@ packagesFor() {
                 libglib2.0-bin man-db poppler-utils ;;
         windows)
             packagesFor windows-libraries
+            # For their licences, those of what is shipped.
+            echo libqpdf-dev libharfbuzz-dev libchm-dev libjpeg62-turbo fonts-liberation
             echo googletest wine nsis imagemagick openbox xvfb xauth xdotool poppler-utils ;;
         windows-libraries)
             echo cmake ninja-build g++-mingw-w64-x86-64-posix libz-mingw-w64-dev qt6-base-dev \

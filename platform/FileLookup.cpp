@@ -2,9 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <system_error>
 #include <utility>
 
+#include "platform/HostSystem.h"
 #include "platform/Text.h"
 
 namespace qfr {
@@ -104,12 +106,14 @@ std::optional<fs::path> FileFinder::Find(std::string_view name) {
     const std::size_t baseName = separated.rfind('/') + 1;  // npos + 1 is 0
     const auto findAll = [this](const std::string& text) {
         const fs::path path = PathOf(text);
+        const fs::path root = RootOf(path);
         std::vector<std::string> components;
-        for (const fs::path& component : path.relative_path()) {
+        for (const fs::path& component :
+             fs::path(path.native().substr(root.native().size())).relative_path()) {
             components.push_back(TextOf(component));
         }
         questions_ = 0;
-        return FindBelow(path.root_path(), components);
+        return FindBelow(root, components);
     };
     // Reports stand side by side, so each folder is looked for once.
     const auto [known, isNew] = folders_.try_emplace(separated.substr(0, baseName));
@@ -146,6 +150,20 @@ std::optional<fs::path> FileFinder::FindBeside(std::string_view name, std::strin
     return FindBelow(PathOf(folder), std::vector{baseName});
 }
 
+namespace {
+
+// Windows takes such names for devices, whatever extension they have.
+bool NamesDevice(std::string_view name) {
+    static constexpr std::string_view kDevices[] = {"con", "prn", "aux", "nul"};
+    static constexpr std::string_view kNumbered[] = {"com", "lpt"};
+    const std::string stem = LowerCase(Trim(name.substr(0, name.find('.'))));
+    return std::ranges::find(kDevices, stem) != std::end(kDevices) ||
+           (stem.size() == 4 && std::isdigit(static_cast<unsigned char>(stem[3])) != 0 &&
+            std::ranges::find(kNumbered, stem.substr(0, 3)) != std::end(kNumbered));
+}
+
+}  // namespace
+
 std::string FileNameForTitle(const std::string& title) {
     static constexpr std::string_view kRefused = "\\/:*?\"<>|";
     constexpr std::size_t kMaxCharacters = 60;  // of four bytes, with room for an extension
@@ -159,7 +177,7 @@ std::string FileNameForTitle(const std::string& title) {
     // Windows drops blanks and dots at the end, and a leading dot hides a file elsewhere.
     name.erase(name.find_last_not_of(" .") + 1);
     name.erase(0, name.find_first_not_of(" ."));
-    return name.empty() ? "Form" : name;
+    return name.empty() ? "Form" : NamesDevice(name) ? "Form " + name : name;
 }
 
 std::optional<fs::path> FindFile(std::string_view name) {

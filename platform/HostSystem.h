@@ -12,7 +12,8 @@
 
 namespace qfr {
 
-// The arguments that main got, as UTF-8 and without the program's name.
+// The arguments that main got, as UTF-8 and without the program's name. Patterns are files: where
+// prompts leave them to programs ("*.PRN"), those that they match stand there, sorted.
 std::vector<std::string> ProgramArguments(int argc, const char* const* argv);
 
 // While this lives, what is written to standard output and standard error arrives as it is: a
@@ -33,6 +34,12 @@ class PlainOutput {
 // knows the function's type. Null when it cannot be loaded, with the system's reason in `reason`.
 using ModuleFunction = void (*)();
 ModuleFunction FindInModule(const std::string& module, const char* function, std::string& reason);
+
+// The file's full path, without "." and ".."; it need not exist. Empty when the system knows none.
+std::filesystem::path FullPathOf(const std::filesystem::path& file);
+
+// What stands before the folders of a path: a drive, or the server and its share.
+std::filesystem::path RootOf(const std::filesystem::path& path);
 
 // Whether the folder exists and files can be made in it.
 bool IsWritable(const std::filesystem::path& folder);
@@ -72,8 +79,13 @@ std::error_code MoveOver(const std::filesystem::path& file, const std::filesyste
 // do it is no failure.
 void FlushFolder(const std::filesystem::path& folder);
 
-// While this lives, the system's wish that the program ends (SIGTERM) does not end it, but is
-// passed on, on a thread of its own. Made before the program starts any other thread.
+// Puts the file into the desktop's list of those that the user has worked on, where the system
+// keeps one for programs, as behind the task bar's buttons.
+void NoteRecentFile(const std::filesystem::path& file);
+
+// While this lives, the system's wish that the program ends (SIGTERM; where there is none, Ctrl+C,
+// or that the prompt closes) does not end it, but is passed on, on a thread of its own. Made before
+// the program starts any other thread, and only once at a time.
 class EndRequests {
   public:
     explicit EndRequests(std::function<void()> onRequest);

@@ -116,6 +116,13 @@ TEST(FileDates, AreFoundOutWhileAShareDoesNotAnswer) {
                                               testing::Pair(TextOf(dir.Path()), -1)));
 }
 
+TEST(FileLookup, NamesFilesForTitlesAsEverySystemTakesThem) {
+    EXPECT_EQ(
+        Joined({"Form 1 ZA101", " a:b*c/d ", "x. .", "..", "nul", "Com1.x", "Aux .1", "console"},
+               FileNameForTitle),
+        "Form 1 ZA101|a-b-c-d|x|Form|Form nul|Form Com1.x|Form Aux .1|console");
+}
+
 TEST(FileReplace, WritesNewFilesAndReplacesOldOnes) {
     const TempDir dir;
     const fs::path file = dir.Path() / PathOf(std::string(190, 'n') + "Größe");

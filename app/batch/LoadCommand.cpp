@@ -2,7 +2,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <memory>
-#include <system_error>
 #include <variant>
 
 #include "app/batch/BatchCommand.h"
@@ -13,6 +12,7 @@
 #include "platform/DateTime.h"
 #include "platform/FileLookup.h"
 #include "platform/FileReplace.h"
+#include "platform/HostSystem.h"
 #include "platform/Text.h"
 
 namespace qfr {
@@ -48,10 +48,8 @@ std::optional<std::string> FullPath(Context& context, const std::string& name) {
     if (!OpenInput(context, name, true)) {
         return std::nullopt;
     }
-    std::error_code failed;
-    const auto path = std::filesystem::absolute(FindFile(name).value_or(""), failed);
-    std::string full = TextOf(path.lexically_normal());
-    if (failed || full.find_first_of(";\r\n") != std::string::npos) {
+    std::string full = TextOf(FullPathOf(FindFile(name).value_or("")));
+    if (full.empty() || full.find_first_of(";\r\n") != std::string::npos) {
         context.Complain() << OneLine(name) << " has a path that no batch file can hold\n";
         return std::nullopt;
     }

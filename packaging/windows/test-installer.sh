@@ -70,6 +70,9 @@ testInstallation() {
     wine "$setup" /S "$@" || fail "$setup /S $* ended with $?"
     [ -f "$folder/qfrforms.exe" ] || fail "there is no $folder/qfrforms.exe"
     printsAsHere "$folder"
+    for licence in README Qt qpdf libjpeg-turbo HarfBuzz zlib CHMLib GCC MinGW-w64 Liberation LGPL-3 GPL-3; do
+        [ -s "$folder/licences/$licence.txt" ] || fail "there is no licence $licence"
+    done
     [ "$(valueOf "$root\\Software\\Classes\\.qff")" = QFRForms.Batch ] || fail "batches have no program"
     opens=$(valueOf "$root\\Software\\Classes\\QFRForms.Batch\\shell\\open\\command")
     case $opens in

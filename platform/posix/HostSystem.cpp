@@ -93,6 +93,16 @@ ModuleFunction FindInModule(const std::string& module, const char* function, std
     return reinterpret_cast<ModuleFunction>(found);
 }
 
+fs::path FullPathOf(const fs::path& file) {
+    std::error_code error;
+    const fs::path full = fs::absolute(file, error);
+    return error ? fs::path() : full.lexically_normal();
+}
+
+fs::path RootOf(const fs::path& path) {
+    return path.root_path();
+}
+
 bool IsWritable(const fs::path& folder) {
     std::error_code error;
     return fs::is_directory(folder, error) &&
@@ -175,6 +185,9 @@ void FlushFolder(const fs::path& folder) {
         ::fsync(directory.Value());
     }
 }
+
+// Each desktop keeps a list of its own.
+void NoteRecentFile(const fs::path&) {}
 
 struct EndRequests::Listener {
     sigset_t signals{};

@@ -1,12 +1,10 @@
-// How a recorded page is painted with Qt: in the preview, and on printers where there is no CUPS.
+// How a recorded page is painted with Qt, in the preview.
 #pragma once
 
 #include <map>
 #include <unordered_map>
 
 #include <QGlyphRun>
-#include <QPageLayout>
-#include <QPageSize>
 #include <QPainter>
 #include <QPainterPath>
 #include <QRawFont>
@@ -38,11 +36,5 @@ class PagePainter {
     std::map<int, QRawFont> sizes_;
     std::unordered_map<char32_t, QPainterPath> shapes_;  // in ems, downwards from the baseline
 };
-
-inline QPageSize PageSizeOf(const Paper& paper) {
-    // A standard size where the measures are one's, so that printers know the tray by its name.
-    return QPageSize(QSizeF(paper.width, paper.height), QPageSize::Inch,
-                     QString::fromStdString(paper.name), QPageSize::FuzzyMatch);
-}
 
 }  // namespace qfr

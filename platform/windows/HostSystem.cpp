@@ -1,15 +1,19 @@
 #include "platform/HostSystem.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <fcntl.h>
 #include <io.h>
 #include <memory>
+#include <string_view>
 #include <sys/stat.h>
+#include <utility>
 
 // clang-format off
 #include <windows.h>
 #include <shellapi.h>
+#include <shlobj.h>
 // clang-format on
 
 #include "platform/FileLookup.h"
@@ -19,6 +23,39 @@ namespace qfr {
 
 namespace fs = std::filesystem;
 
+namespace {
+
+constexpr std::size_t kLongestPath = 32768;
+constexpr std::wstring_view kSeparators = L"/\\";
+
+// The files that a pattern in the last part of a path matches, without regard to case, sorted.
+std::vector<fs::path> Matches(const fs::path& pattern) {
+    std::vector<fs::path> files;
+    WIN32_FIND_DATAW found{};
+    HANDLE const search = ::FindFirstFileW(pattern.c_str(), &found);
+    if (search != INVALID_HANDLE_VALUE) {
+        do {
+            if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
+                files.push_back(pattern.parent_path() / found.cFileName);
+            }
+        } while (::FindNextFileW(search, &found) != 0);
+        ::FindClose(search);
+    }
+    std::ranges::sort(files);
+    return files;
+}
+
+// "NUL", "COM1" and the like, in whatever folder they are thought to be.
+bool IsDevice(const fs::path& file) {
+    return FullPathOf(file).native().starts_with(L"\\\\.\\");
+}
+
+std::error_code SystemError(DWORD error) {
+    return {static_cast<int>(error), std::system_category()};
+}
+
+}  // namespace
+
 std::vector<std::string> ProgramArguments(int, const char* const*) {
     // Those of main have lost what the system's code page lacks.
     int count = 0;
@@ -26,14 +63,22 @@ std::vector<std::string> ProgramArguments(int, const char* const*) {
         ::CommandLineToArgvW(::GetCommandLineW(), &count), &::LocalFree);
     std::vector<std::string> arguments;
     for (int i = 1; all && i < count; ++i) {
-        arguments.push_back(TextOf(all.get()[i]));
+        const std::wstring_view argument = all.get()[i];
+        const auto files = argument.find_first_of(L"*?") == std::wstring_view::npos
+                               ? std::vector<fs::path>()
+                               : Matches(argument);
+        for (const fs::path& file : files) {
+            arguments.push_back(TextOf(file));
+        }
+        if (files.empty()) {
+            arguments.push_back(TextOf(argument));
+        }
     }
     return arguments;
 }
 
 fs::path ProgramFolder() {
-    constexpr std::size_t kLongest = 32768;
-    std::wstring program(kLongest, L'\0');
+    std::wstring program(kLongestPath, L'\0');
     program.resize(
         ::GetModuleFileNameW(nullptr, program.data(), static_cast<DWORD>(program.size())));
     return fs::path(program).parent_path();
@@ -58,6 +103,26 @@ ModuleFunction FindInModule(const std::string& module, const char* function, std
         reason = TextOf(file) + " could not be loaded.";
     }
     return reinterpret_cast<ModuleFunction>(found);
+}
+
+// The library takes the server of "\\server\share" for a folder of the current drive.
+fs::path FullPathOf(const fs::path& file) {
+    std::wstring full(kLongestPath, L'\0');
+    const DWORD size =
+        ::GetFullPathNameW(file.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
+    full.resize(size < full.size() ? size : 0);
+    return full;
+}
+
+fs::path RootOf(const fs::path& path) {
+    const std::wstring_view name = path.native();
+    const auto isSeparator = [](wchar_t c) { return kSeparators.find(c) != kSeparators.npos; };
+    if (name.size() < 2 || !isSeparator(name[0]) || !isSeparator(name[1])) {
+        return path.root_path();
+    }
+    const std::size_t share = name.find_first_of(kSeparators, 2);
+    const std::size_t end = share == name.npos ? share : name.find_first_of(kSeparators, share + 1);
+    return name.substr(0, end == name.npos ? end : end + 1);
 }
 
 bool IsWritable(const fs::path& folder) {
@@ -88,8 +153,9 @@ bool MayFollow(const fs::path&) {
     return true;
 }
 
-std::optional<std::error_code> WriteThrough(const fs::path&, const ContentPieces&) {
-    return std::nullopt;
+// Forms that went to a device would be lost there, or wait for one that is not plugged in.
+std::optional<std::error_code> WriteThrough(const fs::path& device, const ContentPieces&) {
+    return IsDevice(device) ? std::optional(SystemError(ERROR_INVALID_NAME)) : std::nullopt;
 }
 
 std::error_code WriteNewFile(const fs::path& file, const fs::path&, const ContentPieces& content) {
@@ -119,6 +185,13 @@ std::error_code WriteNewFile(const fs::path& file, const fs::path&, const Conten
 std::error_code MoveOver(const fs::path& file, const fs::path& other) {
     constexpr int kAttempts = 20;
     constexpr DWORD kPause = 50;  // ms
+    // Who replaces a read-only file has asked; the system refuses nevertheless.
+    const DWORD attributes = ::GetFileAttributesW(other.c_str());
+    const bool readOnly =
+        attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+    if (readOnly) {
+        ::SetFileAttributesW(other.c_str(), attributes & ~DWORD{FILE_ATTRIBUTE_READONLY});
+    }
     for (int attempt = 1;; ++attempt) {
         if (::MoveFileExW(file.c_str(), other.c_str(),
                           MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) {
@@ -128,7 +201,10 @@ std::error_code MoveOver(const fs::path& file, const fs::path& other) {
         const bool mayEnd = error == ERROR_SHARING_VIOLATION || error == ERROR_LOCK_VIOLATION ||
                             error == ERROR_ACCESS_DENIED;
         if (!mayEnd || attempt == kAttempts) {
-            return {static_cast<int>(error), std::system_category()};
+            if (readOnly) {
+                ::SetFileAttributesW(other.c_str(), attributes);
+            }
+            return SystemError(error);
         }
         ::Sleep(kPause);
     }
@@ -136,9 +212,42 @@ std::error_code MoveOver(const fs::path& file, const fs::path& other) {
 
 void FlushFolder(const fs::path&) {}
 
-// A window is asked to close, and a command without one is not asked.
-struct EndRequests::Listener {};
-EndRequests::EndRequests(std::function<void()>) {}
-EndRequests::~EndRequests() = default;
+void NoteRecentFile(const fs::path& file) {
+    ::SHAddToRecentDocs(SHARD_PATHW, FullPathOf(file).c_str());
+}
+
+struct EndRequests::Listener {
+    std::function<void()> onRequest;
+    std::atomic<bool> asked = false;
+
+    // The system knows plain functions only, which it calls on a thread that it makes.
+    inline static std::atomic<Listener*> current = nullptr;
+    static BOOL WINAPI TakeEvent(DWORD event) {
+        const bool closes = event == CTRL_CLOSE_EVENT || event == CTRL_SHUTDOWN_EVENT;
+        Listener* const listener = current;
+        // A user who logs off may be another one; and who asks again does not want to wait.
+        if ((event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT && !closes) ||
+            listener == nullptr || listener->asked.exchange(true)) {
+            return FALSE;
+        }
+        listener->onRequest();
+        if (closes) {
+            ::Sleep(INFINITE);  // the system ends the program when this returns
+        }
+        return TRUE;
+    }
+};
+
+EndRequests::EndRequests(std::function<void()> onRequest)
+    : listener_(std::make_unique<Listener>()) {
+    listener_->onRequest = std::move(onRequest);
+    Listener::current = listener_.get();
+    ::SetConsoleCtrlHandler(Listener::TakeEvent, TRUE);
+}
+
+EndRequests::~EndRequests() {
+    ::SetConsoleCtrlHandler(Listener::TakeEvent, FALSE);
+    Listener::current = nullptr;
+}
 
 }  // namespace qfr

@@ -119,6 +119,7 @@ TEST(Desk, OffersTheBatchesOfLate) {
     rig.Use("\r", "", "PreviewAllButton");
     EXPECT_EQ(rig.form.Batch().Folder, TextOf(rig.dir.Path() / "example"));
     EXPECT_EQ(RecentBatches(rig.memory).front(), rig.Path("example/example.qff"));
+    EXPECT_EQ(rig.noted, rig.Path("example/example.qff"));
 }
 
 TEST(Desk, OffersWhatThereIsACommandFor) {

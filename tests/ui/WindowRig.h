@@ -222,6 +222,7 @@ struct WindowRig : WindowUser {
     std::vector<int> topics;
     std::vector<std::string> printers{"Lab", "PDF file", "Screen preview"};
     std::vector<std::string> handedOver;  // to other programs
+    std::string noted;                    // the last file that the desktop was told of
     bool opens = true;                    // there is one
     TQFRForm form{
         {.Messages = log,
@@ -241,7 +242,8 @@ struct WindowRig : WindowUser {
          .Quit = [this] { ++quits; },
          .OpenHelp = [this](int topic) { return OpenHelp(topic); },
          .OpenFile = [this](const std::string& file) { return HandOver("open ", file); },
-         .ShowInFolder = [this](const std::string& file) { return HandOver("show ", file); }}};
+         .ShowInFolder = [this](const std::string& file) { return HandOver("show ", file); },
+         .NoteFile = [this](const std::string& file) { noted = file; }}};
 };
 
 // An entry dialog on the program's doubles; `kind` is which of those of one type.

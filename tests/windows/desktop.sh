@@ -108,6 +108,12 @@ for batch in example saved; do
 done
 diff -r "$work/example" "$work/saved" || fail "The saved batch states something else"
 
+until_ "The saved batch's name" isActive ".*saved\\.qff.*"
+press ctrl+r Warning
+press alt+n Open
+picture open
+enter 'program\example\example.qff' ".*example\\.qff.*"
+
 xdotool key alt+x
 hasEnded() {
     ! isActive Warning || xdotool key alt+n
