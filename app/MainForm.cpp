@@ -31,6 +31,7 @@
 #include "platform/LineReader.h"
 #include "platform/Text.h"
 #include "platform/qt/FileDrops.h"
+#include "platform/qt/LargeWindow.h"
 #include "platform/qt/WaitCursor.h"
 
 // The icons are linked in with a library, so they are not registered by themselves.
@@ -97,6 +98,7 @@ TQFRForm::~TQFRForm() = default;
 void TQFRForm::OnCreate() {
     RegisterIcons();
     setObjectName("TQFRForm");
+    setWindowFlags(LargeWindowFlags());
     QApplication::setWindowIcon(ProgramIcon());
 
     AddMenus();

@@ -1,10 +1,12 @@
-// The desktop's style, with frames that can be seen at every scale.
+// The desktop's style, with frames that can be seen at every scale and buttons that keep still.
 #pragma once
 
 #include <cmath>
 
+#include <QAbstractAnimation>
 #include <QPainter>
 #include <QProxyStyle>
+#include <QStyleOption>
 #include <QWidget>
 
 namespace qfr {
@@ -25,6 +27,21 @@ class FrameStyle : public QProxyStyle {
         painter->translate(shift, shift);
         QProxyStyle::drawPrimitive(element, option, painter, widget);
         painter->translate(-shift, -shift);
+    }
+
+    // Under Windows the toolkit lets default buttons glow on and off for as long as they show.
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+        QProxyStyle::drawControl(element, option, painter, widget);
+        if (element != CE_PushButtonBevel || option->styleObject == nullptr) {
+            return;
+        }
+        for (auto* const animation : option->styleObject->findChildren<QAbstractAnimation*>(
+                 QString(), Qt::FindDirectChildrenOnly)) {
+            if (animation->inherits("QWindowsVistaPulse")) {
+                animation->stop();
+            }
+        }
     }
 
   private:

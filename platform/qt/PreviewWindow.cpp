@@ -15,6 +15,7 @@
 #include "platform/pdf/PdfFile.h"
 #include "platform/qt/ControlRow.h"
 #include "platform/qt/FoldingRow.h"
+#include "platform/qt/LargeWindow.h"
 #include "platform/qt/PrinterQueue.h"
 #include "platform/qt/WaitCursor.h"
 
@@ -55,8 +56,7 @@ QStringList PrinterNames() {
 
 PreviewWindow::PreviewWindow(std::vector<PrintJob> jobs, const std::string& title,
                              const PreviewServices& services, QWidget* parent)
-    : QDialog(parent, Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-                          Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint),
+    : QDialog(parent, LargeWindowFlags()),
       jobs_(std::move(jobs)),
       title_(title),
       services_(services),
