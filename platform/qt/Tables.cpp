@@ -135,7 +135,6 @@ void SetUpRows(QTableView& table) {
     QHeaderView& columns = *table.horizontalHeader();
     columns.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     columns.setHighlightSections(false);
-    columns.setTextElideMode(Qt::ElideRight);
     columns.setStretchLastSection(true);
     columns.setResizeContentsPrecision(kRowsMeasured);
     table.verticalHeader()->hide();
