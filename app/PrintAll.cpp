@@ -30,6 +30,7 @@ namespace {
 constexpr int kReviewAsked = QDialog::Accepted + 1;  // how the dialog ends
 constexpr int kProgressDelay = 250;                  // ms; what is done sooner shows no progress
 constexpr int kClosingNote = 8000;                   // ms
+constexpr int kNotesLetters = 110;                   // that a line of the messages' window has
 constexpr int kListLetters = 50;                     // of a line that no list elides
 
 void AddChecked(QListWidget& list, const std::string& text) {
@@ -203,6 +204,8 @@ void ShowPackageNotes(const std::vector<PackageNote>& notes, const Batch& batch,
     }
     constexpr int kMessage = 2;
     FillWrapped(*ui.NotesTable, rows, kMessage);
+    dialog.resize(kNotesLetters * dialog.fontMetrics().averageCharWidth(),
+                  dialog.sizeHint().height());
     QObject::connect(ui.OkButton, &QPushButton::clicked, &dialog, &QDialog::accept);
     ui.OkButton->setFocus();
     dialog.exec();

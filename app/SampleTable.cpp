@@ -116,7 +116,8 @@ QVariant SampleTable::data(const QModelIndex& index, int role) const {
 }
 
 QVariant SampleTable::headerData(int section, Qt::Orientation orientation, int role) const {
-    return role == Qt::DisplayRole && orientation == Qt::Horizontal
+    // A narrow column cuts its head.
+    return (role == Qt::DisplayRole || role == Qt::ToolTipRole) && orientation == Qt::Horizontal
                ? QVariant(kHeads[static_cast<std::size_t>(section)])
                : QVariant();
 }

@@ -19,7 +19,6 @@ namespace qfr {
 namespace {
 
 constexpr int kRowsMeasured = 50;   // for the widths of the columns
-constexpr int kWidestColumn = 56;   // letters
 constexpr int kLettersOfLast = 28;  // that the last column asks for at most
 constexpr int kLettersOfLong = 9;   // that one of long texts keeps
 constexpr int kRowPadding = 6;      // pixels
@@ -78,6 +77,7 @@ class ColumnKeeper : public QObject {
             table_.setColumnWidth(longTexts_[i],
                                   std::min(widths[i].Wanted, std::max(cap, widths[i].Least)));
         }
+        ShrinkLast();
     }
 
   protected:
@@ -92,9 +92,11 @@ class ColumnKeeper : public QObject {
     int Wanted(int column) const { return wanted_.at(static_cast<std::size_t>(column)); }
     int Head(int column) const { return table_.horizontalHeader()->sectionSizeHint(column); }
 
+    int Last() const { return static_cast<int>(wanted_.size()) - 1; }
+
     // For the columns of long texts.
     int Room() const {
-        const int last = static_cast<int>(wanted_.size()) - 1;
+        const int last = Last();
         const int content =
             static_cast<const QAbstractItemView&>(table_).sizeHintForColumn(last) + 1;
         int room = table_.viewport()->width() -
@@ -105,6 +107,15 @@ class ColumnKeeper : public QObject {
             }
         }
         return room;
+    }
+
+    // It stretches, but never to less than it was made.
+    void ShrinkLast() {
+        const int rest = table_.viewport()->width() - table_.columnViewportPosition(Last()) -
+                         table_.horizontalHeader()->offset();
+        if (table_.columnWidth(Last()) > rest) {
+            table_.setColumnWidth(Last(), std::max(rest, Head(Last())));
+        }
     }
 
     QTableView& table_;
@@ -135,7 +146,6 @@ void SetUpRows(QTableView& table) {
     QHeaderView& columns = *table.horizontalHeader();
     columns.setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     columns.setHighlightSections(false);
-    columns.setTextElideMode(Qt::ElideRight);
     columns.setStretchLastSection(true);
     columns.setResizeContentsPrecision(kRowsMeasured);
     table.verticalHeader()->hide();
@@ -147,10 +157,8 @@ void KeepColumnsInSight(QTableView& table, std::vector<int> longTexts) {
 }
 
 void FitColumns(QTableView& table) {
-    const int widest = Letters(table, kWidestColumn);
     for (int column = 0; column + 1 < table.model()->columnCount(); ++column) {
         table.resizeColumnToContents(column);
-        table.setColumnWidth(column, std::min(table.columnWidth(column), widest));
     }
     for (QObject* const child : table.children()) {
         if (auto* const keeper = dynamic_cast<ColumnKeeper*>(child)) {
