@@ -52,7 +52,9 @@ QStringList NameFilters(std::span<const FileFilter> filters) {
 
 // The directory, or the nearest one above it that is still there.
 QString StartIn(const std::string& directory) {
-    QString path = QDir::cleanPath(QDir::fromNativeSeparators(QString::fromStdString(directory)));
+    // A drive alone is no folder, but "C:/" is.
+    QString path = QString::fromStdString(directory.empty() ? "" : directory + "/");
+    path = QDir::cleanPath(QDir::fromNativeSeparators(path));
     while (!path.isEmpty() && QDir::isAbsolutePath(path)) {
         if (QDir(path).exists()) {
             return path;
