@@ -505,8 +505,6 @@ void TQFRForm::ShowHelp(int topic) {
 void TQFRForm::ShowMainWindow() {
     ShowBatchState();
     show();
-    // The focus may be on its way from a question to its owner, which has just closed, too.
-    activateWindow();
     review_->ComeBack();
 }
 

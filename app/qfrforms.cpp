@@ -17,6 +17,7 @@
 #include "platform/qt/FitToScreen.h"
 #include "platform/qt/FrameStyle.h"
 #include "platform/qt/HelpViewer.h"
+#include "platform/qt/OwnerFocus.h"
 #include "platform/qt/PlainTexts.h"
 #include "platform/qt/PrinterSetupDialog.h"
 #include "platform/qt/QtFileChooser.h"
@@ -42,6 +43,7 @@ int main(int argc, char** argv) {
     qfr::NameControls(application);
     qfr::ShowPlainTexts(application);
     qfr::FitToScreen(application);
+    qfr::ReturnToOwners(application);
     // The main window hides while another one takes its place; only its exit sequence ends the run.
     QApplication::setQuitOnLastWindowClosed(false);
 

@@ -336,5 +336,19 @@ TEST(QtMessages, TakeEscapeForNoOnlyWhereNoIsTheDefault) {
     }
 }
 
+// While no window is active, or another one.
+TEST(OwnerFocus, ComesBackFromADialogThatCloses) {
+    WindowUser user;
+    QWidget owner;
+    QWidget other;
+    QDialog dialog(&owner);
+    for (QWidget* const each : {&owner, static_cast<QWidget*>(&dialog), &other}) {
+        each->show();
+        user.Face(*each);
+    }
+    dialog.close();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &owner; }));
+}
+
 }  // namespace
 }  // namespace qfr::test

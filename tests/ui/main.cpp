@@ -12,6 +12,7 @@
 
 #include "platform/qt/ControlNames.h"
 #include "platform/qt/FitToScreen.h"
+#include "platform/qt/OwnerFocus.h"
 #include "platform/qt/PlainTexts.h"
 #include "tests/ui/WindowRig.h"
 
@@ -84,6 +85,7 @@ int main(int argc, char** argv) {
     qfr::NameControls(application);
     qfr::ShowPlainTexts(application);
     qfr::FitToScreen(application);
+    qfr::ReturnToOwners(application);
     qfr::test::PlainTextCheck check;
     application.installEventFilter(&check);
     return RUN_ALL_TESTS();
