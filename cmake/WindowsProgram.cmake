@@ -25,6 +25,10 @@ function(qfr_windows_program program description)
   target_sources(${program} PRIVATE ${resource})
 endfunction()
 
+# Parts of programs and libraries begin with a page of their file, so that a start maps them and copies nothing.
+set(QFR_PAGES --file-alignment=4096)
+add_link_options(LINKER:${QFR_PAGES})
+
 # Stripped, as they are shipped; what they are needed for comes last.
 set(QFR_RUNTIME_FILES "")
 # qfr_runtime(FOLDER FILES...)
@@ -35,7 +39,7 @@ function(qfr_runtime folder)
     add_custom_command(
       OUTPUT ${placed}
       COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${folder}
-      COMMAND ${CMAKE_STRIP} -o ${placed} ${file}
+      COMMAND ${CMAKE_OBJCOPY} --strip-all ${QFR_PAGES} ${file} ${placed}
       DEPENDS ${file}
       VERBATIM)
     list(APPEND QFR_RUNTIME_FILES ${placed})
