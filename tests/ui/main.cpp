@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDir>
 #include <QEvent>
 #include <QFile>
 #include <QJsonArray>
@@ -63,8 +64,9 @@ void WriteScreens(const QString& file) {
 
 int main(int argc, char** argv) {
     // The tests need no screen and leave no trace in the user's settings.
-    const QTemporaryDir platform;
-    const QString screens = platform.filePath("screens.json");
+    // By a name without a drive, whose ":" would end it.
+    const QTemporaryDir platform("screens-XXXXXX");
+    const QString screens = QDir::current().relativeFilePath(platform.filePath("screens.json"));
     qfr::test::WriteScreens(screens);
     qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screens.toUtf8());
     const QTemporaryDir runtime;
