@@ -70,6 +70,7 @@ main='QFR Forms.*'
 until_ "The main window" isActive "$main"
 sleep 3
 picture main-window
+! grep -q libGLX "/proc/$program/maps" || fail "Its start waits for the graphics card"
 
 press ctrl+1 "Form 1 Header"
 picture form1-header
