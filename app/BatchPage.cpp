@@ -188,6 +188,7 @@ void BatchPage::LookThroughWhenIdle() {
     const bool known = IsNow(source_);
     if (!known) {
         EndLooking();
+        source_.reset();
     }
     if (looking_ || !known || lookedFor_ < kUnnoticed) {
         next_.start(kPause);

@@ -10,9 +10,9 @@ namespace qfr {
 
 namespace {
 
-// There is room for so many letters
-constexpr int kNameLetters = 17;   // of each file, and
-constexpr int kCountLetters = 40;  // of each count, more than any has.
+// Letters that there is room for.
+constexpr int kNameLetters = 17;   // of each file's name and its caption
+constexpr int kCountLetters = 40;  // of each count: more than any has
 
 QString NameOrNone(const std::string& path) {
     return path.empty() ? QString("none") : QString::fromStdString(FileNameOnly(path));

@@ -505,6 +505,7 @@ void TQFRForm::ShowHelp(int topic) {
 void TQFRForm::ShowMainWindow() {
     ShowBatchState();
     show();
+    activateWindow();  // it belongs to none of the windows that it has hidden for
     review_->ComeBack();
 }
 

@@ -326,6 +326,9 @@ void HeaderTableDialog::Paste() {
         const WaitCursor wait;
         table_.Enter(std::move(pasted.Cells), "Paste");
     }
+    if (std::exchange(fieldEndEntered_, false)) {
+        ShowRemark(kNoFieldEnd);  // what was pasted has changed nothing
+    }
     ui_->HeadersTable->selectionModel()->select({first, last}, QItemSelectionModel::ClearAndSelect);
     if (pasted.RowsLeftOut + pasted.ColumnsLeftOut > 0) {
         host_.Show(

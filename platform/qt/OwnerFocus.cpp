@@ -2,6 +2,7 @@
 
 #include <QDialog>
 #include <QEvent>
+#include <QGuiApplication>
 
 namespace qfr {
 
@@ -17,7 +18,9 @@ class OwnerFocus : public QObject {
             qobject_cast<QDialog*>(watched) != nullptr) {
             const QWidget* const parent = static_cast<QWidget*>(watched)->parentWidget();
             QWidget* const owner = parent != nullptr ? parent->window() : nullptr;
-            if (owner != nullptr && owner->isVisible()) {
+            // Who is at work in another program stays there.
+            if (owner != nullptr && owner->isVisible() && !owner->isMinimized() &&
+                QGuiApplication::applicationState() == Qt::ApplicationActive) {
                 owner->activateWindow();
             }
         }

@@ -1,11 +1,11 @@
 #include "platform/HostSystem.h"
 
 #include <algorithm>
-#include <atomic>
 #include <cerrno>
 #include <fcntl.h>
 #include <io.h>
 #include <memory>
+#include <mutex>
 #include <string_view>
 #include <sys/stat.h>
 #include <utility>
@@ -14,6 +14,7 @@
 #include <windows.h>
 #include <shellapi.h>
 #include <shlobj.h>
+#include <shlwapi.h>
 // clang-format on
 
 #include "platform/FileLookup.h"
@@ -35,7 +36,9 @@ std::vector<fs::path> Matches(const fs::path& pattern) {
     HANDLE const search = ::FindFirstFileW(pattern.c_str(), &found);
     if (search != INVALID_HANDLE_VALUE) {
         do {
-            if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0) {
+            // The system also matches the short names that it gives to long ones.
+            if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0 &&
+                ::PathMatchSpecW(found.cFileName, pattern.filename().c_str()) != 0) {
                 files.push_back(pattern.parent_path() / found.cFileName);
             }
         } while (::FindNextFileW(search, &found) != 0);
@@ -195,6 +198,9 @@ std::error_code MoveOver(const fs::path& file, const fs::path& other) {
     for (int attempt = 1;; ++attempt) {
         if (::MoveFileExW(file.c_str(), other.c_str(),
                           MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0) {
+            if (readOnly) {
+                ::SetFileAttributesW(other.c_str(), attributes);
+            }
             return {};
         }
         const DWORD error = ::GetLastError();
@@ -218,19 +224,25 @@ void NoteRecentFile(const fs::path& file) {
 
 struct EndRequests::Listener {
     std::function<void()> onRequest;
-    std::atomic<bool> asked = false;
+    bool asked = false;
 
     // The system knows plain functions only, which it calls on a thread that it makes.
-    inline static std::atomic<Listener*> current = nullptr;
+    inline static std::mutex mutex;
+    inline static Listener* current = nullptr;
     static BOOL WINAPI TakeEvent(DWORD event) {
         const bool closes = event == CTRL_CLOSE_EVENT || event == CTRL_SHUTDOWN_EVENT;
-        Listener* const listener = current;
-        // A user who logs off may be another one; and who asks again does not want to wait.
-        if ((event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT && !closes) ||
-            listener == nullptr || listener->asked.exchange(true)) {
+        // A user who logs off may be another one.
+        if (event != CTRL_C_EVENT && event != CTRL_BREAK_EVENT && !closes) {
             return FALSE;
         }
-        listener->onRequest();
+        {
+            const std::lock_guard lock(mutex);
+            // Who asks again does not want to wait.
+            if (current == nullptr || std::exchange(current->asked, true)) {
+                return FALSE;
+            }
+            current->onRequest();
+        }
         if (closes) {
             ::Sleep(INFINITE);  // the system ends the program when this returns
         }
@@ -241,12 +253,17 @@ struct EndRequests::Listener {
 EndRequests::EndRequests(std::function<void()> onRequest)
     : listener_(std::make_unique<Listener>()) {
     listener_->onRequest = std::move(onRequest);
-    Listener::current = listener_.get();
-    ::SetConsoleCtrlHandler(Listener::TakeEvent, TRUE);
+    {
+        const std::lock_guard lock(Listener::mutex);
+        Listener::current = listener_.get();
+    }
+    // It stays with the system, which lets none go while one of them waits.
+    static const BOOL isKnown = ::SetConsoleCtrlHandler(Listener::TakeEvent, TRUE);
+    static_cast<void>(isKnown);
 }
 
 EndRequests::~EndRequests() {
-    ::SetConsoleCtrlHandler(Listener::TakeEvent, FALSE);
+    const std::lock_guard lock(Listener::mutex);
     Listener::current = nullptr;
 }
 

@@ -5,11 +5,16 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <iterator>
 #include <memory>
+#include <optional>
+#include <string>
 #include <string_view>
 #include <system_error>
 #include <type_traits>
+#include <utility>
 #include <variant>
+#include <vector>
 
 // clang-format off
 #include <windows.h>
@@ -24,7 +29,8 @@ namespace qfr {
 
 namespace {
 
-constexpr int kFine = 16;  // units of a shape to a pixel at kResolution
+constexpr int kFine = 16;                   // units of a shape to a pixel at kResolution
+constexpr double kPaperUnitsPerInch = 254;  // tenths of a millimetre
 
 std::wstring WideOf(const std::string& text) {
     return PathOf(text).wstring();
@@ -56,9 +62,9 @@ bool IsPaused(const Queue& queue) {
            (info.dwStatus & (PRINTER_STATUS_PAUSED | PRINTER_STATUS_PENDING_DELETION)) != 0;
 }
 
-// The system's number of the printer's paper of that size; absent where it has none.
+// The system's number of the printer's paper of that size; absent where it has none. The printer's
+// own variants, as those without a margin, have larger numbers than the paper itself.
 std::optional<short> PaperNumber(const std::wstring& printer, const Paper& paper) {
-    constexpr double kUnitsPerInch = 254;  // tenths of a millimetre
     constexpr double kTolerance = 20;
     const int count = ::DeviceCapabilitiesW(printer.c_str(), nullptr, DC_PAPERS, nullptr, nullptr);
     std::vector<WORD> numbers(static_cast<std::size_t>(std::max(count, 0)));
@@ -71,13 +77,18 @@ std::optional<short> PaperNumber(const std::wstring& printer, const Paper& paper
                           reinterpret_cast<LPWSTR>(numbers.data()), nullptr);
     ::DeviceCapabilitiesW(printer.c_str(), nullptr, DC_PAPERSIZE,
                           reinterpret_cast<LPWSTR>(sizes.data()), nullptr);
-    const auto found = std::ranges::find_if(sizes, [&paper](const POINT& size) {
-        return std::abs(static_cast<double>(size.x) - paper.width * kUnitsPerInch) < kTolerance &&
-               std::abs(static_cast<double>(size.y) - paper.height * kUnitsPerInch) < kTolerance;
-    });
-    return found == sizes.end() ? std::nullopt
-                                : std::optional(static_cast<short>(
-                                      numbers[static_cast<std::size_t>(found - sizes.begin())]));
+    const auto isNear = [](LONG size, double inches) {
+        return std::abs(static_cast<double>(size) - inches * kPaperUnitsPerInch) < kTolerance;
+    };
+    std::optional<short> least;
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        const auto number = static_cast<short>(numbers[i]);
+        if (isNear(sizes[i].x, paper.width) && isNear(sizes[i].y, paper.height) &&
+            (!least || number < *least)) {
+            least = number;
+        }
+    }
+    return least;
 }
 
 // What the printer does with a job: the user's own settings, but for what the forms decide.
@@ -98,8 +109,8 @@ class Settings {
         return bytes_.empty() ? nullptr : reinterpret_cast<DEVMODEW*>(bytes_.data());
     }
 
-    void Choose(const Paper& paper, PageOrientation orientation) {
-        constexpr double kUnitsPerInch = 254;
+    // False: the printer does not take them.
+    bool Choose(const Paper& paper, PageOrientation orientation) {
         DEVMODEW& mode = *Get();
         const auto set = [&mode](DWORD field, auto& value, auto wanted) {
             mode.dmFields |= field;
@@ -110,16 +121,18 @@ class Settings {
         set(DM_SCALE, mode.dmScale, 100);
         set(DM_COPIES, mode.dmCopies, 1);
         mode.dmFields &= ~DWORD{DM_FORMNAME | DM_PAPERWIDTH | DM_PAPERLENGTH};
-        if (const auto number = PaperNumber(printer_, paper)) {
+        const std::optional<short> number = PaperNumber(printer_, paper);
+        if (number) {
             set(DM_PAPERSIZE, mode.dmPaperSize, *number);
         } else {
             set(DM_PAPERSIZE, mode.dmPaperSize, DMPAPER_USER);
-            set(DM_PAPERWIDTH, mode.dmPaperWidth, std::lround(paper.width * kUnitsPerInch));
-            set(DM_PAPERLENGTH, mode.dmPaperLength, std::lround(paper.height * kUnitsPerInch));
+            set(DM_PAPERWIDTH, mode.dmPaperWidth, std::lround(paper.width * kPaperUnitsPerInch));
+            set(DM_PAPERLENGTH, mode.dmPaperLength, std::lround(paper.height * kPaperUnitsPerInch));
         }
         // The driver makes them agree with each other.
-        ::DocumentPropertiesW(nullptr, queue_.get(), printer_.data(), &mode, &mode,
-                              DM_IN_BUFFER | DM_OUT_BUFFER);
+        return ::DocumentPropertiesW(nullptr, queue_.get(), printer_.data(), &mode, &mode,
+                                     DM_IN_BUFFER | DM_OUT_BUFFER) == IDOK &&
+               (!number || mode.dmPaperSize == *number);
     }
 
   private:
@@ -143,7 +156,8 @@ class Sheet {
         ::SelectObject(context_, ::GetStockObject(BLACK_BRUSH));
     }
 
-    void Paint(const JobPage& page) {
+    // False: something of the page is missing.
+    bool Paint(const JobPage& page) {
         const std::vector<PaintedItem> painted = PaintOrderOf(page);
         for (std::size_t i = 0; i < painted.size(); ++i) {
             if (const auto* const rule = std::get_if<RuleItem>(&page.items[i])) {
@@ -153,22 +167,30 @@ class Sheet {
                 if (painted[i].coversEarlier) {
                     const RECT cell{text.x * kFine, text.y * kFine, (text.x + text.width) * kFine,
                                     (text.y + text.height) * kFine};
-                    ::FillRect(context_, &cell, static_cast<HBRUSH>(::GetStockObject(WHITE_BRUSH)));
+                    Check(::FillRect(context_, &cell,
+                                     static_cast<HBRUSH>(::GetStockObject(WHITE_BRUSH))));
                 }
                 Draw(text);
             }
         }
+        return isWhole_;
     }
 
   private:
+    void Check(int result) { isWhole_ = isWhole_ && result != 0; }
+
     void Draw(const RuleItem& rule) {
         const LOGBRUSH black{BS_SOLID, RGB(0, 0, 0), 0};
         HGDIOBJ const pen =
             ::ExtCreatePen(PS_GEOMETRIC | PS_SOLID | PS_ENDCAP_ROUND,
                            static_cast<DWORD>(rule.penWidth * kFine), &black, 0, nullptr);
+        if (pen == nullptr) {
+            isWhole_ = false;
+            return;
+        }
         HGDIOBJ const before = ::SelectObject(context_, pen);
-        ::MoveToEx(context_, rule.x1 * kFine, rule.y1 * kFine, nullptr);
-        ::LineTo(context_, rule.x2 * kFine, rule.y2 * kFine);
+        Check(::MoveToEx(context_, rule.x1 * kFine, rule.y1 * kFine, nullptr));
+        Check(::LineTo(context_, rule.x2 * kFine, rule.y2 * kFine));
         ::DeleteObject(::SelectObject(context_, before));
     }
 
@@ -178,7 +200,8 @@ class Sheet {
         const double perEm = perUnit * typeface_.UnitsPerEm();
         const double baseline = (text.y + typeface_.Ascent(text.size)) * kFine;
         double left = text.x * kFine;
-        ::BeginPath(context_);
+        bool isBlank = true;
+        Check(::BeginPath(context_));
         for (std::string_view rest = text.text; !rest.empty();) {
             const Typeface::Glyph& glyph = typeface_.Of(TakeCharacter(rest));
             for (const auto& [step, points] : typeface_.OutlineOf(glyph).parts) {
@@ -187,29 +210,33 @@ class Sheet {
                     at[i] = {std::lround(left + points[2 * i] * perEm),
                              std::lround(baseline - points[2 * i + 1] * perEm)};
                 }
+                isBlank = false;
                 switch (step) {
                     case Outline::Step::kMove:
-                        ::MoveToEx(context_, at[0].x, at[0].y, nullptr);
+                        Check(::MoveToEx(context_, at[0].x, at[0].y, nullptr));
                         break;
                     case Outline::Step::kLine:
-                        ::LineTo(context_, at[0].x, at[0].y);
+                        Check(::LineTo(context_, at[0].x, at[0].y));
                         break;
                     case Outline::Step::kCurve:
-                        ::PolyBezierTo(context_, at, std::size(at));
+                        Check(::PolyBezierTo(context_, at, std::size(at)));
                         break;
                     case Outline::Step::kClose:
-                        ::CloseFigure(context_);
+                        Check(::CloseFigure(context_));
                         break;
                 }
             }
             left += glyph.advance * perUnit;
         }
-        ::EndPath(context_);
-        ::FillPath(context_);
+        Check(::EndPath(context_));
+        if (!isBlank) {
+            Check(::FillPath(context_));
+        }
     }
 
     HDC context_;
     Typeface& typeface_;
+    bool isWhole_ = true;
 };
 
 // Why the printer does not go on.
@@ -230,16 +257,13 @@ bool PrintPages(const PrintJob& job, HDC context, Settings& settings, Typeface& 
     for (const JobPage& page : job.pages) {
         if (page.orientation != orientation) {
             orientation = page.orientation;
-            settings.Choose(job.paper, orientation);
-            if (::ResetDCW(context, settings.Get()) == nullptr) {
+            if (!settings.Choose(job.paper, orientation) ||
+                ::ResetDCW(context, settings.Get()) == nullptr) {
                 return false;
             }
         }
-        if (::StartPage(context) <= 0) {
-            return false;
-        }
-        Sheet(context, typeface).Paint(page);
-        if (::EndPage(context) <= 0) {
+        if (::StartPage(context) <= 0 || !Sheet(context, typeface).Paint(page) ||
+            ::EndPage(context) <= 0) {
             return false;
         }
     }
@@ -296,7 +320,9 @@ std::optional<std::string> PrintOnQueue(const PrintJob& job, const std::string& 
     if (settings.Get() == nullptr) {
         return "The printer does not answer.";
     }
-    settings.Choose(job.paper, job.pages.front().orientation);
+    if (!settings.Choose(job.paper, job.pages.front().orientation)) {
+        return "The printer does not take this paper.";
+    }
     const DeviceContext context(::CreateDCW(nullptr, name.c_str(), nullptr, settings.Get()));
     if (!context) {
         return LastReason();
