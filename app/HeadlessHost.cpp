@@ -18,7 +18,7 @@ bool HeadlessHost::AskYesNo(const Message& question) {
 }
 
 void HeadlessHost::TakeJob(int, PrintJob job) {
-    if (const auto boxes = metrics_.TakeBoxesNote()) {
+    if (const auto boxes = boxes_.About(metrics_.TakeBoxes())) {
         messages_.Show(*boxes);
     }
     job_ = std::move(job);

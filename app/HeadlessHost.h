@@ -8,6 +8,7 @@
 
 #include "app/BatchFile.h"
 #include "forms/FormHost.h"
+#include "platform/BoxesNote.h"
 #include "platform/JobSink.h"
 #include "platform/Printer.h"
 
@@ -39,6 +40,7 @@ class HeadlessHost : public FormHost, private JobSink {
     BatchFlags flags_;
     TextMetrics& metrics_;
     Messages& messages_;
+    BoxesNote boxes_;
     std::optional<PrintJob> job_;
     TPrinter printer_;
     qfr::Page page_;

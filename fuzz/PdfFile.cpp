@@ -99,6 +99,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (read != pages || !document.getWarnings().empty()) {
         std::abort();
     }
-    typeface->TakeBoxesNote();
+    typeface->TakeBoxes();
     return 0;
 }

@@ -2,13 +2,11 @@
 // whole; nothing reaches a device before that.
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "platform/JobSink.h"
-#include "platform/Messages.h"
 #include "platform/PrintJob.h"
 
 namespace qfr {
@@ -27,9 +25,9 @@ class TextMetrics {
     virtual int TextWidth(std::string_view utf8, int points) = 0;
     // Ascent plus descent at `points` points, in whole pixels at kResolution.
     virtual int TextHeight(int points) = 0;
-    // About the characters of the texts measured so far that no installed font has, each told once;
-    // absent without any.
-    virtual std::optional<Message> TakeBoxesNote() { return std::nullopt; }
+    // The characters of the texts measured since the last call that no installed font has, each
+    // once.
+    virtual std::vector<char32_t> TakeBoxes() { return {}; }
 };
 
 struct TFont {

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 #include <hb-ot.h>
 #include <hb-subset.h>
 #include <utility>
@@ -197,7 +196,12 @@ Typeface::~Typeface() = default;
 int Typeface::TextWidth(std::string_view utf8, int points) {
     double units = 0;
     while (!utf8.empty()) {
-        units += Of(TakeCharacter(utf8)).advance;
+        const char32_t character = TakeCharacter(utf8);
+        const Glyph& glyph = Of(character);
+        units += glyph.advance;
+        if (glyph.source == Source::kBox && std::ranges::count(boxes_, character) == 0) {
+            boxes_.push_back(character);
+        }
     }
     return static_cast<int>(std::lround(units * PixelsPerUnit(points)));
 }
@@ -263,7 +267,6 @@ Typeface::Glyph Typeface::Look(char32_t character) {
                     font.AdvanceOf(*glyph) * unitsPerEm_ / font.UnitsPerEm()};
         }
     }
-    boxes_.push_back(character);
     return {Source::kBox, 0, 0, own.AdvanceOf(0)};
 }
 
@@ -331,29 +334,6 @@ FontSubset Typeface::Subset(const std::set<char32_t>& characters) const {
         }
     }
     return subset;
-}
-
-std::optional<Message> Typeface::TakeBoxesNote() {
-    if (boxes_.empty()) {
-        return std::nullopt;
-    }
-    constexpr std::size_t kNamed = 5;
-    std::vector<std::string> names;
-    for (std::size_t i = 0; i < std::min(boxes_.size(), kNamed); ++i) {
-        std::array<char, 16> name{};
-        std::snprintf(name.data(), name.size(), "U+%04X", static_cast<unsigned>(boxes_[i]));
-        names.emplace_back(name.data());
-    }
-    if (boxes_.size() > kNamed) {
-        names.push_back(std::to_string(boxes_.size() - kNamed) + " more");
-    }
-    const bool one = std::exchange(boxes_, {}).size() == 1;
-    return Message{
-        .text = "No installed font has the character" + std::string(one ? " " : "s ") +
-                Enumerated(names) + ".\n" +
-                (one ? "A box is printed in its place." : "Boxes are printed in their place."),
-        .title = "Print",
-        .icon = MessageIcon::kWarning};
 }
 
 }  // namespace qfr

@@ -5,14 +5,13 @@
 #include <array>
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
-#include "platform/Messages.h"
 #include "platform/Printer.h"
 #include "platform/pdf/FontFinder.h"
 
@@ -85,7 +84,7 @@ class Typeface : public TextMetrics {
     // Empty when it cannot be made.
     FontSubset Subset(const std::set<char32_t>& characters) const;
 
-    std::optional<Message> TakeBoxesNote() override;
+    std::vector<char32_t> TakeBoxes() override { return std::exchange(boxes_, {}); }
 
   private:
     struct Fonts;
@@ -104,7 +103,7 @@ class Typeface : public TextMetrics {
     // Looked up once; nearly all that forms print is in the array.
     std::array<Glyph, 0x180> common_;
     std::unordered_map<char32_t, Glyph> uncommon_;
-    std::vector<char32_t> boxes_;  // not told of yet
+    std::vector<char32_t> boxes_;  // measured, and not taken yet
 };
 
 }  // namespace qfr

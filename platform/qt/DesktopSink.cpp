@@ -129,7 +129,7 @@ bool DesktopSink::BeginJob(int printerIndex, const std::string& title) {
 
 void DesktopSink::TakeJob(int /*printerIndex*/, PrintJob job) {
     const std::unique_ptr<JobPackage> package = std::move(job_);
-    if (const auto boxes = typeface_.TakeBoxesNote()) {
+    if (const auto boxes = boxes_.About(typeface_.TakeBoxes())) {
         messages_.Show(*boxes);
     }
     if (const auto failure = package->Take(std::move(job))) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/BoxesNote.h"
 #include "platform/FileChooser.h"
 #include "platform/JobSink.h"
 #include "platform/Messages.h"
@@ -44,6 +45,7 @@ class DesktopSink : public JobSink, public PackageSink {
 
     Typeface& typeface_;
     Messages& messages_;
+    BoxesNote boxes_;
     PrintLog& printed_;
     Remembered& memory_;
     PdfSaver pdfSaver_;

@@ -200,7 +200,6 @@ class Sheet {
         const double perEm = perUnit * typeface_.UnitsPerEm();
         const double baseline = (text.y + typeface_.Ascent(text.size)) * kFine;
         double left = text.x * kFine;
-        bool isBlank = true;
         Check(::BeginPath(context_));
         for (std::string_view rest = text.text; !rest.empty();) {
             const Typeface::Glyph& glyph = typeface_.Of(TakeCharacter(rest));
@@ -210,7 +209,6 @@ class Sheet {
                     at[i] = {std::lround(left + points[2 * i] * perEm),
                              std::lround(baseline - points[2 * i + 1] * perEm)};
                 }
-                isBlank = false;
                 switch (step) {
                     case Outline::Step::kMove:
                         Check(::MoveToEx(context_, at[0].x, at[0].y, nullptr));
@@ -229,9 +227,7 @@ class Sheet {
             left += glyph.advance * perUnit;
         }
         Check(::EndPath(context_));
-        if (!isBlank) {
-            Check(::FillPath(context_));
-        }
+        ::FillPath(context_);  // Wine's printers say no to what they draw
     }
 
     HDC context_;

@@ -1,4 +1,5 @@
 // PDF files as other programs see them.
+#include "platform/BoxesNote.h"
 #include "tests/pdf/PdfSupport.h"
 
 namespace qfr::test {
@@ -40,14 +41,18 @@ TEST(PdfFile, TellsOnceOfCharactersThatNoFontHas) {
     const auto typeface = Typeface::Load();
     for (const char* const known : {"Form 1", "line\nbreak\ttab \u202E", "\u2603"}) {
         typeface->TextWidth(known, 10);
-        EXPECT_FALSE(typeface->TakeBoxesNote()) << known;
+        EXPECT_THAT(typeface->TakeBoxes(), testing::IsEmpty()) << known;
     }
     typeface->TextWidth("\U0010FFFD\U0010FFFC \U0010FFFC", 8);
-    EXPECT_EQ(typeface->TakeBoxesNote().value().text,
+    const std::vector<char32_t> boxes = typeface->TakeBoxes();
+    BoxesNote note;
+    EXPECT_EQ(note.About(boxes).value().text,
               "No installed font has the characters U+10FFFD and U+10FFFC.\n"
               "Boxes are printed in their place.");
     EXPECT_GT(typeface->TextWidth("\U0010FFFC", 8), 0);
-    EXPECT_FALSE(typeface->TakeBoxesNote());
+    EXPECT_FALSE(note.About(typeface->TakeBoxes())) << "the same run";
+    EXPECT_TRUE(BoxesNote().About(boxes)) << "another run, as a review is one";
+    EXPECT_THAT(typeface->TakeBoxes(), testing::IsEmpty());
 }
 
 TEST(PdfFile, ACoveredTextCannotBeFound) {
