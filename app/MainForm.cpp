@@ -515,8 +515,9 @@ void TQFRForm::ShowPrinted() {
 }
 
 void TQFRForm::ShowBatchState() {
-    status_->Show(Batch());
-    printBar_->setVisible(IsLoaded(Batch()));
+    const qfr::Batch& batch = filesDlg_->Batch();
+    status_->Show(batch);
+    printBar_->setVisible(IsLoaded(batch));
     keeper_->Check();
     ShowPrinted();
 }
