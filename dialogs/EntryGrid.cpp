@@ -47,7 +47,7 @@ class CellsStep : public QUndoCommand {
 
 EntryGrid::EntryGrid(QWidget* parent) : QTableWidget(parent) {
     setItemDelegate(new CellDelegate(*this));
-    setEditTriggers(AnyKeyPressed | SelectedClicked | DoubleClicked | CurrentChanged);
+    setEditTriggers(AnyKeyPressed | DoubleClicked | CurrentChanged);
     setSelectionMode(SingleSelection);
     setHorizontalScrollMode(ScrollPerPixel);
     verticalHeader()->hide();
@@ -57,6 +57,13 @@ EntryGrid::EntryGrid(QWidget* parent) : QTableWidget(parent) {
     horizontalHeader()->setStretchLastSection(true);
     steps_.setUndoLimit(kMostSteps);
     connect(this, &QTableWidget::itemChanged, this, &EntryGrid::Edited);
+    // At once: what is typed while the view waits for a double click goes to a row that it
+    // searches.
+    connect(this, &QTableWidget::clicked, this, [this](const QModelIndex& index) {
+        if (Editor() == nullptr && IsEditable(index)) {
+            edit(index);
+        }
+    });
 }
 
 // The steps tell of their end, and the dialog is no dialog any more.

@@ -165,6 +165,19 @@ TEST(TuneForm, SaysOfEachAbundanceWhetherItIsInRange) {
     });
 }
 
+TEST(TuneForm, TakesWhatIsTypedRightAfterAClickIntoTheClickedCell) {
+    TuneRig rig;
+    rig.stored.Abundances[3] = "6.7";  // begins as what is typed
+    EXPECT_FALSE(rig.Run(1, [&] {
+        auto& grid = rig.Get<EntryGrid>("StringGrid1");
+        const QPoint place = grid.visualRect(grid.currentIndex()).center();
+        QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, place);
+        rig.Type("60\t\33\33");
+    }));
+    EXPECT_EQ(rig.stored.Abundances[0], "60");
+    EXPECT_EQ(rig.stored.Abundances[3], "6.7");
+}
+
 TEST(TuneForm, HoldsTheUserAtAWrongEntryThatIsLeft) {
     for (const char* const next : {"\t", "MaskEdit1", "OkButton"}) {
         SCOPED_TRACE(next);
