@@ -78,10 +78,11 @@ def in_a_sample_without_tics(chemist):
     window = chemist.open(TICS)
     chemist.program.press("Enter TICs", window)
     chemist.program.window("Tentatively Identified Compound Input")
-    chemist.program.type(text := chemist.text())
-    for cell in ("x", "1", "2"):
-        chemist.program.press_keys("Tab")
+    # The text comes last: a row that is kept while it still lacks a cell is told of when it comes back.
+    for cell in ("x", "x", "1", "2"):
         chemist.program.type(cell)
+        chemist.program.press_keys("Tab")
+    chemist.program.type(text := chemist.text())
     chemist.wait_until_kept(text)
     return text
 
