@@ -67,7 +67,8 @@ int FindingsModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant FindingsModel::data(const QModelIndex& index, int role) const {
-    if (role != Qt::DisplayRole) {
+    // A narrow column elides its texts.
+    if (role != Qt::DisplayRole && role != Qt::ToolTipRole) {
         return {};
     }
     return QString::fromStdString(cells_[shown_[static_cast<std::size_t>(index.row())]]
