@@ -21,7 +21,8 @@ namespace {
 
 constexpr int kRowsMeasured = 50;  // for the widths of the columns
 constexpr int kLettersOfLong = 9;  // that one of long texts keeps
-constexpr int kShareOfRest = 2;    // of the column that has the rest, where texts are elided
+constexpr int kUsualShare = 100;   // of a column in the room, where texts are elided
+constexpr int kShareOfRest = 225;  // of the one that has the rest
 constexpr int kRowPadding = 6;     // pixels
 
 int Letters(const QTableView& table, int count) {
@@ -32,7 +33,7 @@ struct Width {
     int Wanted;
     int Filled;  // by its head and what it holds, or less
     int Least;
-    int Share;  // beside a usual one of 1
+    int Share;  // beside the others'
 };
 
 int Sum(const std::vector<int>& widths) {
@@ -54,7 +55,7 @@ std::vector<int> Fitted(const std::vector<Width>& widths, int room) {
     }
     for (int cap = most; !enough && cap >= 0; --cap) {
         enough = fits([&](const Width& each) {
-            return std::min(each.Filled, std::max(cap * each.Share, each.Least));
+            return std::min(each.Filled, std::max(cap * each.Share / kUsualShare, each.Least));
         });
     }
     return fitted;
@@ -120,7 +121,7 @@ class ColumnKeeper : public QObject {
             const int filled = narrow ? std::min(width, Filled(column)) : width;
             const int least = std::min(Head(column), Letters(table_, kLettersOfLong));
             widths.push_back({width, filled, isLong ? least : filled,
-                              column == columns_.Rest ? kShareOfRest : 1});
+                              column == columns_.Rest ? kShareOfRest : kUsualShare});
             ++column;
         }
         return widths;
@@ -195,6 +196,7 @@ void KeepColumnsInSight(QTableView& table, ColumnsInSight columns) {
 void FitColumns(QTableView& table) {
     for (int column = 0; column + 1 < table.model()->columnCount(); ++column) {
         table.resizeColumnToContents(column);
+        table.setColumnWidth(column, table.columnWidth(column) + Letters(table, 1));
     }
     for (QObject* const child : table.children()) {
         if (auto* const keeper = dynamic_cast<ColumnKeeper*>(child)) {

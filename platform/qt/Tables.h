@@ -27,7 +27,7 @@ struct ColumnsInSight {
 // the rest. Comes after the model.
 void KeepColumnsInSight(QTableView& table, ColumnsInSight columns);
 
-// Makes each column as wide as what it holds. For a table whose columns are kept in sight.
+// Makes each column a little wider than what it holds. For a table whose columns are kept in sight.
 void FitColumns(QTableView& table);
 
 // Puts the rows into the table; texts that are too long for their column wrap. The one column has
