@@ -22,7 +22,7 @@ namespace {
 constexpr int kRowsMeasured = 50;  // for the widths of the columns
 constexpr int kLettersOfLong = 9;  // that one of long texts keeps
 constexpr int kUsualShare = 100;   // of a column in the room, where texts are elided
-constexpr int kShareOfRest = 225;  // of the one that has the rest
+constexpr int kShareOfRest = 210;  // of the one that has the rest
 constexpr int kRowPadding = 6;     // pixels
 
 int Letters(const QTableView& table, int count) {
