@@ -38,7 +38,7 @@ constexpr milliseconds kWorthAWord(500);  // one that lasts
 void SetUp(QTableView& table, QAbstractItemModel& model, std::vector<int> longTexts) {
     table.setModel(&model);
     SetUpRows(table);
-    KeepColumnsInSight(table, std::move(longTexts));
+    KeepColumnsInSight(table, {.LongTexts = std::move(longTexts)});
     table.setTextElideMode(Qt::ElideMiddle);
     table.setAlternatingRowColors(true);
     table.setShowGrid(false);

@@ -67,7 +67,8 @@ int FindingsModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant FindingsModel::data(const QModelIndex& index, int role) const {
-    if (role != Qt::DisplayRole) {
+    // A narrow column elides its texts, and its head.
+    if (role != Qt::DisplayRole && role != Qt::ToolTipRole) {
         return {};
     }
     return QString::fromStdString(cells_[shown_[static_cast<std::size_t>(index.row())]]
@@ -75,7 +76,7 @@ QVariant FindingsModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant FindingsModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    return role == Qt::DisplayRole && orientation == Qt::Horizontal
+    return (role == Qt::DisplayRole || role == Qt::ToolTipRole) && orientation == Qt::Horizontal
                ? QVariant(kHeads[static_cast<std::size_t>(section)])
                : QVariant();
 }

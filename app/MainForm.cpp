@@ -46,7 +46,7 @@ namespace {
 constexpr int kHelpTopic = 10;
 constexpr QSize kWindowSize(960, 640);
 constexpr QSize kWindowFrame(10, 40);
-constexpr int kStateLetters = 130;  // that the status bar has room for
+constexpr QSize kLetters(130, 44);  // that it has room for; the status bar takes the width
 constexpr int kNoteTime = 8000;     // ms
 
 QIcon ProgramIcon() {
@@ -123,7 +123,10 @@ void TQFRForm::OnCreate() {
     new FileDrops(*this, [this](const auto& dropped) { OpenDropped(dropped); });
 
     const QRect room = screen()->availableGeometry();
-    resize(kWindowSize.expandedTo({kStateLetters * fontMetrics().averageCharWidth(), 0})
+    const QFontMetrics metrics = fontMetrics();
+    resize(kWindowSize
+               .expandedTo({kLetters.width() * metrics.averageCharWidth(),
+                            kLetters.height() * metrics.lineSpacing()})
                .boundedTo(room.size() - kWindowFrame));
     const QRect place(QPoint(), size());
     move(place.translated(room.center() - place.center()).topLeft());

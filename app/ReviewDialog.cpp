@@ -36,11 +36,12 @@ const std::array<SeverityChoice, 5>& SeverityChoices() {
 }
 
 constexpr int kWhyLines = 4;
-constexpr int kLettersOf[] = {12, 7, 30, 66};  // of the columns; the last one takes the rest
 constexpr int kAboutColumn = 2;
 constexpr int kFindingColumn = 3;
+constexpr int kMendColumn = 4;
+constexpr int kFindingLetters = 72;
 constexpr int kFilterLetters = 12;
-constexpr int kLettersAcross = 158;  // of the window
+constexpr QSize kLetters(164, 36);  // that the window has room for
 
 }  // namespace
 
@@ -65,13 +66,12 @@ ReviewDialog::ReviewDialog(TQFRForm& window)
     table.setModel(&model_);
     ensurePolished();
     SetUpRows(table);
-    KeepColumnsInSight(table, {kAboutColumn, kFindingColumn});
-    const int letter = fontMetrics().averageCharWidth();
-    for (int column = 0; const int letters : kLettersOf) {
-        table.setColumnWidth(column++, letters * letter);
-    }
+    KeepColumnsInSight(table, {.LongTexts = {kAboutColumn, kFindingColumn, kMendColumn},
+                               .Rest = kFindingColumn,
+                               .LettersOfRest = kFindingLetters});
     ui_->WhyEdit->setFixedHeight(kWhyLines * fontMetrics().lineSpacing() + 14);
-    resize(kLettersAcross * letter, sizeHint().height());
+    resize(kLetters.width() * fontMetrics().averageCharWidth(),
+           std::max(kLetters.height() * fontMetrics().lineSpacing(), sizeHint().height()));
 
     connect(&table, &QTableView::doubleClicked, this, &ReviewDialog::GoTo);
     connect(table.selectionModel(), &QItemSelectionModel::currentRowChanged, this,
@@ -93,6 +93,7 @@ void ReviewDialog::ShowFindings() {
     Refresh();
     ui_->FindingsTable->setFocus();
     open();
+    FitColumns(*ui_->FindingsTable);
 }
 
 void ReviewDialog::ComeBack() {

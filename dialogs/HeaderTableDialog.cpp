@@ -9,9 +9,9 @@
 #include <QMenuBar>
 #include <QScreen>
 
-#include "data/HeaderFields.h"
 #include "dialogs/EntryDialogs.h"
 #include "dialogs/HeaderCells.h"
+#include "dialogs/HeaderColumns.h"
 #include "platform/Text.h"
 #include "platform/qt/ShownText.h"
 #include "platform/qt/WaitCursor.h"
@@ -21,18 +21,11 @@ namespace qfr {
 
 namespace {
 
-const char* const kWidths = "headers/columns";
 constexpr const char* kNoFieldEnd =
     "A value cannot hold \";\": typed, it is left out; pasted, it becomes \",\".";
-constexpr int kFindCommands = 3;  // at the end of the menu
-constexpr int kRowPadding = 8;    // pixels
-constexpr int kLettersOfText = 12;
-constexpr int kLettersOfDate = 23;
+constexpr int kFindCommands = 3;    // at the end of the menu
+constexpr int kRowPadding = 8;      // pixels
 constexpr QSize kLetters(150, 30);  // that the window has room for
-
-int LettersIn(HeaderField field) {
-    return HeaderEntryOf(field).Kind == HeaderKind::kDate ? kLettersOfDate : kLettersOfText;
-}
 
 }  // namespace
 
@@ -41,11 +34,10 @@ HeaderTableDialog::HeaderTableDialog(FormHost& host, WindowServices& services, R
     : QDialog(parent),
       host_(host),
       services_(services),
-      memory_(memory),
       ui_(std::make_unique<Ui::HeaderTableDialog>()) {
     setWindowFlags(windowFlags() | Qt::WindowMaximizeButtonHint);
     ui_->setupUi(this);
-    SetUpTable();
+    SetUpTable(memory);
     SetUpCommands();
     ShowColours();
     ui_->FindBar->LookIn(table_, *ui_->HeadersTable);
@@ -59,7 +51,7 @@ HeaderTableDialog::HeaderTableDialog(FormHost& host, WindowServices& services, R
 
 HeaderTableDialog::~HeaderTableDialog() = default;
 
-void HeaderTableDialog::SetUpTable() {
+void HeaderTableDialog::SetUpTable(Remembered& memory) {
     SheetView& view = *ui_->HeadersTable;
     view.setModel(&table_);
     auto* const cells = new HeaderCells(view, [this] { Paste(); });
@@ -71,15 +63,7 @@ void HeaderTableDialog::SetUpTable() {
     });
     ensurePolished();
     const QFontMetrics metrics = fontMetrics();
-    QHeaderView& heads = *view.horizontalHeader();
-    for (int column = 0; column < table_.columnCount(); ++column) {
-        const HeaderField field = HeaderFieldAt(column + 1);
-        view.setColumnWidth(column, std::max(LettersIn(field) * metrics.averageCharWidth(),
-                                             heads.sectionSizeHint(column)));
-    }
-    heads.restoreState(memory_.Value(kWidths).toByteArray());
-    connect(&heads, &QHeaderView::sectionResized, this,
-            [this, &heads] { memory_.Keep(kWidths, heads.saveState()); });
+    columns_ = new HeaderColumns(view, memory);
     view.verticalHeader()->setDefaultSectionSize(metrics.height() + kRowPadding);
     view.verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     const QSize size(kLetters.width() * metrics.averageCharWidth(),
@@ -153,6 +137,7 @@ void HeaderTableDialog::ShowHeaders() {
         return;
     }
     table_.Open(host_.Batch());
+    columns_->Fit();
     ui_->FindBar->Close();
     ui_->HeadersTable->Go(table_.index(0, 0));
     ShowRemark("");

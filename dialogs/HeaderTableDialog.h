@@ -22,6 +22,8 @@ class HeaderTableDialog;
 
 namespace qfr {
 
+class HeaderColumns;
+
 class HeaderTableDialog : public QDialog, public HoldsEntries {
     Q_OBJECT
 
@@ -44,7 +46,7 @@ class HeaderTableDialog : public QDialog, public HoldsEntries {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
-    void SetUpTable();
+    void SetUpTable(Remembered& memory);
     void SetUpCommands();
     // Commands work on what is being typed, too.
     QAction* AddCommand(QMenu& menu, const QString& caption, const QKeySequence& shortcut,
@@ -75,9 +77,9 @@ class HeaderTableDialog : public QDialog, public HoldsEntries {
 
     FormHost& host_;
     WindowServices& services_;
-    Remembered& memory_;
     std::unique_ptr<Ui::HeaderTableDialog> ui_;
     HeaderTable table_;
+    HeaderColumns* columns_ = nullptr;
     bool fieldEndEntered_ = false;  // in what is to be taken next
 };
 

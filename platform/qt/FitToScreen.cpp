@@ -194,29 +194,42 @@ int HeightFor(const QLayout& layout, int width) {
                                       : layout.totalSizeHint().height();
 }
 
+bool FitsAcross(const QDialog& dialog, int width) {
+    // Otherwise the inner ones would not know before the next event.
+    for (QLayout* const layout : dialog.findChildren<QLayout*>()) {
+        layout->invalidate();
+    }
+    return Least(dialog).width() <= width;
+}
+
+// What a field's caption has in brackets goes into a line of its own.
+void BreakBeforeBracket(QLabel& caption) {
+    const QString text = caption.text();
+    if (const qsizetype bracket = text.lastIndexOf(" (");
+        bracket > 0 && caption.buddy() != nullptr) {
+        caption.setText(text.left(bracket) + '\n' + text.mid(bracket + 1));
+    }
+}
+
+void BreakAnywhere(QLabel& caption) {
+    caption.setWordWrap(true);
+}
+
 // Saves width where that is enough, before anything has to scroll: narrow margins, and captions of
 // two lines, the longest first.
 void Tighten(QDialog& dialog, const QSize& room) {
     const QMargins margins = dialog.layout()->contentsMargins();
     dialog.layout()->setContentsMargins(std::min(margins.left(), kTightMargin), margins.top(),
                                         std::min(margins.right(), kTightMargin), margins.bottom());
-    if (Least(dialog).width() <= room.width()) {
-        return;
-    }
     QList<QLabel*> captions = dialog.findChildren<QLabel*>();
     captions.removeIf([&](const QLabel* label) {
         return label->window() != &dialog || label->text().size() <= kShortCaption;
     });
     std::ranges::stable_sort(captions, std::greater(),
                              [](const QLabel* label) { return label->sizeHint().width(); });
-    for (QLabel* const caption : captions) {
-        caption->setWordWrap(true);
-        // Otherwise the inner ones would not know before the next event.
-        for (QLayout* const layout : dialog.findChildren<QLayout*>()) {
-            layout->invalidate();
-        }
-        if (Least(dialog).width() <= room.width()) {
-            return;
+    for (const auto shorten : {BreakBeforeBracket, BreakAnywhere}) {
+        for (qsizetype i = 0; i < captions.size() && !FitsAcross(dialog, room.width()); ++i) {
+            shorten(*captions[i]);
         }
     }
 }

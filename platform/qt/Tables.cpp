@@ -8,6 +8,7 @@
 #include <QHeaderView>
 #include <QListWidget>
 #include <QScopedValueRollback>
+#include <QStyle>
 #include <QStyledItemDelegate>
 #include <QTableView>
 #include <QTableWidget>
@@ -18,10 +19,11 @@ namespace qfr {
 
 namespace {
 
-constexpr int kRowsMeasured = 50;   // for the widths of the columns
-constexpr int kLettersOfLast = 28;  // that the last column asks for at most
-constexpr int kLettersOfLong = 9;   // that one of long texts keeps
-constexpr int kRowPadding = 6;      // pixels
+constexpr int kRowsMeasured = 50;  // for the widths of the columns
+constexpr int kLettersOfLong = 9;  // that one of long texts keeps
+constexpr int kUsualShare = 100;   // of a column in the room, where texts are elided
+constexpr int kShareOfRest = 210;  // of the one that has the rest
+constexpr int kRowPadding = 6;     // pixels
 
 int Letters(const QTableView& table, int count) {
     return count * table.fontMetrics().averageCharWidth();
@@ -29,37 +31,56 @@ int Letters(const QTableView& table, int count) {
 
 struct Width {
     int Wanted;
+    int Filled;  // by its head and what it holds, or less
     int Least;
+    int Share;  // beside the others'
 };
 
-// The widest give way first.
-int CapFor(const std::vector<Width>& widths, int room) {
-    const auto fits = [&](int cap) {
-        return std::accumulate(widths.begin(), widths.end(), 0, [&](int sum, const Width& width) {
-                   return sum + std::min(width.Wanted, std::max(cap, width.Least));
-               }) <= room;
+int Sum(const std::vector<int>& widths) {
+    return std::accumulate(widths.begin(), widths.end(), 0);
+}
+
+// Slack is given up first, then the widest give way.
+std::vector<int> Fitted(const std::vector<Width>& widths, int room) {
+    std::vector<int> fitted(widths.size());
+    const auto fits = [&](const auto& shrunk) {
+        std::ranges::transform(widths, fitted.begin(), shrunk);
+        return Sum(fitted) <= room;
     };
-    int cap = std::ranges::max(widths, {}, &Width::Wanted).Wanted;
-    while (cap > 0 && !fits(cap)) {
-        --cap;
+    const int most = std::ranges::max(widths, {}, &Width::Wanted).Wanted;
+    bool enough = false;
+    for (int slack = 0; !enough && slack <= most; ++slack) {
+        enough =
+            fits([&](const Width& each) { return std::max(each.Wanted - slack, each.Filled); });
     }
-    return cap;
+    for (int cap = most; !enough && cap >= 0; --cap) {
+        enough = fits([&](const Width& each) {
+            return std::min(each.Filled, std::max(cap * each.Share / kUsualShare, each.Least));
+        });
+    }
+    return fitted;
 }
 
 class ColumnKeeper : public QObject {
   public:
-    ColumnKeeper(QTableView& table, std::vector<int> longTexts)
-        : QObject(&table), table_(table), longTexts_(std::move(longTexts)) {
-        const QHeaderView& heads = *table.horizontalHeader();
-        for (int column = 0; column < heads.count(); ++column) {
-            wanted_.push_back(heads.sectionSize(column));
+    ColumnKeeper(QTableView& table, ColumnsInSight columns)
+        : QObject(&table),
+          table_(table),
+          heads_(*table.horizontalHeader()),
+          columns_(std::move(columns)) {
+        for (int column = 0; column < heads_.count(); ++column) {
+            wanted_.push_back(heads_.sectionSize(column));
         }
-        connect(&heads, &QHeaderView::sectionResized, this, [this](int column, int, int width) {
+        if (columns_.Rest < 0) {
+            columns_.Rest = Last();
+        }
+        connect(&heads_, &QHeaderView::sectionResized, this, [this](int column, int, int width) {
             if (!keeping_) {
                 wanted_.at(static_cast<std::size_t>(column)) = width;
             }
         });
         table.viewport()->installEventFilter(this);
+        connect(&heads_, &QHeaderView::sortIndicatorChanged, this, &ColumnKeeper::Keep);
         const QAbstractItemModel* const model = table.model();
         connect(model, &QAbstractItemModel::modelReset, this, &ColumnKeeper::Keep);
         connect(model, &QAbstractItemModel::dataChanged, this, &ColumnKeeper::Keep);
@@ -67,17 +88,12 @@ class ColumnKeeper : public QObject {
 
     void Keep() {
         const QScopedValueRollback keeping(keeping_, true);
-        std::vector<Width> widths;
-        for (const int column : longTexts_) {
-            widths.push_back(
-                {Wanted(column), std::min(Head(column), Letters(table_, kLettersOfLong))});
+        const int room = table_.viewport()->width();
+        std::vector<int> widths = Fitted(Widths(room), room);
+        widths[static_cast<std::size_t>(columns_.Rest)] += std::max(room - Sum(widths), 0);
+        for (int column = 0; const int width : widths) {
+            table_.setColumnWidth(column++, width);
         }
-        const int cap = CapFor(widths, Room());
-        for (std::size_t i = 0; i < widths.size(); ++i) {
-            table_.setColumnWidth(longTexts_[i],
-                                  std::min(widths[i].Wanted, std::max(cap, widths[i].Least)));
-        }
-        ShrinkLast();
     }
 
   protected:
@@ -89,37 +105,58 @@ class ColumnKeeper : public QObject {
     }
 
   private:
-    int Wanted(int column) const { return wanted_.at(static_cast<std::size_t>(column)); }
-    int Head(int column) const { return table_.horizontalHeader()->sectionSizeHint(column); }
-
     int Last() const { return static_cast<int>(wanted_.size()) - 1; }
 
-    // For the columns of long texts.
-    int Room() const {
-        const int last = Last();
-        const int content =
-            static_cast<const QAbstractItemView&>(table_).sizeHintForColumn(last) + 1;
-        int room = table_.viewport()->width() -
-                   std::max(Head(last), std::min(content, Letters(table_, kLettersOfLast)));
-        for (int column = 0; column < last; ++column) {
-            if (std::ranges::find(longTexts_, column) == longTexts_.end()) {
-                room -= Wanted(column);
-            }
+    // What they hold is measured only where they have to give way.
+    std::vector<Width> Widths(int room) const {
+        std::vector<int> wanted;
+        for (int column = 0; column <= Last(); ++column) {
+            wanted.push_back(Wanted(column));
         }
-        return room;
+        const bool narrow = Sum(wanted) > room;
+        std::vector<Width> widths;
+        for (int column = 0; const int width : wanted) {
+            const bool isLong =
+                std::ranges::find(columns_.LongTexts, column) != columns_.LongTexts.end();
+            const int filled = narrow ? std::min(width, Filled(column)) : width;
+            const int least = std::min(Head(column), Letters(table_, kLettersOfLong));
+            widths.push_back({width, filled, isLong ? least : filled,
+                              column == columns_.Rest ? kShareOfRest : kUsualShare});
+            ++column;
+        }
+        return widths;
     }
 
-    // It stretches, but never to less than it was made.
-    void ShrinkLast() {
-        const int rest = table_.viewport()->width() - table_.columnViewportPosition(Last()) -
-                         table_.horizontalHeader()->offset();
-        if (table_.columnWidth(Last()) > rest) {
-            table_.setColumnWidth(Last(), std::max(rest, Head(Last())));
+    // These two are as wide as the others let them be, so they have no widths of their own.
+    int Wanted(int column) const {
+        if (column != Last() && column != columns_.Rest) {
+            return wanted_.at(static_cast<std::size_t>(column));
         }
+        const int letters = column == columns_.Rest ? columns_.LettersOfRest : kLettersOfLast;
+        return std::max(Head(column), std::min(Filled(column), Letters(table_, letters)));
+    }
+
+    int Filled(int column) const {
+        const int content =
+            static_cast<const QAbstractItemView&>(table_).sizeHintForColumn(column) + 1;
+        return std::max(Head(column), content);
+    }
+
+    // Only the head by which rows are sorted needs the mark of that; the toolkit reckons with one
+    // in each.
+    int Head(int column) const {
+        const int whole = heads_.sectionSizeHint(column);
+        if (!heads_.isSortIndicatorShown() || heads_.sortIndicatorSection() == column) {
+            return whole;
+        }
+        const QString text = table_.model()->headerData(column, Qt::Horizontal).toString();
+        const int margin = heads_.style()->pixelMetric(QStyle::PM_HeaderMargin, nullptr, &heads_);
+        return std::min(whole, heads_.fontMetrics().horizontalAdvance(text) + 2 * margin);
     }
 
     QTableView& table_;
-    const std::vector<int> longTexts_;
+    const QHeaderView& heads_;
+    ColumnsInSight columns_;
     std::vector<int> wanted_;
     bool keeping_ = false;
 };
@@ -152,13 +189,14 @@ void SetUpRows(QTableView& table) {
     table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() + kRowPadding);
 }
 
-void KeepColumnsInSight(QTableView& table, std::vector<int> longTexts) {
-    new ColumnKeeper(table, std::move(longTexts));
+void KeepColumnsInSight(QTableView& table, ColumnsInSight columns) {
+    new ColumnKeeper(table, std::move(columns));
 }
 
 void FitColumns(QTableView& table) {
     for (int column = 0; column + 1 < table.model()->columnCount(); ++column) {
         table.resizeColumnToContents(column);
+        table.setColumnWidth(column, table.columnWidth(column) + Letters(table, 1));
     }
     for (QObject* const child : table.children()) {
         if (auto* const keeper = dynamic_cast<ColumnKeeper*>(child)) {

@@ -58,7 +58,8 @@ void ForEachPart(const QWidget& window, const QString& name, const Function& fun
     for (QTableView* const table : window.findChildren<QTableView*>()) {
         // Grids for entries fit their columns to the font.
         if (table->window() == &window && !table->objectName().isEmpty() &&
-            qobject_cast<QTableWidget*>(table) == nullptr) {
+            qobject_cast<QTableWidget*>(table) == nullptr &&
+            !table->property(kKeepsColumns).toBool()) {
             function(name + '/' + table->objectName(), *table->horizontalHeader());
         }
     }

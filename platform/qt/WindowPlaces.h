@@ -10,6 +10,9 @@ class QWidget;
 
 namespace qfr {
 
+// A property of a table that remembers the widths of its columns itself.
+inline constexpr const char* kKeepsColumns = "KeepsColumns";
+
 // An event filter of the application. A window that cannot be resized is let alone. The memory
 // outlives this.
 class WindowPlaces : public QObject {

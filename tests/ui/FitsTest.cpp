@@ -73,11 +73,18 @@ void ExpectInSight(const QAbstractScrollArea& area, const std::string& name) {
     }
 }
 
-// Or, where there is little room, some letters of them.
+// Or, where there is little room, some letters of them; that by which rows are sorted has room for
+// its mark.
 void ExpectHeadsShow(const QHeaderView& heads, const std::string& name) {
-    const int letters = 9 * heads.fontMetrics().averageCharWidth();
+    const QFontMetrics metrics = heads.fontMetrics();
     for (int section = 0; section < heads.count(); ++section) {
-        EXPECT_GE(heads.sectionSize(section), std::min(heads.sectionSizeHint(section), letters))
+        const QString head = heads.model()->headerData(section, heads.orientation()).toString();
+        const bool isSorted =
+            heads.isSortIndicatorShown() && heads.sortIndicatorSection() == section;
+        const int whole = isSorted || heads.orientation() == Qt::Vertical
+                              ? heads.sectionSizeHint(section)
+                              : metrics.horizontalAdvance(head);
+        EXPECT_GE(heads.sectionSize(section), std::min(whole, 9 * metrics.averageCharWidth()))
             << name << ", section " << section;
     }
 }
@@ -221,6 +228,46 @@ TEST(Fits, ScrollsToTheControlThatHasTheFocusInTheUsualOrder) {
         rig.Type("&n");
         EXPECT_EQ(rig.Focus(), "Edit1");
     }
+}
+
+// The head, and what the table holds.
+bool ShowsAll(const QTableView& table, int column) {
+    const QString head = table.model()->headerData(column, Qt::Horizontal).toString();
+    const int cells = static_cast<const QAbstractItemView&>(table).sizeHintForColumn(column);
+    return table.columnWidth(column) >= cells &&
+           table.columnWidth(column) > table.fontMetrics().horizontalAdvance(head);
+}
+
+TEST(Fits, LargeLettersHaveTheRoomThatThereIs) {
+    const Letters letters(15);
+    WindowRig rig;
+    rig.form.RestoreFile(Example("example.qff"));
+    EXPECT_EQ(rig.Get<QTableView>("FormsTable").verticalScrollBar()->maximum(), 0)
+        << "the window grows with them";
+    ShowOn(*QApplication::screens()[2], rig.form);
+    auto& samples = rig.Get<QTableView>("SamplesTable");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return samples.model()->index(3, 7).data() != "..."; }));
+    for (int column = 0; column < samples.model()->columnCount(); ++column) {
+        EXPECT_TRUE(ShowsAll(samples, column)) << column;
+    }
+    rig.form.ShowReview();
+    auto& review = WindowRig::Find<QDialog>("ReviewDialog");
+    ShowOn(*QApplication::screens()[2], review);
+    auto& findings = *review.findChild<QTableView*>("FindingsTable");
+    const QModelIndex finding = findings.currentIndex().siblingAtColumn(3);
+    EXPECT_GE(findings.columnWidth(3), findings.sizeHintForIndex(finding).width());
+}
+
+TEST(Fits, CaptionsBreakBeforeTheirBrackets) {
+    WindowRig rig;
+    rig.form.RestoreFile(Example("example.qff"));
+    auto& header = WindowRig::Find<QWidget>("TForm1Header");
+    ShowOn(*QApplication::screens()[1], header);
+    const auto& caption = *header.findChild<QLabel*>("ConcUnitsLabel");
+    EXPECT_TRUE(caption.text().contains("\n(ug/l or ug/kg)"));
+    EXPECT_GE(caption.width(), caption.fontMetrics().size(0, caption.text()).width());
+    EXPECT_EQ(header.findChild<QWidget*>("ComboBox4")->accessibleName(),
+              "Concentration Units: (ug/l or ug/kg)");
 }
 
 TEST(Fits, EveryWindowOnEveryScreen) {

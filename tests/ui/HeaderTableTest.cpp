@@ -7,6 +7,7 @@
 
 #include "dialogs/HeaderTableDialog.h"
 #include "dialogs/SheetView.h"
+#include "platform/qt/WindowPlaces.h"
 #include "tests/ui/WindowRig.h"
 
 namespace qfr::test {
@@ -355,9 +356,33 @@ TEST(HeaderTable, AsksForFilesAndHelps) {
     TableRig table;
     table.Press(Qt::Key_F1);
     EXPECT_THAT(table.topics, testing::ElementsAre(kHeadersHelpTopic));
-    table.view.setColumnWidth(2, 321);
-    HeaderTableDialog next(table.form, table.form, table.memory, nullptr);
-    EXPECT_EQ(next.findChild<SheetView*>()->columnWidth(2), 321);
+}
+
+TEST(HeaderTable, ItsColumnsFollowTheirValuesUnlessTheyAreResized) {
+    TableRig rig;
+    const WindowPlaces places(rig.memory);
+    const auto isWhole = [&](HeaderField field) {
+        const QModelIndex cell = rig.view.model()->index(0, static_cast<int>(field) - 1);
+        return rig.view.columnWidth(cell.column()) >= rig.view.sizeHintForIndex(cell).width();
+    };
+    rig.To(0, kLabName);
+    rig.Paste("Fairhaven Analytical Inc.\tTQW-05-0417 of Fairhaven");
+    EXPECT_TRUE(isWhole(kLabName) && isWhole(kContract));
+    rig.To(0, kSdgNo);
+    rig.Paste(std::string(80, 'W'));
+    EXPECT_FALSE(isWhole(kSdgNo)) << "there is a limit";
+
+    rig.view.setColumnWidth(2, 77);
+    rig.Type("\33");
+    rig.Samples()[0].Header[kContract] = "";
+    rig.Samples()[0].Header[kLabCode] = "FAIRHAVEN-0417-1284";
+    const int before = rig.view.columnWidth(3);
+    rig.Open();
+    EXPECT_EQ(rig.view.columnWidth(2), 77);
+    EXPECT_LT(rig.view.columnWidth(3), before);
+    EXPECT_TRUE(isWhole(kLabCode));
+    HeaderTableDialog next(rig.form, rig.form, rig.memory, nullptr);
+    EXPECT_EQ(next.findChild<SheetView*>()->columnWidth(2), 77);
 }
 
 }  // namespace

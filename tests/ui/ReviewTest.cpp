@@ -72,6 +72,9 @@ TEST(Review, ShowsWhatIsFoundAndWhy) {
             testing::StartsWith("The recovery is 58%"),
             testing::HasSubstr("puts the sample's results in doubt"),
             testing::EndsWith("(sample.recovery)\nTo be mended in Load Files, Quant. Files.")));
+    EXPECT_THAT(rig.Rows().index(0, 3).data(Qt::ToolTipRole).toString().toStdString(),
+                testing::StartsWith("The recovery is 58%"))
+        << "where it is cut";
     rig.Press(Qt::Key_F1);
     EXPECT_EQ(rig.topics.back(), kReviewHelpTopic);
 
