@@ -146,13 +146,18 @@ build_libjpeg_turbo() {
     make libjpeg-turbo install
 }
 
+# From pkg-config it would take names of libraries only, and the programs would not find them.
 build_qpdf() {
     configure qpdf -DBUILD_SHARED_LIBS=OFF -DBUILD_DOC=OFF -DUSE_IMPLICIT_CRYPTO=OFF \
+        -DPKG_CONFIG_EXECUTABLE=false \
         -DREQUIRE_CRYPTO_NATIVE=ON -DCMAKE_CXX_FLAGS="-include cstdint" \
         -DZLIB_H_PATH="$system/include" -DZLIB_LIB_PATH="$system/lib/libz.a" \
         -DLIBJPEG_H_PATH="$result/include" -DLIBJPEG_LIB_PATH="$result/lib/libjpeg.a"
     make qpdf libqpdf
-    cmake --install "$work/qpdf/build" --component dev >/dev/null
+    # What CMake finds it by belongs to no component. The programs are not built.
+    for component in dev Unspecified; do
+        cmake --install "$work/qpdf/build" --component "$component" >/dev/null
+    done
 }
 
 build_harfbuzz() {
