@@ -13,6 +13,7 @@
 #include "dialogs/EntryDialogs.h"
 #include "dialogs/HeaderCells.h"
 #include "platform/Text.h"
+#include "platform/qt/FieldEntry.h"
 #include "platform/qt/ShownText.h"
 #include "platform/qt/WaitCursor.h"
 #include "ui_HeaderTableDialog.h"
@@ -22,8 +23,6 @@ namespace qfr {
 namespace {
 
 const char* const kWidths = "headers/columns";
-constexpr const char* kNoFieldEnd =
-    "A value cannot hold \";\": typed, it is left out; pasted, it becomes \",\".";
 constexpr int kFindCommands = 3;  // at the end of the menu
 constexpr int kRowPadding = 8;    // pixels
 constexpr int kLettersOfText = 12;
