@@ -55,7 +55,10 @@ TTICForm::TTICForm(FormHost& host, WindowServices& services, QWidget* parent)
     ConnectHelp(*this, services, kHelpTopic);
 }
 
-TTICForm::~TTICForm() = default;
+// A cell that is open would tell of its end, and the dialog is no dialog any more.
+TTICForm::~TTICForm() {
+    ui_->StringGrid1->FinishEditing();
+}
 
 bool TTICForm::Run(std::size_t record, const std::string& sampleNo, int row) {
     auto& samples = host_.Batch().SampleList;

@@ -438,6 +438,18 @@ TEST(TicForm, StoresCompleteRowsTypedFromCellToCellUnlessCancelled) {
     EXPECT_EQ(rig.List(0), std::nullopt) << "what was typed is no other sample's";
 }
 
+TEST(TicForm, EndsWithTheProgramWhileACellIsTypedIn) {
+    TicRig rig;
+    auto dialog = std::make_unique<TTICForm>(rig.form, rig.form);
+    dialog->show();
+    rig.Face(*dialog);
+    rig.Grid().setFocus(Qt::TabFocusReason);
+    rig.Grid().setCurrentCell(0, 1);
+    rig.Type("x");
+    dialog.reset();
+    rig.Face(rig.form);
+}
+
 TEST(TicForm, DeletesAndAddsRows) {
     TicRig rig;
     rig.List(0) = TicListType{Tic("a"), Tic("b"), Tic("c")};
