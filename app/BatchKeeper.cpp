@@ -77,10 +77,9 @@ std::optional<Message> BatchKeeper::ReplaceQuestion() const {
     if (!now || now == stamp_) {
         return std::nullopt;
     }
-    return Message{FileNameOnly(fileName_) +
-                       " was changed by another program\nsince it was read or written here. "
-                       "Replace it?",
-                   "Warning", MessageIcon::kWarning};
+    return RiskyQuestion(FileNameOnly(fileName_) +
+                         " was changed by another program\nsince it was read or written here. "
+                         "Replace it?");
 }
 
 SaveRequest BatchKeeper::Proposal(const std::string& folder, const Remembered& memory) const {

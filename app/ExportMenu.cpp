@@ -30,8 +30,8 @@ std::optional<std::string> ChoosePlace(FormHost& window, FileChooser& chooser, E
         return std::filesystem::exists(PathOf(*folder) / CsvName(form), unknown);
     };
     if (folder && std::ranges::any_of(kForms, isThere) &&
-        !window.AskYesNo({FileNameOnly(*folder) + " already holds exported values.\nReplace them?",
-                          "Warning", MessageIcon::kWarning})) {
+        !window.AskYesNo(RiskyQuestion(FileNameOnly(*folder) +
+                                       " already holds exported values.\nReplace them?"))) {
         return std::nullopt;
     }
     return folder;

@@ -18,6 +18,7 @@
 #include "app/RecentBatches.h"
 #include "platform/Text.h"
 #include "platform/qt/ShownText.h"
+#include "platform/qt/WaitCursor.h"
 
 namespace qfr {
 
@@ -249,12 +250,17 @@ void StartPage::OpenRecent() {
         return;
     }
     const std::string file = FileOf(*item);
-    if (IsThere(file)) {
+    if (!saved_.contains(file)) {
+        messages_.Show({FileNameOnly(file) + " is still being looked for in\n" + FolderOnly(file) +
+                            ".\nPlease try again when the list says when it was saved.",
+                        "QFR Forms", MessageIcon::kInformation});
+    } else if (const WaitCursor wait; IsThere(file)) {  // a share may answer no more
         commands_.OpenBatch(file);
         return;
+    } else {
+        messages_.Show({FileNameOnly(file) + " is no longer in\n" + FolderOnly(file) + ".",
+                        kFileNotFoundTitle, MessageIcon::kInformation});
     }
-    messages_.Show({FileNameOnly(file) + " is no longer in\n" + FolderOnly(file) + ".",
-                    kFileNotFoundTitle, MessageIcon::kInformation});
     ShowRecent();
 }
 

@@ -31,7 +31,8 @@ QWidget* CellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
     editor->setAccessibleDescription(index.data(Qt::AccessibleDescriptionRole).toString());
     // Cells that came in by another way than the key, such as the context menu.
     if (auto* const line = qobject_cast<QLineEdit*>(editor)) {
-        KeepToOneField(*line);
+        KeepToOneField(
+            *line, [this](QLineEdit& edit, bool fieldEnd) { emit grid_.Typed(&edit, fieldEnd); });
         connect(line, &QLineEdit::textEdited, &grid_, &EntryGrid::Edited);
         connect(
             line, &QLineEdit::textEdited, &grid_,

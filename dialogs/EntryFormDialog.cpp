@@ -3,15 +3,14 @@
 #include <set>
 
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 #include "dialogs/EntryControls.h"
 #include "dialogs/EntryDialogParts.h"
 #include "dialogs/EntryGrid.h"
-#include "dialogs/FieldRemarks.h"
+#include "dialogs/EntryNote.h"
 #include "dialogs/MBSHeader.h"
-#include "platform/qt/FieldEntry.h"
 #include "platform/qt/MaskEdit.h"
 #include "platform/qt/PrintTarget.h"
 
@@ -24,6 +23,7 @@ EntryFormDialog::EntryFormDialog(EntryDialog dialog, FormHost& host, WindowServi
       host_(host),
       services_(services),
       table_(TableOf(dialog)),
+      note_(new EntryNote(this)),
       checks_(host, *this, [this](const QWidget& control) { return Leave(control); }) {
     parts_.setUp(*this);
     auto& cancel = *Find<QPushButton>(*this, "CancelButton");
@@ -37,11 +37,10 @@ EntryFormDialog::EntryFormDialog(EntryDialog dialog, FormHost& host, WindowServi
     for (const EntryField& field : table_.Fields) {
         AddField(field);
     }
-    KeepToOneFieldEach(*this);
-    auto* const dateNote = new QLabel(this);
-    dateNote->setObjectName("DateNote");
-    Find<QHBoxLayout>(*this, "Buttons")->insertWidget(0, dateNote);
-    TellOfNoSuchDates(*this, *dateNote);
+    note_->setObjectName("EntryNote");
+    auto& rows = static_cast<QVBoxLayout&>(*layout());
+    rows.insertWidget(rows.indexOf(Find<QHBoxLayout>(*this, "Buttons")), note_);
+    note_->Hear(*this);
     connect(Find<QPushButton>(*this, parts_.okButton), &QPushButton::clicked, this,
             &EntryFormDialog::OkClick);
     connect(&cancel, &QPushButton::clicked, this, &EntryFormDialog::reject);
@@ -77,6 +76,7 @@ bool EntryFormDialog::Run(std::size_t headerRecord) {
         parts_.prepare(*this, host_);
     }
     ShowEntries();
+    note_->Forget();
     FindSources();
     for (EntryGrid* const grid : findChildren<EntryGrid*>()) {
         grid->Steps().clear();

@@ -18,6 +18,7 @@
 namespace qfr {
 
 struct EntryDialogParts;
+class EntryNote;
 
 class EntryFormDialog : public EntryWindow {
   public:
@@ -43,6 +44,7 @@ class EntryFormDialog : public EntryWindow {
     FormHost& host_;
     WindowServices& services_;
     const EntryTable& table_;
+    EntryNote* note_;
     LeaveChecks checks_;
     std::vector<EntrySource> sources_;
 };

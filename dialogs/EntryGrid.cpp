@@ -237,6 +237,7 @@ void EntryGrid::SetCellsFromCurrent(const QStringList& rows) {
         for (const QString& cell : cells.split('\t')) {
             if (IsEditable(model()->index(row, column))) {
                 SetCell(row, column, EnteredField(cell.toStdString()));
+                emit Typed(nullptr, cell.contains(';'));
             }
             ++column;
         }

@@ -79,6 +79,9 @@ class EntryGrid : public QTableWidget {
   signals:
     // A cell's text has changed, or what is being typed in one.
     void Edited();
+    // What is being typed in a cell has changed, or a ";" was typed there; `edit` is null for what
+    // is pasted over cells.
+    void Typed(QLineEdit* edit, bool fieldEnd);
 
   protected:
     bool focusNextPrevChild(bool next) override;

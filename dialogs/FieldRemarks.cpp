@@ -1,12 +1,9 @@
 #include "dialogs/FieldRemarks.h"
 
 #include <QComboBox>
-#include <QLabel>
+#include <QLineEdit>
 #include <QStringList>
 #include <QVariant>
-
-#include "platform/DateTime.h"
-#include "platform/qt/MaskEdit.h"
 
 namespace qfr {
 
@@ -15,14 +12,6 @@ namespace {
 const char* const kRemark = "remark.";
 const char* const kOwnDescription = "ownDescription";
 const char* const kOwnToolTip = "ownToolTip";
-
-// While the year is being typed, it is not told yet.
-QString NoteOn(const MaskEdit& edit) {
-    constexpr std::size_t kYear = 6;  // in "mm/dd/yyyy"
-    const std::string text = edit.MaskText();
-    const bool whole = text.size() > kYear && text[kYear] != ' ';
-    return QString::fromStdString(whole ? NoSuchDate(text).value_or("") : "");
-}
 
 }  // namespace
 
@@ -56,22 +45,6 @@ void Remark(QWidget& control, const char* about, const QString& text) {
 
 bool HasRemark(const QWidget& control, const char* about) {
     return !control.property(QByteArray(kRemark) + about).toString().isEmpty();
-}
-
-void TellOfNoSuchDates(QWidget& window, QLabel& label) {
-    const QList<MaskEdit*> edits = window.findChildren<MaskEdit*>();
-    const auto tell = [&label, edits] {
-        QString told;
-        for (MaskEdit* const edit : edits) {
-            const QString note = NoteOn(*edit);
-            Remark(*edit, "date", note);
-            told = told.isEmpty() ? note : told;
-        }
-        label.setText(told);
-    };
-    for (MaskEdit* const edit : edits) {
-        QObject::connect(edit, &QLineEdit::textChanged, &label, tell);
-    }
 }
 
 }  // namespace qfr

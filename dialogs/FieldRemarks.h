@@ -3,7 +3,6 @@
 
 #include <QString>
 
-class QLabel;
 class QWidget;
 
 namespace qfr {
@@ -13,8 +12,5 @@ namespace qfr {
 void Remark(QWidget& control, const char* about, const QString& text);
 
 bool HasRemark(const QWidget& control, const char* about);
-
-// While a date typed in the window does not exist, the label says so, and so does the date.
-void TellOfNoSuchDates(QWidget& window, QLabel& label);
 
 }  // namespace qfr

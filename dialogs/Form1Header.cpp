@@ -10,13 +10,11 @@
 
 #include "data/HeaderFields.h"
 #include "dialogs/EntryDialogs.h"
-#include "dialogs/FieldRemarks.h"
 #include "dialogs/HeaderMarks.h"
 #include "forms/Form1TicContent.h"
 #include "forms/Form1VoaContent.h"
 #include "platform/DateTime.h"
 #include "platform/Text.h"
-#include "platform/qt/FieldEntry.h"
 #include "platform/qt/MaskEdit.h"
 #include "platform/qt/PrintTarget.h"
 #include "platform/qt/WaitCursor.h"
@@ -63,7 +61,7 @@ TForm1Header::TForm1Header(FormHost& host, WindowServices& services)
          std::initializer_list<QWidget*>{ui_->FileComboBox, ui_->OkButton, ui_->PrintButton}) {
         control->installEventFilter(this);
     }
-    KeepToOneFieldEach(*this);
+    ui_->EntryNote->Hear(*this);
     for (QComboBox* const box : findChildren<QComboBox*>()) {
         // A wheel that passes over the dialog must not change a value.
         box->setFocusPolicy(Qt::StrongFocus);
@@ -87,7 +85,6 @@ TForm1Header::TForm1Header(FormHost& host, WindowServices& services)
     connect(ui_->ComboBox2, &QComboBox::currentTextChanged, this, &TForm1Header::ComboBox2Change);
 
     SetUpSteps();
-    TellOfNoSuchDates(*this, *ui_->DateNote);
     Connect(ui_->EnterButton, &TForm1Header::EnterButtonClick);
     Connect(ui_->Button1, &TForm1Header::Button1Click);
     Connect(ui_->Button2, &TForm1Header::Button2Click);
@@ -99,7 +96,7 @@ TForm1Header::TForm1Header(FormHost& host, WindowServices& services)
     connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this,
             &TForm1Header::Button5Click);
     // The row of buttons is as wide as a small screen.
-    PrintTarget::PutBelow(*ui_->Fields, kRightLabels, *ui_->PrintButton, services_.Printers());
+    PrintTarget::PutBelow(*ui_->Fields, kRightLabels, *ui_->EnterButton, services_.Printers());
 }
 
 TForm1Header::~TForm1Header() = default;
@@ -186,6 +183,7 @@ void TForm1Header::ShowRecord(std::size_t record) {
     SelectInDropDowns(record);
     LoadRecord();
     ShowPlace();
+    ui_->EntryNote->Forget();
 }
 
 void TForm1Header::SelectInDropDowns(std::size_t record) {

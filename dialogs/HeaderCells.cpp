@@ -106,7 +106,11 @@ QWidget* HeaderCells::createEditor(QWidget* parent, const QStyleOptionViewItem& 
     editor->setAccessibleName(QString::fromStdString(table.Sheet().NameOf(cell)));
     QLineEdit& line = *LineOf(editor);
     line.setMaxLength(kMaxPrintedText);
-    KeepToOneField(line, [this] { emit FieldEndEntered(); });
+    KeepToOneField(line, [this](const QLineEdit&, bool fieldEnd) {
+        if (fieldEnd) {
+            emit FieldEndEntered();
+        }
+    });
     emit EditingBegan();
     return editor;
 }

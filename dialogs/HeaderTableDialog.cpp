@@ -13,6 +13,7 @@
 #include "dialogs/HeaderCells.h"
 #include "dialogs/HeaderColumns.h"
 #include "platform/Text.h"
+#include "platform/qt/FieldEntry.h"
 #include "platform/qt/ShownText.h"
 #include "platform/qt/WaitCursor.h"
 #include "ui_HeaderTableDialog.h"
@@ -21,8 +22,6 @@ namespace qfr {
 
 namespace {
 
-constexpr const char* kNoFieldEnd =
-    "A value cannot hold \";\": typed, it is left out; pasted, it becomes \",\".";
 constexpr int kFindCommands = 3;    // at the end of the menu
 constexpr int kRowPadding = 8;      // pixels
 constexpr QSize kLetters(150, 30);  // that the window has room for

@@ -41,7 +41,10 @@ TMBSHeader::TMBSHeader(FormHost& host, WindowServices& services, QWidget* parent
     ui_->setupUi(this);
     ui_->RichEdit1->setFont(FontOfForm());
     FitToFont();
-    TypeNoFieldEnd(*ui_->RichEdit1);
+    TypeNoFieldEnd(*ui_->RichEdit1, [this] {
+        hasFieldEnd_ = true;
+        ShowRoom();
+    });
     connect(ui_->RichEdit1, &QPlainTextEdit::textChanged, this, [this] {
         TakeBackFieldEnds();
         CutToLength();
@@ -65,6 +68,7 @@ bool TMBSHeader::Run(std::size_t /*headerRecord*/) {
     // Comments of a batch file that was edited elsewhere are not cut, they only do not grow.
     room_ = std::max(kMaxLength, static_cast<int>(text.size()));
     ui_->RichEdit1->setPlainText(text);
+    hasFieldEnd_ = false;
     ShowRoom();
     ui_->RichEdit1->moveCursor(QTextCursor::End);
     ui_->RichEdit1->horizontalScrollBar()->setValue(0);
@@ -108,6 +112,7 @@ void TMBSHeader::TakeBackFieldEnds() {
         found.joinPreviousEditBlock();
         found.insertText(",");
         found.endEditBlock();
+        hasFieldEnd_ = true;
     }
 }
 
@@ -134,11 +139,13 @@ void TMBSHeader::ShowRoom() {
         }
     }
     ui_->RichEdit1->setExtraSelections(beyond);
+    QStringList notes = {beyond.empty() ? "" : "What is struck out has no room on the form.",
+                         hasFieldEnd_ ? kNoFieldEnd : ""};
+    notes.removeAll("");
     ui_->RoomLabel->setText(
         QString("Two lines print, each %1 inches long. Used: %2 and %3 inches.\n%4")
             .arg(kCommentLineLength)
-            .arg(used[0], used[1],
-                 beyond.empty() ? "" : "What is struck out has no room on the form."));
+            .arg(used[0], used[1], notes.join('\n')));
 }
 
 void TMBSHeader::CutToLength() {

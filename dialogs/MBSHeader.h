@@ -43,7 +43,8 @@ class TMBSHeader : public EntryWindow {
 
     FormHost& host_;
     std::unique_ptr<Ui::TMBSHeader> ui_;
-    int room_ = kMaxLength;  // characters that the box takes
+    int room_ = kMaxLength;     // characters that the box takes
+    bool hasFieldEnd_ = false;  // was typed or pasted since the dialog opened
 };
 
 }  // namespace qfr

@@ -34,6 +34,7 @@ TTICForm::TTICForm(FormHost& host, WindowServices& services, QWidget* parent)
                              {"Q", 33}},
                             kInitialRows, kVisibleRows);
     ui_->StringGrid1->LetPasteAddRows();
+    ui_->EntryNote->Hear(*this);
     // The cell that is being typed in stays open when these are clicked.
     ui_->AddButton->setFocusPolicy(Qt::TabFocus);
     ui_->DeleteButton->setFocusPolicy(Qt::TabFocus);
@@ -54,7 +55,10 @@ TTICForm::TTICForm(FormHost& host, WindowServices& services, QWidget* parent)
     ConnectHelp(*this, services, kHelpTopic);
 }
 
-TTICForm::~TTICForm() = default;
+// A cell that is open would tell of its end, and the dialog is no dialog any more.
+TTICForm::~TTICForm() {
+    ui_->StringGrid1->FinishEditing();
+}
 
 bool TTICForm::Run(std::size_t record, const std::string& sampleNo, int row) {
     auto& samples = host_.Batch().SampleList;
@@ -85,6 +89,7 @@ void TTICForm::OnShow(const SampleRecord& sample, const std::string& sampleNo) {
         }
     }
     grid.Steps().clear();
+    ui_->EntryNote->Forget();
     OfferLeftOut(sample);
     grid.setCurrentCell(0, 0);
     grid.scrollToTop();
@@ -174,10 +179,11 @@ bool TTICForm::AreToBeLeftOut(const std::vector<std::size_t>& rows) {
         numbers.push_back(std::to_string(row));
     }
     const bool one = rows.size() == 1;
-    if (host_.AskYesNo({(one ? "Row " : "Rows ") + Enumerated(numbers) +
-                            " will not be kept, because a cell is missing.\nClose the list " +
-                            (one ? "without it?" : "without them?"),
-                        "Incomplete Rows", MessageIcon::kWarning})) {
+    if (host_.AskYesNo(
+            RiskyQuestion((one ? "Row " : "Rows ") + Enumerated(numbers) +
+                              " will not be kept, because a cell is missing.\nClose the list " +
+                              (one ? "without it?" : "without them?"),
+                          "Incomplete Rows"))) {
         return true;
     }
     EntryGrid& grid = *ui_->StringGrid1;

@@ -131,9 +131,8 @@ void RemoveLeftovers(const fs::path& folder) {
 }
 
 bool AgreesToReplace(const fs::path& target, Messages& messages) {
-    return !IsReadOnly(target) ||
-           messages.AskYesNo({FileNameOnly(TextOf(target)) + " is read-only.\nReplace it?",
-                              "Warning", MessageIcon::kWarning});
+    return !IsReadOnly(target) || messages.AskYesNo(RiskyQuestion(FileNameOnly(TextOf(target)) +
+                                                                  " is read-only.\nReplace it?"));
 }
 
 std::optional<std::string> ReplaceFile(const fs::path& target, std::string_view content,

@@ -1,10 +1,18 @@
 #include "platform/Messages.h"
 
 #include <algorithm>
+#include <map>
+#include <set>
 
 #include "platform/Text.h"
 
 namespace qfr {
+
+Message RiskyQuestion(std::string text, std::string title) {
+    Message question{std::move(text), std::move(title), MessageIcon::kWarning};
+    question.noByDefault = true;
+    return question;
+}
 
 Message CouldNotBeWritten(std::string_view fileName) {
     return {FileNameOnly(fileName) + " could not be written.", kFileErrorTitle};
@@ -31,6 +39,22 @@ Message ListMessage(const std::string& head, const std::vector<std::string>& lin
         text += "\nand " + std::to_string(lines.size() - most) + " more";
     }
     return {text, "Warning", MessageIcon::kWarning};
+}
+
+std::vector<ToldFile> OncePerFile(const std::vector<ToldFile>& told) {
+    std::vector<ToldFile> files;
+    std::map<std::string, std::size_t> places;
+    std::set<std::pair<std::string, std::string>> said;
+    for (const auto& [file, what] : told) {
+        const auto [place, isNew] = places.emplace(file, files.size());
+        if (isNew) {
+            files.push_back({file, ""});
+        }
+        if (said.emplace(file, what).second) {
+            files[place->second].What += (isNew ? "" : " ") + what;
+        }
+    }
+    return files;
 }
 
 Message NameIsNotUnique(std::string_view fileName) {

@@ -27,6 +27,9 @@ struct Message {
     bool noByDefault = false;
 };
 
+// A question whose Yes gives up what cannot be had back: a warning, with No by default.
+Message RiskyQuestion(std::string text, std::string title = "Warning");
+
 // That the user's file, given by its path, could not be written, or not read.
 Message CouldNotBeWritten(std::string_view fileName);
 Message CouldNotBeRead(std::string_view fileName);
@@ -45,6 +48,10 @@ struct ToldFile {
     std::string What;  // one line
     bool operator==(const ToldFile&) const = default;
 };
+
+// One for each file, in the order of their first ones, that says all that is told of the file, and
+// nothing twice.
+std::vector<ToldFile> OncePerFile(const std::vector<ToldFile>& told);
 
 // That the name, in lower case as the batch keeps it, does not tell one of the user's files from
 // another.

@@ -53,6 +53,7 @@ std::string Block(const std::string& name, int levels, const char* kind) {
 
 bool MessageLog::AskYesNo(const Message& question) {
     shown.push_back(question);
+    noByDefault = question.noByDefault;
     if (answers.empty()) {
         ADD_FAILURE() << "unexpected question: " << question.text;
         return false;

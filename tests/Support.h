@@ -34,6 +34,7 @@ class MessageLog : public Messages {
 
     std::vector<Message> shown;
     std::deque<bool> answers;
+    bool noByDefault = false;  // of the last question
 
   private:
     std::vector<std::string> Take(std::string Message::*part);

@@ -40,12 +40,10 @@ void TypeNoFieldEnd(QWidget& entry, const std::function<void()>& tell) {
     }
 }
 
-void KeepToOneField(QLineEdit& edit, const std::function<void()>& tell) {
-    TypeNoFieldEnd(edit, tell);
-    QObject::connect(&edit, &QLineEdit::textEdited, &edit, [&edit, tell](const QString& text) {
-        if (tell && text.contains(kFieldEnd)) {
-            tell();
-        }
+void KeepToOneField(QLineEdit& edit, const HearTyping& hear) {
+    TypeNoFieldEnd(edit, [&edit, hear] { hear ? hear(edit, true) : void(); });
+    QObject::connect(&edit, &QLineEdit::textEdited, &edit, [&edit, hear](const QString& text) {
+        hear ? hear(edit, text.contains(kFieldEnd)) : void();
         const QString field = QString::fromStdString(EnteredField(text.toStdString()));
         if (field != text) {
             const int caret = edit.cursorPosition();
@@ -55,10 +53,10 @@ void KeepToOneField(QLineEdit& edit, const std::function<void()>& tell) {
     });
 }
 
-void KeepToOneFieldEach(const QWidget& window) {
+void KeepToOneFieldEach(const QWidget& window, const HearTyping& hear) {
     for (QLineEdit* const edit : window.findChildren<QLineEdit*>()) {
         if (edit->inputMask().isEmpty() && !edit->isReadOnly()) {
-            KeepToOneField(*edit);
+            KeepToOneField(*edit, hear);
         }
     }
 }

@@ -38,7 +38,7 @@ FindBar::FindBar(QWidget* parent) : QWidget(parent), edit_(new QLineEdit), count
 void FindBar::Open() {
     if (isHidden()) {
         show();
-        Find(0);
+        Tell("");  // of what was found when it was open before
     }
     edit_->setFocus();
     edit_->selectAll();
@@ -52,9 +52,8 @@ void FindBar::Close() {
 void FindBar::GoOn(int by) {
     if (isHidden()) {
         Open();
-    } else {
-        Find(by);
     }
+    Find(by);
 }
 
 void FindBar::Find(int by) {
@@ -66,6 +65,10 @@ void FindBar::Find(int by) {
     } else if (!edit_->text().trimmed().isEmpty()) {
         told = "Not found";
     }
+    Tell(told);
+}
+
+void FindBar::Tell(const QString& told) {
     count_->setText(told);
     edit_->setAccessibleDescription(told);
 }

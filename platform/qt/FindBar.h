@@ -17,7 +17,8 @@ class FindBar : public QWidget {
   public:
     explicit FindBar(QWidget* parent = nullptr);
 
-    // Shows the bar with its text ready to be typed over.
+    // Shows the bar with its text ready to be typed over; nothing is looked for before it is, or
+    // before the user goes on.
     void Open();
     void Close();
     // Goes to the next place (1) or the one before (-1), from the last one to the first; opens the
@@ -37,6 +38,7 @@ class FindBar : public QWidget {
 
   private:
     void Find(int by);
+    void Tell(const QString& told);
 
     QLineEdit* edit_;
     QLabel* count_;

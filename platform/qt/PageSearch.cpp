@@ -7,7 +7,7 @@ namespace qfr {
 PageSearch::PageSearch(PageView& view, QWidget* parent) : FindBar(parent), view_(view) {}
 
 FindBar::Found PageSearch::Look(const std::string& text, int by) {
-    if (by == 0) {
+    if (by == 0 || found_.empty()) {
         found_ = FindText(view_.Pages(), text);
         // The first one from the page in sight on.
         const auto from = std::ranges::lower_bound(

@@ -50,21 +50,31 @@ PrintTarget::PrintTarget(PrinterChoice& printers, QWidget* parent)
     ShowChoice();
 }
 
-void PrintTarget::PutInto(QHBoxLayout& row, PrinterChoice& printers) {
-    AddControl(&row, kCaption, new PrintTarget(printers), kName);
+PrintTarget* PrintTarget::PutInto(QHBoxLayout& row, PrinterChoice& printers) {
+    auto* const target = new PrintTarget(printers);
+    AddControl(&row, kCaption, target, kName);
+    return target;
+}
+
+void PrintTarget::TabBefore(QWidget& button) {
+    QWidget* before = button.previousInFocusChain();
+    while (before->focusPolicy() == Qt::NoFocus) {
+        before = before->previousInFocusChain();
+    }
+    setTabOrder(before, this);
 }
 
 void PrintTarget::PutBefore(QPushButton& printButton, PrinterChoice& printers) {
     if (auto* const buttons = printButton.window()->findChild<QHBoxLayout*>("Buttons")) {
         auto* const row = new QHBoxLayout;
         row->setSpacing(kSpace);
-        PutInto(*row, printers);
+        PrintTarget* const target = PutInto(*row, printers);
         buttons->insertLayout(0, row);
-        setTabOrder(&printButton, row->itemAt(row->count() - 1)->widget());
+        target->TabBefore(printButton);
     }
 }
 
-void PrintTarget::PutBelow(QGridLayout& fields, int labelColumn, QPushButton& printButton,
+void PrintTarget::PutBelow(QGridLayout& fields, int labelColumn, QPushButton& firstButton,
                            PrinterChoice& printers) {
     const int last = fields.rowCount() - 1;
     const bool free = fields.itemAtPosition(last, labelColumn) == nullptr;
@@ -73,7 +83,7 @@ void PrintTarget::PutBelow(QGridLayout& fields, int labelColumn, QPushButton& pr
     label->setBuddy(target);
     fields.addWidget(label, free ? last : last + 1, labelColumn);
     fields.addWidget(target, free ? last : last + 1, labelColumn + 1);
-    setTabOrder(&printButton, target);
+    target->TabBefore(firstButton);
 }
 
 void PrintTarget::ShowChoice() {

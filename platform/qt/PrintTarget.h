@@ -20,14 +20,15 @@ class PrintTarget : public QComboBox {
     // or gone through by key.
     explicit PrintTarget(PrinterChoice& printers, QWidget* parent = nullptr);
 
-    // Puts one in front of the dialog's row of buttons ("Buttons"), of which this one prints. In
-    // the tab order it comes after the button.
+    // Puts one in front of the dialog's row of buttons ("Buttons"), of which this one prints and is
+    // the first, also in the tab order.
     static void PutBefore(QPushButton& printButton, PrinterChoice& printers);
     // Puts one at the end of a row.
-    static void PutInto(QHBoxLayout& row, PrinterChoice& printers);
+    static PrintTarget* PutInto(QHBoxLayout& row, PrinterChoice& printers);
     // Puts one at the lower end of two columns of labels and fields, into their last row if there
-    // is room. It has no mnemonic: beside so many fields its letters are theirs.
-    static void PutBelow(QGridLayout& fields, int labelColumn, QPushButton& printButton,
+    // is room, and in the tab order before the first one of the buttons below. It has no mnemonic:
+    // beside so many fields its letters are theirs.
+    static void PutBelow(QGridLayout& fields, int labelColumn, QPushButton& firstButton,
                          PrinterChoice& printers);
 
     void showPopup() override;
@@ -38,6 +39,7 @@ class PrintTarget : public QComboBox {
     void wheelEvent(QWheelEvent* event) override;
 
   private:
+    void TabBefore(QWidget& button);
     void ShowChoice();
     void ShowAll();
 

@@ -53,7 +53,8 @@ QString AsText(const std::vector<ToldFile>& files) {
 
 }  // namespace
 
-void ShowToldFiles(const std::vector<ToldFile>& files, int helpTopic, QWidget* parent) {
+void ShowToldFiles(const std::vector<ToldFile>& told, int helpTopic, QWidget* parent) {
+    const std::vector<ToldFile> files = OncePerFile(told);
     auto* const dialog = new QDialog(parent);
     dialog->setObjectName("ToldFilesDialog");
     dialog->setAttribute(Qt::WA_DeleteOnClose);

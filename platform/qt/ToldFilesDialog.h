@@ -9,8 +9,8 @@
 
 namespace qfr {
 
-// Shows the files, one a row, in a dialog above the parent until the user closes it; returns at
-// once. `helpTopic`: of its F1.
-void ShowToldFiles(const std::vector<ToldFile>& files, int helpTopic, QWidget* parent);
+// Shows what is told of files, each of which has one row, in a dialog above the parent until the
+// user closes it; returns at once. `helpTopic`: of its F1.
+void ShowToldFiles(const std::vector<ToldFile>& told, int helpTopic, QWidget* parent);
 
 }  // namespace qfr

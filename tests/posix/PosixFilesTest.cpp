@@ -76,6 +76,7 @@ TEST(PosixFiles, ThatAreReadOnlyAreReplacedWhenTheUserAgrees) {
     EXPECT_EQ(ReadAll(file), "old");
     log.answers = {false};
     EXPECT_FALSE(AgreesToReplace(file, log));
+    EXPECT_TRUE(log.noByDefault);
     EXPECT_EQ(log.shown.at(0).text, "batch.qff is read-only.\nReplace it?");
     EXPECT_EQ(ReplaceFile(file, "new", ReadOnlyFile::kIsReplaced), std::nullopt);
     EXPECT_EQ(ReadAll(file), "new");

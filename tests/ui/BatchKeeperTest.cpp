@@ -73,6 +73,7 @@ TEST(BatchKeeper, SavesToTheBatchsOwnFileWithoutAsking) {
         rig.Use("^s",
                 "my.qff was changed by another program\nsince it was read or written here. "
                 "Replace it?");
+        EXPECT_TRUE(rig.log.noByDefault);
         EXPECT_EQ(rig.Read("my.qff") != "QFRForms, another one", replaces);
     }
     EXPECT_TRUE(rig.chooser.saved.empty());

@@ -138,6 +138,23 @@ TEST(Desk, OffersWhatThereIsACommandFor) {
     EXPECT_EQ(rig.Get("RecoverButton").accessibleDescription(), "3 samples, 10:15");
 }
 
+TEST(Desk, OpensABatchOfLateOnlyOnceItsShareHasAnswered) {
+    WindowRig rig;
+    const std::string file = rig.dir.Write("a.qff", "");
+    RememberBatch(rig.memory, file);
+    std::string opened;
+    StartPage page({.OpenBatch = [&](const std::string& batch) { opened = batch; }}, rig.log,
+                   rig.memory, "");
+    auto& tree = *page.findChild<QTreeWidget*>("RecentTree");
+    QTest::keyClick(&tree, Qt::Key_Return);  // nothing that is found meanwhile has come yet
+    EXPECT_EQ(opened, "");
+    EXPECT_THAT(rig.log.TakeTexts(),
+                testing::ElementsAre(testing::StartsWith("a.qff is still being looked for in\n")));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return tree.topLevelItem(0)->text(1) != "..."; }));
+    QTest::keyClick(&tree, Qt::Key_Return);
+    EXPECT_EQ(opened, file);
+}
+
 TEST(Desk, ShowsHowFarSamplesAndFormsAre) {
     DeskRig rig;
     rig.OpenExample();

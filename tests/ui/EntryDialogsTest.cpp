@@ -80,7 +80,10 @@ TEST(MBSHeader, HasRoomFor256Characters) {
         rig.Run([&rig, goTo = goTo, pasted = pasted] {
             rig.Press(goTo, Qt::ControlModifier);
             rig.Paste(pasted);
-            rig.Type("x;\r\33");
+            rig.Type("x;");
+            EXPECT_THAT(rig.Get<QLabel>("RoomLabel").text().toStdString(),
+                        testing::HasSubstr("A value cannot hold \";\""));
+            rig.Type("\r\33");
         });
         EXPECT_EQ(rig.form.Entries().Comments.Lines, after);
     }
@@ -117,15 +120,23 @@ TEST(TuneForm, IsFilledByKeyboardAlone) {
     TuneRig rig;
     rig.stored = {};
     EXPECT_TRUE(rig.Run(1, [&] {
-        rig.Use("BF;B01\t\t05162005\tB0516.D\t0830\t", "", "StringGrid1");
+        const auto told = [&rig] { return !rig.Get<QLabel>("EntryNote").text().isEmpty(); };
+        rig.Use("BF;B01\t");
+        EXPECT_TRUE(told());
+        rig.Use("\t05162005\tB0516.D\t0830\t", "", "StringGrid1");
+        EXPECT_FALSE(told());
         // Back to the second value, to the first one and out of the grid, as Shift+Tab arrives.
-        rig.Use("20;.1\t44\t");
+        rig.Use("20;.1\t");
+        EXPECT_TRUE(told());
+        rig.Use("44\t");
+        EXPECT_FALSE(told());
         for (const char* const typed : {"^a45.2", "", ""}) {
             rig.Press(Qt::Key_Backtab, Qt::ShiftModifier);
             rig.Type(typed);
         }
         EXPECT_EQ(rig.Focus(), "MaskEdit2");
-        rig.Use("\t\t\t100\t6.5\t0.4\t80\t6\t98.5\r6.1\t", "", "OkButton");
+        rig.Use("\t\t\t100\t6.5\t0.4\t80\t6\t98.5\r6.1\t", "", "PrintToCombo");
+        rig.Use("\t", "", "OkButton");
         rig.Use("\r");
     }));
     EXPECT_THAT(rig.stored.Abundances, testing::ElementsAre("20.1", "45.2", "100", "6.5", "0.4",
@@ -199,7 +210,7 @@ TEST(TuneForm, CancelKeepsWhatWasTypedButNotTheInstrument) {
     EXPECT_FALSE(rig.Run(1, [&] {
         rig.Use("BFB9\tOther\t1\t", kDateFormat, "MaskEdit1");
         const QString note = "15/16/2005 does not exist: a year has the months 1 to 12.";
-        EXPECT_EQ(rig.Get<QLabel>("DateNote").text(), note);
+        EXPECT_EQ(rig.Get<QLabel>("EntryNote").text(), note);
         EXPECT_EQ(rig.Get("MaskEdit1").accessibleDescription(), note);
         rig.Use("\33");
     }));
@@ -411,6 +422,7 @@ TEST(TicForm, StoresCompleteRowsTypedFromCellToCellUnlessCancelled) {
         const char* const kAsked =
             "Row 2 will not be kept, because a cell is missing.\nClose the list without it?";
         rig.Use("&o", kAsked, "StringGrid1");
+        EXPECT_TRUE(rig.log.noByDefault);
         EXPECT_EQ(rig.Grid().currentRow() * 10 + rig.Grid().currentColumn(), 12);
         rig.Use("&o", kAsked);
     }));
@@ -424,6 +436,18 @@ TEST(TicForm, StoresCompleteRowsTypedFromCellToCellUnlessCancelled) {
     EXPECT_EQ(rig.List(1), stored);
     EXPECT_TRUE(rig.Run(0, [&] { rig.Type("&o"); }));
     EXPECT_EQ(rig.List(0), std::nullopt) << "what was typed is no other sample's";
+}
+
+TEST(TicForm, EndsWithTheProgramWhileACellIsTypedIn) {
+    TicRig rig;
+    auto dialog = std::make_unique<TTICForm>(rig.form, rig.form);
+    dialog->show();
+    rig.Face(*dialog);
+    rig.Grid().setFocus(Qt::TabFocusReason);
+    rig.Grid().setCurrentCell(0, 1);
+    rig.Type("x");
+    dialog.reset();
+    rig.Face(rig.form);
 }
 
 TEST(TicForm, DeletesAndAddsRows) {
@@ -500,6 +524,7 @@ TEST(TicForm, PastesRowsOfASpreadsheet) {
         EXPECT_EQ(rig.Grid().rowCount(), 40);
         rig.Type("\ttyped before");
         rig.Paste("Phen;ol\t9\nCumene\t8\t7\tX\tbeyond the grid\n");
+        EXPECT_NE(rig.Get<QLabel>("EntryNote").text(), "");
         rig.Type("\t1;");
         rig.Paste("1;");
         rig.Type("&o");

@@ -53,6 +53,7 @@ TEST(ExportValues, WritesWhereTheUserChoosesAndSaysHowItWent) {
     const std::string question = "new already holds exported values.\nReplace them?|";
     rig.log.answers = {false};
     EXPECT_EQ(rig.Export(kCsv, "new"), question);
+    EXPECT_TRUE(rig.log.noByDefault);
     EXPECT_EQ(rig.Read("new/form-6.csv"), "old");
     rig.form.Entries().Tune.SampleNo.clear();
     rig.log.answers = {true};

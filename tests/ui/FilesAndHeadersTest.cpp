@@ -98,6 +98,26 @@ TEST(Form1Header, GoesThroughItsValuesColumnByColumn) {
     EXPECT_EQ(rig.Samples()[0].Header.Values(), typed.Values());
 }
 
+TEST(Form1Header, TellsWhatBecomesOfADelimiter) {
+    // The entry; what is typed or pasted.
+    const std::tuple<const char*, const char*, bool> cases[] = {
+        {"Edit2", "a;b", false}, {"Edit2", "a;b", true}, {"ZOVComboBox", "V;", false}};
+    HeaderRig rig;
+    const auto told = [&rig] { return rig.Get<QLabel>("EntryNote").text().toStdString(); };
+    for (const auto& [entry, text, pasted] : cases) {
+        rig.Enter(entry, pasted ? "" : text);
+        pasted ? rig.Paste(text) : void();
+        EXPECT_THAT(told(), StartsWith("A value cannot hold \";\"")) << entry;
+        rig.Type("\t");
+        EXPECT_NE(told(), "") << "for whoever looks at what was entered only";
+        rig.Enter("Edit5", "next");
+        EXPECT_EQ(told(), "");
+    }
+    rig.Enter("Edit5", ";");
+    rig.Press(Qt::Key_PageDown, Qt::ControlModifier);
+    EXPECT_EQ(told(), "");
+}
+
 TEST(Form1Header, WalksFromSampleToSample) {
     HeaderRig rig;
     const auto& files = rig.Get<QComboBox>("FileComboBox");
@@ -115,7 +135,7 @@ TEST(Form1Header, WalksFromSampleToSample) {
     EXPECT_EQ(rig.Shown("ZOVComboBox", "Edit2"), "|VBLK01|C-17") << "typed over";
     EXPECT_EQ(rig.Stored(1, HeaderField::kContract), "D-1");
     rig.Enter("MaskEdit1", "023020051010");
-    EXPECT_EQ(rig.Get<QLabel>("DateNote").text(),
+    EXPECT_EQ(rig.Get<QLabel>("EntryNote").text(),
               "02/30/2005 does not exist: February 2005 has 28 days.");
     rig.Click("NextButton");
     rig.Use("", "The entry is not a correct date.", "MaskEdit1");

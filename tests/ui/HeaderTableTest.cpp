@@ -223,7 +223,7 @@ TEST(HeaderTable, TellsWhatItDoesNotTake) {
     EXPECT_TRUE(rig.dialog.isVisible());
     rig.Type("\33");
     EXPECT_FALSE(rig.dialog.isVisible());
-    EXPECT_TRUE(rig.log.shown.at(0).noByDefault);
+    EXPECT_TRUE(rig.log.noByDefault);
     const std::string question =
         "These values were not taken:\n" + refusal + "\nClose without them?";
     EXPECT_THAT(rig.log.TakeTexts(), testing::ElementsAre(question, question));
@@ -321,6 +321,14 @@ TEST(HeaderTable, CountsCompleteHeadersAndFinds) {
     rig.To(1, kZovSampleNo);
     rig.Type("Z22\r^f2");
     EXPECT_EQ(found(), "2.1 2 of 11");
+    for (const char* const key : {"F3", "Return"}) {
+        rig.Type("\33");
+        rig.To(0, kZovSampleNo);
+        rig.Type(key == std::string("F3") ? "" : "^f");
+        EXPECT_EQ(rig.At(), "0.1") << "only opened";
+        rig.Press(key == std::string("F3") ? Qt::Key_F3 : Qt::Key_Return);
+        EXPECT_EQ(found(), "1.1 1 of 11") << key;
+    }
 }
 
 TEST(HeaderTable, KeepsTheFirstColumnInSight) {

@@ -166,5 +166,16 @@ TEST(LoadFolder, ProposesFilesThatAreDropped) {
     EXPECT_EQ(rig.form.Batch(), Batch());
 }
 
+TEST(LoadFolder, ListsAFileOnceWithAllThatIsToldOfIt) {
+    FolderRig rig;
+    const std::string whole = ReadAll(Example("ZA101.PRN"));
+    rig.dir.Write("1.prn", whole);
+    rig.dir.Write("2.prn", whole.substr(0, whole.find("Internal Standard Data")));
+    rig.Drop(rig.form, {rig.Path("1.prn"), rig.Path("2.prn")});
+    EXPECT_EQ(rig.TakeTold(), "2.prn ");
+    const std::vector<ToldFile> told = {{"a", "1."}, {"b", "1."}, {"a", "2."}, {"a", "1."}};
+    EXPECT_THAT(OncePerFile(told), testing::ElementsAre(ToldFile{"a", "1. 2."}, told[1]));
+}
+
 }  // namespace
 }  // namespace qfr::test

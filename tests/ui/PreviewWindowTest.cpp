@@ -167,7 +167,11 @@ TEST_F(Preview, FindsTextsAndMarksThem) {
     Type("\b\33");
     EXPECT_FALSE(Get("FindEdit").isVisible());
     EXPECT_EQ(ColouredDots(), 0);
-    Type("\33");
+    Type("^f");
+    EXPECT_EQ(found(), "|4") << "only opened";
+    Type("\r");
+    EXPECT_EQ(found(), "2 of 3|4");
+    Type("\33\33");
     EXPECT_FALSE(preview_.isVisible());
 }
 
