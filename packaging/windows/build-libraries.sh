@@ -1,7 +1,7 @@
 #!/bin/sh
 # Puts the libraries that the build for Windows needs into build/windows-libraries: cross-compiled from Debian's
 # source packages, each version as it stands in the list below. It can be run again: a library that is there is
-# left alone, one that was interrupted goes on. Without Qt it takes some minutes, with Qt about an hour.
+# left alone, one that was interrupted goes on. It takes about half an hour on two processors, most of it for Qt.
 #
 # An archive with the result for the same list, made on another machine, saves the wait:
 # ../shared/windows-libraries.tar.xz beside the repository, or what QFR_WINDOWS_LIBRARIES names.
