@@ -31,7 +31,9 @@ constexpr int kSaved = 1;  // the columns
 constexpr int kFolder = 2;
 constexpr int kFileRole = Qt::UserRole;
 
+// A share may answer no more.
 bool IsThere(const std::string& file) {
+    const WaitCursor wait;
     return QFileInfo(QString::fromStdString(file)).isFile();
 }
 
@@ -254,7 +256,7 @@ void StartPage::OpenRecent() {
         messages_.Show({FileNameOnly(file) + " is still being looked for in\n" + FolderOnly(file) +
                             ".\nPlease try again when the list says when it was saved.",
                         "QFR Forms", MessageIcon::kInformation});
-    } else if (const WaitCursor wait; IsThere(file)) {  // a share may answer no more
+    } else if (IsThere(file)) {
         commands_.OpenBatch(file);
         return;
     } else {

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QUrl>
 
+#include "platform/FileLookup.h"
 #include "platform/qt/WaitCursor.h"
 
 namespace qfr {
@@ -15,9 +16,9 @@ bool OpenWithDesktop(const std::string& file) {
 
 bool ShowInFolder(const std::string& file) {
     const WaitCursor wait;
-    const QString name = QString::fromStdString(file);
-    return SelectInFileManager(name) ||
-           QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(name).path()));
+    const QString folder = QFileInfo(QString::fromStdString(file)).path();
+    return SelectInFileManager(PathOf(file)) ||
+           QDesktopServices::openUrl(QUrl::fromLocalFile(folder));
 }
 
 }  // namespace qfr

@@ -2,9 +2,8 @@
 // desktop has no program for it.
 #pragma once
 
+#include <filesystem>
 #include <string>
-
-#include <QString>
 
 namespace qfr {
 
@@ -12,7 +11,8 @@ bool OpenWithDesktop(const std::string& file);
 // Shows the file among its neighbours, or where that cannot be had, the folder.
 bool ShowInFolder(const std::string& file);
 
-// Asks the system's file manager to do that; false: it cannot. Each system has its way.
-bool SelectInFileManager(const QString& file);
+// Asks the system's file manager to do that; false: it cannot. Each system has its way:
+// platform/windows starts it, everywhere else BusFileManager.cpp calls it.
+bool SelectInFileManager(const std::filesystem::path& file);
 
 }  // namespace qfr

@@ -2,6 +2,7 @@
 #include <QDBusMessage>
 #include <QUrl>
 
+#include "platform/FileLookup.h"
 #include "platform/qt/FileOpener.h"
 
 namespace qfr {
@@ -12,7 +13,7 @@ constexpr int kPatience = 3000;  // ms, for a file manager that has to be starte
 
 }  // namespace
 
-bool SelectInFileManager(const QString& file) {
+bool SelectInFileManager(const std::filesystem::path& file) {
     const QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {
         return false;
@@ -20,7 +21,9 @@ bool SelectInFileManager(const QString& file) {
     const QString service = "org.freedesktop.FileManager1";
     QDBusMessage request = QDBusMessage::createMethodCall(service, "/org/freedesktop/FileManager1",
                                                           service, "ShowItems");
-    request << QStringList(QUrl::fromLocalFile(file).toString(QUrl::FullyEncoded)) << QString();
+    request << QStringList(QUrl::fromLocalFile(QString::fromStdString(TextOf(file)))
+                               .toString(QUrl::FullyEncoded))
+            << QString();
     return bus.call(request, QDBus::Block, kPatience).type() == QDBusMessage::ReplyMessage;
 }
 
