@@ -120,6 +120,8 @@ def fresh_program(programs, pictures):
     with tempfile.TemporaryDirectory() as temporary:
         home = pathlib.Path(temporary)
         fresh = shutil.copytree(programs, home / "program", ignore=shutil.ignore_patterns("*_tests"))
+        for left in ("QFRwindows.ini", "DefaultInfo.txt"):  # by somebody who ran it there
+            (fresh / left).unlink(missing_ok=True)
         shutil.copy(pathlib.Path(__file__).parents[2] / "packaging" / "QFRpaths.txt", fresh)
         desktop = Desktop(home, pictures)
         try:
